@@ -1,0 +1,70 @@
+/// \file
+/// Properties of moist air in English units.
+///
+/// Pure functions, the bottom of the program: the searches, the chart, the mixing balance and the pressure window all
+/// call them. A state is given by dry bulb, wet bulb and atmospheric pressure, and every other property is a function
+/// of those three; `psychro_wrh` alone starts from the relative humidity and `psychro_dp` from the vapour pressure.
+///
+/// Units: temperatures in deg F, pressures in in Hg, relative humidity in percent, humidity ratio in lb of water per lb
+/// of dry air, enthalpy in Btu per lb of dry air, specific volume in cu ft per lb of dry air, elevation in ft.
+///
+/// The constants are part of the product: what an engineer reads off the chart depends on each digit of them, also
+/// where one stands a little beside its ideal (0.555556 for 5/9). Results are not clamped: a wet bulb far below the dry
+/// bulb gives a negative vapour pressure, and the searches rely on it. Where a function has no value it returns NaN
+/// (value.h).
+#pragma once
+
+namespace moistair {
+
+/// The atmospheric pressure that the program starts with [in Hg].
+inline constexpr double defaultpressure = 29.92126;
+
+/// Base-10 logarithm, as ln(number) / ln(10). No value unless number is above 0.
+double log10(double number);
+
+/// Saturation vapour pressure over ice or water [in Hg].
+/// @param temp temperature [deg F]. No value at absolute zero (-459.67) and below, nor where the pressure overflows.
+/// Source: Hyland and Wexler (1983), constant term shifted by ln 1000 for kPa; over ice below 273.15 K.
+double psychro_pvs(double temp);
+
+/// Vapour pressure of a state [in Hg], negative where the wet bulb lies far below the dry bulb.
+/// @param db dry bulb [deg F]
+/// @param wb wet bulb [deg F]; up to 32 the psychrometer equation over ice holds, above it the adiabatic balance.
+/// @param atm atmospheric pressure [in Hg]. No value where it equals the saturation pressure at wb, wb above 32.
+/// Source: psychrometer equation with the coefficient 0.0005704 per deg F; ASHRAE Handbook, Fundamentals,
+/// Psychrometrics: humidity ratio from the wet bulb, with the constants of steam tables in Btu/lb.
+double psychro_pv1(double db, double wb, double atm);
+
+/// Dew point of a vapour pressure [deg F]. No value unless this_pv [in Hg] is above 0.
+/// The two forms do not meet: at 0.18036 in Hg the result jumps from 31.996 to 32.214, and no vapour pressure has a dew
+/// point between those.
+/// Source: ASHRAE Handbook, Fundamentals (1977): quadratic in the logarithm of the vapour pressure, below and above 32
+/// F.
+double psychro_dp(double this_pv);
+
+/// Enthalpy of a state [Btu/lb of dry air], 0 for dry air at 0 deg F. No value where psychro_w has none.
+/// Source: ASHRAE Handbook, Fundamentals: h = 0.24 t + W (1061 + 0.444 t).
+double psychro_h(double db, double wb, double atm);
+
+/// Relative humidity of a state [percent], above 100 for a wet bulb above the dry bulb.
+/// No value where psychro_pv1 or psychro_pvs(db) has none.
+double psychro_rh(double db, double wb, double atm);
+
+/// Specific volume of a state [cu ft/lb of dry air]. No value for an atm of 0 and where psychro_w has none.
+/// Source: perfect gas, 0.754 (t + 459.7) (1 + 7000 W / 4360) / p.
+double psychro_v(double db, double wb, double atm);
+
+/// Humidity ratio of a state [lb/lb of dry air]. No value where the vapour pressure equals atm.
+/// Source: perfect gases, W = 0.62198 pv / (p - pv).
+double psychro_w(double db, double wb, double atm);
+
+/// Humidity ratio of a dry bulb [deg F] and a relative humidity [percent], worked in standard atmospheres.
+/// It does not go through the wet bulb and so differs a little from psychro_w of the same state.
+/// No value where the vapour pressure equals atm [in Hg].
+double psychro_wrh(double db, double rh, double atm);
+
+/// Atmospheric pressure at an elevation [ft], in in Hg. No value from about 145446 ft up, where the base goes negative.
+/// Source: standard atmosphere, 14.696 (1 - 6.8754e-06 Z)^5.2559 pounds/sq inch.
+double psychro_atm(double elev);
+
+}  // namespace moistair

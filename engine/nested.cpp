@@ -1,0 +1,91 @@
+#include "engine/nested.h"
+
+#include <cmath>
+
+#include "engine/moistair.h"
+#include "engine/solvers.h"
+#include "engine/value.h"
+
+namespace moistair {
+
+namespace {
+
+/// Wet bulb of the candidate. A search that fails or may not run goes on with its present x: the outer search simply
+/// sees a value that does not fit.
+double completed(Completion completion, double db, double given, double atm) {
+  switch (completion) {
+    case Completion::rhsearch: {
+      const auto f = [&](double wb) { return psychro_rh(db, wb, atm); };
+      return bracketsearch(f, given, Bracket{.tolerance = 1e-06}, given <= 100 && given >= 0).x;
+    }
+    case Completion::vsearch: {
+      const auto f = [&](double wb) { return psychro_v(db, wb, atm); };
+      return bracketsearch(f, given, Bracket{}, given > f(0)).x;
+    }
+    case Completion::hwalk: break;
+  }
+  return psychro_wb(db, given, atm);
+}
+
+void innersolve(const NestedSearch& search, double atm, SolverFields& fields) {
+  const double db = fields.candidate.strict();
+  const double wb = completed(search.completion, db, fields.given.strict(), atm);
+  fields.returned.set(search.returned(db, wb, atm));
+  if (!search.wetbulbofh) fields.wetbulb.set(wb);
+}
+
+void findrange(const NestedSearch& search, double line, double atm, const RangeFinders& finders, SolverFields& fields) {
+  const RangeFinder& finder = finders.*search.finder;
+  NumberText& carrier = search.completion == Completion::rhsearch ? fields.candidate : fields.given;
+  carrier.set(line);
+  if (!finder) return;
+  if (const auto range = finder(carrier.lenient(), atm)) {
+    fields.low.set(range->low);
+    fields.high.set(range->high);
+  }
+}
+
+}  // namespace
+
+NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double atm, const RangeFinders& finders,
+                          SolverFields& fields) {
+  const double target = point.*search.target;
+  findrange(search, point.*search.given, atm, finders, fields);
+
+  double high = fields.high.lenient();
+  double low = fields.low.lenient();
+  double db = (high + low) / 2;
+  fields.candidate.set(db);
+  fields.given.set(point.*search.given);
+  const auto halve = [&](bool above) {
+    (above == search.rises ? high : low) = db;
+    db = (high + low) / 2;
+    fields.candidate.set(db);
+  };
+
+  NestedResult result;
+  double returned = 0;
+  do {
+    ++result.iterations;
+    innersolve(search, atm, fields);
+    returned = fields.returned.lenient();
+    if (returned > target) {
+      halve(true);
+      innersolve(search, atm, fields);
+      returned = fields.returned.lenient();
+    }
+    if (returned < target) halve(false);
+  } while (!(std::abs(returned - target) < search.tolerance) && result.iterations < iterationlimit);
+
+  result.failed = search.acceptedwithin ? !(std::abs(returned - target) < 0.5) : result.iterations == iterationlimit;
+  if (result.failed) return result;
+  point.db = db;
+  if (search.wetbulbofh) {
+    assign(point.wb, psychro_wb(db, point.h, atm));
+  } else {
+    point.wb = fields.wetbulb.lenient();
+  }
+  return result;
+}
+
+}  // namespace moistair

@@ -1,0 +1,56 @@
+/// \file
+/// Numbers to texts and back, the same on every machine and in every locale.
+///
+/// The program keeps many numbers as text: what stands in an input box or a read-out is the store of its value, and a
+/// later step reads the text back, rounded as it stands there. These are the only ways in which it does so.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace moistair {
+
+/// The number that the whole text is; no value (NaN) if it is none.
+/// Blanks around it, a sign, digits, one decimal point and an exponent are accepted, nothing else: no hexadecimal,
+/// "nan", "inf" or group separators. A number too large for a double is none; one too small reads 0.
+double strictnumber(std::string_view text);
+
+/// The number that the text begins with, leading blanks skipped; 0 if it begins with none or overflows.
+/// An exponent counts only if it is complete: "12e" gives 12.
+double lenientnumber(std::string_view text);
+
+/// At most 15 significant digits with a zero before the decimal point: "0.4911541", "1500", "1E-07". The exponent form
+/// stands for magnitudes below 1e-4 and from 1e15. Empty for no value.
+std::string numbertext(double number);
+
+/// How every property is shown: seven decimals of the 15-digit text, rounded half away from zero, no digit before the
+/// point when the magnitude is below 1 ("75.0000000", ".0092932"), and never a negative zero.
+/// Empty for exactly -1 and for no value.
+std::string showvalue(double number);
+
+/// Four decimals with a zero before the point: "0.2386". Empty for no value.
+std::string fourdecimals(double number);
+
+/// A number as it is printed on the chart: 15 significant digits, a blank (or the minus sign) before it, a blank behind
+/// it, no zero before a decimal point: " 100 ", " .015 ", "-.5 ".
+std::string printednumber(double number);
+
+/// A number stored as text: what reads it back gets it rounded to 15 significant digits.
+class NumberText {
+public:
+  NumberText() = default;
+  explicit NumberText(std::string text) : text_(std::move(text)) {}
+
+  /// Stores the number; one that has no value leaves the store as it was.
+  void set(double number);
+  void settext(std::string text) { text_ = std::move(text); }
+
+  const std::string& text() const { return text_; }
+  double strict() const { return strictnumber(text_); }
+  double lenient() const { return lenientnumber(text_); }
+
+private:
+  std::string text_;
+};
+
+}  // namespace moistair

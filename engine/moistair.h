@@ -19,6 +19,9 @@ namespace moistair {
 /// The atmospheric pressure that the program starts with [in Hg].
 inline constexpr double defaultpressure = 29.92126;
 
+/// Absolute zero [deg F]: no temperature at or below it has a saturation pressure.
+inline constexpr double absolutezero = -459.67;
+
 /// Base-10 logarithm, as ln(number) / ln(10). No value unless number is above 0.
 double log10(double number);
 

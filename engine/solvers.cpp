@@ -10,20 +10,9 @@ namespace {
 
 double saturationenthalpy(double temp, double atm) { return psychro_h(temp, temp, atm); }
 
-/// Leaps over the part of the walk that cannot end it. From 10000 deg F up the saturation pressure is below the
-/// smallest double, so hs is 0.24 T exactly: no step between here and h / 0.24 has an hs below h, and a whole number
-/// comes off exactly as one by one. Beyond 2^53 steps of 1 no longer move T, and the walk sees that by itself.
-double leap(double temp, double h) {
-  constexpr double dry = 10000;
-  constexpr double exact = 9007199254740992.0;
-  const double stop = std::max(dry, h / 0.24) + 2;
-  return temp > stop && temp < exact ? temp - std::floor(temp - stop) : temp;
-}
-
 /// Walks down from temp until the saturation enthalpy is below h. Returns the first such temperature, no value if the
 /// walk reaches absolute zero or a temperature too large for the step to change it.
 double walkdown(double temp, double step, double h, double atm) {
-  constexpr double absolutezero = -459.67;
   while (temp > absolutezero) {
     if (saturationenthalpy(temp, atm) < h) return temp;
     const double next = temp - step;
@@ -35,9 +24,17 @@ double walkdown(double temp, double step, double h, double atm) {
 
 }  // namespace
 
+double leapdown(double temp, double stop) {
+  constexpr double exact = 9007199254740992.0;
+  return temp > stop && temp < exact ? temp - std::floor(temp - stop) : temp;
+}
+
+/// From 10000 deg F up the saturation pressure is below the smallest double and hs is 0.24 T exactly, so that no step
+/// between there, or h / 0.24, and a higher dry bulb has an hs below h.
 double psychro_wb(double db, double h, double atm) {
   if (!hasvalue(db) || !hasvalue(h) || !hasvalue(atm)) return novalue;
-  const double coarse = walkdown(leap(db, h), 1, h, atm) - 1;
+  constexpr double dry = 10000;
+  const double coarse = walkdown(leapdown(db, std::max(dry, h / 0.24) + 2), 1, h, atm) - 1;
   const double fine = walkdown(coarse + 2, 0.1, h, atm) - 0.1;
   return valueof(fine + 0.1);
 }

@@ -72,6 +72,11 @@ bool liesbetween(const F& f, double target, const Bracket& bracket = {}) {
   return target < f(bracket.high) && target > f(bracket.low);
 }
 
+/// Where a walk down from a temperature in steps of 1 arrives just above `stop`, or the temperature itself if it starts
+/// below that. Whole numbers come off exactly as one by one, so a walk whose steps above `stop` cannot end it may leap.
+/// From 2^53 up a step of 1 no longer moves a number, and there is no leap.
+double leapdown(double temp, double stop);
+
 /// Wet bulb of a dry bulb and an enthalpy [deg F], found by walking down the saturation curve: the first of the steps
 /// of 0.1 below the dry bulb (or the dry bulb + 1) whose saturation enthalpy is below h, so it lies up to 0.1 below the
 /// exact crossing. An h above saturation gives db + 1. Steps are repeated subtractions and carry their rounding.

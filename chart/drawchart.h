@@ -1,0 +1,20 @@
+/// \file
+/// A whole chart.
+#pragma once
+
+#include "chart/chartframe.h"
+#include "chart/scales.h"
+
+namespace moistair {
+
+enum class ChartType {
+  standard,  ///< all families of lines but enthalpy
+  blank,     ///< the saturation line alone
+};
+
+/// Draws a chart for limits that have passed `validatelimits`, over whatever is on the canvas. The order sets what lies
+/// over what: the fine grid under the property lines, the major lines and the numbers over them.
+/// @param area its frame must be that of its limits
+void drawchart(const Chart& chart, ChartType type, const HeaderTexts& header);
+
+}  // namespace moistair

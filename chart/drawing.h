@@ -1,0 +1,78 @@
+/// \file
+/// The drawing as data.
+///
+/// Everything that is drawn on the chart is recorded here, operation by operation, in twips. The screen, the bitmap,
+/// the vector files, the printer and the tests all replay this one list, so they cannot differ from each other.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "chart/canvas.h"
+
+namespace moistair {
+
+struct LineOperation {
+  float x1, y1, x2, y2;
+  std::optional<Color> color;
+
+  bool operator==(const LineOperation&) const = default;
+};
+
+struct CircleOperation {
+  float x, y, radius;
+  Color color;
+
+  bool operator==(const CircleOperation&) const = default;
+};
+
+/// A text with its top left corner at (x, y), in the foreground colour.
+struct TextOperation {
+  float x, y;
+  std::string text;
+
+  bool operator==(const TextOperation&) const = default;
+};
+
+using Operation = std::variant<LineOperation, CircleOperation, TextOperation>;
+
+struct Drawing {
+  std::vector<Operation> operations;
+  std::size_t background = 0;  ///< so many of them, from the first, are the background picture
+
+  bool operator==(const Drawing&) const = default;
+};
+
+/// Height of a printed line [twips]: how far Print moves the pen down. Every label sets the pen anew, so nothing on the
+/// chart depends on the font's true height.
+inline constexpr float lineheight = 195;
+
+/// A canvas that records. Whoever shows the drawing hears of it through the two functions.
+class RecordingCanvas final : public ChartCanvas {
+public:
+  std::function<void()> changed;    ///< after every operation that changes the drawing
+  std::function<void()> refreshed;  ///< at every Refresh
+
+  const Drawing& drawing() const { return drawing_; }
+
+  void Line(double x1, double y1, double x2, double y2, std::optional<Color> color = foreground) override;
+  void Circle(double x, double y, double radius, Color color) override;
+  void Print(std::string_view text) override;
+  void MoveTo(double x, double y) override;
+  void Cls() override;
+  void Refresh() override;
+  void KeepPicture() override;
+  void DropPicture() override;
+
+private:
+  void record(Operation operation);
+  void tell() const;
+
+  Drawing drawing_;
+  float currentx_ = 0;
+  float currenty_ = 0;
+};
+
+}  // namespace moistair

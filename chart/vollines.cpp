@@ -1,0 +1,60 @@
+#include "chart/propertylines.h"
+#include "chart/tracing.h"
+#include "engine/moistair.h"
+#include "engine/solvers.h"
+
+namespace moistair {
+
+namespace {
+
+/// Step between the lines of the family, by the volume of the first.
+double familystep(double first) {
+  if (first > 50) return 2;
+  if (first > 20) return 1;
+  if (first > 10) return 0.5;
+  if (first > 5) return 0.2;
+  return 0.1;
+}
+
+}  // namespace
+
+bool tracevolline(const Chart& chart, double v) {
+  if (!(v > 0 && v <= 78) || !traceable(chart.area)) return false;
+  const ChartLimits& limits = chart.area.limits;
+  bool drawn = false;
+  double db = limits.highdb;
+  double w = 0;
+  double rh = 0;
+  Position last;
+  do {
+    db -= 0.1;
+    const SearchResult wb = wbwithdbandspvol(db, v, chart.atmpressure);
+    if (wb.iterations > 0 && !wb.failed()) {
+      assign(w, psychro_w(db, wb.x, chart.atmpressure));
+      assign(rh, psychro_rh(db, wb.x, chart.atmpressure));
+      const Position here = positionof(chart.area, db, w, last);
+      if (issegment(limits, db, w, rh, last, here)) {
+        chart.canvas.Line(last.x, last.y, here.x, here.y, colors::specificvolume);
+        if (!drawn) chart.canvas.Print("v=" + printednumber(v));
+        drawn = true;
+        chart.canvas.Refresh();
+      }
+      last = here;
+    }
+    if (last.x > 0 && last.y > 0 && wb.failed()) break;
+  } while (db >= limits.lowdb);
+  return drawn;
+}
+
+/// No line lies above 78 cu ft/lb, so from a huge largest volume the family starts at its first value that can be
+/// drawn.
+void drawvollines(const Chart& chart) {
+  constexpr double highest = 78;
+  const double largest = spvolwithdbandhr(chart.area.limits.highdb, chart.area.limits.highhr, chart.atmpressure);
+  double v = std::nearbyint(largest) + 1;
+  const double step = familystep(v);
+  if (v > highest) v -= std::ceil((v - highest) / step) * step;
+  for (; v >= 0.5; v -= step) tracevolline(chart, v);
+}
+
+}  // namespace moistair

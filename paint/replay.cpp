@@ -1,0 +1,75 @@
+#include "paint/replay.h"
+
+#include <QFontMetricsF>
+
+namespace moistair {
+
+namespace {
+
+QPointF pixels(float x, float y) {
+  return {static_cast<double>(x) / twipsperpixel, static_cast<double>(y) / twipsperpixel};
+}
+
+QColor screencolor(const std::optional<Color>& color) {
+  return color ? QColor(color->red, color->green, color->blue) : QColor(Qt::black);
+}
+
+/// Paints one operation and returns the rectangle it touches.
+struct OperationPainter {
+  QPainter& painter;
+  QFontMetricsF metrics;
+
+  QRectF operator()(const LineOperation& line) {
+    const QPointF from = pixels(line.x1, line.y1);
+    const QPointF to = pixels(line.x2, line.y2);
+    painter.setPen(QPen(screencolor(line.color), 1));
+    painter.drawLine(from, to);
+    return QRectF(from, to).normalized();
+  }
+
+  QRectF operator()(const CircleOperation& circle) {
+    const double radius = static_cast<double>(circle.radius) / twipsperpixel;
+    const QPointF centre = pixels(circle.x, circle.y);
+    painter.setPen(QPen(screencolor(circle.color), 1));
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.drawEllipse(centre, radius, radius);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    return {centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius};
+  }
+
+  QRectF operator()(const TextOperation& text) {
+    const QPointF corner = pixels(text.x, text.y);
+    const QString characters = QString::fromUtf8(text.text.data(), static_cast<qsizetype>(text.text.size()));
+    painter.setPen(Qt::black);
+    painter.drawText(corner + QPointF(0, metrics.ascent()), characters);
+    return {corner, QSizeF(metrics.horizontalAdvance(characters), metrics.height())};
+  }
+};
+
+}  // namespace
+
+QFont canvasfont() {
+  QFont font(QStringLiteral("DejaVu Sans"));
+  font.setPixelSize(12);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+QRectF replay(const Drawing& drawing, QPainter& painter, std::size_t first) {
+  constexpr double margin = 2;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setRenderHint(QPainter::TextAntialiasing, true);
+  painter.setBrush(Qt::NoBrush);
+  painter.setFont(canvasfont());
+  OperationPainter paintoperation{painter, QFontMetricsF(canvasfont(), painter.device())};
+  QRectF touched;
+  for (std::size_t i = first; i < drawing.operations.size(); ++i) {
+    const QRectF part = std::visit(paintoperation, drawing.operations[i]);
+    touched |= part.adjusted(-margin, -margin, margin, margin);
+  }
+  painter.restore();
+  return touched;
+}
+
+}  // namespace moistair

@@ -1,0 +1,26 @@
+/// \file
+/// Paints a recorded drawing.
+///
+/// The one way from a `Drawing` to anything that QPainter can paint on: the screen, a bitmap, a vector file, paper. The
+/// painter works in logical pixels of 15 twips; whoever wants another scale scales the painter. Lines are one logical
+/// pixel wide and not antialiased, so that axes and grid stay crisp; text is text wherever the device knows text.
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QRectF>
+
+#include "chart/drawing.h"
+
+namespace moistair {
+
+inline constexpr double twipsperpixel = 15;
+
+/// Font of all text on the chart.
+QFont canvasfont();
+
+/// Paints the operations from index `first` on, in black on whatever is there. Returns the rectangle they touch
+/// [logical pixels], empty if there are none.
+QRectF replay(const Drawing& drawing, QPainter& painter, std::size_t first = 0);
+
+}  // namespace moistair

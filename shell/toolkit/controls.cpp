@@ -1,0 +1,34 @@
+#include "toolkit/controls.h"
+
+#include <QVariant>
+#include <algorithm>
+
+namespace moistair {
+
+void ControlMaker::setup(QWidget& control, const Control& row) {
+  control.setObjectName(QString::fromUtf8(row.name));
+  const QString tooltip = QString::fromUtf8(row.tooltip);
+  if (!tooltip.isEmpty()) control.setToolTip(tooltip);
+  const QString caption = QString::fromUtf8(row.caption);
+  if (!caption.isEmpty()) control.setProperty("text", caption);
+  placed_.push_back({&control, row.tab});
+}
+
+void ControlMaker::settaborder() {
+  std::stable_sort(placed_.begin(), placed_.end(), [](const Placed& a, const Placed& b) { return a.tab < b.tab; });
+  QWidget* last = nullptr;
+  for (const Placed& placed : placed_) {
+    if ((placed.control->focusPolicy() & Qt::TabFocus) == 0) continue;
+    if (last != nullptr) QWidget::setTabOrder(last, placed.control);
+    last = placed.control;
+  }
+}
+
+void nameinput(QWidget& input, const QString& name) { input.setAccessibleName(name); }
+
+void makereadout(QLabel& label) {
+  label.setTextFormat(Qt::PlainText);
+  label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+}  // namespace moistair

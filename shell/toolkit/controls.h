@@ -1,0 +1,68 @@
+/// \file
+/// Controls from a table.
+///
+/// Every window has one table that says of each control its layout name, caption, tool tip, place and position in the
+/// tab order. The layout name is the control's object name; the C++ member says what it is for. Places are cells of a
+/// grid, since fonts differ from screen to screen: the grid keeps the layout's order and gives each control the room it
+/// needs.
+#pragma once
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QString>
+#include <QWidget>
+#include <vector>
+
+namespace moistair {
+
+struct Cell {
+  int row = 0;
+  int column = 0;
+  int rows = 1;
+  int columns = 1;
+};
+
+struct Control {
+  const char* name;     ///< layout name, "Command14"
+  const char* caption;  ///< text at the start; "\n" where a caption wraps
+  const char* tooltip;  ///< empty for none
+  Cell cell;
+  int tab;  ///< place in the tab order
+};
+
+/// The controls of one window as they are made: gives each its row of the table and in the end the tab order.
+class ControlMaker {
+public:
+  explicit ControlMaker(QWidget& window) : window_(window) {}
+
+  /// A control in its cell of the grid.
+  template <class Widget>
+  Widget* add(QGridLayout& grid, const Control& row) {
+    auto* control = new Widget(&window_);
+    setup(*control, row);
+    grid.addWidget(control, row.cell.row, row.cell.column, row.cell.rows, row.cell.columns);
+    return control;
+  }
+
+  /// Chains the controls that take the focus in the order of the table's tab column.
+  void settaborder();
+
+private:
+  void setup(QWidget& control, const Control& row);
+
+  struct Placed {
+    QWidget* control;
+    int tab;
+  };
+
+  QWidget& window_;
+  std::vector<Placed> placed_;
+};
+
+/// Gives an input its name for a screen reader.
+void nameinput(QWidget& input, const QString& name);
+
+/// Makes a label a read-out: its value can be selected and copied, and a screen reader reads the value itself.
+void makereadout(QLabel& label);
+
+}  // namespace moistair

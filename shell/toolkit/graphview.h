@@ -1,0 +1,39 @@
+/// \file
+/// The widget that shows the chart.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QImage>
+#include <QWidget>
+
+#include "chart/drawing.h"
+
+namespace moistair {
+
+/// Shows a recorded drawing through a persistent image, so that it need not be painted anew at every exposure. White
+/// ground and black foreground in every colour scheme. A Refresh during a long drawing shows the growing curve, at most
+/// at the rate of a display and only where something changed.
+class GraphView : public QWidget {
+  Q_OBJECT
+
+public:
+  explicit GraphView(QWidget* parent = nullptr);
+
+  RecordingCanvas& canvas() { return canvas_; }
+  const Drawing& drawing() const { return canvas_.drawing(); }
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  void onchange();
+  void onrefresh();
+  QRect bringuptodate();
+
+  RecordingCanvas canvas_;
+  QImage image_;
+  std::size_t painted_ = 0;  ///< operations that the image shows
+  QElapsedTimer sincerefresh_;
+};
+
+}  // namespace moistair

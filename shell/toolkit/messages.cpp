@@ -1,0 +1,35 @@
+#include "toolkit/messages.h"
+
+#include <QMessageBox>
+
+namespace moistair {
+
+namespace {
+
+QMessageBox::StandardButton ask(QWidget* parent, const QString& title, const QString& text, QMessageBox::Icon icon,
+                                QMessageBox::StandardButtons buttons) {
+  QMessageBox box(icon, title, text, buttons, parent);
+  box.setTextFormat(Qt::PlainText);  // a file name may hold what looks like markup
+  return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+const QString& applicationtitle() {
+  static const QString title = QStringLiteral("Moistair");
+  return title;
+}
+
+}  // namespace
+
+void message(QWidget* parent, const QString& text) {
+  ask(parent, applicationtitle(), text, QMessageBox::Information, QMessageBox::Ok);
+}
+
+void messageokcancel(QWidget* parent, const QString& text) {
+  ask(parent, applicationtitle(), text, QMessageBox::Information, QMessageBox::Ok | QMessageBox::Cancel);
+}
+
+bool question(QWidget* parent, const QString& title, const QString& text) {
+  return ask(parent, title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+}  // namespace moistair

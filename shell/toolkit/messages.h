@@ -1,0 +1,19 @@
+/// \file
+/// Message boxes.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+namespace moistair {
+
+/// Shows a text under the application's title and waits for OK.
+void message(QWidget* parent, const QString& text);
+
+/// The same with OK and Cancel; the answer means nothing.
+void messageokcancel(QWidget* parent, const QString& text);
+
+/// Asks a question under a title of its own; true for Yes. Esc and the window manager answer No.
+bool question(QWidget* parent, const QString& title, const QString& text);
+
+}  // namespace moistair

@@ -1,0 +1,32 @@
+/// \file
+/// The save dialog.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+#include <optional>
+
+namespace moistair {
+
+/// What one use of the save dialog shows.
+struct SaveRequest {
+  QString title;
+  QStringList filters;  ///< in the form of QFileDialog; the first is in force
+};
+
+/// The system's save dialog, one for all uses: it opens with the name of its last use. It asks before overwriting,
+/// requires an existing folder and adds no ending of its own.
+class SaveDialog {
+public:
+  /// The path chosen, none if the user cancelled.
+  std::optional<QString> ask(QWidget* parent, const SaveRequest& request);
+
+  const QString& lastfilter() const { return filter_; }  ///< filter in force when the last path was chosen
+
+private:
+  QString path_;
+  QString filter_;
+};
+
+}  // namespace moistair

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "chart/chartframe.h"
 #include "engine/resolver.h"

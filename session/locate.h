@@ -1,0 +1,41 @@
+/// \file
+/// Locating a point: the resolution of a pair with every refusal explained.
+///
+/// The live row resolves while the user types and says nothing; the button "Locate point" runs the same resolution and
+/// answers each refusal with a message. It also wants a chart to stand, since the point is meant for it. The main
+/// window calls `locatepoint`, shows the message of a fault or fills the point report.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "engine/resolver.h"
+
+namespace moistair {
+
+/// What the two lists and the two boxes hold.
+struct PairInput {
+  std::optional<PropertyKind> kind1, kind2;
+  std::string value1, value2;
+};
+
+/// Why a point is refused, in the order of the tests.
+enum class LocateFault { none, samekind, humidityratiowithdewpoint, blankvalue, nochart, notfound };
+
+struct Location {
+  StatePoint point;  ///< as computed; its texts are rounded in the report
+  LocateFault fault = LocateFault::none;
+};
+
+/// @param chartstands tells whether the chart on the canvas is the one of the limits in the lists. Asked only of input
+///   that the rules let pass, since asking reads the limits anew.
+/// @param atm atmospheric pressure [in Hg]
+Location locatepoint(const PairInput& input, const std::function<bool()>& chartstands, double atm,
+                     const RangeFinders& finders, SolverFields& fields);
+
+/// What the user is told; empty for none. The one of `nochart` is the same as that of the line buttons, with OK and
+/// Cancel; the others have OK alone.
+const char* locatemessage(LocateFault fault);
+
+}  // namespace moistair

@@ -1,0 +1,34 @@
+/// \file
+/// Putting a located point on the chart.
+///
+/// What is marked is what the report shows: the state is read back from its texts. The limits are read from the lists
+/// and the scales worked out anew, whatever chart was drawn last. The main window calls `markpoint` when the user
+/// leaves the report that way; the mixing line sets its three points with `drawpointmark`.
+#pragma once
+
+#include <string_view>
+
+#include "chart/chartframe.h"
+#include "engine/resolver.h"
+
+namespace moistair {
+
+/// Largest radius of a point's mark [twips].
+inline constexpr int pointmarkradius = 40;
+
+/// What the user is told when `markpoint` answers false.
+inline constexpr const char* pointoutoflimits = "The point as per input parameters is out of chart limits";
+
+/// A filled red dot, of circles whose radii go down to 4 in steps of 2, with the label beginning at its centre.
+/// @param x, y centre [twips]
+/// @param radius largest radius [twips]
+void drawpointmark(ChartCanvas& canvas, double x, double y, int radius, std::string_view label);
+
+/// Marks a point if dry bulb and humidity ratio lie within the limits, limits included, and the relative humidity does
+/// not exceed 100; else draws nothing and returns false. An empty identification draws the dot and an empty text.
+/// @param shown the state of the report, `readreport`
+/// @param limits the lists' texts; a limit that is no number counts as 0
+bool markpoint(ChartCanvas& canvas, const StatePoint& shown, const LimitTexts& limits, const WindowSize& window,
+               std::string_view identification);
+
+}  // namespace moistair

@@ -1,0 +1,89 @@
+/// \file
+/// Two streams of moist air and their adiabatic mixture.
+///
+/// A problem is three columns of texts: two streams, each given by any two properties and an air flow rate, and the
+/// mixed stream. The columns are the stores of their values: every step reads its inputs back from the texts, rounded
+/// as shown, so the balance agrees with what the user can work out from the window. The mixture follows from the moist
+/// air rates (dry air and vapour), not from the dry air rates.
+///
+/// The mixing window runs `resolvestream` and then `mixstreams` at every change; the mixing line and the block for the
+/// log read the columns. Nothing here knows a chart, and nothing here is ever refused with a message: an unfinished
+/// problem has blank texts.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "engine/resolver.h"
+
+namespace moistair {
+
+/// One column of the mixing window. The mixed stream has no kinds and no values.
+struct AirStream {
+  std::optional<PropertyKind> kind1, kind2;  ///< none if the list shows a text that is no property
+  std::string value1, value2;                ///< as typed, read strictly
+  std::string flow;                     ///< air flow rate [actual cu ft/min]: as typed; of the mixed stream the sum
+  bool complete = false;                ///< whether the stream is resolved
+  std::string pressure;                 ///< pressure or elevation as the user entered it
+  std::string db, wb, rh, h, v, w, dp;  ///< as in StatePoint, seven decimals
+  std::string pv;                       ///< vapour pressure [in Hg]
+  std::string pvsat;                    ///< saturation vapour pressure at the dry bulb [in Hg]
+  std::string dryrate, vaporrate, moistrate;  ///< flow of dry air, of water vapour, of both [lb/min]
+};
+
+/// The pressure a problem is solved at, taken over when its window opens.
+struct MixingPressure {
+  double atm = 0;       ///< pressure in force [in Hg]
+  std::string caption;  ///< how the entered value is called, `pressurecaption`
+  std::string entered;  ///< pressure or elevation as the user entered it
+};
+
+struct MixingProblem {
+  MixingPressure pressure;
+  std::array<AirStream, 2> streams;
+  AirStream mixed;
+  std::string pressurecaption;  ///< empty until the first stream is resolved, and never blanked again
+  bool savable = false;         ///< whether the mixed column is filled
+  SolverFields solverfields;    ///< shared by both streams, and by nothing else
+};
+
+/// One line of the table: a caption and the text it belongs to.
+struct ReadoutRow {
+  const char* caption;  ///< null for the pressure, whose caption depends on its unit
+  std::string AirStream::*text;
+};
+
+inline constexpr std::size_t readoutcount = 14;
+inline constexpr std::size_t shownreadouts = 10;  ///< the rows behind these are neither seen nor saved
+
+/// All rows of the table from the flow downwards, in the window and in the log.
+inline constexpr std::array<ReadoutRow, readoutcount> readoutrows = {{
+    {"Air flow rate (acfm)", &AirStream::flow},
+    {nullptr, &AirStream::pressure},
+    {"Dry bulb temp (Deg F)", &AirStream::db},
+    {"Wet bulb temp (Deg F)", &AirStream::wb},
+    {"Relative humidity (%)", &AirStream::rh},
+    {"Specific enthalpy (btu/lb)", &AirStream::h},
+    {"Specific volume (cuf/lb)", &AirStream::v},
+    {"Humidity ratio (lb/lb of air)", &AirStream::w},
+    {"Dew point (Deg F)", &AirStream::dp},
+    {"Vapor pressure (In Hg)", &AirStream::pv},
+    {"Vapor pr. at saturation (In Hg)", &AirStream::pvsat},
+    {"Dry air fow rate (lb/min)", &AirStream::dryrate},
+    {"Water vapor flow rate  (lb/min)", &AirStream::vaporrate},
+    {"Moist air flow rate (lb/min)", &AirStream::moistrate},
+}};
+
+/// Heads of the columns: the two streams and the mixed stream.
+inline constexpr std::array<const char*, 3> columnheads = {"Stream 1", "Steram 2", "Mixed stream"};
+
+/// Resolves a stream, 0 or 1, from its kinds, values and flow. Where it cannot be resolved it stays incomplete and its
+/// read-outs blank. The mixed column is blanked, the other stream not touched. `mixstreams` must follow.
+void resolvestream(MixingProblem& problem, std::size_t stream);
+
+/// Fills the mixed column from the two streams, or blanks it when one of them is incomplete, a flow is not above 0, or
+/// so little flows that the moist air rate reads 0. A mixture too dry to have a dew point has a blank one.
+void mixstreams(MixingProblem& problem);
+
+}  // namespace moistair

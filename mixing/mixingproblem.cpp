@@ -102,6 +102,14 @@ void showmixture(AirStream& mixed, double atm) {
 
 }  // namespace
 
+std::string captionof(const ReadoutRow& row, const MixingProblem& problem) {
+  return row.caption != nullptr ? row.caption : problem.pressurecaption;
+}
+
+MixingPressure mixingpressure(const SessionValues& session) {
+  return {session.pressure.lenient(), pressurecaption(session.pressuremode), session.pressureentered};
+}
+
 void resolvestream(MixingProblem& problem, std::size_t number) {
   AirStream& stream = problem.streams[number];
   stream.complete = false;

@@ -16,6 +16,7 @@
 #include <string>
 
 #include "engine/resolver.h"
+#include "session/sessionvalues.h"
 
 namespace moistair {
 
@@ -48,9 +49,10 @@ struct MixingProblem {
   SolverFields solverfields;    ///< shared by both streams, and by nothing else
 };
 
-/// One line of the table: a caption and the text it belongs to.
+/// One row of the table: a caption, the print-zone steps that bring its value to column 57 of the log, and the text.
 struct ReadoutRow {
   const char* caption;  ///< null for the pressure, whose caption depends on its unit
+  int zonesteps;        ///< 0 for a row that is not saved
   std::string AirStream::*text;
 };
 
@@ -59,24 +61,30 @@ inline constexpr std::size_t shownreadouts = 10;  ///< the rows behind these are
 
 /// All rows of the table from the flow downwards, in the window and in the log.
 inline constexpr std::array<ReadoutRow, readoutcount> readoutrows = {{
-    {"Air flow rate (acfm)", &AirStream::flow},
-    {nullptr, &AirStream::pressure},
-    {"Dry bulb temp (Deg F)", &AirStream::db},
-    {"Wet bulb temp (Deg F)", &AirStream::wb},
-    {"Relative humidity (%)", &AirStream::rh},
-    {"Specific enthalpy (btu/lb)", &AirStream::h},
-    {"Specific volume (cuf/lb)", &AirStream::v},
-    {"Humidity ratio (lb/lb of air)", &AirStream::w},
-    {"Dew point (Deg F)", &AirStream::dp},
-    {"Vapor pressure (In Hg)", &AirStream::pv},
-    {"Vapor pr. at saturation (In Hg)", &AirStream::pvsat},
-    {"Dry air fow rate (lb/min)", &AirStream::dryrate},
-    {"Water vapor flow rate  (lb/min)", &AirStream::vaporrate},
-    {"Moist air flow rate (lb/min)", &AirStream::moistrate},
+    {"Air flow rate (acfm)", 3, &AirStream::flow},
+    {nullptr, 3, &AirStream::pressure},
+    {"Dry bulb temp (Deg F)", 3, &AirStream::db},
+    {"Wet bulb temp (Deg F)", 3, &AirStream::wb},
+    {"Relative humidity (%)", 3, &AirStream::rh},
+    {"Specific enthalpy (btu/lb)", 3, &AirStream::h},
+    {"Specific volume (cuf/lb)", 3, &AirStream::v},
+    {"Humidity ratio (lb/lb of air)", 2, &AirStream::w},
+    {"Dew point (Deg F)", 3, &AirStream::dp},
+    {"Vapor pressure (In Hg)", 3, &AirStream::pv},
+    {"Vapor pr. at saturation (In Hg)", 0, &AirStream::pvsat},
+    {"Dry air fow rate (lb/min)", 0, &AirStream::dryrate},
+    {"Water vapor flow rate  (lb/min)", 0, &AirStream::vaporrate},
+    {"Moist air flow rate (lb/min)", 0, &AirStream::moistrate},
 }};
 
 /// Heads of the columns: the two streams and the mixed stream.
 inline constexpr std::array<const char*, 3> columnheads = {"Stream 1", "Steram 2", "Mixed stream"};
+
+/// The caption of a row as it stands in the window now.
+std::string captionof(const ReadoutRow& row, const MixingProblem& problem);
+
+/// The pressure of the session.
+MixingPressure mixingpressure(const SessionValues& session);
 
 /// Resolves a stream, 0 or 1, from its kinds, values and flow. Where it cannot be resolved it stays incomplete and its
 /// read-outs blank. The mixed column is blanked, the other stream not touched. `mixstreams` must follow.

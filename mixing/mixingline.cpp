@@ -3,6 +3,7 @@
 #include <array>
 
 #include "engine/value.h"
+#include "session/pointmark.h"
 
 namespace moistair {
 
@@ -21,34 +22,26 @@ struct Candidate {
   double rh() const { return lenientnumber(stream.rh); }
 };
 
-/// A point on a limit, or at saturation, is accepted.
 bool accepted(const Candidate& point, const ChartLimits& limits) {
   return point.rh() > 0 && point.rh() <= 100 && point.w() >= limits.lowhr && point.w() <= limits.highhr &&
          point.db() >= limits.lowdb && point.db() <= limits.highdb;
 }
 
-/// A dot of concentric circles. The label begins at its centre, where the last circle has left the pen.
-void mark(const Candidate& point, ChartCanvas& canvas) {
-  for (int radius = point.radius; radius > 2; radius -= 2) {
-    canvas.Circle(point.x, point.y, radius, colors::pointmark);
-  }
-  canvas.Print(point.label);
-}
-
 }  // namespace
 
-const char* drawmixingline(const MixingProblem& problem, const PlotArea& area, ChartCanvas& canvas) {
+const char* drawmixingline(ChartCanvas& canvas, const MixingProblem& problem, const PlotArea& area) {
   std::array<Candidate, 3> points = {{
-      {problem.streams[0], "St1", 40, "The stream1 point as per input parameters is out of chart limits"},
-      {problem.mixed, "Mix", 80, "The mixed stream point as per input parameters is out of chart limits"},
-      {problem.streams[1], "St2", 40, "The stream2 point as per input parameters is out of chart limits"},
+      {problem.streams[0], "St1", pointmarkradius, "The stream1 point as per input parameters is out of chart limits"},
+      {problem.mixed, "Mix", 2 * pointmarkradius,
+       "The mixed stream point as per input parameters is out of chart limits"},
+      {problem.streams[1], "St2", pointmarkradius, "The stream2 point as per input parameters is out of chart limits"},
   }};
   for (Candidate& point : points) {
     if (!accepted(point, area.limits)) return point.message;
     assign(point.x, area.plotx(point.db()));
     assign(point.y, area.ploty(point.w()));
   }
-  for (const Candidate& point : points) mark(point, canvas);
+  for (const Candidate& point : points) drawpointmark(canvas, point.x, point.y, point.radius, point.label);
   const auto& [one, mixed, two] = points;
   canvas.Line(one.x, one.y, mixed.x, mixed.y);
   canvas.Line(two.x, two.y, mixed.x, mixed.y);

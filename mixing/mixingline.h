@@ -13,7 +13,8 @@
 namespace moistair {
 
 /// Draws the line and returns nullptr, or draws nothing and returns the message for the first point that is rejected,
-/// in the order stream 1, mixed stream, stream 2. A point of an unfinished problem reads as 0 and is rejected.
-const char* drawmixingline(const MixingProblem& problem, const PlotArea& area, ChartCanvas& canvas);
+/// in the order stream 1, mixed stream, stream 2. A point of an unfinished problem reads as 0 and is rejected; one on a
+/// limit, or at saturation, is accepted.
+const char* drawmixingline(ChartCanvas& canvas, const MixingProblem& problem, const PlotArea& area);
 
 }  // namespace moistair

@@ -38,7 +38,7 @@ void expectdot(const std::vector<Operation>& operations, std::size_t first, int 
 
 TEST(MixingLine, ReferenceCaseAsDrawn) {
   RecordingCanvas canvas;
-  ASSERT_EQ(drawmixingline(referenceproblem(), areaof(wholechart), canvas), nullptr);
+  ASSERT_EQ(drawmixingline(canvas, referenceproblem(), areaof(wholechart)), nullptr);
   const std::vector<Operation>& operations = canvas.drawing().operations;
   ASSERT_EQ(operations.size(), 19 + 1 + 39 + 1 + 19 + 1 + 2U);
   expectdot(operations, 0, 40, "St1", 7250, 3306);
@@ -79,7 +79,7 @@ TEST(MixingLine, FirstPointBeyondTheLimitsIsNamed) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
     RecordingCanvas canvas;
-    const char* message = drawmixingline(problemof(row.one, row.two), areaof(row.limits), canvas);
+    const char* message = drawmixingline(canvas, problemof(row.one, row.two), areaof(row.limits));
     EXPECT_EQ(canvas.drawing().operations.empty(), row.message != nullptr) << "it is all or nothing";
     ASSERT_EQ(message == nullptr, row.message == nullptr) << message;
     if (message != nullptr) {

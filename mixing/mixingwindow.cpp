@@ -1,0 +1,241 @@
+#include "mixing/mixingwindow.h"
+
+#include <QFontMetrics>
+#include <QFrame>
+#include <QVBoxLayout>
+
+#include "mixing/mixingblock.h"
+#include "mixing/mixingline.h"
+#include "toolkit/messages.h"
+
+namespace moistair {
+
+namespace {
+
+/// Columns of the grid: between two rules stand a blank indent, the lists and the value boxes. The rows of the table
+/// below use the indent, so that a column of numbers stands in from its rule.
+constexpr int captioncolumn = 0;
+constexpr std::array<int, 3> rulecolumns = {1, 5, 9};
+constexpr std::array<int, 3> indentcolumns = {2, 6, 10};
+constexpr int gridcolumns = 12;
+constexpr int indentwidth = 20;
+
+/// Rows of the grid: each row of read-outs is followed by one for its rule, from the flow on.
+constexpr int headrow = 1;
+constexpr int flowrow = 5;
+constexpr int readoutrow(std::size_t readout) { return flowrow + 2 * static_cast<int>(readout); }
+constexpr std::array<int, 2> headrules = {0, 2};
+constexpr int lastrule = readoutrow(shownreadouts - 1) + 1;
+
+/// Labels come behind all inputs.
+constexpr int labeltab = 100;
+
+constexpr Control parameters{"Label51", "Parameters", "", {headrow, captioncolumn}, labeltab};
+
+struct StreamControls {
+  Control head, kind1, value1, kind2, value2, flow;
+};
+
+constexpr std::array<StreamControls, 2> streamcontrols = {{
+    {{"Label19", columnheads[0], "", {headrow, 2, 1, 3}, labeltab},
+     {"Combo1", "", "", {3, 2, 1, 2}, 9},
+     {"Text4", "", "", {3, 4}, 3},
+     {"Combo2", "", "", {4, 2, 1, 2}, 8},
+     {"Text5", "", "", {4, 4}, 2},
+     {"Text2", "", "", {flowrow, 3}, 5}},
+    {{"Label21", columnheads[1], "", {headrow, 6, 1, 3}, labeltab},
+     {"Combo3", "", "", {3, 6, 1, 2}, 7},
+     {"Text6", "", "", {3, 8}, 1},
+     {"Combo4", "", "", {4, 6, 1, 2}, 6},
+     {"Text7", "", "", {4, 8}, 0},
+     {"Text3", "", "", {flowrow, 7}, 4}},
+}};
+
+constexpr Control mixedhead{"Label22", columnheads[2], "", {headrow, 10, 1, 2}, labeltab};
+
+/// Layout names of one row of read-outs; the streams' flows are inputs.
+struct ReadoutNames {
+  const char* caption;
+  std::array<const char*, 3> columns;
+};
+
+constexpr std::array<ReadoutNames, readoutcount> readoutnames = {{
+    {"Label17", {nullptr, nullptr, "Label50"}},
+    {"Label20", {"Label23", "Label32", "Label41"}},
+    {"Label16", {"Label24", "Label33", "Label42"}},
+    {"Label15", {"Label25", "Label34", "Label43"}},
+    {"Label13", {"Label26", "Label35", "Label44"}},
+    {"Label12", {"Label27", "Label36", "Label45"}},
+    {"Label2", {"Label28", "Label37", "Label46"}},
+    {"Label1", {"Label29", "Label38", "Label47"}},
+    {"Label14", {"Label30", "Label39", "Label48"}},
+    {"Label18", {"Label31", "Label40", "Label49"}},
+    {"Label52", {"Label56", "Label60", "Label64"}},
+    {"Label53", {"Label57", "Label61", "Label65"}},
+    {"Label54", {"Label58", "Label62", "Label66"}},
+    {"Label55", {"Label59", "Label63", "Label67"}},
+}};
+
+constexpr Control drawcontrol{"Command1", "Draw mixing line and points on the chart", "", {0, 0}, 10};
+constexpr Control savecontrol{"Command3", "Save data", "", {0, 1}, 11};
+constexpr Control exitcontrol{"Command4", "Exit and return to chart", "", {0, 2}, 12};
+
+void addrule(QGridLayout& grid, QFrame::Shape shape, const Cell& cell) {
+  auto* rule = new QFrame;
+  rule->setFrameStyle(shape | QFrame::Plain);
+  rule->setForegroundRole(QPalette::Mid);
+  grid.addWidget(rule, cell.row, cell.column, cell.rows, cell.columns);
+}
+
+void addrules(QGridLayout& grid) {
+  for (const int row : headrules) addrule(grid, QFrame::HLine, {row, 0, 1, gridcolumns});
+  for (std::size_t row = 0; row < shownreadouts; ++row) {
+    addrule(grid, QFrame::HLine, {readoutrow(row) + 1, 0, 1, gridcolumns});
+  }
+  for (const int column : rulecolumns) addrule(grid, QFrame::VLine, {0, column, lastrule + 1, 1});
+}
+
+/// The columns do not change their width while somebody types: they are as wide as any usual value needs.
+void setwidths(QGridLayout& grid, const QFontMetrics& font) {
+  const int value = font.horizontalAdvance(QStringLiteral("-00000.0000000"));
+  for (const int column : indentcolumns) grid.setColumnMinimumWidth(column, indentwidth);
+  for (const int column : {4, 8}) grid.setColumnMinimumWidth(column, value);
+  grid.setColumnMinimumWidth(11, value);
+  for (const int column : {4, 8, 11}) grid.setColumnStretch(column, 1);
+}
+
+}  // namespace
+
+MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, QWidget* main)
+    : Dialog(main, QStringLiteral("Form5"), QStringLiteral("Mixing problem")), chart_(std::move(chart)) {
+  problem_.pressure = mixingpressure(session);
+  ControlMaker maker(*this);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(maketable(maker));
+  layout->addStretch(1);
+  layout->addLayout(makebuttons(maker));
+  maker.settaborder();
+  for (std::size_t stream = 0; stream < inputs_.size(); ++stream) {
+    connectinputs(stream);
+    inputs_[stream].kind1->select(0);
+    inputs_[stream].kind2->select(1);
+  }
+  inputs_[1].value2->setFocus();
+}
+
+QLayout* MixingWindow::maketable(ControlMaker& maker) {
+  auto* grid = new QGridLayout;
+  maker.add<QLabel>(*grid, parameters);
+  for (std::size_t stream = 0; stream < inputs_.size(); ++stream) makeinputs(maker, *grid, stream);
+  maker.add<QLabel>(*grid, mixedhead);
+  makereadouts(maker, *grid);
+  addrules(*grid);
+  setwidths(*grid, fontMetrics());
+  return grid;
+}
+
+void MixingWindow::makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_t stream) {
+  const StreamControls& controls = streamcontrols[stream];
+  Inputs& inputs = inputs_[stream];
+  auto* head = maker.add<QLabel>(grid, controls.head);
+  inputs.kind1 = maker.add<ListBox>(grid, controls.kind1);
+  inputs.value1 = maker.add<QLineEdit>(grid, controls.value1);
+  inputs.kind2 = maker.add<ListBox>(grid, controls.kind2);
+  inputs.value2 = maker.add<QLineEdit>(grid, controls.value2);
+  inputs.flow = maker.add<QLineEdit>(grid, controls.flow);
+  head->setBuddy(inputs.kind1);
+  for (ListBox* list : {inputs.kind1, inputs.kind2}) list->fill(kindtexts);
+  const QString name = QStringLiteral("Stream %1, ").arg(stream + 1);
+  nameinput(*inputs.kind1, name + QStringLiteral("first property"));
+  nameinput(*inputs.value1, name + QStringLiteral("value of the first property"));
+  nameinput(*inputs.kind2, name + QStringLiteral("second property"));
+  nameinput(*inputs.value2, name + QStringLiteral("value of the second property"));
+  nameinput(*inputs.flow, name + QStringLiteral("air flow rate in actual cubic feet per minute"));
+}
+
+void MixingWindow::makereadouts(ControlMaker& maker, QGridLayout& grid) {
+  for (std::size_t row = 0; row < readoutcount; ++row) {
+    const ReadoutNames& names = readoutnames[row];
+    const char* text = readoutrows[row].caption != nullptr ? readoutrows[row].caption : "";
+    auto* caption = maker.add<QLabel>(grid, {names.caption, text, "", {readoutrow(row), captioncolumn}, labeltab});
+    if (readoutrows[row].caption == nullptr) pressurecaption_ = caption;
+    if (row >= shownreadouts) caption->hide();
+    for (std::size_t column = 0; column < readouts_.size(); ++column) {
+      if (names.columns[column] == nullptr) continue;
+      readouts_[column][row] = addreadout(maker, grid, names.columns[column], row, column);
+    }
+  }
+}
+
+QLabel* MixingWindow::addreadout(ControlMaker& maker, QGridLayout& grid, const char* name, std::size_t row,
+                                 std::size_t column) {
+  const int width = rulecolumns.size() == column + 1 ? 1 : 2;
+  const Cell cell{readoutrow(row), indentcolumns[column] + 1, 1, width};
+  auto* readout = maker.add<QLabel>(grid, {name, "", "", cell, labeltab});
+  makereadout(*readout);
+  readout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  if (row >= shownreadouts) readout->hide();
+  return readout;
+}
+
+QLayout* MixingWindow::makebuttons(ControlMaker& maker) {
+  auto* grid = new QGridLayout;
+  auto* drawbutton = maker.add<QPushButton>(*grid, drawcontrol);
+  savebutton_ = maker.add<QPushButton>(*grid, savecontrol);
+  auto* exitbutton = maker.add<QPushButton>(*grid, exitcontrol);
+  for (QPushButton* button : {drawbutton, savebutton_, exitbutton}) button->setAutoDefault(false);
+  connect(drawbutton, &QPushButton::clicked, this, &MixingWindow::ondraw);
+  connect(savebutton_, &QPushButton::clicked, this, &MixingWindow::onsave);
+  connect(exitbutton, &QPushButton::clicked, this, &MixingWindow::leave);
+  return grid;
+}
+
+void MixingWindow::connectinputs(std::size_t stream) {
+  const Inputs& inputs = inputs_[stream];
+  const auto change = [this, stream] { onchange(stream); };
+  for (ListBox* list : {inputs.kind1, inputs.kind2}) connect(list, &ListBox::chosen, this, change);
+  for (QLineEdit* box : {inputs.flow, inputs.value1, inputs.value2}) {
+    connect(box, &QLineEdit::textChanged, this, change);
+  }
+}
+
+void MixingWindow::onchange(std::size_t number) {
+  const Inputs& inputs = inputs_[number];
+  AirStream& stream = problem_.streams[number];
+  stream.kind1 = kindat(inputs.kind1->selected());
+  stream.kind2 = kindat(inputs.kind2->selected());
+  stream.value1 = inputs.value1->text().toStdString();
+  stream.value2 = inputs.value2->text().toStdString();
+  stream.flow = inputs.flow->text().toStdString();
+  resolvestream(problem_, number);
+  mixstreams(problem_);
+  showproblem();
+}
+
+void MixingWindow::showproblem() {
+  const std::array<const AirStream*, 3> columns = {&problem_.streams[0], &problem_.streams[1], &problem_.mixed};
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    for (std::size_t row = 0; row < readoutcount; ++row) {
+      QLabel* readout = readouts_[column][row];
+      if (readout != nullptr) readout->setText(QString::fromStdString(columns[column]->*readoutrows[row].text));
+    }
+  }
+  pressurecaption_->setText(QString::fromStdString(problem_.pressurecaption));
+  savebutton_->setEnabled(problem_.savable);
+}
+
+void MixingWindow::onsave() { Q_EMIT saved(mixingblock(problem_)); }
+
+void MixingWindow::ondraw() {
+  readlimits(chart_.limits(), limits_);
+  const PlotArea area{limits_, plotframe(limits_), chart_.window()};
+  if (const char* rejection = drawmixingline(chart_.canvas, problem_, area); rejection != nullptr) {
+    message(this, QString::fromUtf8(rejection));
+  } else {
+    Q_EMIT drawn();
+  }
+}
+
+void MixingWindow::leave() { Q_EMIT exited(); }
+
+}  // namespace moistair

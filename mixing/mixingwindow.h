@@ -1,0 +1,82 @@
+/// \file
+/// The mixing window.
+///
+/// A table of three columns: two streams, typed and resolved live, and their mixture. There is no calculate button:
+/// every change of a selection or a box resolves its stream and mixes again. The window lays out controls and calls the
+/// procedures of its room; what belongs to the main window it reports by signals. The main window opens a new one each
+/// time, after the question about the screen's size, and destroys it when it is left.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "chart/chartframe.h"
+#include "mixing/mixingproblem.h"
+#include "toolkit/controls.h"
+#include "toolkit/dialog.h"
+#include "toolkit/listbox.h"
+
+namespace moistair {
+
+/// What the mixing line is drawn on. The lists' texts and the main window's inner size are asked for at each drawing.
+struct MixingChart {
+  ChartCanvas& canvas;
+  std::function<LimitTexts()> limits;
+  std::function<WindowSize()> window;
+};
+
+class MixingWindow : public Dialog {
+  Q_OBJECT
+
+public:
+  /// @param session read once, for the pressure: it cannot change while the main window takes no input
+  MixingWindow(const SessionValues& session, MixingChart chart, QWidget* main);
+
+Q_SIGNALS:
+  /// "Save data": the block wants to be appended to the log, and the window stays open.
+  void saved(const std::vector<std::string>& block);
+  /// The mixing line is on the chart, and the window is to be left.
+  void drawn();
+  /// The window is to be left, with the problem gone.
+  void exited();
+
+protected:
+  void leave() override;
+
+private:
+  struct Inputs {
+    ListBox* kind1;
+    QLineEdit* value1;
+    ListBox* kind2;
+    QLineEdit* value2;
+    QLineEdit* flow;
+  };
+  using Readouts = std::array<QLabel*, readoutcount>;  ///< null where the stream has an input instead
+
+  QLayout* maketable(ControlMaker& maker);
+  void makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_t stream);
+  void makereadouts(ControlMaker& maker, QGridLayout& grid);
+  QLabel* addreadout(ControlMaker& maker, QGridLayout& grid, const char* name, std::size_t row, std::size_t column);
+  QLayout* makebuttons(ControlMaker& maker);
+
+  void connectinputs(std::size_t stream);
+  void onchange(std::size_t stream);
+  void showproblem();
+  void onsave();
+  void ondraw();
+
+  MixingChart chart_;
+  MixingProblem problem_;
+  ChartLimits limits_;  ///< as last read; a list's text that is no number leaves its limit as it was
+  std::array<Inputs, 2> inputs_{};
+  std::array<Readouts, 3> readouts_{};  ///< of the streams and the mixture
+  QLabel* pressurecaption_ = nullptr;
+  QPushButton* savebutton_ = nullptr;
+};
+
+}  // namespace moistair

@@ -18,7 +18,8 @@ constexpr int captioncolumn = 0;
 constexpr std::array<int, 3> rulecolumns = {1, 5, 9};
 constexpr std::array<int, 3> indentcolumns = {2, 6, 10};
 constexpr int gridcolumns = 12;
-constexpr int indentwidth = 20;
+constexpr int indentwidth = 20;  // pixels
+constexpr int margin = 16;       // pixels
 
 /// Rows of the grid: each row of read-outs is followed by one for its rule, from the flow on.
 constexpr int headrow = 1;
@@ -80,6 +81,14 @@ constexpr Control drawcontrol{"Command1", "Draw mixing line and points on the ch
 constexpr Control savecontrol{"Command3", "Save data", "", {0, 1}, 11};
 constexpr Control exitcontrol{"Command4", "Exit and return to chart", "", {0, 2}, 12};
 
+QLabel* addhead(ControlMaker& maker, QGridLayout& grid, const Control& control) {
+  auto* head = maker.add<QLabel>(grid, control);
+  QFont font = head->font();
+  font.setBold(true);
+  head->setFont(font);
+  return head;
+}
+
 void addrule(QGridLayout& grid, QFrame::Shape shape, const Cell& cell) {
   auto* rule = new QFrame;
   rule->setFrameStyle(shape | QFrame::Plain);
@@ -96,8 +105,9 @@ void addrules(QGridLayout& grid) {
 }
 
 /// The columns do not change their width while somebody types: they are as wide as any usual value needs.
-void setwidths(QGridLayout& grid, const QFontMetrics& font) {
+void setwidths(QGridLayout& grid, const QFontMetrics& font, const std::string& pressurecaption) {
   const int value = font.horizontalAdvance(QStringLiteral("-00000.0000000"));
+  grid.setColumnMinimumWidth(captioncolumn, font.size(0, QString::fromStdString(pressurecaption)).width());
   for (const int column : indentcolumns) grid.setColumnMinimumWidth(column, indentwidth);
   for (const int column : {4, 8}) grid.setColumnMinimumWidth(column, value);
   grid.setColumnMinimumWidth(11, value);
@@ -111,6 +121,8 @@ MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, QWid
   problem_.pressure = mixingpressure(session);
   ControlMaker maker(*this);
   auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(margin, margin, margin, margin);
+  layout->setSpacing(margin);
   layout->addLayout(maketable(maker));
   layout->addStretch(1);
   layout->addLayout(makebuttons(maker));
@@ -125,19 +137,21 @@ MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, QWid
 
 QLayout* MixingWindow::maketable(ControlMaker& maker) {
   auto* grid = new QGridLayout;
-  maker.add<QLabel>(*grid, parameters);
+  grid->setHorizontalSpacing(margin / 2);
+  grid->setVerticalSpacing(margin / 2);
+  addhead(maker, *grid, parameters);
   for (std::size_t stream = 0; stream < inputs_.size(); ++stream) makeinputs(maker, *grid, stream);
-  maker.add<QLabel>(*grid, mixedhead);
+  addhead(maker, *grid, mixedhead);
   makereadouts(maker, *grid);
   addrules(*grid);
-  setwidths(*grid, fontMetrics());
+  setwidths(*grid, fontMetrics(), problem_.pressure.caption);
   return grid;
 }
 
 void MixingWindow::makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_t stream) {
   const StreamControls& controls = streamcontrols[stream];
   Inputs& inputs = inputs_[stream];
-  auto* head = maker.add<QLabel>(grid, controls.head);
+  QLabel* head = addhead(maker, grid, controls.head);
   inputs.kind1 = maker.add<ListBox>(grid, controls.kind1);
   inputs.value1 = maker.add<QLineEdit>(grid, controls.value1);
   inputs.kind2 = maker.add<ListBox>(grid, controls.kind2);
@@ -224,7 +238,7 @@ void MixingWindow::showproblem() {
   savebutton_->setEnabled(problem_.savable);
 }
 
-void MixingWindow::onsave() { Q_EMIT saved(mixingblock(problem_)); }
+void MixingWindow::onsave() { Q_EMIT savechosen(mixingblock(problem_)); }
 
 void MixingWindow::ondraw() {
   readlimits(chart_.limits(), limits_);
@@ -236,6 +250,6 @@ void MixingWindow::ondraw() {
   }
 }
 
-void MixingWindow::leave() { Q_EMIT exited(); }
+void MixingWindow::leave() { Q_EMIT left(); }
 
 }  // namespace moistair

@@ -39,11 +39,11 @@ public:
 
 Q_SIGNALS:
   /// "Save data": the block wants to be appended to the log, and the window stays open.
-  void saved(const std::vector<std::string>& block);
+  void savechosen(const std::vector<std::string>& block);
   /// The mixing line is on the chart, and the window is to be left.
   void drawn();
   /// The window is to be left, with the problem gone.
-  void exited();
+  void left();
 
 protected:
   void leave() override;

@@ -1,0 +1,47 @@
+#include "shell/charttypewindow.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "toolkit/controls.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr Control frame{"Frame1", "", "", {0, 0, 1, 2}, 0};
+constexpr Control standardoption{"Option1", "Draw standard chart", "", {0, 0, 1, 1}, 1};
+constexpr Control blankoption{"Option2", "Draw blank chart", "", {1, 0, 1, 1}, 2};
+constexpr Control drawcommand{"Command1", "Draw chart", "", {1, 0, 1, 1}, 3};
+constexpr Control leavecommand{"Command2", "Exit and return to main chart", "", {1, 1, 1, 1}, 4};
+
+}  // namespace
+
+ChartTypeWindow::ChartTypeWindow() : Dialog(nullptr, QStringLiteral("Form6"), QStringLiteral("Chart type option")) {
+  setWindowFlag(Qt::WindowStaysOnTopHint);
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(24, 20, 24, 20);
+  grid->setSpacing(16);
+  ControlMaker make(*this);
+  auto* group = make.add<QGroupBox>(*grid, frame);
+  group->setTitle(tr("Choose type of initial chart"));
+  auto* options = new QGridLayout(group);
+  options->setContentsMargins(24, 16, 24, 16);
+  options->setSpacing(12);
+  auto* standard = make.add<QRadioButton>(*options, standardoption);
+  make.add<QRadioButton>(*options, blankoption);
+  standard->setChecked(true);
+  auto* draw = make.add<QPushButton>(*grid, drawcommand);
+  auto* exit = make.add<QPushButton>(*grid, leavecommand);
+  draw->setDefault(true);
+  make.settaborder();
+  connect(draw, &QPushButton::clicked, this,
+          [this, standard] { Q_EMIT chosen(standard->isChecked() ? QStringLiteral("1") : QStringLiteral("2")); });
+  connect(exit, &QPushButton::clicked, this, &ChartTypeWindow::leave);
+}
+
+void ChartTypeWindow::leave() { Q_EMIT left(); }
+
+}  // namespace moistair

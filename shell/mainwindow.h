@@ -1,0 +1,92 @@
+/// \file
+/// The main window: the strip of controls, the chart under it, and the flow between the windows.
+///
+/// It owns the session's values, the log and the chart, connects the controls to the procedures of the rooms, and opens
+/// the dialogs. A dialog knows nothing of it: it gets what it needs and reports by signals. One of pressure, report,
+/// log and mixing window can be open at a time, and this window takes no input meanwhile; the chart type window stands
+/// beside.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include "session/locate.h"
+#include "session/sessionlog.h"
+#include "session/sessionvalues.h"
+#include "shell/chartlifecycle.h"
+#include "shell/charttypewindow.h"
+#include "shell/strip.h"
+#include "toolkit/graphview.h"
+#include "toolkit/savedialog.h"
+
+namespace moistair {
+
+class ReportWindow;
+
+class MainWindow final : public QMainWindow {
+  Q_OBJECT
+
+public:
+  explicit MainWindow(std::filesystem::path logpath);
+
+  /// Start-up: the pressure window comes first and loads this window. False if the user leaves for a larger screen.
+  bool start();
+
+Q_SIGNALS:
+  /// The program ends at once, with all windows.
+  void ended();
+
+protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void makemenus();
+  void connectstrip();
+  bool loadmain();
+  void filllists();
+  void arrange();
+
+  WindowSize windowsize() const;
+  PairInput pairinput() const;
+  void previewpoint();
+
+  void opendialog(Dialog* dialog);
+  void closedialog();
+  void focusgraph();
+  void answer(const Refusal& refusal);
+
+  std::optional<QString> asksavepath(const SaveRequest& request);
+
+  void openpressure();
+  void changepressure(int unit, const QString& entered);
+  void startdraw();
+  void drawchart(const QString& charttype);
+  void drawline(LineKind kind, const QLineEdit& value);
+  void locatepoint();
+  void markpoint(const ReportWindow& report);
+  void clearchart();
+  void savechart();
+  void viewlog();
+  void savelog();
+  void appendtolog(const std::vector<std::string>& lines);
+  void openmixing();
+  void exportchart();
+  void printchart();
+  void showhelp();
+  void quitprogram();
+
+  SessionValues values_;
+  SessionLog log_;
+  Strip* strip_;
+  GraphView* graph_;
+  ChartLifecycle lifecycle_;
+  RangeFinders finders_;
+  SaveDialog savedialog_;
+  QPointer<Dialog> dialog_;
+  QPointer<ChartTypeWindow> charttype_;
+  QSize screen_;  ///< size of the screen at start-up [pixels]
+  bool loaded_ = false;
+};
+
+}  // namespace moistair

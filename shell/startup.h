@@ -1,0 +1,31 @@
+/// \file
+/// Where the program finds itself: the screen, the folder of the session log, the manual.
+#pragma once
+
+#include <QString>
+#include <filesystem>
+
+namespace moistair {
+
+/// A screen of this size [pixels] is large enough for the layout. The height is that of the question's 768 less what a
+/// task bar takes.
+inline constexpr int neededwidth = 1024;
+inline constexpr int neededheight = 728;
+
+/// Whether the screen is at least so large, both in twips of a fixed 15 to the pixel.
+/// @param screenwidth, screenheight [twips]
+bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight);
+
+/// The question for a smaller screen; true if the user wants to leave the program. No question for a larger one.
+bool leavesforsmallscreen(class QWidget* parent);
+
+/// Path of the session log: beside the executable if that folder can be written, else in the user's own state folder.
+std::filesystem::path logpath();
+
+/// The compiled help file beside the program if there is one, else our own manual; empty if neither is there.
+QString helppath();
+
+/// Whether there is anything to show a window on. A program that starts without a display aborts with little to go by.
+bool hasdisplay();
+
+}  // namespace moistair

@@ -187,7 +187,8 @@ QLabel* MixingWindow::addreadout(ControlMaker& maker, QGridLayout& grid, const c
   const Cell cell{readoutrow(row), indentcolumns[column] + 1, 1, width};
   auto* readout = maker.add<QLabel>(grid, {name, "", "", cell, labeltab});
   makereadout(*readout);
-  readout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  const bool asentered = readoutrows[row].text == &AirStream::pressure;  // of any length: it must not widen the window
+  if (asentered) readout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   if (row >= shownreadouts) readout->hide();
   return readout;
 }

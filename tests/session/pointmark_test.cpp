@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-
 #include "chart/drawing.h"
 
 using namespace moistair;
@@ -64,7 +61,7 @@ TEST(MarkPoint, LimitsAreIncluded) {
   }
 }
 
-TEST(MarkPoint, LimitsWithoutASpanDrawNoDotNowhere) {
+TEST(MarkPoint, LimitsWithoutASpanDrawNoDot) {
   RecordingCanvas canvas;
   markpoint(canvas, stateof(0, 0, 50), {"", "", "", ""}, window, "A");
   for (const Operation& operation : canvas.drawing().operations) {

@@ -1,0 +1,55 @@
+/// \file
+/// The window in which the user sets the atmospheric pressure, "Change pressure".
+#pragma once
+
+#include <string>
+
+#include "toolkit/dialog.h"
+
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+
+namespace moistair {
+
+class ControlMaker;
+class ListBox;
+
+/// The first window of the program, and back at each "Set/reset atmos pressure", always with the default chosen. An
+/// opening puts the default pressure back in force: whoever opens it does so (`defaultpressuretext`), since nobody can
+/// hear a window that is not made yet. The window asks, tests and tells; the rest of setting a pressure is the main
+/// window's.
+class PressureWindow final : public Dialog {
+  Q_OBJECT
+
+public:
+  explicit PressureWindow(QWidget* main);
+
+Q_SIGNALS:
+  /// The pressure in force is to become this text [in Hg]. Told also of an entry that is then refused.
+  void pressurewritten(const std::string& inhg);
+  /// An accepted entry, behind its pressurewritten: the chart is to be cleared for it, and the window to go away.
+  /// @param unit index in the list, -1 for none
+  void pressureset(int unit, const QString& entered);
+  void left();  ///< without setting anything
+
+protected:
+  void leave() override;
+
+private:
+  void makeentry(ControlMaker& maker, QGridLayout& grid);
+  void makereadouts(ControlMaker& maker, QGridLayout& grid);
+  void showunit();
+  void showreadouts();
+  void setpressure();
+
+  ListBox* unit_ = nullptr;
+  QLineEdit* entry_ = nullptr;
+  QLabel* entryunit_ = nullptr;
+  QLabel* rangehint_ = nullptr;
+  QLabel* inhg_ = nullptr;
+  QLabel* psi_ = nullptr;
+  QLabel* feet_ = nullptr;
+};
+
+}  // namespace moistair

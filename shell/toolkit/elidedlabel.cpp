@@ -1,0 +1,33 @@
+#include "toolkit/elidedlabel.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace moistair {
+
+namespace {
+
+constexpr int usualcharacters = 16;  ///< room that is asked for; what is longer uses the room that there is
+
+}  // namespace
+
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+}
+
+QSize ElidedLabel::sizeHint() const {
+  const QFontMetrics metrics = fontMetrics();
+  return {usualcharacters * metrics.averageCharWidth(), metrics.height()};
+}
+
+QSize ElidedLabel::minimumSizeHint() const { return sizeHint(); }
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QRect room = contentsRect();
+  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width(), Qt::TextSingleLine);
+  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+}  // namespace moistair

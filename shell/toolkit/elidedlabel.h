@@ -1,0 +1,22 @@
+/// \file
+/// A label for what a user typed, of any length.
+#pragma once
+
+#include <QLabel>
+
+namespace moistair {
+
+/// Shows as much of its text as fits on one line, with an ellipsis for the rest, and never widens its window: an
+/// identification may have thousands of characters. `text()` is the whole text.
+class ElidedLabel final : public QLabel {
+public:
+  explicit ElidedLabel(QWidget* parent = nullptr);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace moistair

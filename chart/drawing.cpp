@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <initializer_list>
-#include <utility>
 
 namespace moistair {
 
@@ -23,20 +22,22 @@ bool drawable(std::initializer_list<double> coordinates) {
 void RecordingCanvas::Line(double x1, double y1, double x2, double y2, std::optional<Color> color) {
   if (!drawable({x1, y1, x2, y2})) return;
   MoveTo(x2, y2);
-  record(LineOperation{single(x1), single(y1), single(x2), single(y2), color});
+  drawing_.operations.emplace_back(LineOperation{single(x1), single(y1), single(x2), single(y2), color});
+  tell();
 }
 
 void RecordingCanvas::Circle(double x, double y, double radius, Color color) {
   if (!drawable({x, y, radius})) return;
   MoveTo(x, y);
-  record(CircleOperation{single(x), single(y), single(radius), color});
+  drawing_.operations.emplace_back(CircleOperation{single(x), single(y), single(radius), color});
+  tell();
 }
 
 void RecordingCanvas::Print(std::string_view text) {
-  const TextOperation operation{currentx_, currenty_, std::string(text)};
+  drawing_.operations.emplace_back(TextOperation{currentx_, currenty_, std::string(text)});
   currentx_ = 0;
   currenty_ += lineheight;
-  record(operation);
+  tell();
 }
 
 void RecordingCanvas::MoveTo(double x, double y) {
@@ -46,7 +47,8 @@ void RecordingCanvas::MoveTo(double x, double y) {
 }
 
 void RecordingCanvas::Cls() {
-  drawing_.operations.resize(drawing_.background, TextOperation{});
+  drawing_.operations.erase(drawing_.operations.begin() + static_cast<std::ptrdiff_t>(drawing_.background),
+                            drawing_.operations.end());
   currentx_ = 0;
   currenty_ = 0;
   tell();
@@ -62,11 +64,6 @@ void RecordingCanvas::DropPicture() {
   const auto first = drawing_.operations.begin();
   drawing_.operations.erase(first, first + static_cast<std::ptrdiff_t>(drawing_.background));
   drawing_.background = 0;
-  tell();
-}
-
-void RecordingCanvas::record(Operation operation) {
-  drawing_.operations.push_back(std::move(operation));
   tell();
 }
 

@@ -67,7 +67,6 @@ public:
   void DropPicture() override;
 
 private:
-  void record(Operation operation);
   void tell() const;
 
   Drawing drawing_;

@@ -114,7 +114,7 @@ void roundto(Decimal& number, int decimals) {
   if (!number.digits.empty()) {
     ++number.digits.back();
   } else {
-    number.digits = "1";
+    number.digits.assign(1, '1');
     ++number.point;
   }
 }
@@ -176,7 +176,9 @@ std::string printednumber(double number) {
   const bool negative = text.starts_with('-');
   if (negative) text.erase(0, 1);
   if (text.starts_with("0.")) text.erase(0, 1);
-  return (negative ? "-" : " ") + text + " ";
+  text.insert(0, 1, negative ? '-' : ' ');
+  text += ' ';
+  return text;
 }
 
 void NumberText::set(double number) {

@@ -1,6 +1,7 @@
 #include "shell/chartexport.h"
 
 #include <QFileInfo>
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <array>

@@ -10,6 +10,8 @@
 #include "chart/scales.h"
 #include "mixing/mixingwindow.h"
 #include "paint/exports.h"
+#include "paint/replay.h"
+#include "pressure/pressureunits.h"
 #include "pressure/pressurewindow.h"
 #include "session/locate.h"
 #include "session/logwindow.h"
@@ -28,8 +30,6 @@ constexpr const char* logfailed =
     "The data of this session cannot be kept: the log file can not be written. Everything else works as usual.";
 constexpr const char* appendfailed = "The data could not be saved: the log file can not be written.";
 constexpr const char* viewfailed = "The saved data can not be shown: the log file can not be read.";
-
-QString filename(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QWidget>
 #include <filesystem>
 
 namespace moistair {
@@ -17,7 +18,7 @@ inline constexpr int neededheight = 728;
 bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight);
 
 /// The question for a smaller screen; true if the user wants to leave the program. No question for a larger one.
-bool leavesforsmallscreen(class QWidget* parent);
+bool leavesforsmallscreen(QWidget* parent);
 
 /// Path of the session log: beside the executable if that folder can be written, else in the user's own state folder.
 std::filesystem::path logpath();

@@ -12,7 +12,11 @@
 #include "engine/resolver.h"
 #include "toolkit/listbox.h"
 
+class QGridLayout;
+
 namespace moistair {
+
+class ControlMaker;
 
 /// One read-out of the live row: the property that it shows.
 struct ReadoutField {
@@ -74,10 +78,10 @@ public:
   int fit(int width, int height);
 
 private:
-  void makecommands(class QGridLayout& grid, class ControlMaker& make);
-  void makelimits(class QGridLayout& grid, class ControlMaker& make);
-  void makereadouts(class QGridLayout& grid, class ControlMaker& make);
-  void makebottomrow(class QGridLayout& grid, class ControlMaker& make);
+  void makecommands(QGridLayout& grid, ControlMaker& make);
+  void makelimits(QGridLayout& grid, ControlMaker& make);
+  void makereadouts(QGridLayout& grid, ControlMaker& make);
+  void makebottomrow(QGridLayout& grid, ControlMaker& make);
 };
 
 }  // namespace moistair

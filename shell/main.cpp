@@ -11,7 +11,6 @@ int main(int argc, char** argv) {
   }
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("moistair"));
-  QApplication::setApplicationDisplayName(QStringLiteral("Moistair"));
   moistair::MainWindow window(moistair::logpath());
   QObject::connect(&window, &moistair::MainWindow::ended, &application, &QApplication::quit);
   return window.start() ? QApplication::exec() : 0;

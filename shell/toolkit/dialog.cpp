@@ -1,17 +1,25 @@
 #include "toolkit/dialog.h"
 
+#include <QScreen>
+#include <QStyle>
+
 namespace moistair {
 
 Dialog::Dialog(QWidget* main, const QString& layoutname, const QString& title) : QDialog(main) {
   setObjectName(layoutname);
   setWindowTitle(title);
-  setAttribute(Qt::WA_DeleteOnClose, false);
   if (main != nullptr) setWindowModality(Qt::WindowModal);
 }
 
 void Dialog::closeEvent(QCloseEvent* event) {
   event->ignore();
   leave();
+}
+
+void Dialog::showEvent(QShowEvent* event) {
+  const QRect free = screen()->availableGeometry();
+  setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size().boundedTo(free.size()), free));
+  QDialog::showEvent(event);
 }
 
 }  // namespace moistair

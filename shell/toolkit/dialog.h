@@ -9,7 +9,7 @@ namespace moistair {
 
 /// A dialog that does not block the code that shows it, and keeps the user out of the window behind it: that window
 /// neither greys nor closes meanwhile. Esc and the window manager do what the way back does, so a dialog cannot vanish
-/// and leave the main window unreachable. It is destroyed when it is left.
+/// and leave the main window unreachable. It comes up centred on the screen and is destroyed when it is left.
 class Dialog : public QDialog {
 public:
   /// @param main the window that takes no input meanwhile; nullptr for a dialog that leaves all windows usable
@@ -22,6 +22,7 @@ protected:
   virtual void leave() = 0;
 
   void closeEvent(QCloseEvent* event) final;
+  void showEvent(QShowEvent* event) final;
 };
 
 }  // namespace moistair

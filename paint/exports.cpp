@@ -36,7 +36,7 @@ QImage drawingimage(const Drawing& drawing, QSize size, double scale) {
   image.fill(Qt::white);
   QPainter painter(&image);
   painter.scale(scale, scale);
-  replay(drawing, painter);
+  replay(drawing, painter, size);
   return image;
 }
 
@@ -59,7 +59,7 @@ bool writesvg(const Drawing& drawing, QSize size, const QString& path) {
   QPainter painter;
   if (!painter.begin(&generator)) return false;
   painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
-  replay(drawing, painter);
+  replay(drawing, painter, size);
   return painter.end() && writefile(buffer.data(), path);
 }
 
@@ -75,7 +75,7 @@ bool writepdf(const Drawing& drawing, QSize size, const QString& path) {
   if (!painter.begin(&writer)) return false;
   const double scale = writer.resolution() / 96.0;
   painter.scale(scale, scale);
-  replay(drawing, painter);
+  replay(drawing, painter, size);
   return painter.end() && writefile(buffer.data(), path);
 }
 
@@ -85,7 +85,7 @@ void paintfitted(const Drawing& drawing, QSize size, QPainter& painter, const QR
   painter.translate(page.center() - QPointF(size.width(), size.height()) * scale / 2);
   painter.scale(scale, scale);
   painter.setClipRect(QRect(QPoint(0, 0), size));
-  replay(drawing, painter);
+  replay(drawing, painter, size);
   painter.restore();
 }
 

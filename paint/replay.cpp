@@ -18,6 +18,7 @@ QColor screencolor(const std::optional<Color>& color) {
 struct OperationPainter {
   QPainter& painter;
   QFontMetricsF metrics;
+  QSizeF ground;
 
   QRectF operator()(const LineOperation& line) {
     const QPointF from = pixels(line.x1, line.y1);
@@ -38,11 +39,17 @@ struct OperationPainter {
   }
 
   QRectF operator()(const TextOperation& text) {
-    const QPointF corner = pixels(text.x, text.y);
     const QString characters = QString::fromUtf8(text.text.data(), static_cast<qsizetype>(text.text.size()));
+    const QPointF corner = withinground(pixels(text.x, text.y), metrics.horizontalAdvance(characters));
     painter.setPen(Qt::black);
     painter.drawText(corner + QPointF(0, metrics.ascent()), characters);
     return {corner, QSizeF(metrics.horizontalAdvance(characters), metrics.height())};
+  }
+
+  QPointF withinground(QPointF corner, double width) const {
+    const double overhang = corner.x() + width - ground.width();
+    const bool reachesedge = corner.x() < ground.width() && overhang > 0;
+    return reachesedge && width < ground.width() / 4 ? corner - QPointF(overhang, 0) : corner;
   }
 };
 
@@ -55,14 +62,14 @@ QFont canvasfont() {
   return font;
 }
 
-QRectF replay(const Drawing& drawing, QPainter& painter, std::size_t first) {
+QRectF replay(const Drawing& drawing, QPainter& painter, QSizeF ground, std::size_t first) {
   constexpr double margin = 2;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setRenderHint(QPainter::TextAntialiasing, true);
   painter.setBrush(Qt::NoBrush);
   painter.setFont(canvasfont());
-  OperationPainter paintoperation{painter, QFontMetricsF(canvasfont(), painter.device())};
+  OperationPainter paintoperation{painter, QFontMetricsF(canvasfont(), painter.device()), ground};
   QRectF touched;
   for (std::size_t i = first; i < drawing.operations.size(); ++i) {
     const QRectF part = std::visit(paintoperation, drawing.operations[i]);

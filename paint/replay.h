@@ -19,8 +19,10 @@ inline constexpr double twipsperpixel = 15;
 /// Font of all text on the chart.
 QFont canvasfont();
 
-/// Paints the operations from index `first` on, in black on whatever is there. Returns the rectangle they touch
-/// [logical pixels], empty if there are none.
-QRectF replay(const Drawing& drawing, QPainter& painter, std::size_t first = 0);
+/// Paints the operations from index `first` on, in black on whatever is there. A short text that would run over the
+/// right edge of `ground`, the part that can be seen [logical pixels], is moved to end there: the titles are placed for
+/// a narrower font than most screens have. Returns the rectangle touched [logical pixels], empty if nothing was
+/// painted.
+QRectF replay(const Drawing& drawing, QPainter& painter, QSizeF ground, std::size_t first = 0);
 
 }  // namespace moistair

@@ -236,11 +236,8 @@ int Strip::fit(int width, int height) {
         room = std::max(room, button->fontMetrics().horizontalAdvance(line));
       }
       button->setMinimumWidth(room + 12);
-      if (button->text().contains(QLatin1Char('\n'))) {
-        button->setFixedHeight(2 * controlheight + 1);
-      } else {
-        button->setFixedHeight(controlheight);
-      }
+      const bool wrapped = button->text().contains(QLatin1Char('\n'));
+      button->setFixedHeight(wrapped ? std::max(2 * controlheight + 1, 3 * metrics.lineSpacing() + 8) : controlheight);
     }
     layout()->activate();
     if (minimumSizeHint().width() <= width && minimumSizeHint().height() <= height) break;

@@ -40,9 +40,10 @@ QRect GraphView::bringuptodate() {
     painted_ = 0;
   }
   if (image_.isNull() || (!afresh && painted_ == drawing().operations.size())) return {};
+  const QSize visible = parentWidget() != nullptr ? parentWidget()->size() : this->size();
   QPainter painter(&image_);
   painter.scale(ratio, ratio);
-  const QRectF touched = replay(drawing(), painter, painted_);
+  const QRectF touched = replay(drawing(), painter, visible, painted_);
   painted_ = drawing().operations.size();
   return afresh ? rect() : touched.toAlignedRect() & rect();
 }

@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <ostream>
 #include <random>
 
 #include "engine/moistair.h"
@@ -150,6 +151,8 @@ struct PlainRow {
   double tolerance;
   bool rises;
 };
+
+void PrintTo(const PlainRow& row, std::ostream* out) { *out << row.name; }
 
 const PlainRow rows[] = {
     {"db_h", db, h, 120, 61.9, nullptr, nullptr, nullptr, db, h, 0, false},

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "engine/moistair.h"
 #include "engine/openfinders.h"
 #include "pairs.h"
@@ -65,6 +67,33 @@ TEST(NestedPairs, TheGapOfTheDewPoint) {
     EXPECT_EQ(result.resolved, row.resolved);
     EXPECT_EQ(result.iterations, 100);
   }
+}
+
+TEST(NestedPairs, ADewPointWithEnthalpyMayMissByHalfADegree) {
+  const struct {
+    const char* name;
+    Given h, dp;
+    double miss;
+  } rows[] = {
+      {"accepted", {h, 15}, {dp, 9}, 0.4767},
+      {"refused", {h, 11}, {dp, 31}, -0.5405},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    SolverFields fields;
+    const Resolution result = resolvepair(row.h, row.dp, atm, openrangefinders(), fields);
+    EXPECT_EQ(result.iterations, 100);
+    EXPECT_NEAR(fields.returned.strict() - row.dp.value, row.miss, 1e-4);
+    EXPECT_EQ(result.resolved, std::abs(row.miss) < 0.5);
+  }
+}
+
+TEST(NestedPairs, AVolumeOutOfReachMeetsNoDewPoint) {
+  // Were the search for the wet bulb kept from running above its reach too, its midpoint of 60 would do at some dry
+  // bulb.
+  const Resolution result = resolved({dp, 50}, {v, 30}, atm, {40, 100});
+  EXPECT_FALSE(result.resolved);
+  EXPECT_EQ(result.iterations, 100);
 }
 
 TEST(NestedPairs, TheGapReturnsADewPointBesideIt) {

@@ -81,6 +81,36 @@ TEST(PairTable, PublishedValues) {
   }
 }
 
+TEST(PairTable, EveryGuardIsThatOfItsOwnSearch) {
+  // Each pair is one that another guard, or none, would treat differently.
+  const struct {
+    const char* name;
+    Given first, second;
+    double atm, wb;
+    bool resolved;
+    int iterations;
+  } rows[] = {
+      {"of a humidity ratio below all wet bulbs", {db, 2}, {w, 0.0002}, atm, 60, false, 0},
+      {"of a dew point below all wet bulbs", {db, 2}, {dp, -20}, atm, 60, false, 0},
+      {"of a volume looks at the lower side only", {db, 75}, {v, 30}, atm, 120, false, 100},
+      {"of rh with w looks at the ratio, negative where water boils", {rh, 50}, {w, 0.02}, 3, 60, true, 0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const Resolution result = resolved(row.first, row.second, row.atm);
+    EXPECT_EQ(result.resolved, row.resolved);
+    EXPECT_EQ(result.iterations, row.iterations);
+    EXPECT_NEAR(result.point.wb, row.wb, 1e-9);
+  }
+}
+
+TEST(PairTable, AirOfNegativeVolumeIsRefused) {
+  const Resolution result = resolved({db, 75}, {w, 0.01}, 0.3);
+  EXPECT_GT(result.point.rh, 0);
+  EXPECT_LT(result.point.v, 0);
+  EXPECT_FALSE(result.resolved);
+}
+
 TEST(PairTable, ShownAsPrinted) {
   const StatePoint point = resolved({db, 75}, {wb, 62.5}, atm).point;
   EXPECT_EQ(showvalue(point.rh), "50.3032182");

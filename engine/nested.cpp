@@ -54,14 +54,19 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
 
   double high = fields.high.lenient();
   double low = fields.low.lenient();
-  double db = (high + low) / 2;
-  fields.candidate.set(db);
-  fields.given.set(point.*search.given);
+  double db = 0;
+  // The bracket moves to the dry bulb that was tested, as rounded in its field: where the returned property jumps, the
+  // side on which the search comes to rest depends on it.
+  const auto taketomiddle = [&] {
+    fields.candidate.set((high + low) / 2);
+    db = fields.candidate.strict();
+  };
   const auto halve = [&](bool above) {
     (above == search.rises ? high : low) = db;
-    db = (high + low) / 2;
-    fields.candidate.set(db);
+    taketomiddle();
   };
+  taketomiddle();
+  fields.given.set(point.*search.given);
 
   NestedResult result;
   double returned = 0;

@@ -180,8 +180,8 @@ bool searchdrybulb(const PlainRow& row, Sheet& sheet, PlainResult& result) {
   row.finder(sheet, fieldof(given));
   double high = sheet.high;
   double low = sheet.low;
-  double drybulb = (high + low) / 2;
-  sheet.candidate = fieldof(drybulb);
+  double drybulb = fieldof((high + low) / 2);
+  sheet.candidate = drybulb;
   sheet.given = fieldof(given);
   const auto solve = [&] {
     const double wetbulb = row.completed(sheet);
@@ -199,8 +199,8 @@ bool searchdrybulb(const PlainRow& row, Sheet& sheet, PlainResult& result) {
       } else {
         low = drybulb;
       }
-      drybulb = (high + low) / 2;
-      sheet.candidate = fieldof(drybulb);
+      drybulb = fieldof((high + low) / 2);
+      sheet.candidate = drybulb;
     }
     solve();
     if (sheet.returned < target) {
@@ -209,8 +209,8 @@ bool searchdrybulb(const PlainRow& row, Sheet& sheet, PlainResult& result) {
       } else {
         high = drybulb;
       }
-      drybulb = (high + low) / 2;
-      sheet.candidate = fieldof(drybulb);
+      drybulb = fieldof((high + low) / 2);
+      sheet.candidate = drybulb;
     }
     if (std::abs(sheet.returned - target) < row.tolerance) finished = true;
     if (result.iterations == 100) finished = true;

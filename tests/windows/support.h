@@ -5,12 +5,14 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
-#include <functional>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 #include "toolkit/listbox.h"
@@ -76,6 +78,40 @@ private:
   QMessageBox::StandardButton answer_;
   QTimer timer_;
   std::vector<Box> boxes_;
+};
+
+/// Answers the next save dialog with a path, or cancels it for an empty one.
+class SaveAnswer {
+public:
+  explicit SaveAnswer(const QString& path) : path_(path) {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
+    timer_.start(10);
+  }
+
+  const QString& title() const { return title_; }
+  const QStringList& filters() const { return filters_; }
+  const QString& offered() const { return offered_; }  ///< name that the dialog opened with
+
+private:
+  void look() {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    timer_.stop();
+    title_ = dialog->windowTitle();
+    filters_ = dialog->nameFilters();
+    auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    offered_ = name->text();
+    if (path_.isEmpty()) {
+      dialog->reject();
+    } else {
+      name->setText(path_);
+      QTest::keyClick(name, Qt::Key_Return);
+    }
+  }
+
+  QString path_, title_, offered_;
+  QStringList filters_;
+  QTimer timer_;
 };
 
 }  // namespace moistair::windowtest

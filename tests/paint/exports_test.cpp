@@ -1,0 +1,115 @@
+#include "paint/exports.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "paint/replay.h"
+
+namespace moistair {
+namespace {
+
+constexpr QSize size(300, 200);
+
+/// A line of each kind, a dot and two texts, the second at the right edge.
+Drawing sample() {
+  RecordingCanvas canvas;
+  canvas.Line(150, 1500, 3000, 1500);
+  canvas.Line(1500, 150, 1500, 2850, colors::majorline);
+  canvas.Circle(600, 600, 40, colors::pointmark);
+  canvas.MoveTo(150, 150);
+  canvas.Print("Atmos. pr=29.92126 In Hg");
+  canvas.MoveTo(4200, 2400);
+  canvas.Print("(lb/lb of air)");
+  return canvas.drawing();
+}
+
+QByteArray content(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Number of pixels in this colour within a rectangle.
+int count(const QImage& image, const QRect& part, QColor color) {
+  int pixels = 0;
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) pixels += image.pixelColor(x, y) == color ? 1 : 0;
+  }
+  return pixels;
+}
+
+TEST(Picture, HasCrispLinesAtEveryScale) {
+  for (const int scale : {1, 2, 3}) {
+    SCOPED_TRACE(scale);
+    const QImage image = drawingimage(sample(), size, scale);
+    ASSERT_EQ(image.size(), size * scale);
+    const QRect acrossthevertical(80 * scale, 150 * scale, 40 * scale, 1);
+    EXPECT_EQ(count(image, acrossthevertical, QColor(0, 0, 255)), scale);
+    const QRect acrossthehorizontal(150 * scale, 80 * scale, 1, 40 * scale);
+    EXPECT_EQ(count(image, acrossthehorizontal, Qt::black), scale);
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
+  }
+}
+
+TEST(Picture, KeepsATextAtTheRightEdgeWhole) {
+  const QImage image = drawingimage(sample(), size);
+  const int inside = count(image, QRect(210, 155, 88, 20), Qt::white);
+  EXPECT_LT(inside, 88 * 20 - 60) << "the text stands left of the edge";
+  EXPECT_EQ(count(image, QRect(299, 155, 1, 20), Qt::black), 0) << "and ends there";
+}
+
+TEST(Files, RepeatByteForByte) {
+  const QTemporaryDir folder;
+  const auto twice = [&](auto write) {
+    const QString a = folder.filePath(QStringLiteral("a"));
+    const QString b = folder.filePath(QStringLiteral("b"));
+    return write(a) && write(b) && content(a) == content(b) && !content(a).isEmpty();
+  };
+  EXPECT_TRUE(twice([](const QString& path) { return writebmp(sample(), size, 1, path); }));
+  EXPECT_TRUE(twice([](const QString& path) { return writepng(sample(), size, 2, path); }));
+  EXPECT_TRUE(twice([](const QString& path) { return writesvg(sample(), size, path); }));
+}
+
+TEST(Files, AreWhatTheyClaim) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("chart.png"));  // whatever the ending says
+  ASSERT_TRUE(writebmp(sample(), size, 1, path));
+  const QByteArray bitmap = content(path);
+  EXPECT_EQ(bitmap.left(2), "BM");
+  EXPECT_EQ(bitmap.at(28), 24) << "bits to the pixel";
+  EXPECT_EQ(QImage(path, "BMP").convertToFormat(QImage::Format_RGB32), drawingimage(sample(), size));
+
+  ASSERT_TRUE(writesvg(sample(), size, path));
+  EXPECT_TRUE(content(path).contains("<text")) << "text stays text";
+  ASSERT_TRUE(writepdf(sample(), size, path));
+  EXPECT_TRUE(content(path).startsWith("%PDF"));
+  EXPECT_TRUE(content(path).contains("/MediaBox [0 0 225.000000 150.000000]")) << "300 x 200 at 96 to the inch";
+}
+
+TEST(Files, ThatCannotBeWrittenLeaveWhatWasThere) {
+  const QTemporaryDir folder;
+  const QString nowhere = folder.filePath(QStringLiteral("gone/chart.bmp"));
+  EXPECT_FALSE(writebmp(sample(), size, 1, nowhere));
+  EXPECT_FALSE(writesvg(sample(), size, nowhere));
+  EXPECT_FALSE(writepdf(sample(), size, folder.path())) << "a folder of that name";
+  const QString path = folder.filePath(QStringLiteral("chart.bmp"));
+  ASSERT_TRUE(writebmp(sample(), size, 1, path));
+  const QByteArray before = content(path);
+  EXPECT_FALSE(writebmp(sample(), QSize(), 1, path)) << "a picture without an area";
+  EXPECT_EQ(content(path), before);
+}
+
+TEST(Paper, TakesTheWholeDrawing) {
+  QImage page(800, 600, QImage::Format_RGB32);
+  page.fill(Qt::white);
+  QPainter painter(&page);
+  paintfitted(sample(), size, painter, QRectF(0, 0, 800, 600));
+  painter.end();
+  EXPECT_GT(count(page, QRect(250, 300, 60, 1), QColor(0, 0, 255)), 1) << "the vertical, scaled with its width";
+  EXPECT_EQ(count(page, QRect(0, 0, 800, 30), Qt::black), 0) << "centred, with a band left free above";
+}
+
+}  // namespace
+}  // namespace moistair

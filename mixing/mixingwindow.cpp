@@ -157,12 +157,11 @@ void MixingWindow::makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_
   inputs.kind2 = maker.add<ListBox>(grid, controls.kind2);
   inputs.value2 = maker.add<QLineEdit>(grid, controls.value2);
   inputs.flow = maker.add<QLineEdit>(grid, controls.flow);
-  head->setBuddy(inputs.kind1);
   for (ListBox* list : {inputs.kind1, inputs.kind2}) list->fill(kindtexts);
   const QString name = QStringLiteral("Stream %1, ").arg(stream + 1);
-  nameinput(*inputs.kind1, name + QStringLiteral("first property"));
+  namelist(*inputs.kind1, name + QStringLiteral("first property"));
   nameinput(*inputs.value1, name + QStringLiteral("value of the first property"));
-  nameinput(*inputs.kind2, name + QStringLiteral("second property"));
+  namelist(*inputs.kind2, name + QStringLiteral("second property"));
   nameinput(*inputs.value2, name + QStringLiteral("value of the second property"));
   nameinput(*inputs.flow, name + QStringLiteral("air flow rate in actual cubic feet per minute"));
 }

@@ -28,8 +28,8 @@ constexpr Control psicaption{"Label6", "Pound/sq inch", "", {5, 0}, 8};
 constexpr Control psireadout{"Label9", "", "", {5, 1, 1, 2}, 11};
 constexpr Control feetcaption{"Label7", "Elevation in feet", "", {6, 0}, 9};
 constexpr Control feetreadout{"Label10", "", "", {6, 1, 1, 2}, 12};
-constexpr Control returnbutton{"Command2", "Return to chart", "", {7, 0}, 14};
-constexpr Control setbutton{"Command1", "Set/Change chart atmos. pressure", "", {7, 1, 1, 2}, 6};
+constexpr Control returnbutton{"Command2", "Return to chart", "", {8, 0}, 14};
+constexpr Control setbutton{"Command1", "Set/Change chart atmos. pressure", "", {8, 1, 1, 2}, 6};
 
 constexpr QSize usualsize{488, 348};
 constexpr int gap = 24;
@@ -51,8 +51,12 @@ PressureWindow::PressureWindow(QWidget* main)
     : Dialog(main, QStringLiteral("Form2"), QStringLiteral("Change pressure")) {
   ControlMaker maker(*this);
   auto* grid = new QGridLayout(this);
-  grid->setContentsMargins(gap, gap / 2, gap, gap / 2);
-  grid->setHorizontalSpacing(gap / 2);
+  grid->setContentsMargins(gap, 0, gap, gap);
+  grid->setSpacing(gap / 2);
+  grid->setRowMinimumHeight(0, 3 * gap);
+  grid->setRowMinimumHeight(3, 2 * gap);
+  grid->setRowMinimumHeight(7, gap);
+  grid->setRowStretch(7, 1);
   for (const int column : {0, 1}) grid->setColumnStretch(column, 1);
   maker.add<QLabel>(*grid, title)->setAlignment(Qt::AlignCenter);
   makeentry(maker, *grid);

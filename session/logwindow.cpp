@@ -31,9 +31,11 @@ void setupbox(QPlainTextEdit& box, const QString& text) {
 /// Room for so much of the text, with the frame and the scroll bar.
 QSize roomyboxsize(const QPlainTextEdit& box) {
   const QFontMetrics metrics = box.fontMetrics();
-  const int frame = 2 * (box.frameWidth() + static_cast<int>(box.document()->documentMargin()));
-  const int width = metrics.horizontalAdvance(QString(showncolumns, u'0'));
-  return {width + box.verticalScrollBar()->sizeHint().width() + frame, shownlines * metrics.lineSpacing() + frame};
+  const int frame = 2 * box.frameWidth();
+  const int margin = static_cast<int>(box.document()->documentMargin());
+  const int width = metrics.horizontalAdvance(QString(showncolumns, u'0')) + 2 * margin;
+  const int height = shownlines * metrics.lineSpacing() + margin;  // no more, or half a line shows
+  return {width + box.verticalScrollBar()->sizeHint().width() + frame, height + frame};
 }
 
 }  // namespace

@@ -391,6 +391,12 @@ void MainWindow::quitprogram() {
   Q_EMIT ended();
 }
 
+/// A click on this window while a dialog keeps the user out would take the keys from the dialog.
+bool MainWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && dialog_) dialog_->activateWindow();
+  return QMainWindow::event(event);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   if (!dialog_) quitprogram();

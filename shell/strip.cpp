@@ -61,14 +61,6 @@ constexpr const Control& row(const char* name) {
   return table.back();
 }
 
-/// A list without a caption of its own still has a name for a screen reader, which takes it from a label.
-void nameunlabelled(ListBox& list, const QString& name) {
-  auto* label = new QLabel(name, list.parentWidget());
-  label->setBuddy(&list);
-  label->hide();
-  list.setAccessibleName(name);
-}
-
 QLabel* captionfor(ControlMaker& make, QGridLayout& grid, const char* name, QWidget& input) {
   auto* label = make.add<QLabel>(grid, row(name));
   label->setBuddy(&input);
@@ -115,8 +107,8 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
   locatebutton = button("Command14");
   firstkind = make.add<ListBox>(grid, row("Combo1"));
   secondkind = make.add<ListBox>(grid, row("Combo2"));
-  nameunlabelled(*firstkind, tr("First property"));
-  nameunlabelled(*secondkind, tr("Second property"));
+  namelist(*firstkind, tr("First property"));
+  namelist(*secondkind, tr("Second property"));
   firstvalue = box("Text4");
   secondvalue = box("Text5");
   nameinput(*firstvalue, tr("Value of the first property"));

@@ -26,6 +26,13 @@ void ControlMaker::settaborder() {
 
 void nameinput(QWidget& input, const QString& name) { input.setAccessibleName(name); }
 
+void namelist(QWidget& list, const QString& name) {
+  auto* label = new QLabel(name, list.parentWidget());
+  label->setBuddy(&list);
+  label->hide();
+  nameinput(list, name);
+}
+
 void makereadout(QLabel& label) {
   label.setTextFormat(Qt::PlainText);
   label.setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -62,6 +62,9 @@ private:
 /// Gives an input its name for a screen reader.
 void nameinput(QWidget& input, const QString& name);
 
+/// Gives a list without a caption of its own its name: a screen reader takes that from a label, here a hidden one.
+void namelist(QWidget& list, const QString& name);
+
 /// Makes a label a read-out: its value can be selected and copied, and a screen reader reads the value itself.
 void makereadout(QLabel& label);
 

@@ -1,0 +1,180 @@
+#include "cli/batchrows.h"
+
+#include <algorithm>
+#include <variant>
+
+#include "cli/fault.h"
+#include "cli/numberformat.h"
+#include "cli/properties.h"
+#include "engine/value.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr std::string_view byteordermark = "\xEF\xBB\xBF";
+
+std::string_view trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+void take(std::optional<std::size_t>& place, std::size_t column, const std::string& name) {
+  if (place) throw badusage("the first line names the column " + name + " twice");
+  place = column;
+}
+
+/// What a row gives, or why that is not enough.
+struct GivenRow {
+  GivenPair pair;
+  double atm;
+};
+using RowOrReason = std::variant<GivenRow, std::string>;
+
+/// A row's fields by column, with the quotes gone.
+class Cells {
+public:
+  explicit Cells(const CsvRecord& record) : record_(record) {}
+
+  /// Empty for a column that is not there; good until the next call.
+  std::string_view at(std::optional<std::size_t> column) {
+    return column ? trimmed(fieldtext(record_.fields[*column], scratch_)) : std::string_view();
+  }
+
+private:
+  const CsvRecord& record_;
+  std::string scratch_;
+};
+
+/// The pressure of a row: its own, or that of all.
+PressureOrReason pressureofrow(Cells& cells, const BatchPlan& plan) {
+  PressureOrReason pressure = plan.atm;
+  bool given = false;
+  for (std::size_t i = 0; i < pressurenames.size(); ++i) {
+    const std::string_view cell = cells.at(plan.columns.pressures[i]);
+    if (cell.empty()) continue;
+    if (given) return "the pressure is given twice";
+    given = true;
+    pressure = pressureof(pressurenames[i], cell);
+  }
+  return pressure;
+}
+
+RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
+  if (record.quoteopen) return "a quote was left open";
+  if (record.fields.size() != plan.columns.count) {
+    return std::to_string(record.fields.size()) + " fields where there are " + std::to_string(plan.columns.count) +
+           " columns";
+  }
+  Cells cells(record);
+  std::array<Given, kindcount> given{};
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < kindcount; ++i) {
+    const std::string_view cell = cells.at(plan.columns.kinds[i]);
+    if (cell.empty()) continue;
+    const double value = strictnumber(cell);
+    if (!hasvalue(value)) return std::string(kindnames[i]) + " is no number";
+    given[count++] = {static_cast<PropertyKind>(i), value};
+  }
+  if (count != 2) {
+    return std::to_string(count) + " of " + kindnamelist + " are filled where a state takes two";
+  }
+  const GivenPair pair{given[0], given[1]};
+  if (pair.first.kind == PropertyKind::w && pair.second.kind == PropertyKind::dp) {
+    return "w and dp say the same thing and fix no state";
+  }
+  const auto pressure = pressureofrow(cells, plan);
+  if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
+  return GivenRow{pair, std::get<double>(pressure)};
+}
+
+/// The record as it was read, brought to the table's number of columns.
+void appendrecord(std::string& out, const CsvRecord& record, std::size_t columns) {
+  const std::size_t fields = record.fields.size();
+  if (fields > columns) {
+    const std::string_view last = record.fields[columns - 1];
+    out.append(record.raw.data(), last.data() + last.size());
+    return;
+  }
+  out += record.raw;
+  if (record.quoteopen) out += '"';
+  out.append(columns - fields, ',');
+}
+
+void appendstate(std::string& out, const StatePoint& point, bool full) {
+  for (const StateColumn& column : statecolumns) {
+    out += ',';
+    (full ? appendroundtrip : appendsevendecimals)(out, point.*column.value);
+  }
+}
+
+/// The reason why a row has no state, empty if it has one.
+std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan) {
+  appendrecord(out, record, plan.columns.count);
+  RowOrReason row = givenrow(record, plan);
+  if (auto* reason = std::get_if<std::string>(&row)) return std::move(*reason);
+  const auto& [pair, atm] = std::get<GivenRow>(row);
+  const Resolution resolution = resolve(pair, atm, *plan.finders);
+  if (!resolution.resolved) return whynot(pair, resolution);
+  appendstate(out, resolution.point, plan.full);
+  return {};
+}
+
+}  // namespace
+
+BatchColumns columnsof(const CsvRecord& header, const std::string& filename) {
+  if (header.quoteopen) throw badusage(filename + ": the first line leaves a quote open");
+  if (header.raw.find('\0') != std::string_view::npos) {
+    throw badusage(filename + ": the first line holds zero bytes, so this is no table in UTF-8");
+  }
+  BatchColumns columns;
+  columns.count = header.fields.size();
+  std::string scratch;
+  for (std::size_t i = 0; i < columns.count; ++i) {
+    std::string_view field = header.fields[i];
+    if (i == 0 && field.starts_with(byteordermark)) field.remove_prefix(byteordermark.size());
+    const std::string name(trimmed(fieldtext(field, scratch)));
+    if (const auto kind = kindnamed(name)) take(columns.kinds[static_cast<std::size_t>(*kind)], i, name);
+    for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
+      if (name == pressurenames[unit].name) take(columns.pressures[unit], i, name);
+    }
+  }
+  const auto named = std::count_if(columns.kinds.begin(), columns.kinds.end(), [](const auto& c) { return !!c; });
+  if (named < 2) {
+    throw badusage(filename + ": the first line must name the columns, separated by commas, two of " + kindnamelist +
+                   " among them");
+  }
+  return columns;
+}
+
+std::string headerline(const CsvRecord& header, std::string_view lineend) {
+  std::string out(header.raw);
+  for (const StateColumn& column : statecolumns) {
+    out += ",out_";
+    out += column.name;
+  }
+  out += ",status";
+  out += lineend;
+  return out;
+}
+
+BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
+  BatchResult result;
+  CsvRecord record;
+  while (takerecord(block, record)) {
+    if (record.blank()) continue;
+    ++result.rows;
+    const std::string reason = appendrow(result.text, record, plan);
+    if (!reason.empty()) {
+      ++result.failed;
+      result.text.append(statecolumns.size(), ',');
+    }
+    result.text += ',';
+    appendfield(result.text, reason.empty() ? "ok" : reason);
+    result.text += plan.lineend;
+  }
+  return result;
+}
+
+}  // namespace moistair

@@ -1,0 +1,56 @@
+/// \file
+/// The rows of a batch: a table with two properties filled in each row becomes the same table with the whole state
+/// behind.
+///
+/// The first record names the columns. Those named db wb rh w h dp v hold what is given, those named inhg, psi or
+/// elevation a pressure for their row alone, all others are passed through as they are. Every row stands for itself:
+/// which two properties it fills is its own affair, and nothing that an earlier row left can change it. So blocks of
+/// rows may be worked on in any order and on any thread.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "cli/csv.h"
+#include "cli/pressureoption.h"
+#include "engine/resolver.h"
+
+namespace moistair {
+
+/// Where the columns are that the tool reads.
+struct BatchColumns {
+  std::size_t count = 0;  ///< of all columns
+  std::array<std::optional<std::size_t>, kindcount> kinds;
+  std::array<std::optional<std::size_t>, pressurenames.size()> pressures;
+};
+
+/// What is the same for all rows.
+struct BatchPlan {
+  BatchColumns columns;
+  std::string_view lineend = "\n";        ///< that of the first record
+  double atm = defaultpressure;           ///< [in Hg], where a row gives none
+  const RangeFinders* finders = nullptr;  ///< never changed, used from several threads
+  bool full = false;                      ///< round-trip numbers instead of seven decimals
+};
+
+/// Rows with their states, as text to be written.
+struct BatchResult {
+  std::string text;
+  std::size_t rows = 0;
+  std::size_t failed = 0;
+};
+
+/// Finds the columns in the first record of a file. Bad usage for names that stand twice, for fewer than two properties
+/// and for what is no table.
+BatchColumns columnsof(const CsvRecord& header, const std::string& filename);
+
+/// The names of the columns: those of the input, the state's with "out_" before them, and "status".
+std::string headerline(const CsvRecord& header, std::string_view lineend);
+
+/// Resolves a block of whole records. Blank lines are left out. A row that fails has an empty state and its reason in
+/// place of "ok"; one with too few fields is filled up and one with too many is cut, so that the columns stay columns.
+BatchResult resolverows(std::string_view block, const BatchPlan& plan);
+
+}  // namespace moistair

@@ -1,0 +1,15 @@
+/// \file
+/// The commands of the headless tool. Each adds itself with its options to the command line; a command that was given
+/// runs while the line is parsed, and throws a `Fault` if it cannot do what it was asked.
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace moistair {
+
+void addstatecommand(CLI::App& app);  ///< the whole state of one point
+void addbatchcommand(CLI::App& app);  ///< a state for every row of a table
+
+}  // namespace moistair

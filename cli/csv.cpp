@@ -1,0 +1,142 @@
+#include "cli/csv.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "cli/fault.h"
+#include "cli/stream.h"
+
+namespace moistair {
+
+bool RecordScanner::advance(char c) {
+  switch (place_) {
+    case Place::quoted:
+      if (c == '"') place_ = Place::quoteinquoted;
+      return false;
+    case Place::quoteinquoted:
+    case Place::fieldstart:
+      if (c == '"') {
+        place_ = Place::quoted;
+        return false;
+      }
+      break;
+    case Place::plain: break;
+  }
+  place_ = c == ',' || c == '\n' ? Place::fieldstart : Place::plain;
+  return c == '\n';
+}
+
+std::size_t RecordScanner::lastend(std::string_view text) {
+  if (text.empty()) return 0;
+  const bool inquotes = place_ == Place::quoted || place_ == Place::quoteinquoted;
+  if (!inquotes && text.find('"') == std::string_view::npos) {
+    advance(text.back());
+    const std::size_t end = text.rfind('\n');
+    return end == std::string_view::npos ? 0 : end + 1;
+  }
+  std::size_t last = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (advance(text[i])) last = i + 1;
+  }
+  return last;
+}
+
+std::optional<std::string> BlockReader::next() {
+  while (!ended_) {
+    const std::size_t known = pending_.size();
+    ended_ = !input_.read(pending_, readsize);
+    const std::size_t end = scanner_.lastend(std::string_view(pending_).substr(known));
+    if (end == 0) {
+      if (pending_.size() <= longestrecord) continue;
+      throw failure(input_.name() + ", line " + std::to_string(line_) +
+                    ": more than 8 MB without the end of a row; a quote may have been left open");
+    }
+    std::string block = std::move(pending_);
+    pending_ = block.substr(known + end);
+    block.resize(known + end);
+    line_ += static_cast<std::size_t>(std::count(block.begin(), block.end(), '\n'));
+    return block;
+  }
+  if (pending_.empty()) return std::nullopt;
+  return std::exchange(pending_, {});
+}
+
+namespace {
+
+/// Where the field that begins at `from` ends: at a comma, at a line end or at the end of the text.
+std::size_t fieldend(std::string_view text, std::size_t from, bool& quoteopen) {
+  std::size_t at = from;
+  if (at < text.size() && text[at] == '"') {
+    do {
+      at = text.find('"', at + 1);
+      if (at == std::string_view::npos) {
+        quoteopen = true;
+        return text.size();
+      }
+      ++at;
+    } while (at < text.size() && text[at] == '"');
+  }
+  while (at < text.size() && text[at] != ',' && text[at] != '\n') ++at;
+  return at;
+}
+
+}  // namespace
+
+bool takerecord(std::string_view& text, CsvRecord& record) {
+  if (text.empty()) return false;
+  record.fields.clear();
+  record.quoteopen = false;
+  std::size_t begin = 0;
+  std::size_t end = 0;
+  for (;;) {
+    end = fieldend(text, begin, record.quoteopen);
+    record.fields.push_back(text.substr(begin, end - begin));
+    if (end == text.size() || text[end] == '\n') break;
+    begin = end + 1;
+  }
+  const std::size_t next = std::min(end + 1, text.size());
+  const bool carriagereturn = end > 0 && text[end - 1] == '\r' && !record.quoteopen;
+  if (carriagereturn) {
+    --end;
+    record.fields.back().remove_suffix(1);
+  }
+  record.raw = text.substr(0, end);
+  record.lineend = text.substr(end, next - end);
+  text.remove_prefix(next);
+  return true;
+}
+
+std::string_view fieldtext(std::string_view field, std::string& scratch) {
+  if (!field.starts_with('"')) return field;
+  const std::string_view inside = field.substr(1);
+  const std::size_t quote = inside.find('"');
+  if (quote == std::string_view::npos || quote + 1 == inside.size()) return inside.substr(0, quote);
+  scratch.clear();
+  bool quoted = true;
+  for (std::size_t i = 0; i < inside.size(); ++i) {
+    const bool closing = quoted && inside[i] == '"';
+    if (closing && i + 1 < inside.size() && inside[i + 1] == '"') {
+      scratch += inside[++i];
+    } else if (closing) {
+      quoted = false;
+    } else {
+      scratch += inside[i];
+    }
+  }
+  return scratch;
+}
+
+void appendfield(std::string& out, std::string_view text) {
+  if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
+    out += text;
+    return;
+  }
+  out += '"';
+  for (const char c : text) {
+    if (c == '"') out += '"';
+    out += c;
+  }
+  out += '"';
+}
+
+}  // namespace moistair

@@ -1,0 +1,74 @@
+/// \file
+/// Tables as comma-separated values (RFC 4180), read in constant memory and without losing a byte.
+///
+/// Fields are separated by commas, records by line ends; a field that begins with a quote may hold both, and a doubled
+/// quote stands for one. Beyond the standard, a quote inside an unquoted field is an ordinary character, and what
+/// follows a closing quote belongs to its field. Records are cut out first, in blocks of whole records, and taken apart
+/// later, which may happen on another thread.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace moistair {
+
+class Input;
+
+/// Finds where records end, byte by byte, over any number of blocks.
+class RecordScanner {
+public:
+  /// One past the last line end of the text that is no part of a quoted field; 0 if there is none.
+  std::size_t lastend(std::string_view text);
+
+private:
+  enum class Place { fieldstart, plain, quoted, quoteinquoted };
+  Place place_ = Place::fieldstart;
+
+  bool advance(char c);
+};
+
+/// Cuts an input into blocks of whole records.
+class BlockReader {
+public:
+  /// As long as a record may be [bytes]; beyond it a quote was most likely left open.
+  static constexpr std::size_t longestrecord = 8u << 20;
+
+  explicit BlockReader(Input& input) : input_(input) {}
+
+  /// The next records as soon as they have come in; none at the end. The last one may lack its line end. A failure for
+  /// a record that is too long.
+  std::optional<std::string> next();
+
+private:
+  static constexpr std::size_t readsize = 16u << 10;
+
+  Input& input_;
+  RecordScanner scanner_;
+  std::string pending_;  ///< read and not yet handed out, without a record end
+  std::size_t line_ = 1;
+  bool ended_ = false;
+};
+
+/// One record, taken apart. The views are into the text it was read from.
+struct CsvRecord {
+  std::string_view raw;                  ///< as read, without its line end
+  std::vector<std::string_view> fields;  ///< each as read, with its quotes
+  std::string_view lineend;              ///< "\n", "\r\n", or empty at the end of the input
+  bool quoteopen = false;                ///< the input ended within a quoted field
+
+  bool blank() const { return raw.empty(); }
+};
+
+/// Takes the first record off the text; false if nothing is left.
+bool takerecord(std::string_view& text, CsvRecord& record);
+
+/// What a field says, without its quotes. `scratch` holds the text where a doubled quote had to go.
+std::string_view fieldtext(std::string_view field, std::string& scratch);
+
+/// Appends a field, in quotes where it needs them.
+void appendfield(std::string& out, std::string_view text);
+
+}  // namespace moistair

@@ -1,0 +1,33 @@
+#include "cli/format.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+
+#include "engine/numbertext.h"
+
+namespace moistair {
+
+void addformat(CLI::App& command, Format& format) {
+  static const std::map<std::string, Format> names = {
+      {"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
+  const auto choose = [&format](const std::string& name) { format = names.at(name); };
+  command.add_option_function<std::string>("--format", choose, "text, json or csv; text if not given")
+      ->check(CLI::IsMember({"text", "json", "csv"}))
+      ->type_name("FORMAT");
+}
+
+std::string shown(double number) { return number == -1 ? "-1.0000000" : showvalue(number); }
+
+void appendaligned(std::string& out, const std::string& text, std::size_t column) {
+  const std::size_t before = std::min(text.find('.'), text.size());
+  out.append(column > before ? column - before : 1, ' ');
+  out += text;
+}
+
+void appendpadded(std::string& out, const std::string& text, std::size_t width) {
+  out += text;
+  if (text.size() < width) out.append(width - text.size(), ' ');
+}
+
+}  // namespace moistair

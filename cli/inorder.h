@@ -1,0 +1,26 @@
+/// \file
+/// Work on several threads whose results come out in the order in which the work went in.
+///
+/// One thread reads, some work, one writes; between them stand at most a few pieces for each worker, so that memory
+/// stays the same however much there is to do. A failure on any side stops all of them.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "cli/batchrows.h"
+
+namespace moistair {
+
+struct BatchSteps {
+  std::function<std::optional<std::string>()> read;           ///< the next piece, none at the end
+  std::function<BatchResult(const std::string& block)> work;  ///< called from several threads at once
+  std::function<void(const BatchResult&)> write;              ///< in the order of reading
+};
+
+/// Runs until all is read and written, with so many threads for the work; with one, all happens on the thread of the
+/// caller. Throws what a step threw.
+void runinorder(const BatchSteps& steps, unsigned jobs);
+
+}  // namespace moistair

@@ -1,0 +1,45 @@
+/// \file
+/// The limits of a chart: "0,120,0,0.030" for the dry bulbs [deg F] and the humidity ratios [lb/lb] that it shows.
+#pragma once
+
+#include <string>
+
+#include "chart/chartframe.h"
+#include "engine/resolver.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace moistair {
+
+/// Twips to the pixel.
+inline constexpr float pixeltwips = 15;
+
+/// The window that a chart is drawn for if no size is given [pixels].
+inline constexpr int defaultwidth = 1366;
+inline constexpr int defaultheight = 768;
+
+struct LimitsOption {
+  std::string text;
+  CLI::Option* option = nullptr;
+};
+
+/// Adds --limits.
+void addlimits(CLI::App& command, LimitsOption& option, const std::string& description);
+
+/// The four texts; all that there is, from 0 to 120 and from 0 to 0.030, if none were given. Bad usage for limits that
+/// no chart can be drawn with.
+LimitTexts limitsof(const LimitsOption& option);
+
+/// The plot of a chart with valid limits.
+PlotArea plotarea(const LimitTexts& texts, const WindowSize& window);
+
+/// Range finders that keep to a plot, as in the main window. They know nothing else and may be called from any thread.
+RangeFinders findersof(const PlotArea& area);
+
+/// Range finders that know no chart, or those of the default window's chart if limits were given.
+RangeFinders findersof(const LimitsOption& option);
+
+}  // namespace moistair

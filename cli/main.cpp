@@ -1,0 +1,88 @@
+/// \file
+/// The headless tool: the calculations of the program on the command line, for scripts and tables.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "cli/command.h"
+#include "cli/fault.h"
+
+namespace moistair {
+
+namespace {
+
+/// One line on standard error, whatever was typed that it repeats.
+int ended(ExitCode code, std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
+  std::cerr << "moistair-cli: " << text << std::endl;
+  return static_cast<int>(code);
+}
+
+/// Occupies those of the standard three that are closed, so that no file opened later is taken for one of them.
+void holdstandard() {
+  for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(number, F_GETFD) < 0) ::open("/dev/null", number == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
+
+/// Bad usage for a first word that is no command; the parser would only say that one is missing.
+void checkcommand(const CLI::App& app, int argc, char** argv) {
+  if (argc < 2 || argv[1][0] == '-') return;
+  const auto named = [&](const CLI::App* command) { return command->get_name() == argv[1]; };
+  if (!app.get_subcommands(named).empty()) return;
+  throw badusage("\"" + std::string(argv[1]) + "\" is no command (see moistair-cli --help)");
+}
+
+/// What CLI11 prints for --help and --version.
+int printed(const CLI::App& app, const CLI::ParseError& request) {
+  app.exit(request);
+  std::cout.flush();
+  return std::cout ? static_cast<int>(ExitCode::success)
+                   : ended(ExitCode::failure, "standard output cannot be written");
+}
+
+int run(int argc, char** argv) {
+  CLI::App app("Moist-air states, tables, mixtures and charts in English units", "moistair-cli");
+  app.require_subcommand(1);
+  addstatecommand(app);
+  addbatchcommand(app);
+  const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;
+  app.set_version_flag("--version", version, "Print the version and exit");
+  for (CLI::App* command : app.get_subcommands({})) {
+    command->set_version_flag("--version", version, "Print the version and exit");
+  }
+  checkcommand(app, argc, argv);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& request) {
+    return printed(app, request);
+  } catch (const CLI::ParseError& error) {
+    return ended(ExitCode::badusage, std::string(error.what()) + " (see moistair-cli --help)");
+  }
+  return static_cast<int>(ExitCode::success);
+}
+
+}  // namespace
+
+}  // namespace moistair
+
+int main(int argc, char** argv) {
+  moistair::holdstandard();
+  // A closed pipe and a file that may grow no further are errors of the write, to be told as such.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  try {
+    return moistair::run(argc, argv);
+  } catch (const moistair::Fault& fault) {
+    return moistair::ended(fault.code(), fault.what());
+  } catch (const std::exception& error) {
+    return moistair::ended(moistair::ExitCode::failure, error.what());
+  }
+}

@@ -1,0 +1,61 @@
+/// \file
+/// The atmospheric pressure of a command: in inches of mercury, in pounds per square inch or as a site elevation in
+/// feet, each within the range of the pressure window. What is calculated with is in inches of mercury.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "engine/moistair.h"
+#include "pressure/pressureunits.h"
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace moistair {
+
+/// A unit that can be given: its option without dashes, which is its column's name too, and its index in the list of
+/// the pressure window.
+struct PressureName {
+  const char* name;
+  int unit;
+  const char* description;
+};
+
+inline constexpr std::array<PressureName, 3> pressurenames = {{
+    {"inhg", 1, "atmospheric pressure in inches of mercury"},
+    {"psi", 2, "atmospheric pressure in pounds/sq inch"},
+    {"elevation", 3, "site elevation in feet"},
+}};
+
+/// Pressure [in Hg], or why a text gives none.
+using PressureOrReason = std::variant<double, std::string>;
+
+PressureOrReason pressureof(const PressureName& name, std::string_view text);
+
+/// A pressure as it was given, and what is calculated with.
+struct Pressure {
+  int unit = defaultunit;
+  std::string entered = defaultpressuretext;
+  double atm = defaultpressure;  ///< [in Hg]
+
+  std::string mode() const { return std::to_string(unit); }  ///< as the chart's header and the captions take it
+};
+
+/// The options as typed.
+struct PressureOption {
+  std::array<std::string, pressurenames.size()> texts;
+  std::array<CLI::Option*, pressurenames.size()> options{};
+};
+
+/// Adds --inhg, --psi and --elevation, of which a command line may have one.
+void addpressure(CLI::App& command, PressureOption& option);
+
+/// Bad usage for a text that is no number and for a value outside the range of its unit.
+Pressure pressureof(const PressureOption& option);
+
+}  // namespace moistair

@@ -1,0 +1,73 @@
+/// \file
+/// Properties by the names that the command line and the columns of a table give them: db wb rh w h dp v.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/resolver.h"
+
+namespace moistair {
+
+inline constexpr std::array<const char*, kindcount> kindnames = {"db", "wb", "rh", "w", "h", "dp", "v"};
+inline constexpr const char* kindnamelist = "db wb rh w h dp v";
+
+/// One property of a whole state by its name.
+struct StateColumn {
+  const char* name;
+  double StatePoint::*value;
+};
+
+/// All of a state, the vapour pressure behind the seven kinds.
+inline constexpr std::array<StateColumn, kindcount + 1> statecolumns = {{
+    {"db", &StatePoint::db},
+    {"wb", &StatePoint::wb},
+    {"rh", &StatePoint::rh},
+    {"w", &StatePoint::w},
+    {"h", &StatePoint::h},
+    {"dp", &StatePoint::dp},
+    {"v", &StatePoint::v},
+    {"pv", &StatePoint::pv},
+}};
+
+/// The words and the unit that the point report has for it.
+const char* captionof(const StateColumn& column);
+
+std::optional<PropertyKind> kindnamed(std::string_view name);
+const char* nameof(PropertyKind kind);
+
+/// "NAME=TEXT" as typed; both sides may be anything.
+struct Assignment {
+  std::string name, text;
+};
+
+/// Reads "db=75"; bad usage without an equals sign.
+Assignment assignmentof(std::string_view argument);
+
+/// Reads "db=75,wb=62.5,flow=1000"; bad usage for a part without an equals sign and for a name that stands twice.
+std::vector<Assignment> assignmentsof(std::string_view argument);
+
+/// The texts between the separators, none of them left out.
+std::vector<std::string_view> splitat(std::string_view text, char separator);
+
+/// The number that the whole text is; bad usage, in words that begin with `what`, if it is none.
+double numberof(std::string_view text, std::string_view what);
+
+struct GivenPair {
+  Given first, second;
+};
+
+/// Two different kinds with their values. Bad usage for an unknown name, a text that is no number, not exactly two of
+/// them, and for humidity ratio with dew point, which say the same thing.
+GivenPair pairof(const std::vector<Assignment>& assignments);
+
+/// Resolves a pair from scratch, so that no other pair resolved before can change the result.
+Resolution resolve(const GivenPair& pair, double atm, const RangeFinders& finders);
+
+/// Why a pair was not resolved: a text without commas and quotes.
+std::string whynot(const GivenPair& pair, const Resolution& resolution);
+
+}  // namespace moistair

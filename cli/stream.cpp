@@ -1,0 +1,94 @@
+#include "cli/stream.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "cli/fault.h"
+
+namespace moistair {
+
+namespace {
+
+bool isstandard(const std::string& path) { return path.empty() || path == "-"; }
+
+std::string because() { return std::string(": ") + std::strerror(errno); }
+
+int opened(const std::string& path, int flags) {
+  const int number = ::open(path.c_str(), flags | O_CLOEXEC, 0666);
+  if (number < 0) throw badusage(path + because());
+  return number;
+}
+
+/// Whether a file to write is the one that is read; pipes and terminals may be shared.
+bool samefile(const struct stat& written, const Input& reading) {
+  struct stat read;
+  return ::fstat(reading.descriptor(), &read) == 0 && S_ISREG(read.st_mode) && read.st_dev == written.st_dev &&
+         read.st_ino == written.st_ino;
+}
+
+int openedforwriting(const std::string& path, const Input* reading) {
+  const bool standard = isstandard(path);
+  struct stat written;
+  const bool exists = (standard ? ::fstat(STDOUT_FILENO, &written) : ::stat(path.c_str(), &written)) == 0;
+  if (reading != nullptr && exists && samefile(written, *reading)) {
+    throw badusage(reading->name() + " is read and cannot be written at the same time");
+  }
+  return standard ? STDOUT_FILENO : opened(path, O_WRONLY | O_CREAT | O_TRUNC);
+}
+
+}  // namespace
+
+Descriptor::~Descriptor() {
+  if (number_ > STDERR_FILENO) ::close(number_);
+}
+
+int Descriptor::release() { return std::exchange(number_, -1); }
+
+Input::Input(const std::string& path)
+    : name_(isstandard(path) ? "standard input" : path),
+      descriptor_(isstandard(path) ? STDIN_FILENO : opened(path, O_RDONLY)) {}
+
+bool Input::read(std::string& to, std::size_t size) {
+  const std::size_t before = to.size();
+  to.resize(before + size);
+  ssize_t got;
+  do {
+    got = ::read(descriptor_.number(), to.data() + before, size);
+  } while (got < 0 && errno == EINTR);
+  if (got < 0) throw failure(name_ + " cannot be read" + because());
+  to.resize(before + static_cast<std::size_t>(got));
+  return got > 0;
+}
+
+Output::Output(const std::string& path, const Input* reading)
+    : name_(isstandard(path) ? "standard output" : path), descriptor_(openedforwriting(path, reading)) {}
+
+void Output::write(std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(descriptor_.number(), text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0 && errno == EPIPE) throw failure(name_ + " was closed by its reader before all was written");
+    if (written < 0) throw failure(name_ + " cannot be written" + because());
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+void Output::close() {
+  const int number = descriptor_.release();
+  if (number > STDERR_FILENO && ::close(number) != 0) throw failure(name_ + " cannot be written" + because());
+}
+
+bool Output::isterminal() const { return ::isatty(descriptor_.number()) == 1; }
+
+void writeresult(std::string_view text) {
+  Output out("");
+  out.write(text);
+  out.close();
+}
+
+}  // namespace moistair

@@ -1,0 +1,68 @@
+/// \file
+/// Bytes in and out of the headless tool.
+///
+/// Unbuffered on purpose: the commands hand over whole blocks, and every failure of the system (a full disk, a reader
+/// that closed the pipe) is seen at once and becomes a `Fault` that names the file. `main` ignores SIGPIPE, or a closed
+/// pipe would end the process before it could say so.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace moistair {
+
+/// A file descriptor, closed with its owner unless it is one of the standard three.
+class Descriptor {
+public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  Descriptor(Descriptor&& other) noexcept : number_(other.release()) {}
+  Descriptor& operator=(Descriptor&&) = delete;
+  ~Descriptor();
+
+  int number() const { return number_; }
+  int release();
+
+private:
+  int number_;
+};
+
+class Input {
+public:
+  /// Standard input for an empty path and for "-". Bad usage for a file that cannot be opened.
+  explicit Input(const std::string& path);
+
+  /// Appends what can be read at once, at most `size` bytes; false at the end.
+  bool read(std::string& to, std::size_t size);
+
+  const std::string& name() const { return name_; }
+  int descriptor() const { return descriptor_.number(); }
+
+private:
+  std::string name_;
+  Descriptor descriptor_;
+};
+
+class Output {
+public:
+  /// Standard output for an empty path and for "-"; a file is made anew. It may not be the one that is being read: bad
+  /// usage, as for a file that cannot be opened.
+  explicit Output(const std::string& path, const Input* reading = nullptr);
+
+  void write(std::string_view text);
+  /// The last chance to hear of a failure; writes nothing.
+  void close();
+
+  bool isterminal() const;
+
+private:
+  std::string name_;
+  Descriptor descriptor_;
+};
+
+/// The whole of a short result to standard output.
+void writeresult(std::string_view text);
+
+}  // namespace moistair

@@ -11,5 +11,6 @@ namespace moistair {
 
 void addstatecommand(CLI::App& app);  ///< the whole state of one point
 void addbatchcommand(CLI::App& app);  ///< a state for every row of a table
+void addmixcommand(CLI::App& app);    ///< two streams and their mixture
 
 }  // namespace moistair

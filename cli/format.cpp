@@ -30,4 +30,9 @@ void appendpadded(std::string& out, const std::string& text, std::size_t width) 
   if (text.size() < width) out.append(width - text.size(), ' ');
 }
 
+void appendtrimmed(std::string& out, const std::string& line) {
+  out.append(line, 0, line.find_last_not_of(' ') + 1);
+  out += '\n';
+}
+
 }  // namespace moistair

@@ -25,4 +25,7 @@ void appendaligned(std::string& out, const std::string& text, std::size_t column
 /// Appends a text and blanks behind it, up to so many characters.
 void appendpadded(std::string& out, const std::string& text, std::size_t width);
 
+/// Appends a line without the blanks at its end.
+void appendtrimmed(std::string& out, const std::string& line);
+
 }  // namespace moistair

@@ -53,6 +53,7 @@ int run(int argc, char** argv) {
   app.require_subcommand(1);
   addstatecommand(app);
   addbatchcommand(app);
+  addmixcommand(app);
   const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;
   app.set_version_flag("--version", version, "Print the version and exit");
   for (CLI::App* command : app.get_subcommands({})) {

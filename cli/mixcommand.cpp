@@ -1,0 +1,119 @@
+/// \file
+/// `moistair-cli mix --stream1 ... --stream2 ...`: the three columns of the mixing window.
+#include <CLI/CLI.hpp>
+#include <array>
+#include <memory>
+#include <string>
+
+#include "cli/command.h"
+#include "cli/format.h"
+#include "cli/mixoptions.h"
+#include "cli/numberformat.h"
+#include "cli/stream.h"
+
+namespace moistair {
+
+namespace {
+
+struct MixOptions {
+  std::array<std::string, 2> streams;
+  PressureOption pressure;
+  Format format = Format::text;
+};
+
+/// Names of the rows that the window shows, for programs.
+constexpr std::array<const char*, shownreadouts> rownames = {"flow", "pressure", "db", "wb", "rh",
+                                                             "h",    "v",        "w",  "dp", "pv"};
+
+constexpr std::array<const char*, 3> columnnames = {"stream1", "stream2", "mixed"};
+
+using Columns = std::array<const AirStream*, 3>;
+
+Columns columnsof(const MixingProblem& problem) { return {&problem.streams[0], &problem.streams[1], &problem.mixed}; }
+
+std::string astable(const MixingProblem& problem) {
+  constexpr std::size_t captionwidth = 30;
+  constexpr std::size_t columnwidth = 18;
+  constexpr std::size_t pointcolumn = 6;
+  std::string out;
+  std::string line(captionwidth, ' ');
+  for (const char* head : columnheads) appendpadded(line, std::string("    ") + head, columnwidth);
+  appendtrimmed(out, line);
+  for (std::size_t row = 0; row < shownreadouts; ++row) {
+    line.clear();
+    appendpadded(line, captionof(readoutrows[row], problem), captionwidth);
+    for (const AirStream* column : columnsof(problem)) {
+      std::string cell;
+      appendaligned(cell, column->*readoutrows[row].text, pointcolumn);
+      appendpadded(line, cell, columnwidth);
+    }
+    appendtrimmed(out, line);
+  }
+  return out;
+}
+
+/// A read-out as a number; nothing for a blank one.
+void appendnumber(std::string& out, const std::string& readout, void (*append)(std::string&, double)) {
+  if (!readout.empty()) append(out, lenientnumber(readout));
+}
+
+std::string asjson(const MixingProblem& problem) {
+  std::string out;
+  const Columns columns = columnsof(problem);
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    out += column == 0 ? "{" : ",";
+    out += std::string("\"") + columnnames[column] + "\":";
+    for (std::size_t row = 0; row < shownreadouts; ++row) {
+      std::string value;
+      appendnumber(value, columns[column]->*readoutrows[row].text, appendroundtrip);
+      out += std::string(row == 0 ? "{\"" : ",\"") + rownames[row] + "\":" + (value.empty() ? "null" : value);
+    }
+    out += '}';
+  }
+  return out + "}\n";
+}
+
+std::string ascsv(const MixingProblem& problem) {
+  std::string out = "stream";
+  for (const char* name : rownames) out += std::string(",") + name;
+  out += '\n';
+  const Columns columns = columnsof(problem);
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    out += columnnames[column];
+    for (std::size_t row = 0; row < shownreadouts; ++row) {
+      out += ',';
+      const bool entered = row < 2;  // the flow and the pressure have the digits that were typed
+      appendnumber(out, columns[column]->*readoutrows[row].text, entered ? appendroundtrip : appendsevendecimals);
+    }
+    out += '\n';
+  }
+  return out;
+}
+
+void runmix(const MixOptions& options) {
+  const MixingProblem problem = solvedmixing(options.streams[0], options.streams[1], pressureof(options.pressure));
+  switch (options.format) {
+    case Format::text: writeresult(astable(problem)); break;
+    case Format::json: writeresult(asjson(problem)); break;
+    case Format::csv: writeresult(ascsv(problem)); break;
+  }
+}
+
+}  // namespace
+
+void addmixcommand(CLI::App& app) {
+  CLI::App* command = app.add_subcommand("mix", "Mix two streams of moist air");
+  const auto options = std::make_shared<MixOptions>();
+  for (std::size_t i = 0; i < options->streams.size(); ++i) {
+    command
+        ->add_option("--stream" + std::to_string(i + 1), options->streams[i],
+                     "two properties and the air flow rate in acfm, such as db=75,wb=62.5,flow=1000")
+        ->required()
+        ->type_name("KIND=VALUE,KIND=VALUE,flow=VALUE");
+  }
+  addpressure(*command, options->pressure);
+  addformat(*command, options->format);
+  command->callback([options] { runmix(*options); });
+}
+
+}  // namespace moistair

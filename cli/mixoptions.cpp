@@ -1,0 +1,56 @@
+#include "cli/mixoptions.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "cli/fault.h"
+#include "cli/properties.h"
+#include "engine/openfinders.h"
+
+namespace moistair {
+
+namespace {
+
+/// Takes "flow" out of what a stream is given by.
+std::string takeflow(std::vector<Assignment>& assignments) {
+  const auto isflow = [](const Assignment& assignment) { return assignment.name == "flow"; };
+  const auto flow = std::find_if(assignments.begin(), assignments.end(), isflow);
+  if (flow == assignments.end()) throw badusage("the flow is missing, such as flow=1000");
+  std::string text = std::move(flow->text);
+  assignments.erase(flow);
+  if (!(numberof(text, "flow") > 0)) throw badusage("flow must be above 0");
+  return text;
+}
+
+void givestream(AirStream& stream, const std::string& text, double atm) {
+  std::vector<Assignment> assignments = assignmentsof(text);
+  stream.flow = takeflow(assignments);
+  const GivenPair pair = pairof(assignments);
+  const Resolution resolution = resolve(pair, atm, openrangefinders());
+  if (!resolution.resolved) throw failure(whynot(pair, resolution));
+  stream.kind1 = pair.first.kind;
+  stream.kind2 = pair.second.kind;
+  stream.value1 = assignments[0].text;
+  stream.value2 = assignments[1].text;
+}
+
+}  // namespace
+
+MixingProblem solvedmixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure) {
+  MixingProblem problem;
+  problem.pressure = {pressure.atm, pressurecaption(pressure.mode()), pressure.entered};
+  for (const std::size_t stream : {std::size_t{0}, std::size_t{1}}) {
+    try {
+      givestream(problem.streams[stream], stream == 0 ? stream1 : stream2, pressure.atm);
+    } catch (const Fault& fault) {
+      throw Fault(fault.code(), "stream " + std::to_string(stream + 1) + ": " + fault.what());
+    }
+    problem.solverfields = {};
+    resolvestream(problem, stream);
+  }
+  mixstreams(problem);
+  if (!problem.savable) throw failure("the flows are too small for a mixture");
+  return problem;
+}
+
+}  // namespace moistair

@@ -1,0 +1,16 @@
+/// \file
+/// A mixing problem given on the command line: two streams such as "db=75,wb=62.5,flow=1000".
+#pragma once
+
+#include <string>
+
+#include "cli/pressureoption.h"
+#include "mixing/mixingproblem.h"
+
+namespace moistair {
+
+/// Solves the problem as the mixing window does. Bad usage for a stream that is no pair with a flow above 0; a failure
+/// for one that has no such state, and where so little flows that there is no mixture to speak of.
+MixingProblem solvedmixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure);
+
+}  // namespace moistair

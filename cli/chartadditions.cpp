@@ -1,0 +1,99 @@
+#include "cli/chartadditions.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "chart/propertylines.h"
+#include "cli/fault.h"
+#include "cli/limitsoption.h"
+#include "cli/mixoptions.h"
+#include "cli/properties.h"
+#include "mixing/mixingline.h"
+#include "session/pointmark.h"
+#include "session/pointreport.h"
+
+namespace moistair {
+
+namespace {
+
+template <bool (*tracer)(const Chart&, double)>
+void drawline(const ChartJob& job, const std::string& value) {
+  if (!tracer(job.chart, numberof(value, "value"))) {
+    throw failure("the line is either out of chart limits or is not feasible");
+  }
+}
+
+/// Length of the character in UTF-8 that the text begins with, 0 if it begins with none.
+std::size_t characterlength(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u; };
+  const unsigned first = byte(0);
+  const std::size_t length = first < 0x80   ? 1
+                             : first < 0xC2 ? 0
+                             : first < 0xE0 ? 2
+                             : first < 0xF0 ? 3
+                             : first < 0xF5 ? 4
+                                            : 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0) != 0x80) return 0;
+  }
+  // Longer than need be, a half of a surrogate pair, beyond the last character.
+  const bool forbidden = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) > 0x9F) ||
+                         (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) > 0x8F);
+  return forbidden ? 0 : length;
+}
+
+bool isutf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t length = characterlength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+/// Takes "id" out of what a point is given by; none is empty.
+std::string takeidentification(std::vector<Assignment>& assignments) {
+  const auto isid = [](const Assignment& assignment) { return assignment.name == "id"; };
+  const auto id = std::find_if(assignments.begin(), assignments.end(), isid);
+  if (id == assignments.end()) return {};
+  std::string text = std::move(id->text);
+  assignments.erase(id);
+  if (!isutf8(text)) throw badusage("id must be text in UTF-8");
+  return text;
+}
+
+void drawpoint(const ChartJob& job, const std::string& value) {
+  std::vector<Assignment> assignments = assignmentsof(value);
+  const std::string identification = takeidentification(assignments);
+  const GivenPair pair = pairof(assignments);
+  const Resolution resolution = resolve(pair, job.chart.atmpressure, findersof(job.chart.area));
+  if (!resolution.resolved) throw failure(whynot(pair, resolution));
+  const StatePoint seen =
+      readreport(fillreport(resolution.point, identification, job.pressure.mode(), job.pressure.entered));
+  if (!markpoint(job.chart.canvas, seen, job.limits, job.chart.area.window, identification)) {
+    throw failure("the point is out of chart limits");
+  }
+}
+
+void drawmixture(const ChartJob& job, const std::string& value) {
+  const auto streams = splitat(value, ';');
+  if (streams.size() != 2) throw badusage("a mixture takes two streams with a semicolon between them");
+  const MixingProblem problem = solvedmixing(std::string(streams[0]), std::string(streams[1]), job.pressure);
+  if (const char* message = drawmixingline(problem, job.chart.area, job.chart.canvas)) throw failure(message);
+}
+
+}  // namespace
+
+const std::array<Addition, 6> chartadditions = {{
+    {"--rh", "PERCENT", "line of constant relative humidity", drawline<drawrhline>},
+    {"--wb", "DEGF", "line of constant wet bulb", drawline<drawwbline>},
+    {"--h", "BTU/LB", "line of constant enthalpy", drawline<traceenthline>},
+    {"--v", "CUF/LB", "line of constant specific volume", drawline<tracevolline>},
+    {"--point", "KIND=VALUE,KIND=VALUE,id=TEXT", "a point, with its identification if it has one", drawpoint},
+    {"--mix", "STREAM;STREAM", "two streams as in the command mix, their mixture and the line between them",
+     drawmixture},
+}};
+
+}  // namespace moistair

@@ -81,7 +81,7 @@ void drawmixture(const ChartJob& job, const std::string& value) {
   const auto streams = splitat(value, ';');
   if (streams.size() != 2) throw badusage("a mixture takes two streams with a semicolon between them");
   const MixingProblem problem = solvedmixing(std::string(streams[0]), std::string(streams[1]), job.pressure);
-  if (const char* message = drawmixingline(problem, job.chart.area, job.chart.canvas)) throw failure(message);
+  if (const char* message = drawmixingline(job.chart.canvas, problem, job.chart.area)) throw failure(message);
 }
 
 }  // namespace

@@ -1,0 +1,140 @@
+#include "cli/csv.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "cli/fault.h"
+#include "cli/stream.h"
+
+using namespace moistair;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Texts fieldsof(const CsvRecord& record) {
+  Texts texts;
+  std::string scratch;
+  for (const std::string_view field : record.fields) texts.emplace_back(fieldtext(field, scratch));
+  return texts;
+}
+
+/// Ends of all the records in a text but for one that the text breaks off.
+std::vector<std::size_t> recordends(std::string_view text) {
+  std::vector<std::size_t> ends;
+  CsvRecord record;
+  for (std::string_view rest = text; takerecord(rest, record);) {
+    if (record.lineend.ends_with('\n')) ends.push_back(text.size() - rest.size());
+  }
+  return ends;
+}
+
+std::string file(const std::string& content) {
+  const std::string path = testing::TempDir() + "csv_test.csv";
+  std::ofstream(path, std::ios::binary) << content;
+  return path;
+}
+
+}  // namespace
+
+TEST(Csv, ARecordTakenApart) {
+  const struct {
+    const char* name;
+    std::string text;
+    Texts fields;
+    std::string raw, rest;
+    bool quoteopen = false;
+  } rows[] = {
+      {"plain", "a,b\nc", {"a", "b"}, "a,b", "c"},
+      {"carriage return", "a,b\r\nc", {"a", "b"}, "a,b", "c"},
+      {"no line end", "a,b", {"a", "b"}, "a,b", ""},
+      {"empty fields", ",,\n", {"", "", ""}, ",,", ""},
+      {"blank line", "\r\n1", {""}, "", "1"},
+      {"comma in quotes", "\"a,b\",c\n", {"a,b", "c"}, "\"a,b\",c", ""},
+      {"line end in quotes", "\"a\r\nb\",c\r\nd", {"a\r\nb", "c"}, "\"a\r\nb\",c", "d"},
+      {"doubled quote", "\"say \"\"no\"\"\",\"\"\"\"\n", {"say \"no\"", "\""}, "\"say \"\"no\"\"\",\"\"\"\"", ""},
+      {"empty quotes", "\"\",x\n", {"", "x"}, "\"\",x", ""},
+      {"quote inside a field", "5\" pipe,b\n", {"5\" pipe", "b"}, "5\" pipe,b", ""},
+      {"text behind a closing quote", "\"a\"b\"c\",d\n", {"ab\"c\"", "d"}, "\"a\"b\"c\",d", ""},
+      {"quote left open", "a,\"b\nc", {"a", "b\nc"}, "a,\"b\nc", "", true},
+      {"quote left open behind a doubled one", "\"a\"\"", {"a\""}, "\"a\"\"", "", true},
+      {"carriage return in an open quote", "\"a\r", {"a\r"}, "\"a\r", "", true},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    std::string_view rest = row.text;
+    CsvRecord record;
+    ASSERT_TRUE(takerecord(rest, record));
+    EXPECT_EQ(fieldsof(record), row.fields);
+    EXPECT_EQ(record.raw, row.raw);
+    EXPECT_EQ(rest, row.rest);
+    EXPECT_EQ(record.quoteopen, row.quoteopen);
+  }
+}
+
+/// Whatever the pieces in which a table comes in, it is cut only where the parser sees the end of a record: a block cut
+/// anywhere else would be taken apart wrongly.
+TEST(Csv, BlocksAreCutWhereRecordsEnd) {
+  const Texts tables = {
+      "a,b\n1,2\n3,4\n",           "a\n\"1\n2\"\n\"3\n\",4\n5",
+      "x\n\"a\"\"\n\"\n\"\"\n1\n", "a\"\nb\n\"c\"d\"\n\"\n,\"\n\n\"",
+      "\"a\"\n\"b\",\"c\n\"\nd",   "\r\n\"\r\n\"\r\n\"\"\"\r\n",
+      ",\"\n\",\"\"\n,\n",
+  };
+  for (const std::string& table : tables) {
+    SCOPED_TRACE(table);
+    const auto ends = recordends(table);
+    for (std::size_t size = 1; size <= table.size(); ++size) {
+      RecordScanner scanner;
+      for (std::size_t from = 0; from < table.size(); from += size) {
+        const std::string_view piece = std::string_view(table).substr(from, size);
+        std::size_t last = 0;
+        for (const std::size_t end : ends) {
+          if (end > from && end <= from + piece.size()) last = end - from;
+        }
+        EXPECT_EQ(scanner.lastend(piece), last) << "piece of " << size << " at " << from;
+      }
+    }
+  }
+}
+
+TEST(Csv, BlocksTogetherAreTheInput) {
+  const std::string longfield = "\"" + std::string(1 << 20, 'x') + "\n\"";
+  const Texts inputs = {
+      "", "\n", "a,b", "a\n1\n" + longfield + ",1\n2", std::string(100000, '\n'), "\"" + std::string(99999, 'y')};
+  for (const std::string& text : inputs) {
+    SCOPED_TRACE(text.substr(0, 20));
+    Input input(file(text));
+    BlockReader reader(input);
+    std::string together;
+    while (const auto block = reader.next()) together += *block;
+    EXPECT_TRUE(together == text);
+  }
+}
+
+TEST(Csv, AQuoteLeftOpenDoesNotFillTheMemory) {
+  Input input(file("a,b\n1,2\n\"" + std::string(BlockReader::longestrecord + 100000, 'x')));
+  BlockReader reader(input);
+  EXPECT_EQ(reader.next(), "a,b\n1,2\n");
+  try {
+    reader.next();
+    FAIL() << "no fault";
+  } catch (const Fault& fault) {
+    EXPECT_NE(std::string(fault.what()).find("line 3"), std::string::npos) << fault.what();
+  }
+}
+
+TEST(Csv, WrittenFieldsReadBack) {
+  for (const std::string text : {"", "plain", "a,b", "say \"no\"", "two\nlines", "\r"}) {
+    SCOPED_TRACE(text);
+    std::string line;
+    appendfield(line, text);
+    line += ",end\n";
+    std::string_view rest = line;
+    CsvRecord record;
+    ASSERT_TRUE(takerecord(rest, record));
+    EXPECT_EQ(fieldsof(record), (Texts{text, "end"}));
+  }
+}

@@ -1,0 +1,317 @@
+#!/usr/bin/env python3
+"""The headless tool as its users meet it: results, messages, exit codes, files.
+
+usage: tool_test.py MOISTAIR-CLI [unittest arguments]
+"""
+
+import csv
+import io
+import itertools
+import json
+import os
+import pathlib
+import resource
+import subprocess
+import sys
+import tempfile
+import unittest
+
+TOOL = os.path.abspath(sys.argv.pop(1))
+ENVIRONMENT = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR")}
+# Freed memory is not held back, or the sanitizer build would have no flat memory to measure.
+ENVIRONMENT["ASAN_OPTIONS"] = ENVIRONMENT.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"
+
+KINDS = ["db", "wb", "rh", "w", "h", "dp", "v"]
+REFERENCE = {"db": 75, "wb": 62.5, "rh": 50.3032182, "w": 0.0092932, "h": 28.1695563, "dp": 55.2457239,
+             "v": 13.6751968}
+# How far a property may be off where a pair is searched by steps of a tenth of a degree, or by another one's tolerance.
+TOLERANCE = {"db": 0.6, "wb": 0.2, "rh": 1.5, "w": 0.0002, "h": 0.1, "dp": 0.6, "v": 0.02, "pv": 0.01}
+
+
+class ToolTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def run_tool(self, *arguments, given=b"", **options):
+        return subprocess.run([TOOL, *map(os.fsencode, arguments)], input=given, cwd=self.folder, env=ENVIRONMENT,
+                              stdout=options.pop("stdout", subprocess.PIPE), stderr=subprocess.PIPE, timeout=600,
+                              **options)
+
+    def output(self, *arguments, given=b""):
+        done = self.run_tool(*arguments, given=given)
+        self.assertEqual((done.returncode, done.stderr), (0, b""), arguments)
+        return done.stdout.decode()
+
+    def assert_refused(self, done, code, words):
+        """One clear line on standard error, and that exit code."""
+        self.assertEqual(done.returncode, code, done.stderr)
+        message = done.stderr.decode(errors="replace")
+        self.assertRegex(message, r"\Amoistair-cli: [^\n\x00-\x1f]+\n\Z")
+        self.assertIn(words, message)
+
+
+class State(ToolTest):
+    def test_every_pair_finds_the_reference_state(self):
+        pairs = [pair for pair in itertools.combinations(KINDS, 2) if pair != ("w", "dp")]
+        self.assertEqual(len(pairs), 20)
+        for pair in pairs:
+            with self.subTest(pair=pair):
+                given = [f"{kind}={REFERENCE[kind]}" for kind in pair]
+                text = self.output("state", *given, "--format", "json")
+                self.assertEqual(text, self.output("state", *reversed(given), "--format", "json"))
+                state = json.loads(text)
+                self.assertEqual(list(state), KINDS + ["pv", "iterations"])
+                for kind in KINDS:
+                    self.assertAlmostEqual(state[kind], REFERENCE[kind], delta=TOLERANCE[kind])
+                for kind in pair:
+                    self.assertEqual(state[kind], REFERENCE[kind], "a given property stays as given")
+
+    def test_limits_choose_the_finders_of_the_chart(self):
+        pair = ["state", "rh=50.3032182", "v=13.6751968", "--format", "json"]
+        free, charted = json.loads(self.output(*pair)), json.loads(self.output(*pair, "--limits", "0,120,0,0.030"))
+        self.assertEqual((free["iterations"], round(free["db"], 5)), (12, 75.00071))
+        self.assertEqual((charted["iterations"], round(charted["db"], 5)), (14, 75.00003))
+
+    def test_formats(self):
+        self.assertEqual(self.output("state", "db=75", "wb=62.5", "--format", "csv"),
+                         "db,wb,rh,w,h,dp,v,pv\n75.0000000,62.5000000,50.3032182,0.0092932,28.1695563,55.2457239,"
+                         "13.6751968,0.4404820\n")
+        text = self.output("state", "db=75", "wb=62.5", "--elevation", "5000")
+        for line in ("Site elevation (ft) 5000", "Dry bulb temp (Deg F) 75.0000000",
+                     "Humidity ratio (lb/lb of air) .0117771", "Vapor pressure (In Hg) .4626439"):
+            self.assertIn(line, [" ".join(shown.split()) for shown in text.splitlines()])
+
+
+class Usage(ToolTest):
+    def test_help_and_version_everywhere(self):
+        for command in ([], ["state"], ["batch"], ["mix"], ["chart"]):
+            self.assertIn("Usage: moistair-cli", self.output(*command, "--help"))
+            self.assertRegex(self.output(*command, "--version"), r"\Amoistair-cli \d+\.\d+\.\d+\n\Z")
+
+    def test_rubbish_is_refused_in_one_line(self):
+        stream = "db=75,wb=62.5,flow=1000"
+        rows = [
+            ("nothing", 2, "subcommand", []),
+            ("no command", 2, '"frob" is no command', ["frob"]),
+            ("control characters", 2, "is no command", ["a\nb\x1b[31m"]),
+            ("one property", 2, "not 1", ["state", "db=75"]),
+            ("three properties", 2, "not 3", ["state", "db=75", "wb=62", "rh=50"]),
+            ("the same twice", 2, "db is given twice", ["state", "db=75", "db=76"]),
+            ("unknown property", 2, '"temp" is none of', ["state", "temp=75", "wb=62.5"]),
+            ("no equals sign", 2, "is no property", ["state", "75", "62.5"]),
+            ("no number", 2, "is no number", ["state", "db=nan", "wb=62.5"]),
+            ("empty value", 2, "is no number", ["state", "db=", "wb=62.5"]),
+            ("bytes that are no text", 2, "is no number", ["state", b"db=\xff\xfe", "wb=62.5"]),
+            ("w with dp", 2, "fix no state", ["state", "w=0.01", "dp=50"]),
+            ("unknown option", 2, "--frob", ["state", "db=75", "wb=62.5", "--frob"]),
+            ("unknown format", 2, "xml", ["state", "db=75", "wb=62.5", "--format", "xml"]),
+            ("two pressures", 2, "excludes", ["state", "db=75", "wb=62.5", "--inhg", "30", "--psi", "14"]),
+            ("pressure below its range", 2, "5.906", ["state", "db=75", "wb=62.5", "--inhg", "-1"]),
+            ("no pressure", 2, "is no number", ["state", "db=75", "wb=62.5", "--inhg", ""]),
+            ("limits of no chart", 2, "limits must be", ["state", "db=75", "wb=62.5", "--limits", "0,15,0,0.03"]),
+            ("no such state", 1, "rh would be above 100", ["state", "db=75", "wb=80"]),
+            ("out of the limits of the pair", 1, "db must be", ["state", "db=1e300", "wb=80"]),
+            ("jobs", 2, "jobs must be", ["batch", "--jobs", "0"]),
+            ("no input file", 2, "No such file", ["batch", "nowhere.csv"]),
+            ("input is a folder", 1, "directory", ["batch", "."]),
+            ("a stream without flow", 2, "stream 2: the flow is missing",
+             ["mix", "--stream1", stream, "--stream2", "db=75,wb=62.5"]),
+            ("no flow in a stream", 2, "above 0", ["mix", "--stream1", stream, "--stream2", "db=75,wb=62.5,flow=0"]),
+            ("a stream that is no state", 1, "stream 1: no such state",
+             ["mix", "--stream1", "db=75,wb=80,flow=1", "--stream2", stream]),
+            ("no output", 2, "--output is required", ["chart"]),
+            ("unknown ending", 2, "the ending must be", ["chart", "-o", "chart.gif"]),
+            ("no size", 2, "size must be", ["chart", "-o", "c.json", "--size", "0x100"]),
+            ("huge size", 2, "size must be", ["chart", "-o", "c.json", "--size", "1e9x1e9"]),
+            ("too many pixels", 2, "million", ["chart", "-o", "c.png", "--size", "9000x9000", "--scale", "5"]),
+            ("scale of a vector file", 2, "scale is for", ["chart", "-o", "c.svg", "--scale", "2"]),
+            ("line out of limits", 1, "out of chart limits", ["chart", "-o", "c.json", "--rh", "101"]),
+            ("line that is no number", 2, "is no number", ["chart", "-o", "c.json", "--wb", "x"]),
+            ("point out of limits", 1, "out of chart limits",
+             ["chart", "-o", "c.json", "--limits", "80,120,0,0.030", "--point", "db=75,wb=62.5"]),
+            ("identification that is no text", 2, "UTF-8", ["chart", "-o", "c.json", "--point", b"db=75,wb=62,id=\xff"]),
+            ("half a mixture", 2, "semicolon", ["chart", "-o", "c.json", "--mix", stream]),
+            ("folder that is not there", 1, "cannot be written", ["chart", "-o", "no/where.svg"]),
+        ]
+        for name, code, words, arguments in rows:
+            with self.subTest(name):
+                self.assert_refused(self.run_tool(*arguments), code, words)
+        self.assertEqual(list(self.folder.iterdir()), [], "a refused command writes no file")
+
+
+class Batch(ToolTest):
+    @staticmethod
+    def table(rows, line_end="\n"):
+        lines = ["id,db,rh,note"]
+        lines += [f'{i},{40 + i % 450 * 0.1:.1f},{10 + i % 800 * 0.1:.1f},"a, {i % 7}"' for i in range(rows)]
+        return (line_end.join(lines) + line_end).encode()
+
+    def test_rows_are_those_of_state(self):
+        given = "w,h,db,wb\n0.0092932,28.1695563,,\n,,75,62.5\n,40,90,\n"
+        rows = list(csv.DictReader(io.StringIO(self.output("batch", "--full", given=given.encode()))))
+        for row, pair in zip(rows, (["w=0.0092932", "h=28.1695563"], ["db=75", "wb=62.5"], ["db=90", "h=40"])):
+            state = json.loads(self.output("state", *pair, "--format", "json"))
+            self.assertEqual([float(row["out_" + kind]) for kind in KINDS + ["pv"]],
+                             [state[kind] for kind in KINDS + ["pv"]])
+            self.assertEqual(row["status"], "ok")
+
+    def test_jobs_keep_the_order_and_the_bytes(self):
+        table = self.table(30000, "\r\n")
+        (self.folder / "in.csv").write_bytes(table)
+        one = self.output("batch", "in.csv")
+        self.assertEqual(len(one.splitlines()), 30001)
+        self.assertEqual(one.count("\r\n"), 30001)
+        for jobs in ("2", "7"):
+            self.output("batch", "in.csv", "-o", "out.csv", "--jobs", jobs)
+            self.assertTrue((self.folder / "out.csv").read_bytes() == one.encode(), f"{jobs} jobs")
+
+    def test_failed_rows_give_exit_code_1_and_the_rest_goes_on(self):
+        done = self.run_tool("batch", given=b"db,wb\n75,80\n75\n75,62.5\n")
+        self.assert_refused(done, 1, "2 of 3 rows failed")
+        self.assertEqual([line.rsplit(",", 1)[1] for line in done.stdout.decode().splitlines()],
+                         ["status", "no such state: rh would be above 100", "1 fields where there are 2 columns", "ok"])
+
+    def test_tables_that_are_none(self):
+        rows = [
+            ("empty", b"", "is empty"),
+            ("blank lines", b"\n\r\n\n", "is empty"),
+            ("no header", b"75,62.5\n75,60\n", "must name the columns"),
+            ("binary", bytes(range(256)) * 100, "zero bytes"),
+            ("UTF-16", "db,wb\n75,62.5\n".encode("utf-16"), "zero bytes"),
+        ]
+        for name, given, words in rows:
+            with self.subTest(name):
+                done = self.run_tool("batch", "-o", "out.csv", given=given)
+                self.assert_refused(done, 2, words)
+                self.assertFalse((self.folder / "out.csv").exists())
+
+    def test_odd_tables_go_through(self):
+        long = "x" * (1 << 20)
+        rows = [
+            ("header alone", b"db,wb\n", 0),
+            ("header without a line end", b"db,wb", 0),
+            ("byte order mark", b"\xef\xbb\xbfdb,wb\r\n75,62.5\r\n", 1),
+            ("a line of 1 MB", f"note,db,wb\n{long},75,62.5\n,75,62.5\n".encode(), 2),
+            ("a quoted field of 1 MB", f'note,db,wb\n"{long}\n{long}",75,62.5\n'.encode(), 1),
+        ]
+        for name, given, count in rows:
+            with self.subTest(name):
+                text = self.output("batch", given=given)
+                self.assertTrue(given.split(b"\n")[0].rstrip(b"\r") in text.encode())
+                self.assertEqual(text.count(",ok"), count)
+
+    def test_memory_stays_flat(self):
+        peaks = []
+        for rows in (20_000, 200_000):
+            (self.folder / "in.csv").write_bytes(self.table(rows))
+            # Each in a process of its own: the peak of all children is what can be asked for.
+            code = ("import resource, subprocess, sys; subprocess.run(sys.argv[1:], check=True);"
+                    "print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)")
+            done = subprocess.run([sys.executable, "-c", code, TOOL, "batch", "in.csv", "-o", "out.csv", "--jobs", "2"],
+                                  cwd=self.folder, env=ENVIRONMENT, stdout=subprocess.PIPE, check=True)
+            peaks.append(int(done.stdout))
+        self.assertLess(peaks[1], peaks[0] + 8192, f"peaks of {peaks} KB")
+
+    def test_output_that_cannot_be_written(self):
+        (self.folder / "in.csv").write_bytes(self.table(30000))
+        for jobs in ("1", "3"):
+            with self.subTest(jobs=jobs):
+                self.assert_refused(self.run_tool("batch", "in.csv", "-o", "/dev/full", "--jobs", jobs), 1, "No space left")
+                reading, writing = os.pipe()
+                os.close(reading)
+                with os.fdopen(writing, "wb") as closed:
+                    self.assert_refused(self.run_tool("batch", "in.csv", "--jobs", jobs, stdout=closed), 1, "closed by its reader")
+        self.assert_refused(self.run_tool("batch", "in.csv", "-o", "in.csv"), 2, "at the same time")
+        self.assertEqual((self.folder / "in.csv").read_bytes(), self.table(30000), "the input is still there")
+        with open("/dev/full", "wb") as full:
+            self.assert_refused(self.run_tool("state", "db=75", "wb=62.5", stdout=full), 1, "No space left")
+            self.assert_refused(self.run_tool("--help", stdout=full), 1, "cannot be written")
+
+        def small_files():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (10000, 10000))
+
+        self.assert_refused(self.run_tool("batch", "in.csv", "-o", "out.csv", preexec_fn=small_files), 1, "too large")
+
+    def test_closed_standard_files(self):
+        done = self.run_tool("batch", preexec_fn=lambda: os.close(0))
+        self.assert_refused(done, 1, "standard input cannot be read")
+        (self.folder / "in.csv").write_bytes(self.table(10))
+        done = self.run_tool("batch", "in.csv", preexec_fn=lambda: os.close(1))
+        self.assert_refused(done, 1, "standard output cannot be written")
+
+
+class Mix(ToolTest):
+    STREAMS = ["--stream1", "db=75,wb=62.5,flow=1000", "--stream2", "db=95,wb=75,flow=500"]
+
+    def test_reference_mixture(self):
+        mixed = {"flow": 1500, "db": 81.5312397, "wb": 66.9312397, "rh": 47.3819943, "h": 31.5274150, "v": 13.8770324,
+                 "w": 0.0109004, "dp": 59.5601671, "pv": 0.5145064}
+        columns = json.loads(self.output("mix", *self.STREAMS, "--format", "json"))
+        self.assertEqual({name: columns["mixed"][name] for name in mixed}, mixed)
+        rows = list(csv.DictReader(io.StringIO(self.output("mix", *self.STREAMS, "--format", "csv"))))
+        self.assertEqual([row["stream"] for row in rows], ["stream1", "stream2", "mixed"])
+        for row, column in zip(rows, columns.values()):
+            self.assertEqual({name: float(row[name]) for name in column}, column)
+        table = [line.split() for line in self.output("mix", *self.STREAMS).splitlines()]
+        self.assertIn("Humidity ratio (lb/lb of air) .0092932 .0142448 .0109004".split(), table)
+
+    def test_a_mixture_too_dry_for_a_dew_point(self):
+        stream = "db=120,wb=63.33,flow=1"
+        text = self.output("mix", "--stream1", stream, "--stream2", stream, "--format", "json")
+        self.assertIsNone(json.loads(text)["mixed"]["dp"])
+
+
+class Chart(ToolTest):
+    ADDITIONS = ["--h", "30", "--rh", "55", "--point", 'db=75,wb=62.5,id=A "é"',
+                 "--mix", "db=75,wb=62.5,flow=1000;db=95,wb=75,flow=500"]
+
+    def drawing(self, *arguments):
+        self.output("chart", "-o", "c.json", *arguments)
+        return json.loads((self.folder / "c.json").read_text(encoding="utf-8"))
+
+    def test_drawing_as_data(self):
+        drawing = self.drawing("--size", "800x400")
+        self.assertEqual((drawing["unit"], drawing["width"], drawing["height"]), ("twip", 12000, 6000))
+        self.assertEqual(len(drawing["ops"]), 2029)
+        self.assertEqual(drawing["ops"][0], {"op": "line", "x1": 1000, "y1": 4700, "x2": 11000, "y2": 4700})
+        self.assertEqual(drawing["ops"][1]["color"], "#c0c0c0")
+        self.assertIn("Rh= 100 ", [op.get("text") for op in drawing["ops"]])
+        self.assertLess(len(self.drawing("--type", "blank")["ops"]), 1000)
+
+    def test_additions_come_last_and_in_their_order(self):
+        plain = self.drawing("--size", "800x400")["ops"]
+        ops = self.drawing("--size", "800x400", *self.ADDITIONS)["ops"]
+        self.assertEqual(ops[:len(plain)], plain)
+        texts = [op["text"] for op in ops[len(plain):] if op["op"] == "text"]
+        self.assertEqual(texts, ["h= 30 ", "Rh= 55 ", 'A "é"', "St1", "Mix", "St2"])
+        circles = [op for op in ops if op["op"] == "circle"]
+        self.assertEqual({op["color"] for op in circles}, {"#ff0000"})
+        self.assertAlmostEqual(circles[0]["x"], 1000 + 12000 * 75 / 144, places=2)
+
+    def test_header_line_follows_the_pressure(self):
+        for arguments, header in ((["--elevation", "5000"], "Site elevation=5000 ft"),
+                                  (["--psi", "14.7"], "Atmos. pr=14.7 Pounds/sq inch"),
+                                  ([], "Atmos. pr=29.92126 In Hg")):
+            self.assertIn(header, [op.get("text") for op in self.drawing(*arguments)["ops"]])
+
+    def test_files_of_every_kind(self):
+        for ending, begins in ((".svg", b"<?xml"), (".pdf", b"%PDF"), (".png", b"\x89PNG"), (".BMP", b"BM")):
+            with self.subTest(ending):
+                self.output("chart", "-o", "c" + ending, "--size", "800x400", *self.ADDITIONS)
+                content = (self.folder / ("c" + ending)).read_bytes()
+                self.assertTrue(content.startswith(begins))
+        self.assertIn(b"<text", (self.folder / "c.svg").read_bytes())
+
+        def size(name):
+            header = (self.folder / name).read_bytes()[16:24]
+            return int.from_bytes(header[:4], "big"), int.from_bytes(header[4:], "big")
+
+        self.assertEqual(size("c.png"), (800, 400))
+        self.output("chart", "-o", "twice.png", "--size", "800x400", "--scale", "2")
+        self.assertEqual(size("twice.png"), (1600, 800))
+
+
+if __name__ == "__main__":
+    unittest.main()

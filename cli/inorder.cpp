@@ -22,7 +22,7 @@ struct Piece {
 /// The pieces on their way, and who waits for which.
 class Pipeline {
 public:
-  Pipeline(const BatchSteps& steps, unsigned jobs) : steps_(steps), limit_(2 * std::size_t{jobs} + 2) {}
+  Pipeline(const BatchSteps& steps, unsigned jobs) : steps_(steps), limit_(std::size_t{jobs} + 4) {}
 
   void read() {
     while (auto block = steps_.read()) {

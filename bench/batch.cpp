@@ -53,7 +53,7 @@ void batch(benchmark::State& state, const Pair& pair) {
     benchmark::DoNotOptimize(result.text.data());
   }
   if (failed > 0) state.SkipWithError("rows without a state");
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * rows));
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(rows));
 }
 
 const bool registered = [] {

@@ -151,7 +151,7 @@ QLayout* MixingWindow::maketable(ControlMaker& maker) {
 void MixingWindow::makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_t stream) {
   const StreamControls& controls = streamcontrols[stream];
   Inputs& inputs = inputs_[stream];
-  QLabel* head = addhead(maker, grid, controls.head);
+  addhead(maker, grid, controls.head);
   inputs.kind1 = maker.add<ListBox>(grid, controls.kind1);
   inputs.value1 = maker.add<QLineEdit>(grid, controls.value1);
   inputs.kind2 = maker.add<ListBox>(grid, controls.kind2);

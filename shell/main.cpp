@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <cstdio>
 
 #include "shell/mainwindow.h"
@@ -11,7 +12,9 @@ int main(int argc, char** argv) {
   }
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("moistair"));
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/moistair.svg")));
   moistair::MainWindow window(moistair::logpath());
-  QObject::connect(&window, &moistair::MainWindow::ended, &application, &QApplication::quit);
+  // At once: quit() would first ask each window whether it may close.
+  QObject::connect(&window, &moistair::MainWindow::ended, &application, [] { QApplication::exit(0); });
   return window.start() ? QApplication::exec() : 0;
 }

@@ -1,0 +1,255 @@
+// What each button and menu entry of the main window runs.
+#include <QDesktopServices>
+#include <QUrl>
+
+#include "mixing/mixingwindow.h"
+#include "paint/exports.h"
+#include "pressure/pressureunits.h"
+#include "pressure/pressurewindow.h"
+#include "session/logwindow.h"
+#include "session/pointmark.h"
+#include "session/pointreport.h"
+#include "session/reportwindow.h"
+#include "shell/chartexport.h"
+#include "shell/mainwindow.h"
+#include "shell/startup.h"
+#include "toolkit/messages.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr const char* appendfailed = "The data could not be saved: the log file can not be written.";
+constexpr const char* viewfailed = "The saved data can not be shown: the log file can not be read.";
+
+/// Takes a window away. It is destroyed once its own event is over.
+template <class Window>
+void dismiss(QPointer<Window>& window) {
+  if (!window) return;
+  window->hide();
+  window->deleteLater();
+  window = nullptr;
+}
+
+}  // namespace
+
+void MainWindow::opendialog(Dialog* dialog) {
+  dialog_ = dialog;
+  dialog->show();
+  if (charttype_) charttype_->raise();
+}
+
+/// Gives the input back to this window and destroys the dialog that took it.
+void MainWindow::closedialog() {
+  dismiss(dialog_);
+  activateWindow();
+}
+
+void MainWindow::focusgraph() { graph_->setFocus(); }
+
+void MainWindow::answer(const Refusal& refusal) {
+  const QString text = QString::fromUtf8(refusal.text);
+  refusal.withcancel ? messageokcancel(this, text) : message(this, text);
+}
+
+void MainWindow::openpressure() {
+  if (dialog_) return;
+  auto* window = new PressureWindow(this);
+  if (!loaded_) {
+    if (!loadmain()) return;
+    loaded_ = true;
+    showMaximized();
+  }
+  values_.pressure.settext(defaultpressuretext);
+  connect(window, &PressureWindow::pressurewritten, this,
+          [this](const std::string& inhg) { values_.pressure.settext(inhg); });
+  connect(window, &PressureWindow::pressureset, this, &MainWindow::changepressure);
+  connect(window, &PressureWindow::left, this, [this] {
+    closedialog();
+    focusgraph();
+  });
+  opendialog(window);
+}
+
+/// A chart stands for one pressure, so a new one starts everything afresh.
+void MainWindow::changepressure(int unit, const QString& entered) {
+  strip_->emptyinputs();
+  strip_->emptyreadouts(true);
+  values_.pressuremode = std::to_string(unit);
+  values_.pressureentered = entered.toStdString();
+  lifecycle_.restart(windowsize());
+  closedialog();
+  focusgraph();
+}
+
+void MainWindow::startdraw() {
+  if (const auto refusal = lifecycle_.startdraw(strip_->limittexts())) {
+    answer(*refusal);
+    focusgraph();
+    return;
+  }
+  if (!charttype_) {
+    charttype_ = new ChartTypeWindow;
+    connect(charttype_, &ChartTypeWindow::chosen, this, &MainWindow::drawchart);
+    connect(charttype_, &ChartTypeWindow::left, this, [this] { dismiss(charttype_); });
+  }
+  charttype_->show();
+  charttype_->raise();
+  charttype_->activateWindow();
+}
+
+void MainWindow::drawchart(const QString& charttype) {
+  values_.charttype = charttype.toStdString();
+  dismiss(charttype_);
+  const LimitTexts limits = strip_->limittexts();
+  if (const auto refusal = lifecycle_.testlimits(limits)) {
+    answer(*refusal);
+  } else if (!lifecycle_.chartstands(limits)) {
+    strip_->waitcue(true);
+    lifecycle_.drawchart(windowsize());
+    strip_->waitcue(false);
+  }
+  focusgraph();
+}
+
+void MainWindow::drawline(LineKind kind, const QLineEdit& value) {
+  strip_->waitcue(true);
+  const auto refusal = lifecycle_.drawline(kind, strip_->limittexts(), value.text().toStdString(), windowsize());
+  if (refusal) answer(*refusal);
+  strip_->waitcue(false);
+  focusgraph();
+}
+
+void MainWindow::locatepoint() {
+  const auto chartstands = [this] { return lifecycle_.chartstands(strip_->limittexts()); };
+  const Location location =
+      moistair::locatepoint(pairinput(), chartstands, lifecycle_.atmpressure(), finders_, values_.solverfields);
+  if (location.fault != LocateFault::none) {
+    answer({locatemessage(location.fault), location.fault == LocateFault::nochart});
+    focusgraph();
+    return;
+  }
+  auto* window = new ReportWindow(this, fillreport(location.point, strip_->pointid->text().toStdString(),
+                                                   values_.pressuremode, values_.pressureentered));
+  connect(window, &ReportWindow::savechosen, this, [this, window] { appendtolog(pointrecord(window->report())); });
+  connect(window, &ReportWindow::markchosen, this, [this, window] { markpoint(*window); });
+  connect(window, &ReportWindow::left, this, [this] {
+    closedialog();
+    focusgraph();
+  });
+  opendialog(window);
+}
+
+void MainWindow::markpoint(const ReportWindow& report) {
+  const StatePoint shown = readreport(report.report());
+  strip_->emptyreadouts(true);
+  strip_->waitcue(true);
+  const bool marked = moistair::markpoint(graph_->canvas(), shown, strip_->limittexts(), windowsize(),
+                                          strip_->pointid->text().toStdString());
+  if (marked) {
+    strip_->show(shown);
+  } else {
+    message(dialog_, QString::fromUtf8(pointoutoflimits));
+  }
+  strip_->waitcue(false);
+  closedialog();
+  focusgraph();
+}
+
+void MainWindow::clearchart() {
+  lifecycle_.clearchart();
+  strip_->emptyinputs();
+  strip_->emptyreadouts(false);
+  focusgraph();
+}
+
+/// Asks for a path; none, and the answer to it, if the user cancels.
+std::optional<QString> MainWindow::asksavepath(const SaveRequest& request) {
+  auto path = savedialog_.ask(this, request);
+  if (path) {
+    message(this, QStringLiteral("You saved the files as  ") + *path);
+  } else {
+    message(this, QStringLiteral("Dialog Cancelled"));
+  }
+  return path;
+}
+
+void MainWindow::savechart() {
+  if (const auto path = asksavepath(
+          {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
+    graph_->canvas().KeepPicture();
+    writebmp(graph_->drawing(), graph_->size(), devicePixelRatio(), *path);
+  }
+  focusgraph();
+}
+
+void MainWindow::viewlog() {
+  const auto text = log_.read();
+  if (!text) {
+    message(this, QString::fromUtf8(viewfailed));
+    focusgraph();
+    return;
+  }
+  auto* window = new LogWindow(this, QString::fromStdString(*text));
+  connect(window, &LogWindow::left, this, [this] {
+    closedialog();
+    focusgraph();
+  });
+  opendialog(window);
+}
+
+void MainWindow::savelog() {
+  if (const auto path = asksavepath({QStringLiteral("Save Pont data in File"),
+                                     {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
+    log_.copyto(path->toStdString());
+  }
+  focusgraph();
+}
+
+void MainWindow::appendtolog(const std::vector<std::string>& lines) {
+  if (log_.append(lines)) {
+    strip_->savelogbutton->setEnabled(true);
+  } else {
+    message(dialog_, QString::fromUtf8(appendfailed));
+  }
+}
+
+void MainWindow::openmixing() {
+  if (leavesforsmallscreen(this)) {
+    Q_EMIT ended();
+    return;
+  }
+  const MixingChart chart{graph_->canvas(), [this] { return strip_->limittexts(); }, [this] { return windowsize(); }};
+  auto* window = new MixingWindow(values_, chart, this);
+  connect(window, &MixingWindow::savechosen, this, &MainWindow::appendtolog);
+  connect(window, &MixingWindow::drawn, this, &MainWindow::closedialog);
+  connect(window, &MixingWindow::left, this, [this] {
+    closedialog();
+    strip_->waitcue(false);
+    focusgraph();
+  });
+  opendialog(window);
+}
+
+void MainWindow::exportchart() {
+  moistair::exportchart(this, graph_->drawing(), centralWidget()->size());
+  focusgraph();
+}
+
+void MainWindow::printchart() {
+  moistair::printchart(this, graph_->drawing(), centralWidget()->size());
+  focusgraph();
+}
+
+void MainWindow::showhelp() {
+  const QString path = helppath();
+  if (!path.isEmpty()) QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+  focusgraph();
+}
+
+void MainWindow::quitprogram() {
+  log_.remove();
+  Q_EMIT ended();
+}
+
+}  // namespace moistair

@@ -52,7 +52,10 @@ constexpr std::array<FileFormat, 5> fileformats = {{
     {".pdf", false,
      [](const Drawing& drawing, QSize size, double, const QString& path) { return writepdf(drawing, size, path); }},
     {".png", true, writepng},
-    {".bmp", true, writebmp},
+    {".bmp", true,
+     [](const Drawing& drawing, QSize size, double scale, const QString& path) {
+       return writebmp(drawingimage(drawing, size, scale), path);
+     }},
     {".json", false, nullptr},
 }};
 

@@ -55,8 +55,9 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
   double high = fields.high.lenient();
   double low = fields.low.lenient();
   double db = 0;
-  // The bracket moves to the dry bulb that was tested, as rounded in its field: where the returned property jumps, the
-  // side on which the search comes to rest depends on it.
+  // The bracket moves to the dry bulb that was tested, as rounded in its field, and not to the unrounded midpoint:
+  // where the returned property jumps, the side on which the search comes to rest depends on it (h 15 with dp 32.1 ends
+  // at a dew point of 32.2567, not 31.7926).
   const auto taketomiddle = [&] {
     fields.candidate.set((high + low) / 2);
     db = fields.candidate.strict();

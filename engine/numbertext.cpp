@@ -13,7 +13,8 @@ namespace moistair {
 namespace {
 
 bool isdigit(char c) { return c >= '0' && c <= '9'; }
-bool isblank(char c) { return c == ' ' || c == '\t'; }
+/// Line breaks too: a cell pasted from a spreadsheet brings one along.
+bool isblank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 std::string_view withoutleadingblanks(std::string_view text) {
   while (!text.empty() && isblank(text.front())) text.remove_prefix(1);

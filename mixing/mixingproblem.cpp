@@ -41,10 +41,6 @@ void showmixed(std::string& readout, double number) {
   if (read(readout) == -1) readout.clear();
 }
 
-void showpressure(std::string& readout, const MixingPressure& pressure) {
-  readout = read(pressure.entered) == -1 ? "" : pressure.entered;
-}
-
 void showstate(AirStream& stream, const StatePoint& point, double atm) {
   show(stream.db, point.db);
   show(stream.wb, point.wb);
@@ -123,7 +119,7 @@ void resolvestream(MixingProblem& problem, std::size_t number) {
   if (!resolution.resolved) return;
   showstate(stream, resolution.point, atm);
   problem.pressurecaption = problem.pressure.caption;
-  showpressure(stream.pressure, problem.pressure);
+  stream.pressure = pressureshown(problem.pressure.entered);
   showrates(stream, resolution.point);
   stream.complete = true;
 }
@@ -134,7 +130,7 @@ void mixstreams(MixingProblem& problem) {
   AirStream& mixed = problem.mixed;
   addrates(problem);
   if (!(read(mixed.moistrate) > 0)) return blankmixture(problem);
-  showpressure(mixed.pressure, problem.pressure);
+  mixed.pressure = pressureshown(problem.pressure.entered);
   showmixed(mixed.h, weightedmean(problem, &AirStream::h));
   showmixed(mixed.w, weightedmean(problem, &AirStream::w));
   showmixture(mixed, problem.pressure.atm);

@@ -241,8 +241,8 @@ void MixingWindow::showproblem() {
 void MixingWindow::onsave() { Q_EMIT savechosen(mixingblock(problem_)); }
 
 void MixingWindow::ondraw() {
-  readlimits(chart_.limits(), limits_);
-  const PlotArea area{limits_, plotframe(limits_), chart_.window()};
+  readlimits(chart_.look.limits(), limits_);
+  const PlotArea area{limits_, plotframe(limits_), chart_.look.window()};
   if (const char* rejection = drawmixingline(chart_.canvas, problem_, area); rejection != nullptr) {
     message(this, QString::fromUtf8(rejection));
   } else {

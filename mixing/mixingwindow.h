@@ -23,14 +23,13 @@
 
 namespace moistair {
 
-/// What the mixing line is drawn on. The lists' texts and the main window's inner size are asked for at each drawing.
+/// What the mixing line is drawn on.
 struct MixingChart {
   ChartCanvas& canvas;
-  std::function<LimitTexts()> limits;
-  std::function<WindowSize()> window;
+  ChartLook look;
 };
 
-class MixingWindow : public Dialog {
+class MixingWindow final : public Dialog {
   Q_OBJECT
 
 public:

@@ -40,8 +40,8 @@ QImage drawingimage(const Drawing& drawing, QSize size, double scale) {
   return image;
 }
 
-bool writebmp(const Drawing& drawing, QSize size, double scale, const QString& path) {
-  return writeimage(drawingimage(drawing, size, scale).convertToFormat(QImage::Format_RGB888), "BMP", path);
+bool writebmp(const QImage& picture, const QString& path) {
+  return writeimage(picture.convertToFormat(QImage::Format_RGB888), "BMP", path);
 }
 
 bool writepng(const Drawing& drawing, QSize size, double scale, const QString& path) {

@@ -17,8 +17,8 @@ namespace moistair {
 /// The drawing on white ground, `scale` picture pixels to the logical pixel.
 QImage drawingimage(const Drawing& drawing, QSize size, double scale = 1);
 
-/// A 24-bit Windows bitmap, whatever the ending of the name.
-bool writebmp(const Drawing& drawing, QSize size, double scale, const QString& path);
+/// A 24-bit Windows bitmap of any picture, whatever the ending of the name.
+bool writebmp(const QImage& picture, const QString& path);
 bool writepng(const Drawing& drawing, QSize size, double scale, const QString& path);
 /// Vector files: text stays text, a line is 1/96 inch wide, the page is the drawing's size at 96 to the inch.
 bool writesvg(const Drawing& drawing, QSize size, const QString& path);

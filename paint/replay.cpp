@@ -14,6 +14,16 @@ QColor screencolor(const std::optional<Color>& color) {
   return color ? QColor(color->red, color->green, color->blue) : QColor(Qt::black);
 }
 
+/// The characters of a text, with those that no picture shows and no XML file may hold made visible.
+QString charactersof(const std::string& text) {
+  QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  for (QChar& character : characters) {
+    const bool forbidden = character.unicode() < 0x20 || character.unicode() >= 0xFFFE;
+    if (forbidden) character = QChar::ReplacementCharacter;
+  }
+  return characters;
+}
+
 /// Paints one operation and returns the rectangle it touches.
 struct OperationPainter {
   QPainter& painter;
@@ -39,7 +49,7 @@ struct OperationPainter {
   }
 
   QRectF operator()(const TextOperation& text) {
-    const QString characters = QString::fromUtf8(text.text.data(), static_cast<qsizetype>(text.text.size()));
+    const QString characters = charactersof(text.text);
     const QPointF corner = withinground(pixels(text.x, text.y), metrics.horizontalAdvance(characters));
     painter.setPen(Qt::black);
     painter.drawText(corner + QPointF(0, metrics.ascent()), characters);

@@ -21,7 +21,7 @@ PointReport fillreport(const StatePoint& point, std::string_view identification,
   report.identification = identification.empty() ? "Nil" : identification;
   for (const ReportRow& row : reportrows) report.*row.text = showvalue(point.*row.value);
   report.pressurecaption = pressurecaption(pressuremode);
-  if (strictnumber(pressureentered) != -1) report.pressure = pressureentered;
+  report.pressure = pressureshown(pressureentered);
   return report;
 }
 

@@ -70,9 +70,13 @@ std::optional<std::string> SessionLog::read() const {
   return text;
 }
 
-bool SessionLog::copyto(const std::filesystem::path& target) const {
+bool SessionLog::isat(const std::filesystem::path& other) const {
   std::error_code ignored;
-  if (fs::equivalent(path_, target, ignored)) return true;
+  return fs::equivalent(path_, other, ignored);
+}
+
+bool SessionLog::copyto(const std::filesystem::path& target) const {
+  if (isat(target)) return true;
   const std::optional<std::string> bytes = readbytes(path_);
   return bytes && write(target, std::ios::trunc, *bytes);
 }

@@ -32,7 +32,10 @@ public:
   /// The whole file as UTF-8, every line with its line end; none if the file cannot be read.
   std::optional<std::string> read() const;
 
-  /// Writes a copy, replacing a file of that name. Copying the log onto itself changes nothing, by whatever name. A log
+  /// Whether the log is the file of this path, by whatever name.
+  bool isat(const std::filesystem::path& other) const;
+
+  /// Writes a copy, replacing a file of that name. Copying the log onto itself changes nothing. A log
   /// that cannot be read leaves the target alone.
   bool copyto(const std::filesystem::path& target) const;
 

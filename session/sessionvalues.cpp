@@ -9,4 +9,8 @@ std::string pressurecaption(std::string_view pressuremode) {
   return {};
 }
 
+std::string pressureshown(std::string_view pressureentered) {
+  return lenientnumber(pressureentered) == -1 ? std::string() : std::string(pressureentered);
+}
+
 }  // namespace moistair

@@ -26,4 +26,7 @@ struct SessionValues {
 /// "Atmos. pr (Pounds/sq inch)" for "2", "Site elevation (ft)" for "3", else empty.
 std::string pressurecaption(std::string_view pressuremode);
 
+/// The pressure as it is shown beside that caption: as entered, and empty if its number is exactly -1.
+std::string pressureshown(std::string_view pressureentered);
+
 }  // namespace moistair

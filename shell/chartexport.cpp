@@ -7,6 +7,7 @@
 #include <array>
 
 #include "paint/exports.h"
+#include "toolkit/dialog.h"
 #include "toolkit/messages.h"
 #include "toolkit/savedialog.h"
 
@@ -71,6 +72,7 @@ void printchart(QWidget* window, const Drawing& drawing, QSize size) {
   printer.setPageOrientation(QPageLayout::Landscape);
   printer.setDocName(QStringLiteral("Psychrometric chart"));
   QPrintDialog dialog(&printer, window);
+  keepabove(dialog);
   if (dialog.exec() != QDialog::Accepted) return;
   QPainter painter;
   if (!painter.begin(&printer)) {

@@ -67,12 +67,6 @@ private:
   PlotFrame frame_;
 };
 
-/// Reads the main window's lists at the moment it is called.
-struct ChartLook {
-  std::function<LimitTexts()> limits;
-  std::function<WindowSize()> window;
-};
-
 /// Range finders that keep to the chart. `nothingfound` is called when a line of relative humidity crosses nothing of
 /// it.
 RangeFinders chartrangefinders(ChartLifecycle& lifecycle, ChartLook look, std::function<void()> nothingfound);

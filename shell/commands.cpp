@@ -19,8 +19,9 @@ namespace moistair {
 
 namespace {
 
-constexpr const char* appendfailed = "The data could not be saved: the log file can not be written.";
-constexpr const char* viewfailed = "The saved data can not be shown: the log file can not be read.";
+constexpr const char* appendfailed = "The data could not be saved: the log file cannot be written.";
+constexpr const char* holdsthelog = "This file holds the saved data of this session. The chart was not saved.";
+constexpr const char* viewfailed = "The saved data cannot be shown: the log file cannot be read.";
 
 /// Takes a window away. It is destroyed once its own event is over.
 template <class Window>
@@ -45,6 +46,11 @@ void MainWindow::closedialog() {
   activateWindow();
 }
 
+void MainWindow::leavedialog() {
+  closedialog();
+  focusgraph();
+}
+
 void MainWindow::focusgraph() { graph_->setFocus(); }
 
 void MainWindow::answer(const Refusal& refusal) {
@@ -64,10 +70,7 @@ void MainWindow::openpressure() {
   connect(window, &PressureWindow::pressurewritten, this,
           [this](const std::string& inhg) { values_.pressure.settext(inhg); });
   connect(window, &PressureWindow::pressureset, this, &MainWindow::changepressure);
-  connect(window, &PressureWindow::left, this, [this] {
-    closedialog();
-    focusgraph();
-  });
+  connect(window, &PressureWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
 }
 
@@ -78,8 +81,7 @@ void MainWindow::changepressure(int unit, const QString& entered) {
   values_.pressuremode = std::to_string(unit);
   values_.pressureentered = entered.toStdString();
   lifecycle_.restart(windowsize());
-  closedialog();
-  focusgraph();
+  leavedialog();
 }
 
 void MainWindow::startdraw() {
@@ -133,10 +135,7 @@ void MainWindow::locatepoint() {
                                                    values_.pressuremode, values_.pressureentered));
   connect(window, &ReportWindow::savechosen, this, [this, window] { appendtolog(pointrecord(window->report())); });
   connect(window, &ReportWindow::markchosen, this, [this, window] { markpoint(*window); });
-  connect(window, &ReportWindow::left, this, [this] {
-    closedialog();
-    focusgraph();
-  });
+  connect(window, &ReportWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
 }
 
@@ -152,8 +151,7 @@ void MainWindow::markpoint(const ReportWindow& report) {
     message(dialog_, QString::fromUtf8(pointoutoflimits));
   }
   strip_->waitcue(false);
-  closedialog();
-  focusgraph();
+  leavedialog();
 }
 
 void MainWindow::clearchart() {
@@ -178,7 +176,11 @@ void MainWindow::savechart() {
   if (const auto path = asksavepath(
           {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
     graph_->canvas().KeepPicture();
-    writebmp(graph_->drawing(), graph_->size(), devicePixelRatio(), *path);
+    if (log_.isat(path->toStdString())) {
+      message(this, QString::fromUtf8(holdsthelog));
+    } else {
+      writebmp(graph_->picture(), *path);
+    }
   }
   focusgraph();
 }
@@ -191,10 +193,7 @@ void MainWindow::viewlog() {
     return;
   }
   auto* window = new LogWindow(this, QString::fromStdString(*text));
-  connect(window, &LogWindow::left, this, [this] {
-    closedialog();
-    focusgraph();
-  });
+  connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
 }
 
@@ -219,14 +218,12 @@ void MainWindow::openmixing() {
     Q_EMIT ended();
     return;
   }
-  const MixingChart chart{graph_->canvas(), [this] { return strip_->limittexts(); }, [this] { return windowsize(); }};
-  auto* window = new MixingWindow(values_, chart, this);
+  auto* window = new MixingWindow(values_, {graph_->canvas(), chartlook()}, this);
   connect(window, &MixingWindow::savechosen, this, &MainWindow::appendtolog);
   connect(window, &MixingWindow::drawn, this, &MainWindow::closedialog);
   connect(window, &MixingWindow::left, this, [this] {
-    closedialog();
     strip_->waitcue(false);
-    focusgraph();
+    leavedialog();
   });
   opendialog(window);
 }

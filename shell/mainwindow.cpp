@@ -16,7 +16,7 @@ namespace moistair {
 namespace {
 
 constexpr const char* logfailed =
-    "The data of this session cannot be kept: the log file can not be written. Everything else works as usual.";
+    "The data of this session cannot be kept: the log file cannot be written. Everything else works as usual.";
 
 }  // namespace
 
@@ -25,8 +25,8 @@ MainWindow::MainWindow(std::filesystem::path logpath)
       strip_(new Strip),
       graph_(new GraphView),
       lifecycle_(graph_->canvas(), values_),
-      finders_(chartrangefinders(lifecycle_, {[this] { return strip_->limittexts(); }, [this] { return windowsize(); }},
-                                 [this] { message(this, QString::fromUtf8(linenotfeasible)); })) {
+      finders_(
+          chartrangefinders(lifecycle_, chartlook(), [this] { message(this, QString::fromUtf8(linenotfeasible)); })) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Psychrometric chart - English Units"));
   auto* area = new QWidget;
@@ -134,6 +134,10 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   return QMainWindow::eventFilter(watched, event);
 }
 
+ChartLook MainWindow::chartlook() const {
+  return {[this] { return strip_->limittexts(); }, [this] { return windowsize(); }};
+}
+
 WindowSize MainWindow::windowsize() const {
   return {centralWidget()->width() * twipsperpixel, centralWidget()->height() * twipsperpixel};
 }
@@ -162,7 +166,7 @@ bool MainWindow::event(QEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();
+  event->setAccepted(!dialog_);
   if (!dialog_) quitprogram();
 }
 

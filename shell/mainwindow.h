@@ -48,12 +48,14 @@ private:
   void filllists();
   void arrange();
 
+  ChartLook chartlook() const;
   WindowSize windowsize() const;
   PairInput pairinput() const;
   void previewpoint();
 
   void opendialog(Dialog* dialog);
   void closedialog();
+  void leavedialog();
   void focusgraph();
   void answer(const Refusal& refusal);
 

@@ -1,9 +1,8 @@
 #include "shell/strip.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
-#include <QStyle>
-#include <cstring>
+#include <algorithm>
+#include <string_view>
 
 #include "engine/numbertext.h"
 #include "toolkit/controls.h"
@@ -54,22 +53,33 @@ constexpr std::array<Control, 38> table = {{
     {"Label4", "", "", {0, 9, 1, 1}, 31},
 }};
 
-constexpr const Control& row(const char* name) {
+/// The row of a control. A name that is not in the table does not compile.
+consteval const Control& row(std::string_view name) {
   for (const Control& control : table) {
-    if (std::strcmp(control.name, name) == 0) return control;
+    if (control.name == name) return control;
   }
-  return table.back();
+  throw "no such control";
 }
 
-QLabel* captionfor(ControlMaker& make, QGridLayout& grid, const char* name, QWidget& input) {
-  auto* label = make.add<QLabel>(grid, row(name));
+QLabel* captionfor(ControlMaker& make, QGridLayout& grid, const Control& control, QWidget& input) {
+  auto* label = make.add<QLabel>(grid, control);
   label->setBuddy(&input);
   nameinput(input, label->text().simplified());
   return label;
 }
 
-void setroom(QLineEdit& box, int characters) {
-  box.setMinimumWidth(box.fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters);
+/// Width of a text of so many digits.
+int roomfor(const QFontMetrics& metrics, int digits) { return metrics.horizontalAdvance(QLatin1Char('0')) * digits; }
+
+/// Gives a button the room of its caption and of the frame around it.
+void fitbutton(QPushButton& button, int controlheight) {
+  constexpr QSize frame(12, 8);
+  const QFontMetrics metrics = button.fontMetrics();
+  const QSize caption = metrics.size(0, button.text());
+  const bool wrapped = button.text().contains(QLatin1Char('\n'));
+  button.setMinimumWidth(caption.width() + frame.width());
+  button.setFixedHeight(wrapped ? std::max(2 * controlheight, 3 * metrics.lineSpacing() + frame.height())
+                                : controlheight);
 }
 
 }  // namespace
@@ -96,79 +106,77 @@ Strip::Strip(QWidget* parent) : QWidget(parent) {
 }
 
 void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
-  const auto button = [&](const char* name) {
-    auto* made = make.add<QPushButton>(grid, row(name));
+  const auto button = [&](const Control& control) {
+    auto* made = make.add<QPushButton>(grid, control);
     made->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     return made;
   };
-  const auto box = [&](const char* name) { return make.add<QLineEdit>(grid, row(name)); };
-  drawbutton = button("Command3");
-  pressurebutton = button("Command4");
-  locatebutton = button("Command14");
+  const auto box = [&](const Control& control) { return make.add<QLineEdit>(grid, control); };
+  drawbutton = button(row("Command3"));
+  pressurebutton = button(row("Command4"));
+  locatebutton = button(row("Command14"));
   firstkind = make.add<ListBox>(grid, row("Combo1"));
   secondkind = make.add<ListBox>(grid, row("Combo2"));
   namelist(*firstkind, tr("First property"));
   namelist(*secondkind, tr("Second property"));
-  firstvalue = box("Text4");
-  secondvalue = box("Text5");
+  firstvalue = box(row("Text4"));
+  secondvalue = box(row("Text5"));
   nameinput(*firstvalue, tr("Value of the first property"));
   nameinput(*secondvalue, tr("Value of the second property"));
-  rhlinebutton = button("Command5");
-  rhvalue = box("Text1");
-  captionfor(make, grid, "Label1", *rhvalue);
-  wblinebutton = button("Command6");
-  wbvalue = box("Text2");
-  captionfor(make, grid, "Label2", *wbvalue);
-  hlinebutton = button("Command7");
-  hvalue = box("Text3");
-  captionfor(make, grid, "Label3", *hvalue);
-  vlinebutton = button("Command9");
-  vvalue = box("Text6");
-  captionfor(make, grid, "Label5", *vvalue);
+  rhlinebutton = button(row("Command5"));
+  rhvalue = box(row("Text1"));
+  captionfor(make, grid, row("Label1"), *rhvalue);
+  wblinebutton = button(row("Command6"));
+  wbvalue = box(row("Text2"));
+  captionfor(make, grid, row("Label2"), *wbvalue);
+  hlinebutton = button(row("Command7"));
+  hvalue = box(row("Text3"));
+  captionfor(make, grid, row("Label3"), *hvalue);
+  vlinebutton = button(row("Command9"));
+  vvalue = box(row("Text6"));
+  captionfor(make, grid, row("Label5"), *vvalue);
   grid.setColumnStretch(3, 3);
   grid.setColumnStretch(4, 2);
   for (const int column : {6, 8, 10, 12}) grid.setColumnStretch(column, 1);
 }
 
 void Strip::makelimits(QGridLayout& grid, ControlMaker& make) {
-  const auto list = [&](const char* name, const char* caption) {
-    auto* made = make.add<ListBox>(grid, row(name));
+  const auto list = [&](const Control& control, const Control& caption) {
+    auto* made = make.add<ListBox>(grid, control);
     captionfor(make, grid, caption, *made);
     return made;
   };
-  lowdb = list("Combo3", "Label19");
-  highdb = list("Combo4", "Label20");
-  lowhr = list("Combo5", "Label21");
-  highhr = list("Combo6", "Label22");
+  lowdb = list(row("Combo3"), row("Label19"));
+  highdb = list(row("Combo4"), row("Label20"));
+  lowhr = list(row("Combo5"), row("Label21"));
+  highhr = list(row("Combo6"), row("Label22"));
 }
 
 void Strip::makereadouts(QGridLayout& grid, ControlMaker& make) {
-  constexpr std::array<std::array<int, 2>, readoutfields.size()> tabs = {
-      {{34, 40}, {35, 41}, {36, 42}, {37, 43}, {38, 44}, {39, 45}, {48, 49}, {65, 66}}};
   for (std::size_t i = 0; i < readoutfields.size(); ++i) {
     const ReadoutField& field = readoutfields[i];
     const int column = static_cast<int>(i) * 2;
-    make.add<QLabel>(grid, {field.captionname, field.caption, "", {0, column, 1, 1}, tabs[i][0]});
-    readouts[i] = make.add<QLabel>(grid, {field.name, "", "", {0, column + 1, 1, 1}, tabs[i][1]});
+    make.add<QLabel>(grid, {field.captionname, field.caption, "", {0, column, 1, 1}, field.captiontab});
+    readouts[i] = make.add<QLabel>(grid, {field.name, "", "", {0, column + 1, 1, 1}, field.tab});
     makereadout(*readouts[i]);
     grid.setColumnStretch(column + 1, 1);
   }
 }
 
 void Strip::makebottomrow(QGridLayout& grid, ControlMaker& make) {
-  const auto button = [&](const char* name) { return make.add<QPushButton>(grid, row(name)); };
+  const auto button = [&](const Control& control) { return make.add<QPushButton>(grid, control); };
   pointid = make.add<QLineEdit>(grid, row("Text7"));
-  captionfor(make, grid, "Label6", *pointid);
-  exitbutton = button("Command8");
+  captionfor(make, grid, row("Label6"), *pointid);
+  exitbutton = button(row("Command8"));
   QFont bold = exitbutton->font();
   bold.setBold(true);
   exitbutton->setFont(bold);
-  viewlogbutton = button("Command1");
-  savelogbutton = button("Command2");
-  clearbutton = button("Command12");
-  savechartbutton = button("Command11");
-  mixingbutton = button("Command13");
-  helpbutton = button("Command16");
+  viewlogbutton = button(row("Command1"));
+  savelogbutton = button(row("Command2"));
+  clearbutton = button(row("Command12"));
+  savechartbutton = button(row("Command11"));
+  mixingbutton = button(row("Command13"));
+  helpbutton = button(row("Command16"));
   status = make.add<QLabel>(grid, row("Label4"));
   status->setAlignment(Qt::AlignCenter);
   grid.setColumnStretch(1, 1);
@@ -205,36 +213,33 @@ int Strip::fit(int width, int height) {
   constexpr double largest = 10;  // points
   constexpr double smallest = 7.5;
   for (double points = largest; points >= smallest; points -= 0.5) {
-    QFont font = this->font();
-    font.setPointSizeF(points);
-    setFont(font);
-    QFont bold = font;
-    bold.setBold(true);
-    exitbutton->setFont(bold);
-    const QFontMetrics metrics(font);
-    const int digit = metrics.horizontalAdvance(QLatin1Char('0'));
-    const int controlheight = metrics.height() + 7;
-    for (QLabel* readout : readouts) readout->setMinimumWidth(digit * 11);
-    readouts[5]->setMinimumWidth(digit * 8);
-    readouts[vaporpressurefield]->setMinimumWidth(digit * 9);
-    for (QLineEdit* box : {firstvalue, secondvalue, rhvalue, wbvalue, hvalue, vvalue, pointid}) {
-      box->setFixedHeight(controlheight);
-      setroom(*box, 7);
-    }
-    for (ListBox* list : {firstkind, secondkind, lowdb, highdb, lowhr, highhr}) list->setFixedHeight(controlheight);
-    for (auto* button : findChildren<QPushButton*>()) {
-      int room = 0;
-      for (const QString& line : button->text().split(QLatin1Char('\n'))) {
-        room = std::max(room, button->fontMetrics().horizontalAdvance(line));
-      }
-      button->setMinimumWidth(room + 12);
-      const bool wrapped = button->text().contains(QLatin1Char('\n'));
-      button->setFixedHeight(wrapped ? std::max(2 * controlheight + 1, 3 * metrics.lineSpacing() + 8) : controlheight);
-    }
+    usefont(points);
     layout()->activate();
-    if (minimumSizeHint().width() <= width && minimumSizeHint().height() <= height) break;
+    const QSize needed = layout()->minimumSize();
+    if (needed.width() <= width && needed.height() <= height) break;
   }
   return layout()->minimumSize().height();
+}
+
+void Strip::usefont(double points) {
+  constexpr int frame = 7;  // above and below the text of a box
+  constexpr int typeddigits = 7;
+  QFont font = this->font();
+  font.setPointSizeF(points);
+  setFont(font);
+  font.setBold(true);
+  exitbutton->setFont(font);
+  const QFontMetrics metrics = fontMetrics();
+  const int controlheight = metrics.height() + frame;
+  for (std::size_t i = 0; i < readoutfields.size(); ++i) {
+    readouts[i]->setMinimumWidth(roomfor(metrics, readoutfields[i].digits));
+  }
+  for (QLineEdit* box : {firstvalue, secondvalue, rhvalue, wbvalue, hvalue, vvalue, pointid}) {
+    box->setFixedHeight(controlheight);
+    box->setMinimumWidth(roomfor(metrics, typeddigits));
+  }
+  for (ListBox* list : {firstkind, secondkind, lowdb, highdb, lowhr, highhr}) list->setFixedHeight(controlheight);
+  for (auto* button : findChildren<QPushButton*>()) fitbutton(*button, controlheight);
 }
 
 }  // namespace moistair

@@ -18,27 +18,30 @@ namespace moistair {
 
 class ControlMaker;
 
-/// One read-out of the live row: the property that it shows.
+/// One read-out of the live row: layout names and tab places of caption and value, the property shown, and how many
+/// characters its longest usual value has.
 struct ReadoutField {
   const char* caption;
-  const char* captionname;  ///< layout names of caption and value
+  const char* captionname;
+  int captiontab;
   const char* name;
+  int tab;
   double StatePoint::*value;
+  int digits;
 };
 
 inline constexpr std::array<ReadoutField, 8> readoutfields = {{
-    {"DB=", "Label7", "Label13", &StatePoint::db},
-    {"WB=", "Label8", "Label14", &StatePoint::wb},
-    {"RH(%)=", "Label9", "Label15", &StatePoint::rh},
-    {"Enthalpy=", "Label10", "Label16", &StatePoint::h},
-    {"Sp vol=", "Label11", "Label17", &StatePoint::v},
-    {"H.ratio=", "Label12", "Label18", &StatePoint::w},
-    {"DP=", "Label23", "Label24", &StatePoint::dp},
-    {"V. pr=", "Label25", "Label26", &StatePoint::pv},
+    {"DB=", "Label7", 34, "Label13", 40, &StatePoint::db, 11},
+    {"WB=", "Label8", 35, "Label14", 41, &StatePoint::wb, 11},
+    {"RH(%)=", "Label9", 36, "Label15", 42, &StatePoint::rh, 11},
+    {"Enthalpy=", "Label10", 37, "Label16", 43, &StatePoint::h, 10},
+    {"Sp vol=", "Label11", 38, "Label17", 44, &StatePoint::v, 10},
+    {"H.ratio=", "Label12", 39, "Label18", 45, &StatePoint::w, 8},
+    {"DP=", "Label23", 48, "Label24", 49, &StatePoint::dp, 11},
+    {"V. pr=", "Label25", 65, "Label26", 66, &StatePoint::pv, 9},
 }};
 
 inline constexpr std::size_t dewpointfield = 6;
-inline constexpr std::size_t vaporpressurefield = 7;
 
 /// All inputs, buttons and read-outs of the main window, laid out and named. It holds what is typed and shown and does
 /// nothing; the main window connects it. The font adapts to the room there is, so that nothing is clipped on a small
@@ -81,6 +84,7 @@ private:
   void makecommands(QGridLayout& grid, ControlMaker& make);
   void makelimits(QGridLayout& grid, ControlMaker& make);
   void makereadouts(QGridLayout& grid, ControlMaker& make);
+  void usefont(double points);
   void makebottomrow(QGridLayout& grid, ControlMaker& make);
 };
 

@@ -5,6 +5,8 @@
 
 namespace moistair {
 
+void keepabove(QWidget& window) { window.setWindowFlag(Qt::WindowStaysOnTopHint); }
+
 Dialog::Dialog(QWidget* main, const QString& layoutname, const QString& title) : QDialog(main) {
   setObjectName(layoutname);
   setWindowTitle(title);
@@ -17,8 +19,10 @@ void Dialog::closeEvent(QCloseEvent* event) {
 }
 
 void Dialog::showEvent(QShowEvent* event) {
-  const QRect free = screen()->availableGeometry();
-  setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size().boundedTo(free.size()), free));
+  if (!event->spontaneous()) {  // not when the user brings it back from an icon
+    const QRect free = screen()->availableGeometry();
+    setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size().boundedTo(free.size()), free));
+  }
   QDialog::showEvent(event);
 }
 

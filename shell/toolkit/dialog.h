@@ -7,6 +7,10 @@
 
 namespace moistair {
 
+/// Keeps a window above those that are not kept so. The chart type window stands beside all others and must not be
+/// buried; whatever blocks it has to come up above it in turn, or the program looks frozen.
+void keepabove(QWidget& window);
+
 /// A dialog that does not block the code that shows it, and keeps the user out of the window behind it: that window
 /// neither greys nor closes meanwhile. Esc and the window manager do what the way back does, so a dialog cannot vanish
 /// and leave the main window unreachable. It comes up centred on the screen and is destroyed when it is left.

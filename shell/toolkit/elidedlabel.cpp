@@ -27,6 +27,8 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QRect room = contentsRect();
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width(), Qt::TextSingleLine);
+  const QString tip = shown == text() ? QString() : text();
+  if (tip != toolTip()) setToolTip(tip);
   painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 

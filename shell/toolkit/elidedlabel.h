@@ -7,7 +7,7 @@
 namespace moistair {
 
 /// Shows as much of its text as fits on one line, with an ellipsis for the rest, and never widens its window: an
-/// identification may have thousands of characters. `text()` is the whole text.
+/// identification may have thousands of characters. `text()` is the whole text, and so is the tool tip of a cut one.
 class ElidedLabel final : public QLabel {
 public:
   explicit ElidedLabel(QWidget* parent = nullptr);

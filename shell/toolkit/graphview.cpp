@@ -48,6 +48,11 @@ QRect GraphView::bringuptodate() {
   return afresh ? rect() : touched.toAlignedRect() & rect();
 }
 
+QImage GraphView::picture() {
+  bringuptodate();
+  return image_;
+}
+
 void GraphView::paintEvent(QPaintEvent* event) {
   const QRect changed = bringuptodate();
   if (!event->region().contains(changed)) update(changed);

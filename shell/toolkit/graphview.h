@@ -22,6 +22,9 @@ public:
   RecordingCanvas& canvas() { return canvas_; }
   const Drawing& drawing() const { return canvas_.drawing(); }
 
+  /// The persistent image as it stands, in device pixels.
+  QImage picture();
+
 protected:
   void paintEvent(QPaintEvent* event) override;
 

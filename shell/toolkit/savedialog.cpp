@@ -3,10 +3,13 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include "toolkit/dialog.h"
+
 namespace moistair {
 
 std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& request) {
   QFileDialog dialog(parent, request.title);
+  keepabove(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setNameFilters(request.filters);

@@ -1,6 +1,7 @@
 #include "cli/csv.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -32,7 +33,7 @@ std::vector<std::size_t> recordends(std::string_view text) {
 }
 
 std::string file(const std::string& content) {
-  const std::string path = testing::TempDir() + "csv_test.csv";
+  const std::string path = testing::TempDir() + "csv_test_" + std::to_string(::getpid()) + ".csv";
   std::ofstream(path, std::ios::binary) << content;
   return path;
 }

@@ -122,6 +122,8 @@ const Typed typed[] = {
     {"exponent without digits", "12e", novalue, 12},
     {"exponent with a sign only", "12e+", novalue, 12},
     {"two numbers", "7 5", novalue, 7},
+    {"a pasted cell", "75\r\n", 75, 75},
+    {"two lines", "7\n5", novalue, 7},
     {"two points", "1.2.3", novalue, 1.2},
     {"two signs", "--5", novalue, 0},
     {"decimal comma", "7,5", novalue, 7},

@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QXmlStreamReader>
 
 #include "paint/replay.h"
 
@@ -67,7 +68,7 @@ TEST(Files, RepeatByteForByte) {
     const QString b = folder.filePath(QStringLiteral("b"));
     return write(a) && write(b) && content(a) == content(b) && !content(a).isEmpty();
   };
-  EXPECT_TRUE(twice([](const QString& path) { return writebmp(sample(), size, 1, path); }));
+  EXPECT_TRUE(twice([](const QString& path) { return writebmp(drawingimage(sample(), size), path); }));
   EXPECT_TRUE(twice([](const QString& path) { return writepng(sample(), size, 2, path); }));
   EXPECT_TRUE(twice([](const QString& path) { return writesvg(sample(), size, path); }));
 }
@@ -75,7 +76,7 @@ TEST(Files, RepeatByteForByte) {
 TEST(Files, AreWhatTheyClaim) {
   const QTemporaryDir folder;
   const QString path = folder.filePath(QStringLiteral("chart.png"));  // whatever the ending says
-  ASSERT_TRUE(writebmp(sample(), size, 1, path));
+  ASSERT_TRUE(writebmp(drawingimage(sample(), size), path));
   const QByteArray bitmap = content(path);
   EXPECT_EQ(bitmap.left(2), "BM");
   EXPECT_EQ(bitmap.at(28), 24) << "bits to the pixel";
@@ -91,14 +92,27 @@ TEST(Files, AreWhatTheyClaim) {
 TEST(Files, ThatCannotBeWrittenLeaveWhatWasThere) {
   const QTemporaryDir folder;
   const QString nowhere = folder.filePath(QStringLiteral("gone/chart.bmp"));
-  EXPECT_FALSE(writebmp(sample(), size, 1, nowhere));
+  EXPECT_FALSE(writebmp(drawingimage(sample(), size), nowhere));
   EXPECT_FALSE(writesvg(sample(), size, nowhere));
   EXPECT_FALSE(writepdf(sample(), size, folder.path())) << "a folder of that name";
   const QString path = folder.filePath(QStringLiteral("chart.bmp"));
-  ASSERT_TRUE(writebmp(sample(), size, 1, path));
+  ASSERT_TRUE(writebmp(drawingimage(sample(), size), path));
   const QByteArray before = content(path);
-  EXPECT_FALSE(writebmp(sample(), QSize(), 1, path)) << "a picture without an area";
+  EXPECT_FALSE(writebmp(QImage(), path)) << "a picture without an area";
   EXPECT_EQ(content(path), before);
+}
+
+TEST(Files, AreWholeWhateverAnIdentificationHolds) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("chart.svg"));
+  RecordingCanvas canvas;
+  canvas.Print(
+      "a\x01<b>\x1B&\xEF\xBF\xBF\xFF"
+      "\n\xC3\xA9");
+  ASSERT_TRUE(writesvg(canvas.drawing(), size, path));
+  QXmlStreamReader reader(content(path));
+  while (!reader.atEnd()) reader.readNext();
+  EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
 }
 
 TEST(Paper, TakesTheWholeDrawing) {

@@ -1,0 +1,346 @@
+"""The program under test, driven as a person drives it: read through the accessibility bus, typed and clicked by
+xdotool.
+
+A control is found by its role and the name that a screen reader would say; where it is, is asked at every click. The
+pointer and the keys go through the X server, so that a window which takes no input takes none here either. Whatever is
+waited for has a time limit, and its end is a `Failure` that says what was waited for.
+"""
+
+import os
+import shutil
+import subprocess
+import time
+from dataclasses import dataclass
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+import desktop  # noqa: E402
+from picture import readppm  # noqa: E402
+
+Role = Atspi.Role
+State = Atspi.StateType
+
+BUTTON = Role.PUSH_BUTTON
+LABEL = Role.LABEL
+BOX = Role.TEXT
+LIST = Role.COMBO_BOX
+
+#: What lies within these is not looked at: the rows of a file dialog come and go, and one that has gone answers nothing.
+UNSEARCHED = (LIST, Role.LIST, Role.TREE, Role.TREE_TABLE, Role.TABLE)
+
+
+class Failure(Exception):
+    pass
+
+
+def wait(condition, what, seconds=10.0):
+    """The first value of `condition` that counts as true."""
+    end = time.monotonic() + seconds
+    while True:
+        try:
+            value = condition()
+            if value:
+                return value
+        except GLib.Error:
+            pass  # an object that has just gone
+        if time.monotonic() > end:
+            raise Failure("waited in vain for " + described(what))
+        time.sleep(0.01)
+
+
+def described(what):
+    try:
+        return what() if callable(what) else what
+    except GLib.Error as error:
+        return f"something in a program that does not answer: {error}"
+
+
+def expect(condition, what):
+    if not condition:
+        raise Failure(what)
+
+
+def equal(found, wanted, what):
+    expect(found == wanted, f"{what}: found {found!r}, wanted {wanted!r}")
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True, stdout=subprocess.DEVNULL)
+
+
+def key(*names):
+    xdotool("key", *names)
+
+
+def screenshot(path=None):
+    """The whole screen, as a Picture or into a PNG file."""
+    command = ["import", "-silent", "-window", "root"]
+    if path:
+        subprocess.run([*command, path], check=True)
+        return None
+    return readppm(subprocess.run([*command, "-depth", "8", "ppm:-"], check=True, stdout=subprocess.PIPE).stdout)
+
+
+def oneline(text):
+    return " ".join((text or "").split())
+
+
+@dataclass(frozen=True)
+class Rect:
+    x: int
+    y: int
+    width: int
+    height: int
+
+    @property
+    def middle(self):
+        return self.x + self.width // 2, self.y + self.height // 2
+
+    @property
+    def right(self):
+        return self.x + self.width
+
+
+class Control:
+    """One object of the accessibility tree."""
+
+    def __init__(self, node, scale):
+        self.node = node
+        self.scale = scale
+        self.role = node.get_role()
+        self.name = oneline(node.get_name())
+
+    def now(self):
+        self.node.clear_cache()
+        return self.node
+
+    def rect(self):
+        """Where it is on the screen [pixels]."""
+        extents = Atspi.Component.get_extents(self.now(), Atspi.CoordType.SCREEN)
+        return Rect(*(round(n * self.scale) for n in (extents.x, extents.y, extents.width, extents.height)))
+
+    def has(self, state):
+        return self.now().get_state_set().contains(state)
+
+    def text(self):
+        """What it shows: a box its text, a list and a label their name."""
+        if self.role == BOX:
+            return Atspi.Text.get_text(self.node, 0, -1)
+        return self.now().get_name() or ""
+
+    def caption(self):
+        """Name of a list, which its label gives it: its own is the text chosen."""
+        for relation in self.node.get_relation_set() or []:
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+                return oneline(relation.get_target(0).get_name())
+        return ""
+
+    def click(self):
+        x, y = self.rect().middle
+        xdotool("mousemove", x, y, "click", 1)
+
+    def waittext(self, text):
+        wait(lambda: self.text() == text, lambda: f"the text {text!r}, have {self.text()!r}")
+
+
+class Window:
+    """A window that is up. Its controls do not come and go, so they are looked up once."""
+
+    def __init__(self, program, node):
+        self.program = program
+        self.node = node
+        self.title = node.get_name()
+        self._controls = None
+
+    def rect(self):
+        return Control(self.node, self.program.scale).rect()
+
+    def active(self):
+        self.node.clear_cache()
+        return self.node.get_state_set().contains(State.ACTIVE)
+
+    def controls(self):
+        if self._controls is None:
+            found = []
+            self._collect(self.node, found)
+            self._controls = found
+        return self._controls
+
+    def _collect(self, node, found):
+        for index in range(node.get_child_count()):
+            child = node.get_child_at_index(index)
+            if child is None or not child.get_state_set().contains(State.SHOWING):
+                continue
+            control = Control(child, self.program.scale)
+            found.append(control)
+            if control.role not in UNSEARCHED:
+                self._collect(child, found)
+
+    def look(self):
+        """Looks anew: controls have come or gone."""
+        self._controls = None
+        return self
+
+    def find(self, role, name):
+        for control in self.controls():
+            if control.role == role and (control.caption() if role == LIST else control.name) == name:
+                return control
+        return None
+
+    def need(self, role, name):
+        return wait(lambda: self.find(role, name) or self.look().find(role, name), f"{role.value_nick} {name!r}")
+
+    def labels(self):
+        return [control.text() for control in self.controls() if control.role == LABEL]
+
+    def button(self, name):
+        return self.need(BUTTON, name)
+
+    def click(self, name):
+        self.button(name).click()
+
+    def enabled(self, name):
+        return self.button(name).has(State.ENABLED)
+
+    def typein(self, name, text):
+        """Replaces the text of a box or of a list's edit box by typing."""
+        box = self.find(BOX, name) or self.need(LIST, name)
+        box.click()
+        wait(lambda: box.has(State.FOCUSED), f"the focus in {name!r}")
+        if text:
+            xdotool("key", "ctrl+a", "type", "--delay", 4, "--", text)
+        else:
+            key("ctrl+a", "Delete")
+        box.waittext(text)
+
+    def choose(self, name, item):
+        """Picks an item from a list's drop-down menu by keys."""
+        box = self.need(LIST, name)
+        steps = self.program.items(box).index(item)
+        box.click()
+        wait(lambda: box.has(State.FOCUSED), f"the focus in {name!r}")
+        xdotool("key", "--delay", 4, "F4", "Home", *["Down"] * steps, "Return")
+        box.waittext(item)
+
+    def readouts(self, caption, count=1):
+        """Texts of the `count` labels to the right of a caption, in its row."""
+        return [label.text() for label in self._rightof(caption)[:count]]
+
+    def readout(self, caption):
+        return self.readouts(caption)[0]
+
+    def _rightof(self, caption):
+        self.need(LABEL, caption)
+        labels = [(control.rect(), control) for control in self.controls() if control.role == LABEL]
+        place = min((rect for rect, control in labels if control.name == caption), key=lambda rect: rect.x)
+        row = [(rect.x, control) for rect, control in labels
+               if rect.x >= place.right and abs(rect.middle[1] - place.middle[1]) <= place.height // 2]
+        return [control for _, control in sorted(row, key=lambda pair: pair[0])]
+
+    def gone(self):
+        wait(lambda: self.node not in self.program.nodes(), f"the window {self.title!r} to go")
+
+    def closebymanager(self):
+        """The close button of the window's frame."""
+        subprocess.run(["wmctrl", "-F", "-c", self.title], check=True)
+
+
+class Program:
+    """The program from its start to its end, in a folder of its own: the log lies beside the executable."""
+
+    def __init__(self, executable, folder, screen, scale):
+        self.screenwidth = int(screen.split("x")[0])
+        self.scale = scale
+        self.binaries = os.path.join(folder, "bin")
+        os.makedirs(self.binaries)
+        self.log = os.path.join(self.binaries, "temp.txt")
+        self.errors = os.path.join(folder, "errors.txt")
+        self.home = os.path.join(folder, "home")
+        os.makedirs(self.home)
+        self._executable = shutil.copy2(executable, self.binaries)
+        self._items = {}
+        self.process = None
+
+    def launch(self):
+        """Starts it and returns as soon as it is on the accessibility bus."""
+        variables = dict(os.environ, QT_SCALE_FACTOR=f"{self.scale:g}", HOME=self.home,
+                         PATH=self.binaries + ":" + os.environ["PATH"])
+        with open(self.errors, "a") as errors:
+            self.process = desktop.start(self._executable, cwd=self.home, env=variables, stderr=errors)
+        self._root = wait(self._find, "the program on the accessibility bus")
+        return self
+
+    def _find(self):
+        expect(self.process.poll() is None, "the program ended while starting")
+        everything = Atspi.get_desktop(0)
+        for index in range(everything.get_child_count()):
+            child = everything.get_child_at_index(index)
+            if child and child.get_process_id() == self.process.pid and child.get_child_count():
+                return child
+        return None
+
+    def nodes(self):
+        self._root.clear_cache()
+        count = self._root.get_child_count()
+        return [node for node in map(self._root.get_child_at_index, range(count)) if node]
+
+    def titles(self):
+        return [node.get_name() for node in self.nodes() if node.get_state_set().contains(State.SHOWING)]
+
+    def window(self, title):
+        """The window of this title, once it is up and has the input."""
+        def ready():
+            for node in self.nodes():
+                node.clear_cache()
+                states = node.get_state_set()
+                if node.get_name() == title and states.contains(State.SHOWING) and states.contains(State.ACTIVE):
+                    return Window(self, node)
+            return None
+        return wait(ready, lambda: f"the window {title!r}; there are {self.titles()}")
+
+    def items(self, box):
+        """All items of a drop-down list. They never change, so each list is asked once."""
+        caption = box.caption()
+        if caption not in self._items:
+            self._items[caption] = [item.get_name() for item in self._walk(box.node)
+                                    if item.get_role() == Role.LIST_ITEM]
+        return self._items[caption]
+
+    def _walk(self, node):
+        for index in range(node.get_child_count()):
+            child = node.get_child_at_index(index)
+            if child:
+                yield child
+                yield from self._walk(child)
+
+    def running(self):
+        return self.process.poll() is None
+
+    def waitended(self):
+        wait(lambda: not self.running(), "the program to end")
+        return self.process.returncode
+
+    def kill(self):
+        if self.process:
+            desktop.stop(self.process)
+
+    def complaints(self):
+        """What it wrote to its standard error."""
+        with open(self.errors, encoding="utf-8", errors="replace") as errors:
+            return errors.read()
+
+
+def startmanager():
+    """The window manager, once it manages."""
+    manager = desktop.start("openbox", "--sm-disable", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def manages():
+        command = ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]
+        return "window id" in subprocess.run(command, capture_output=True, text=True).stdout
+    wait(manages, "the window manager")
+    Atspi.init()
+    Atspi.set_timeout(5000, 15000)
+    return manager

@@ -82,6 +82,18 @@ void fitbutton(QPushButton& button, int controlheight) {
                                 : controlheight);
 }
 
+/// Gives a list the room of its longest item and of the arrow beside it.
+template <class Items>
+void fitlist(ListBox& list, const Items& items, int controlheight) {
+  constexpr int arrow = 34;
+  int longest = 0;
+  for (const char* item : items) {
+    longest = std::max(longest, list.fontMetrics().horizontalAdvance(QString::fromUtf8(item)));
+  }
+  list.setMinimumWidth(longest + arrow);
+  list.setFixedHeight(controlheight);
+}
+
 }  // namespace
 
 Strip::Strip(QWidget* parent) : QWidget(parent) {
@@ -238,7 +250,10 @@ void Strip::usefont(double points) {
     box->setFixedHeight(controlheight);
     box->setMinimumWidth(roomfor(metrics, typeddigits));
   }
-  for (ListBox* list : {firstkind, secondkind, lowdb, highdb, lowhr, highhr}) list->setFixedHeight(controlheight);
+  for (ListBox* list : {firstkind, secondkind}) fitlist(*list, kindtexts, controlheight);
+  for (ListBox* list : {lowdb, highdb}) fitlist(*list, drybulblimits, controlheight);
+  for (ListBox* list : {lowhr, highhr}) fitlist(*list, humidityratiolimits, controlheight);
+  for (ListBox* list : {lowdb, highdb, lowhr, highhr}) list->setFixedWidth(lowhr->minimumWidth());
   for (auto* button : findChildren<QPushButton*>()) fitbutton(*button, controlheight);
 }
 

@@ -11,8 +11,8 @@ from session import GREEN, LOG, MAGENTA, REPORT, logtext
 
 CANCELLED = "Dialog Cancelled"
 SAVED = "You saved the files as  "
-APPENDFAILED = "The data could not be saved: the log file can not be written."
-VIEWFAILED = "The saved data can not be shown: the log file can not be read."
+APPENDFAILED = "The data could not be saved: the log file cannot be written."
+VIEWFAILED = "The saved data cannot be shown: the log file cannot be read."
 
 
 def savepoint(session, identification):

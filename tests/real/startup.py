@@ -10,7 +10,7 @@ SURE = ("If you change the chart atmos pressure your chart,if any, will be clear
 OUTOFRANGE = "Atmospheric pressure input out of range, change value"
 SMALLSCREEN = ("You must set screen size to 1024x768 or higher if your monitor size is less than 15 inch. Do you want to "
                "exit the program and reset your screen reolution now ?")
-NOLOG = "The data of this session cannot be kept: the log file can not be written. Everything else works as usual."
+NOLOG = "The data of this session cannot be kept: the log file cannot be written. Everything else works as usual."
 
 
 def startup(session):

@@ -453,6 +453,10 @@ TEST(Strip, FitsEveryScreen) {
     for (const QWidget* child : strip.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
       if (!child->isVisible()) continue;
       EXPECT_TRUE(strip.rect().contains(child->geometry())) << child->objectName().toStdString();
+      if (const auto* list = qobject_cast<const ListBox*>(child)) {
+        const int item = list->fontMetrics().horizontalAdvance(list->currentText());
+        EXPECT_GT(list->lineEdit()->width(), item) << list->objectName().toStdString();
+      }
       if (const auto* label = qobject_cast<const QLabel*>(child)) {
         EXPECT_GE(label->width(), label->fontMetrics().size(0, label->text()).width()) << label->text().toStdString();
       }

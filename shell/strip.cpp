@@ -78,6 +78,7 @@ void fitbutton(QPushButton& button, int controlheight) {
   const QSize caption = metrics.size(0, button.text());
   const bool wrapped = button.text().contains(QLatin1Char('\n'));
   button.setMinimumWidth(caption.width() + frame.width());
+  if (wrapped) button.setMaximumWidth(caption.width() + 2 * frame.width());  // the room there is goes to the boxes
   button.setFixedHeight(wrapped ? std::max(2 * controlheight, 3 * metrics.lineSpacing() + frame.height())
                                 : controlheight);
 }

@@ -12,8 +12,8 @@
 namespace moistair {
 
 /// The number that the whole text is; no value (NaN) if it is none.
-/// Blanks or line breaks around it, a sign, digits, one decimal point and an exponent are accepted, nothing else: no hexadecimal,
-/// "nan", "inf" or group separators. A number too large for a double is none; one too small reads 0.
+/// Blanks or line breaks around it, a sign, digits, one decimal point and an exponent are accepted, nothing else: no
+/// hexadecimal, "nan", "inf" or group separators. A number too large for a double is none; one too small reads 0.
 double strictnumber(std::string_view text);
 
 /// The number that the text begins with, leading blanks skipped; 0 if it begins with none or overflows.

@@ -10,12 +10,14 @@
 
 #include "chart/chartframe.h"
 #include "chart/drawing.h"
+#include "engine/value.h"
 
 namespace moistair::charttest {
 
 inline constexpr ChartLimits fulllimits{0, 120, 0, 0.03};
 inline constexpr WindowSize layoutwindow{12000, 6000};
 inline constexpr double sealevel = 29.92126;
+using Words = std::vector<std::string>;
 
 inline PlotArea areaof(const ChartLimits& limits) { return {limits, plotframe(limits), layoutwindow}; }
 
@@ -36,17 +38,11 @@ inline std::vector<LineOperation> linesof(const Drawing& drawing, std::optional<
   return lines;
 }
 
-inline std::vector<TextOperation> textsof(const Drawing& drawing) {
-  std::vector<TextOperation> texts;
+inline Words wordsof(const Drawing& drawing) {
+  Words words;
   for (const Operation& operation : drawing.operations) {
-    if (const auto* text = std::get_if<TextOperation>(&operation)) texts.push_back(*text);
+    if (const auto* text = std::get_if<TextOperation>(&operation)) words.push_back(text->text);
   }
-  return texts;
-}
-
-inline std::vector<std::string> wordsof(const Drawing& drawing) {
-  std::vector<std::string> words;
-  for (const TextOperation& text : textsof(drawing)) words.push_back(text.text);
   return words;
 }
 

@@ -8,6 +8,7 @@
 /// has a property without a value.
 #include <ctime>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -79,10 +80,8 @@ double milliseconds() {
 }
 
 bool whole(const StatePoint& point) {
-  for (const double property : {point.db, point.wb, point.rh, point.w, point.h, point.dp, point.v, point.pv}) {
-    if (!hasvalue(property)) return false;
-  }
-  return true;
+  const double all[] = {point.db, point.wb, point.rh, point.w, point.h, point.dp, point.v, point.pv};
+  return std::all_of(std::begin(all), std::end(all), hasvalue);
 }
 
 struct Case {
@@ -90,6 +89,13 @@ struct Case {
   double atm;
   double milliseconds = 0;
 };
+
+Case anycase(Random& random) {
+  const auto kind1 = *kindat(oneof(random, kindcount));
+  const auto kind2 = *kindat(oneof(random, kindcount));
+  const bool ordinary = oneof(random, 2) == 0;
+  return {{kind1, value(kind1, ordinary, random)}, {kind2, value(kind2, ordinary, random)}, pressure(ordinary, random)};
+}
 
 void print(const char* head, const Case& pair) {
   std::printf("%s: %s %s, %s %s at %s in Hg, %s ms\n", head, kindtexts[static_cast<std::size_t>(pair.first.kind)],
@@ -101,36 +107,26 @@ void print(const char* head, const Case& pair) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto argument = [&](int at, double otherwise) {
-    double number = otherwise;
-    if (at < argc) assign(number, strictnumber(argv[at]));
-    return number;
-  };
+  const auto argument = [&](int at, double otherwise) { return at < argc ? lenientnumber(argv[at]) : otherwise; };
   const auto count = static_cast<std::int64_t>(argument(1, 4000));
   Random random(static_cast<std::uint64_t>(argument(2, 1)));
   SolverFields fields;  // never cleared, as in a window
-  std::int64_t resolved = 0;
-  int faults = 0;
+  std::int64_t resolved = 0, faults = 0;
   Case slowest{};
   for (std::int64_t i = 0; i < count; ++i) {
-    const auto kind1 = *kindat(oneof(random, kindcount));
-    const auto kind2 = *kindat(oneof(random, kindcount));
-    const bool ordinary = oneof(random, 2) == 0;
-    Case pair{
-        {kind1, value(kind1, ordinary, random)}, {kind2, value(kind2, ordinary, random)}, pressure(ordinary, random)};
+    Case pair = anycase(random);
     const double start = milliseconds();
     const Resolution result = resolvepair(pair.first, pair.second, pair.atm, openrangefinders(), fields);
     pair.milliseconds = milliseconds() - start;
     if (pair.milliseconds > slowest.milliseconds) slowest = pair;
-    if (result.resolved) ++resolved;
+    resolved += result.resolved;
     const bool slow = pair.milliseconds > slowest_allowed;
     const bool broken = result.resolved && !whole(result.point);
     if (slow) print("too slow", pair);
     if (broken) print("no value in a resolved state", pair);
-    if (slow || broken) ++faults;
+    faults += slow || broken;
   }
-  std::printf("%lld pairs, %lld resolved, %d faults\n", static_cast<long long>(count), static_cast<long long>(resolved),
-              faults);
+  std::printf("%jd pairs, %jd resolved, %jd faults\n", count, resolved, faults);
   print("slowest", slowest);
-  return faults == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+  return faults == 0 && (count < 1000 || resolved > count / 100) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -4,6 +4,7 @@
 
 #include "engine/openfinders.h"
 #include "engine/resolver.h"
+#include "engine/value.h"
 
 namespace moistair {
 

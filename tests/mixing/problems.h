@@ -1,8 +1,11 @@
 /// \file
-/// Mixing problems as the tests and the benchmark type them.
+/// Mixing problems as the tests type them.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
+#include <vector>
 
 #include "mixing/mixingproblem.h"
 
@@ -17,11 +20,15 @@ struct Typed {
   const char* flow;
 };
 
-inline MixingProblem emptyproblem(double atm = 29.92126, const std::string& entered = "29.92126") {
-  MixingProblem problem;
-  problem.pressure = {atm, "Atmos. pr (in Hg)", entered};
-  return problem;
+inline Typed drywet(const char* db, const char* wb, const char* flow) {
+  return {PropertyKind::db, db, PropertyKind::wb, wb, flow};
 }
+
+/// The reference case: 1000 acfm at 75 and 62.5 deg F with 500 acfm at 95 and 75 deg F.
+inline const Typed one = drywet("75", "62.5", "1000"), two = drywet("95", "75", "500");
+
+/// Air so dry that the wet bulb's grain of a tenth puts the mixture's vapour pressure below zero.
+inline const Typed driest = drywet("120", "63.33", "1000");
 
 inline void type(MixingProblem& problem, std::size_t number, const Typed& typed) {
   AirStream& stream = problem.streams[number];
@@ -34,18 +41,13 @@ inline void type(MixingProblem& problem, std::size_t number, const Typed& typed)
   mixstreams(problem);
 }
 
-inline Typed drywet(const char* db, const char* wb, const char* flow) {
-  return {PropertyKind::db, db, PropertyKind::wb, wb, flow};
-}
-
-inline MixingProblem problemof(const Typed& one, const Typed& two, double atm = 29.92126) {
-  MixingProblem problem = emptyproblem(atm);
-  type(problem, 0, one);
-  type(problem, 1, two);
+inline MixingProblem problemof(const Typed& first, const Typed& second,
+                               const MixingPressure& pressure = {29.92126, "Atmos. pr (in Hg)", "29.92126"}) {
+  MixingProblem problem;
+  problem.pressure = pressure;
+  type(problem, 0, first);
+  type(problem, 1, second);
   return problem;
 }
-
-/// 1000 acfm at 75 and 62.5 deg F with 500 acfm at 95 and 75 deg F.
-inline MixingProblem referenceproblem() { return problemof(drywet("75", "62.5", "1000"), drywet("95", "75", "500")); }
 
 }  // namespace moistair::test

@@ -20,23 +20,18 @@ TEST(PressureReadouts, FollowTheEntry) {
     PressureReadouts earlier, expected;
   } rows[] = {
       {"default at opening", standard, "29.92126", blank, {"29.92126", "14.695949526166", ""}},
-      {"default leaves the elevation", standard, "29.92126", before, {"29.92126", "14.695949526166", "3"}},
       {"inches", inhg, "30", before, {"30", "14.734623", "3"}},
-      {"inches as typed", inhg, "030.0", blank, {"030.0", "14.734623", ""}},
       {"inches with a tail", inhg, "30abc", blank, {"30abc", "14.734623", ""}},
       {"inches emptied", inhg, "", before, {"", "0", "3"}},
       {"inches overflowing", inhg, "1e999", blank, {"1e999", "0", ""}},
       {"pounds", psi, "14.7", before, {"29.9295087", "14.7", "3"}},
       {"pounds emptied", psi, "", before, {"", "2", "3"}},
       {"pounds, a sign so far", psi, "-", before, {"", "-", "3"}},
-      {"pounds, a point so far", psi, ".", before, {"", ".", "3"}},
       {"pounds with a tail", psi, "14.7x", before, {"", "14.7x", "3"}},
       {"pounds beyond a double", psi, "1e308", before, {"", "1e308", "3"}},
       {"elevation", elevation, "5000", before, {"24.8961078291965", "12.227825434352", "5000"}},
       {"elevation emptied", elevation, "", before, {"29.92134992", "14.6959936907427", ""}},
-      {"elevation, a sign so far", elevation, "-", before, {"29.92134992", "14.6959936907427", "-"}},
       {"above the atmosphere", elevation, "145447", before, {"", "", "145447"}},
-      {"far above the atmosphere", elevation, "1e300", before, {"", "", "1e300"}},
       {"no unit", none, "30", before, before},
   };
   for (const auto& row : rows) {
@@ -63,14 +58,12 @@ TEST(PressureFor, StoresTheEntryAndTestsItsRange) {
       {"inches, above", inhg, "147.66", "147.66", false},
       {"inches emptied", inhg, "", "", false},
       {"inches with a tail", inhg, "30abc", "30abc", true},
-      {"inches, absurd", inhg, "1e300", "1e300", false},
       {"pounds", psi, "14.7", "29.9295087", true},
       {"pounds, lowest", psi, "2.9", "5.9044609", true},
       {"pounds, below", psi, "2.89", "5.88410069", false},
       {"pounds, highest", psi, "72.5", "147.6115225", true},
       {"pounds, above", psi, "72.51", "147.63188271", false},
       {"pounds emptied", psi, "", "0", false},
-      {"pounds, a word", psi, "abc", "0", false},
       {"pounds beyond a double", psi, "1e308", std::nullopt, false},
       {"elevation", elevation, "5000", "24.8961078291965", true},
       {"sea level", elevation, "0", "29.92134992", true},
@@ -80,7 +73,6 @@ TEST(PressureFor, StoresTheEntryAndTestsItsRange) {
       {"elevation emptied", elevation, "", "29.92134992", true},
       {"above the atmosphere", elevation, "145447", std::nullopt, false},
       {"no unit", none, "30", std::nullopt, true},
-      {"no unit, no entry", none, "", std::nullopt, true},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

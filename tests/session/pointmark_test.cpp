@@ -9,22 +9,22 @@ using namespace moistair;
 namespace {
 
 const LimitTexts fullchart{"0", "120", "0", "0.030"};
-constexpr WindowSize window{12000, 6000};
 
-StatePoint stateof(double db, double w, double rh) {
+/// What marking a point of this dry bulb, humidity ratio and relative humidity draws.
+std::vector<Operation> marked(double db, double w, double rh, const LimitTexts& limits, bool accepted) {
   StatePoint point;
   point.db = db;
   point.w = w;
   point.rh = rh;
-  return point;
+  RecordingCanvas canvas;
+  EXPECT_EQ(markpoint(canvas, point, limits, WindowSize{12000, 6000}, "A"), accepted);
+  return canvas.drawing().operations;
 }
 
 }  // namespace
 
 TEST(MarkPoint, NineteenCirclesAndTheIdentificationAtTheirCentre) {
-  RecordingCanvas canvas;
-  ASSERT_TRUE(markpoint(canvas, stateof(60, .015, 50), fullchart, window, "A"));
-  const std::vector<Operation>& operations = canvas.drawing().operations;
+  const std::vector<Operation> operations = marked(60, .015, 50, fullchart, true);
   ASSERT_EQ(operations.size(), 20U);
   for (std::size_t i = 0; i < 19; ++i) {
     const auto radius = 40 - 2 * static_cast<float>(i);
@@ -37,34 +37,29 @@ TEST(MarkPoint, LimitsAreIncluded) {
   const LimitTexts narrow{"40", "80", "0.010", "0.020"};
   const struct {
     const char* name;
-    StatePoint point;
+    double db, w, rh;
     LimitTexts limits;
-    bool marked;
+    bool accepted;
   } rows[] = {
-      {"largest dry bulb", stateof(120, .02, 50), fullchart, true},
-      {"largest humidity ratio", stateof(100, .03, 50), fullchart, true},
-      {"saturated", stateof(60, .011, 100), fullchart, true},
-      {"above saturation by rounding", stateof(60, .011, 100.0000001), fullchart, false},
-      {"corner of a narrow chart", stateof(40, .01, 50), narrow, true},
-      {"left of it", stateof(39.9999999, .015, 50), narrow, false},
-      {"right of it", stateof(80.0000001, .015, 50), narrow, false},
-      {"below it", stateof(60, .0099999, 50), narrow, false},
-      {"above it", stateof(60, .0200001, 50), narrow, false},
-      {"limits typed with a point", stateof(60, .015, 50), {"0.0", "120.0", "0", ".03"}, true},
-      {"a limit that is no number is 0", stateof(60, .015, 50), {"0", "abc", "0", "0.030"}, false},
+      {"highest corner", 120, .03, 50, fullchart, true},
+      {"saturated", 60, .011, 100, fullchart, true},
+      {"above saturation by rounding", 60, .011, 100.0000001, fullchart, false},
+      {"lowest corner of a narrow chart", 40, .01, 50, narrow, true},
+      {"left of it", 39.9999999, .015, 50, narrow, false},
+      {"right of it", 80.0000001, .015, 50, narrow, false},
+      {"below it", 60, .0099999, 50, narrow, false},
+      {"above it", 60, .0200001, 50, narrow, false},
+      {"limits typed with a point", 60, .015, 50, {"0.0", "120.0", "0", ".03"}, true},
+      {"a limit that is no number is 0", 60, .015, 50, {"0", "abc", "0", "0.030"}, false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    RecordingCanvas canvas;
-    EXPECT_EQ(markpoint(canvas, row.point, row.limits, window, ""), row.marked);
-    EXPECT_EQ(canvas.drawing().operations.size(), row.marked ? 20U : 0U) << "an empty identification is printed too";
+    EXPECT_EQ(marked(row.db, row.w, row.rh, row.limits, row.accepted).size(), row.accepted ? 20U : 0U);
   }
 }
 
 TEST(MarkPoint, LimitsWithoutASpanDrawNoDot) {
-  RecordingCanvas canvas;
-  markpoint(canvas, stateof(0, 0, 50), {"", "", "", ""}, window, "A");
-  for (const Operation& operation : canvas.drawing().operations) {
+  for (const Operation& operation : marked(0, 0, 50, {"", "", "", ""}, true)) {
     EXPECT_FALSE(std::holds_alternative<CircleOperation>(operation));
   }
 }

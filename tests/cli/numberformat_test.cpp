@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
-#include "engine/numbertext.h"
 #include "engine/value.h"
 
 using namespace moistair;
@@ -16,15 +13,12 @@ TEST(NumberFormat, NumbersForOtherPrograms) {
     const char* sevendecimals;
     const char* roundtrip;
   } rows[] = {
-      {"whole", 75, "75.0000000", "75"},
       {"below 1 with a zero before the point", .0092932, "0.0092932", "0.0092932"},
-      {"negative below 1", -.5, "-0.5000000", "-0.5"},
       {"minus 1 is a value here", -1, "-1.0000000", "-1"},
       {"no negative zero", -1e-12, "0.0000000", "-1e-12"},
       {"digits that a sum of binary fractions leaves", .1 + .2, "0.3000000", "0.30000000000000004"},
       {"halves away from zero as shown in the windows", 0.00000005, "0.0000001", "5e-08"},
       {"no value", novalue, "", ""},
-      {"infinity", std::numeric_limits<double>::infinity(), "", ""},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

@@ -11,10 +11,13 @@ import json
 import os
 import pathlib
 import resource
+import shutil
+import struct
 import subprocess
 import sys
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 TOOL = os.path.abspath(sys.argv.pop(1))
 ENVIRONMENT = {k: v for k, v in os.environ.items() if k not in ("DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR")}
@@ -94,19 +97,14 @@ class Usage(ToolTest):
         stream = "db=75,wb=62.5,flow=1000"
         rows = [
             ("nothing", 2, "subcommand", []),
-            ("no command", 2, '"frob" is no command', ["frob"]),
             ("control characters", 2, "is no command", ["a\nb\x1b[31m"]),
             ("one property", 2, "not 1", ["state", "db=75"]),
-            ("three properties", 2, "not 3", ["state", "db=75", "wb=62", "rh=50"]),
             ("the same twice", 2, "db is given twice", ["state", "db=75", "db=76"]),
             ("unknown property", 2, '"temp" is none of', ["state", "temp=75", "wb=62.5"]),
-            ("no equals sign", 2, "is no property", ["state", "75", "62.5"]),
             ("no number", 2, "is no number", ["state", "db=nan", "wb=62.5"]),
-            ("empty value", 2, "is no number", ["state", "db=", "wb=62.5"]),
             ("bytes that are no text", 2, "is no number", ["state", b"db=\xff\xfe", "wb=62.5"]),
             ("w with dp", 2, "fix no state", ["state", "w=0.01", "dp=50"]),
             ("unknown option", 2, "--frob", ["state", "db=75", "wb=62.5", "--frob"]),
-            ("unknown format", 2, "xml", ["state", "db=75", "wb=62.5", "--format", "xml"]),
             ("two pressures", 2, "excludes", ["state", "db=75", "wb=62.5", "--inhg", "30", "--psi", "14"]),
             ("pressure below its range", 2, "5.906", ["state", "db=75", "wb=62.5", "--inhg", "-1"]),
             ("no pressure", 2, "is no number", ["state", "db=75", "wb=62.5", "--inhg", ""]),
@@ -119,16 +117,11 @@ class Usage(ToolTest):
             ("a stream without flow", 2, "stream 2: the flow is missing",
              ["mix", "--stream1", stream, "--stream2", "db=75,wb=62.5"]),
             ("no flow in a stream", 2, "above 0", ["mix", "--stream1", stream, "--stream2", "db=75,wb=62.5,flow=0"]),
-            ("a stream that is no state", 1, "stream 1: no such state",
-             ["mix", "--stream1", "db=75,wb=80,flow=1", "--stream2", stream]),
             ("no output", 2, "--output is required", ["chart"]),
             ("unknown ending", 2, "the ending must be", ["chart", "-o", "chart.gif"]),
-            ("no size", 2, "size must be", ["chart", "-o", "c.json", "--size", "0x100"]),
             ("huge size", 2, "size must be", ["chart", "-o", "c.json", "--size", "1e9x1e9"]),
             ("too many pixels", 2, "million", ["chart", "-o", "c.png", "--size", "9000x9000", "--scale", "5"]),
-            ("scale of a vector file", 2, "scale is for", ["chart", "-o", "c.svg", "--scale", "2"]),
             ("line out of limits", 1, "out of chart limits", ["chart", "-o", "c.json", "--rh", "101"]),
-            ("line that is no number", 2, "is no number", ["chart", "-o", "c.json", "--wb", "x"]),
             ("point out of limits", 1, "out of chart limits",
              ["chart", "-o", "c.json", "--limits", "80,120,0,0.030", "--point", "db=75,wb=62.5"]),
             ("identification that is no text", 2, "UTF-8", ["chart", "-o", "c.json", "--point", b"db=75,wb=62,id=\xff"]),
@@ -176,10 +169,8 @@ class Batch(ToolTest):
     def test_tables_that_are_none(self):
         rows = [
             ("empty", b"", "is empty"),
-            ("blank lines", b"\n\r\n\n", "is empty"),
             ("no header", b"75,62.5\n75,60\n", "must name the columns"),
             ("binary", bytes(range(256)) * 100, "zero bytes"),
-            ("UTF-16", "db,wb\n75,62.5\n".encode("utf-16"), "zero bytes"),
         ]
         for name, given, words in rows:
             with self.subTest(name):
@@ -190,7 +181,6 @@ class Batch(ToolTest):
     def test_odd_tables_go_through(self):
         long = "x" * (1 << 20)
         rows = [
-            ("header alone", b"db,wb\n", 0),
             ("header without a line end", b"db,wb", 0),
             ("byte order mark", b"\xef\xbb\xbfdb,wb\r\n75,62.5\r\n", 1),
             ("a line of 1 MB", f"note,db,wb\n{long},75,62.5\n,75,62.5\n".encode(), 2),
@@ -256,11 +246,9 @@ class Mix(ToolTest):
             self.assertEqual({name: float(row[name]) for name in column}, column)
         table = [line.split() for line in self.output("mix", *self.STREAMS).splitlines()]
         self.assertIn("Humidity ratio (lb/lb of air) .0092932 .0142448 .0109004".split(), table)
-
-    def test_a_mixture_too_dry_for_a_dew_point(self):
-        stream = "db=120,wb=63.33,flow=1"
-        text = self.output("mix", "--stream1", stream, "--stream2", stream, "--format", "json")
-        self.assertIsNone(json.loads(text)["mixed"]["dp"])
+        driest = "db=120,wb=63.33,flow=1"
+        columns = json.loads(self.output("mix", "--stream1", driest, "--stream2", driest, "--format", "json"))
+        self.assertIsNone(columns["mixed"]["dp"])
 
 
 class Chart(ToolTest):
@@ -291,26 +279,28 @@ class Chart(ToolTest):
         self.assertAlmostEqual(circles[0]["x"], 1000 + 12000 * 75 / 144, places=2)
 
     def test_header_line_follows_the_pressure(self):
-        for arguments, header in ((["--elevation", "5000"], "Site elevation=5000 ft"),
-                                  (["--psi", "14.7"], "Atmos. pr=14.7 Pounds/sq inch"),
-                                  ([], "Atmos. pr=29.92126 In Hg")):
+        for arguments, header in ((["--psi", "14.7"], "Atmos. pr=14.7 Pounds/sq inch"), ([], "Atmos. pr=29.92126 In Hg")):
             self.assertIn(header, [op.get("text") for op in self.drawing(*arguments)["ops"]])
 
     def test_files_of_every_kind(self):
         for ending, begins in ((".svg", b"<?xml"), (".pdf", b"%PDF"), (".png", b"\x89PNG"), (".BMP", b"BM")):
             with self.subTest(ending):
                 self.output("chart", "-o", "c" + ending, "--size", "800x400", *self.ADDITIONS)
-                content = (self.folder / ("c" + ending)).read_bytes()
-                self.assertTrue(content.startswith(begins))
-        self.assertIn(b"<text", (self.folder / "c.svg").read_bytes())
-
-        def size(name):
-            header = (self.folder / name).read_bytes()[16:24]
-            return int.from_bytes(header[:4], "big"), int.from_bytes(header[4:], "big")
-
-        self.assertEqual(size("c.png"), (800, 400))
+                self.assertTrue((self.folder / ("c" + ending)).read_bytes().startswith(begins))
         self.output("chart", "-o", "twice.png", "--size", "800x400", "--scale", "2")
-        self.assertEqual(size("twice.png"), (1600, 800))
+        for name, size in (("c.png", (800, 400)), ("twice.png", (1600, 800))):
+            self.assertEqual(struct.unpack(">II", (self.folder / name).read_bytes()[16:24]), size)
+
+    def test_text_stays_text(self):
+        words = ["Rh= 100", "h= 30", "WB= 60", 'A "é"', "St1", "Mix", "St2", "Atmos. pr=29.92126 In Hg"]
+        self.output("chart", "-o", "c.svg", *self.ADDITIONS)
+        drawn = [text.text.strip() for text in ElementTree.parse(self.folder / "c.svg").iter() if text.tag.endswith("}text")]
+        self.assertEqual([word for word in words if word not in drawn], [])
+        if shutil.which("pdftotext") is None:
+            self.skipTest("no pdftotext to look into the PDF with")
+        self.output("chart", "-o", "c.pdf", *self.ADDITIONS)
+        printed = subprocess.run(["pdftotext", "-layout", "c.pdf", "-"], cwd=self.folder, stdout=subprocess.PIPE, check=True)
+        self.assertEqual([word for word in words if word not in printed.stdout.decode()], [])
 
 
 if __name__ == "__main__":

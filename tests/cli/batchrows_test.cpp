@@ -46,10 +46,6 @@ TEST(BatchRows, RowsGoThroughAndGetTheirState) {
       {"other columns with quotes stay as they are", "id,db,note,wb", "7,75,\"a, \"\"b\"\"\r\nc\",62.5\n",
        "7,75,\"a, \"\"b\"\"\r\nc\",62.5", reference},
       {"values in quotes and blanks", "db,wb", "\" 75\",\t62.5 \n", "\" 75\",\t62.5 ", reference},
-      {"byte order mark",
-       "\xEF\xBB\xBF"
-       "db,wb",
-       "75,62.5\n", "75,62.5", reference},
       {"blank lines are left out", "db,wb", "\n75,62.5\n\r\n", "75,62.5", reference},
       {"pair by what is filled", "rh,db,wb,w", ",75,62.5,\n", ",75,62.5,", reference},
       {"elevation of its own", "db,wb,elevation", "75,62.5,5000\n", "75,62.5,5000",
@@ -101,11 +97,7 @@ TEST(BatchRows, TheFirstLineNamesTheColumns) {
       {"capitals are other columns", "DB,WB", "must name the columns"},
       {"a kind twice", "db,wb,db", "the column db twice"},
       {"quote left open", "db,\"wb", "leaves a quote open"},
-      {"binary",
-       std::string("\x7f"
-                   "ELF\0,db,wb",
-                   11),
-       "zero bytes"},
+      {"binary", std::string("\x01\0,db,wb", 8), "zero bytes"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

@@ -95,20 +95,6 @@ TEST(Csv, BlocksAreCutWhereRecordsEnd) {
   }
 }
 
-TEST(Csv, BlocksTogetherAreTheInput) {
-  const std::string longfield = "\"" + std::string(1 << 20, 'x') + "\n\"";
-  const Texts inputs = {
-      "", "\n", "a,b", "a\n1\n" + longfield + ",1\n2", std::string(100000, '\n'), "\"" + std::string(99999, 'y')};
-  for (const std::string& text : inputs) {
-    SCOPED_TRACE(text.substr(0, 20));
-    Input input(file(text));
-    BlockReader reader(input);
-    std::string together;
-    while (const auto block = reader.next()) together += *block;
-    EXPECT_TRUE(together == text);
-  }
-}
-
 TEST(Csv, AQuoteLeftOpenDoesNotFillTheMemory) {
   Input input(file("a,b\n1,2\n\"" + std::string(BlockReader::longestrecord + 100000, 'x')));
   BlockReader reader(input);

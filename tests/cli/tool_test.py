@@ -144,6 +144,7 @@ class Batch(ToolTest):
     def test_rows_are_those_of_state(self):
         given = "w,h,db,wb\n0.0092932,28.1695563,,\n,,75,62.5\n,40,90,\n"
         rows = list(csv.DictReader(io.StringIO(self.output("batch", "--full", given=given.encode()))))
+        self.assertEqual(len(rows), 3)
         for row, pair in zip(rows, (["w=0.0092932", "h=28.1695563"], ["db=75", "wb=62.5"], ["db=90", "h=40"])):
             state = json.loads(self.output("state", *pair, "--format", "json"))
             self.assertEqual([float(row["out_" + kind]) for kind in KINDS + ["pv"]],

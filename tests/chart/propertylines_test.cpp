@@ -60,7 +60,7 @@ TEST(PropertyLines, DrawNothingWhereTheyCannotBeSeen) {
       {"enthalpy absurdly low", traceenthline, -1e9},
       {"enthalpy absurdly high", traceenthline, 1e300},
       {"volume 0", tracevolline, 0},
-      {"volume above 78", tracevolline, 79},
+      {"volume above 78", tracevolline, 78.5, fulllimits, 5},
       {"volume of the next family line", tracevolline, 16},
       {"no pressure", drawrhline, 50, fulllimits, 0},
       {"absurd pressure", traceenthline, 28, fulllimits, 1e300},

@@ -122,6 +122,7 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
   const auto button = [&](const Control& control) {
     auto* made = make.add<QPushButton>(grid, control);
     made->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    nameinput(*made, made->text().simplified());  // a wrapped caption is read as one line
     return made;
   };
   const auto box = [&](const Control& control) { return make.add<QLineEdit>(grid, control); };

@@ -59,7 +59,7 @@ private:
   std::vector<Placed> placed_;
 };
 
-/// Gives an input its name for a screen reader.
+/// Gives a control its name for a screen reader.
 void nameinput(QWidget& input, const QString& name);
 
 /// Gives a list without a caption of its own its name: a screen reader takes that from a label, here a hidden one.

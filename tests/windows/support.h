@@ -5,16 +5,19 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "shell/mainwindow.h"
 #include "toolkit/listbox.h"
 
 namespace moistair::windowtest {
@@ -31,6 +34,17 @@ inline std::string text(QWidget& window, const char* name) {
   return control<QWidget>(window, name).property("text").toString().toStdString();
 }
 
+/// Texts of numbered labels, the number of each following on the last, one behind the other.
+inline std::string labels(QWidget& window, int first, int last) {
+  std::string texts;
+  for (int number = first; number <= last; ++number) {
+    texts += text(window, ("Label" + std::to_string(number)).c_str()) + "|";
+  }
+  return texts;
+}
+
+inline void select(QWidget& window, const char* list, int item) { control<ListBox>(window, list).select(item); }
+
 /// Types into a box key by key, replacing what it holds.
 inline void type(QWidget& window, const char* name, const char* keys) {
   auto& box = control<QLineEdit>(window, name);
@@ -46,72 +60,135 @@ inline void click(QWidget& window, const char* name) {
   QTest::mouseClick(&control<QAbstractButton>(window, name), Qt::LeftButton);
 }
 
+/// Calls something with the window of a kind that takes the input, as soon as there is one and until this goes.
+template <class Window>
+class Watch {
+public:
+  template <class Answer>
+  explicit Watch(Answer answer) {
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [answer] {
+      if (auto* window = qobject_cast<Window*>(QApplication::activeModalWidget())) answer(*window);
+    });
+    timer_.start(10);
+  }
+
+private:
+  QTimer timer_;
+};
+
 /// Answers the message boxes that come up while it lives, and keeps their texts.
 class BoxAnswers {
 public:
-  struct Box {
-    std::string title, text;
-    QMessageBox::StandardButtons buttons;
-  };
+  explicit BoxAnswers(QMessageBox::StandardButton answer = QMessageBox::Ok)
+      : watch_([this, answer](QMessageBox& box) {
+          texts_.push_back(box.text().toStdString());
+          box.button(answer) == nullptr ? box.reject() : box.button(answer)->click();
+        }) {}
 
-  explicit BoxAnswers(QMessageBox::StandardButton answer = QMessageBox::Ok) : answer_(answer) {
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
-    timer_.start(10);
-  }
-
-  const std::vector<Box>& boxes() const { return boxes_; }
-  std::string lasttext() const { return boxes_.empty() ? std::string() : boxes_.back().text; }
+  std::size_t count() const { return texts_.size(); }
+  std::string lasttext() const { return texts_.empty() ? std::string() : texts_.back(); }
 
 private:
-  void look() {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (box == nullptr) return;
-    boxes_.push_back({box->windowTitle().toStdString(), box->text().toStdString(), box->standardButtons()});
-    auto* button = box->button(answer_);
-    if (button != nullptr) {
-      button->click();
-    } else {
-      box->reject();
-    }
-  }
-
-  QMessageBox::StandardButton answer_;
-  QTimer timer_;
-  std::vector<Box> boxes_;
+  std::vector<std::string> texts_;
+  Watch<QMessageBox> watch_;
 };
 
-/// Answers the next save dialog with a path, or cancels it for an empty one.
+/// Answers the save dialog with a path, or cancels it for an empty one.
 class SaveAnswer {
 public:
-  explicit SaveAnswer(const QString& path) : path_(path) {
-    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
-    timer_.start(10);
-  }
+  explicit SaveAnswer(const QString& path)
+      : watch_([this, path](QFileDialog& dialog) {
+          filters = dialog.nameFilters().join(QLatin1Char('|')).toStdString();
+          auto& name = control<QLineEdit>(dialog, "fileNameEdit");
+          offered = name.text().toStdString();
+          if (path.isEmpty()) return dialog.reject();
+          name.setText(path);
+          QTest::keyClick(&name, Qt::Key_Return);
+        }) {}
 
-  const QString& title() const { return title_; }
-  const QStringList& filters() const { return filters_; }
-  const QString& offered() const { return offered_; }  ///< name that the dialog opened with
+  std::string filters, offered;  ///< kinds of file, and the name that the dialog opened with
 
 private:
-  void look() {
-    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) return;
-    timer_.stop();
-    title_ = dialog->windowTitle();
-    filters_ = dialog->nameFilters();
-    auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    offered_ = name->text();
-    if (path_.isEmpty()) {
-      dialog->reject();
-    } else {
-      name->setText(path_);
-      QTest::keyClick(name, Qt::Key_Return);
-    }
+  Watch<QFileDialog> watch_;
+};
+
+/// The program after start-up: in its pressure window, back on the empty chart, or with a standard chart drawn.
+class Program {
+public:
+  enum Stand { AtStart, OnEmptyChart, OnChart };
+
+  explicit Program(Stand stand = OnEmptyChart) : window(path("temp.txt").toStdString()) {
+    QObject::connect(&window, &MainWindow::ended, &window, [this] { ended = true; });
+    started = window.start();
+    window.showNormal();
+    window.resize(1024, 748);
+    if (stand != AtStart) returntochart();
+    if (stand == OnChart) drawchart();
   }
 
-  QString path_, title_, offered_;
-  QStringList filters_;
-  QTimer timer_;
+  QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
+
+  bool isopen(const char* name) const { return find(name) != nullptr; }
+
+  /// A window that is open, by its layout name.
+  QWidget& dialog(const char* name) const {
+    QWidget* found = find(name);
+    if (found == nullptr) throw std::runtime_error(std::string("no window ") + name);
+    return *found;
+  }
+
+  QWidget& open(const char* button, const char* name) {
+    click(window, button);
+    return dialog(name);
+  }
+
+  void returntochart() { click(dialog("Form2"), "Command2"); }
+
+  void drawchart(bool blank = false) {
+    QWidget& charttype = open("Command3", "Form6");
+    if (blank) control<QAbstractButton>(charttype, "Option2").click();
+    click(charttype, "Command1");
+  }
+
+  void typepoint(const char* value1, const char* value2) {
+    type(window, "Text4", value1);
+    type(window, "Text5", value2);
+  }
+
+  const std::vector<Operation>& operations() { return control<GraphView>(window, "graph").drawing().operations; }
+
+  std::string lastprint() {
+    const auto& all = operations();
+    for (auto operation = all.rbegin(); operation != all.rend(); ++operation) {
+      if (const auto* print = std::get_if<TextOperation>(&*operation)) return print->text;
+    }
+    return {};
+  }
+
+  /// The eight read-outs of the live row.
+  std::string row() {
+    std::string texts;
+    for (const ReadoutField& field : readoutfields) texts += text(window, field.name) + "|";
+    return texts;
+  }
+
+  std::string file(const char* name) const {
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "none";
+  }
+
+  QTemporaryDir folder;
+  MainWindow window;
+  bool started = false;
+  bool ended = false;
+
+private:
+  static QWidget* find(const char* name) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == QLatin1String(name) && widget->isVisible()) return widget;
+    }
+    return nullptr;
+  }
 };
 
 }  // namespace moistair::windowtest

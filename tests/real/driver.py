@@ -227,18 +227,15 @@ class Window:
 
     def readouts(self, caption, count=1):
         """Texts of the `count` labels to the right of a caption, in its row."""
-        return [label.text() for label in self._rightof(caption)[:count]]
-
-    def readout(self, caption):
-        return self.readouts(caption)[0]
-
-    def _rightof(self, caption):
         self.need(LABEL, caption)
         labels = [(control.rect(), control) for control in self.controls() if control.role == LABEL]
         place = min((rect for rect, control in labels if control.name == caption), key=lambda rect: rect.x)
         row = [(rect.x, control) for rect, control in labels
                if rect.x >= place.right and abs(rect.middle[1] - place.middle[1]) <= place.height // 2]
-        return [control for _, control in sorted(row, key=lambda pair: pair[0])]
+        return [control.text() for _, control in sorted(row, key=lambda pair: pair[0])[:count]]
+
+    def readout(self, caption):
+        return self.readouts(caption)[0]
 
     def gone(self):
         wait(lambda: self.node not in self.program.nodes(), f"the window {self.title!r} to go")
@@ -290,13 +287,14 @@ class Program:
     def titles(self):
         return [node.get_name() for node in self.nodes() if node.get_state_set().contains(State.SHOWING)]
 
-    def window(self, title):
+    def window(self, title, role=None):
         """The window of this title, once it is up and has the input."""
         def ready():
             for node in self.nodes():
                 node.clear_cache()
                 states = node.get_state_set()
-                if node.get_name() == title and states.contains(State.SHOWING) and states.contains(State.ACTIVE):
+                if (node.get_name() == title and role in (None, node.get_role())
+                        and states.contains(State.SHOWING) and states.contains(State.ACTIVE)):
                     return Window(self, node)
             return None
         return wait(ready, lambda: f"the window {title!r}; there are {self.titles()}")

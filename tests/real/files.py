@@ -2,10 +2,11 @@
 
 import os
 import re
+import struct
 import subprocess
 
-from driver import BOX, LIST, equal, expect, key, wait
-from picture import readbitmap, readppm
+from driver import BOX, LIST, Role, equal, expect, key, wait
+from picture import readimage
 from points import pointrecord
 from session import GREEN, LOG, MAGENTA, REPORT, logtext
 
@@ -15,6 +16,15 @@ APPENDFAILED = "The data could not be saved: the log file cannot be written."
 VIEWFAILED = "The saved data cannot be shown: the log file cannot be read."
 
 
+def savefile(session, button, title, path):
+    """Cancelled first, then saved."""
+    for chosen, message in ((None, CANCELLED), (path, SAVED + path)):
+        session.main().click(button)
+        session.choosefile(title, chosen)
+        session.answer(message)
+        session.backonchart()
+
+
 def savepoint(session, identification):
     main = session.main()
     main.typein("Point", identification)
@@ -22,8 +32,7 @@ def savepoint(session, identification):
     size = len(session.logbytes())
     report.click("Save data")
     wait(lambda: len(session.logbytes()) > size, "the log to grow")
-    key("Escape")
-    report.gone()
+    session.escape(report)
     session.backonchart()
 
 
@@ -44,14 +53,7 @@ def viewandcopylog(session):
     session.backonchart()
 
     copy = os.path.join(session.home, "copy.txt")
-    main.click("Save data in file")
-    session.choosefile("Save Pont data in File", None)
-    session.answer(CANCELLED)
-    session.backonchart()
-    main.click("Save data in file")
-    session.choosefile("Save Pont data in File", copy)
-    session.answer(SAVED + copy)
-    session.backonchart()
+    savefile(session, "Save data in file", "Save Pont data in File", copy)
     equal(read(copy), wanted, "the copy")
     equal(session.logbytes(), wanted, "the log after the copy")
 
@@ -62,9 +64,7 @@ def logfails(session):
     session.draw(blank=True)
     session.enter("75", "62.5")
     os.unlink(session.log)
-    main.click("View saved data")
-    session.answer(VIEWFAILED)
-    session.backonchart()
+    session.told("View saved data", VIEWFAILED)
     os.mkdir(session.log)
     report = session.opened("Locate point", REPORT)
     report.click("Save data")
@@ -79,16 +79,9 @@ def savepicture(session):
     main = session.begin()
     session.draw()
     path = os.path.join(session.home, "chart.picture")
-    main.click("Save chart")
-    session.choosefile("Save File", None)
-    session.answer(CANCELLED)
-    session.backonchart()
-    main.click("Save chart")
-    session.choosefile("Save File", path)
-    session.answer(SAVED + path)
-    session.backonchart()
-    wait(lambda: os.path.exists(path), path)
-    saved, shown = readbitmap(path), session.shown()
+    savefile(session, "Save chart", "Save File", path)
+    equal(struct.unpack_from("<HI", read(path), 28), (24, 0), "bits of a pixel and compression")
+    saved, shown = readimage("bmp", path), session.shown()
     expect(saved.width >= shown.width and saved.height >= shown.height,
            f"the picture of {saved.width} x {saved.height} pixels is smaller than what is seen")
     equal(shown.firstdifference(saved), None, "where the picture differs from the screen: x, y, shown, saved")
@@ -98,11 +91,10 @@ def savepicture(session):
     dialog = session.window("Save File")
     equal(dialog.need(BOX, "File name:").text(), "chart.picture", "the name that the dialog opens with")
     key("Return")
-    question = wait(lambda: overwritequestion(session), "the question before overwriting")
+    question = wait(lambda: [node for node in session.nodes() if node.get_role() == Role.ALERT], "the question first")
     key("alt+n")
-    question.gone()
-    key("Escape")
-    dialog.gone()
+    wait(lambda: question[0] not in session.nodes(), "the question to go")
+    session.escape(dialog)
     session.answer(CANCELLED)
     session.backonchart()
 
@@ -116,13 +108,6 @@ def savepicture(session):
     wait(lambda: session.shown().colours()[GREEN] == 0, "the saved chart to be cleared")
 
 
-def overwritequestion(session):
-    for node in session.nodes():
-        if "ALERT" in node.get_role().value_name:
-            return session.window(node.get_name())
-    return None
-
-
 def exports(session):
     """The three formats hold the same chart; a name without an ending gets that of the format chosen."""
     session.begin()
@@ -131,8 +116,7 @@ def exports(session):
     session.export(pdf)
     expecttext(pdf)
     session.export(png)
-    command = ["convert", png, "-depth", "8", "ppm:-"]
-    picture = readppm(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)
+    picture = readimage("png", png)
     area = session.main().controls()[0].rect()
     width, height = (round(2 * side / session.scale) for side in (area.width, area.height))
     expect(abs(picture.width - width) <= 2 and abs(picture.height - height) <= 2,
@@ -142,19 +126,14 @@ def exports(session):
     os.unlink(svg)
 
     bare = os.path.join(session.home, "chart")
-    session.menu("alt+f", "Export chart...", "e")
-    session.choosefile("Export chart", bare)
-    wait(lambda: os.path.exists(svg), svg)
-    session.backonchart()
-    session.menu("alt+f", "Export chart...", "e")
-    session.choosefile("Export chart", bare)
-    session.answer(svg + " already exists. Do you want to replace it?", "alt+n", "Export chart")
-    session.backonchart()
+    session.export(bare, svg)
     nowhere = "/sys/chart.svg"  # where not even root can make a file
-    session.menu("alt+f", "Export chart...", "e")
-    session.choosefile("Export chart", nowhere)
-    session.answer("The chart could not be written to " + nowhere)
-    session.backonchart()
+    for path, *message in ((bare, svg + " already exists. Do you want to replace it?", "alt+n", "Export chart"),
+                           (nowhere, "The chart could not be written to " + nowhere)):
+        session.menu("Export chart...", "e")
+        session.choosefile("Export chart", path)
+        session.answer(*message)
+        session.backonchart()
 
 
 def printing(session):
@@ -162,12 +141,10 @@ def printing(session):
     session.begin()
     session.draw()
     path = os.path.join(session.home, "printed.pdf")
-    session.menu("alt+f", "Print...", "p")
-    dialog = session.window("Print")
-    key("Escape")
-    dialog.gone()
+    session.menu("Print...", "p")
+    session.escape(session.window("Print"))
     session.backonchart()
-    session.menu("alt+f", "Print...", "p")
+    session.menu("Print...", "p")
     dialog = session.window("Print")
     dialog.need(LIST, "Name:").waittext("Print to File (PDF)")
     dialog.typein("Output file:", path)

@@ -2,7 +2,7 @@
 
 import os
 
-from driver import BOX, State, equal, expect, key, wait
+from driver import BOX, State, equal, expect, wait
 from session import BLACK, MIXING, logtext
 
 OUTSIDE = "The {} point as per input parameters is out of chart limits"
@@ -67,17 +67,13 @@ def mixingrefused(session):
     main = session.begin()
     main.choose("H. DBT(F)", "90")
     window = session.opened("Mixing problem", MIXING)
-    draw = "Draw mixing line and points on the chart"
-    window.click(draw)
-    session.answer(OUTSIDE.format("stream1"))
-    enterstream(window, 1, "75", "62.5", "1000")
-    window.click(draw)
-    session.answer(OUTSIDE.format("mixed stream"))
-    enterstream(window, 2, "95", "75", "500")
-    window.click(draw)
-    session.answer(OUTSIDE.format("stream2"))
+    for stream, refused in (((), "stream1"), ((1, "75", "62.5", "1000"), "mixed stream"),
+                            ((2, "95", "75", "500"), "stream2")):
+        if stream:
+            enterstream(window, *stream)
+        window.click("Draw mixing line and points on the chart")
+        session.answer(OUTSIDE.format(refused))
     equal(window.readout("Dew point (Deg F)"), "55.2457239", "a read-out after the messages")
-    key("Escape")
-    window.gone()
+    session.escape(window)
     session.backonchart()
     equal(os.path.getsize(session.log), 2, "bytes in the log of a problem that was not saved")

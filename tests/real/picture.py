@@ -1,6 +1,6 @@
-"""Pictures in memory: what the screen shows, and the bitmap that the program writes."""
+"""Pictures in memory: what the screen shows, and what the program writes."""
 
-import struct
+import subprocess
 from collections import Counter
 
 
@@ -19,6 +19,10 @@ class Picture:
     def pixel(self, x, y):
         return tuple(self.row(y, x, 1))
 
+    def near(self, x, y):
+        """The three by three pixels about a spot."""
+        return [self.pixel(x + dx, y + dy) for dy in (-1, 0, 1) for dx in (-1, 0, 1)]
+
     def part(self, rect):
         """What lies within a rectangle, cut at the picture's edges."""
         width = min(rect.width, self.width - rect.x)
@@ -35,20 +39,18 @@ class Picture:
         found = Counter()
         for y in range(self.height):
             mine, its = self.row(y), other.row(y)
-            if mine == its:
-                continue
-            pixels = zip(zip(mine[0::3], mine[1::3], mine[2::3]), zip(its[0::3], its[1::3], its[2::3]))
-            found.update(new for new, old in pixels if new != old)
+            if mine != its:
+                pixels = zip(zip(mine[0::3], mine[1::3], mine[2::3]), zip(its[0::3], its[1::3], its[2::3]))
+                found.update(new for new, old in pixels if new != old)
         return found
 
     def firstdifference(self, other):
         """Where two pictures differ first, none if they are equal over the area that both have."""
         width, height = min(self.width, other.width), min(self.height, other.height)
         for y in range(height):
-            if self.row(y, 0, width) == other.row(y, 0, width):
-                continue
-            x = next(x for x in range(width) if self.pixel(x, y) != other.pixel(x, y))
-            return x, y, self.pixel(x, y), other.pixel(x, y)
+            if self.row(y, 0, width) != other.row(y, 0, width):
+                x = next(x for x in range(width) if self.pixel(x, y) != other.pixel(x, y))
+                return x, y, self.pixel(x, y), other.pixel(x, y)
         return None
 
 
@@ -60,22 +62,7 @@ def readppm(data):
     return Picture(width, height, pixels)
 
 
-def readbitmap(path):
-    """A Windows bitmap of 24 bits, uncompressed; any other file is refused."""
-    with open(path, "rb") as file:
-        data = file.read()
-    if data[:2] != b"BM":
-        raise ValueError("not a bitmap")
-    offset, = struct.unpack_from("<I", data, 10)
-    width, height, planes, bits, compression = struct.unpack_from("<iiHHI", data, 18)
-    if (planes, bits, compression) != (1, 24, 0) or height <= 0:
-        raise ValueError(f"not a bitmap of 24 bits: {bits} bits, compression {compression}")
-    stride = (3 * width + 3) // 4 * 4
-    rows = []
-    for y in range(height):
-        start = offset + (height - 1 - y) * stride  # the lowest row comes first
-        bgr = data[start:start + 3 * width]
-        row = bytearray(3 * width)
-        row[0::3], row[1::3], row[2::3] = bgr[2::3], bgr[1::3], bgr[0::3]
-        rows.append(bytes(row))
-    return Picture(width, height, b"".join(rows))
+def readimage(kind, path):
+    """A file of the kind "bmp" or "png"; any other is refused."""
+    command = ["convert", f"{kind}:{path}", "-depth", "8", "ppm:-"]
+    return readppm(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)

@@ -1,7 +1,7 @@
 """Points: the live row, locating, saving, marking, and every refusal."""
 
 from chart import DRAWFIRST, NOLINE
-from driver import equal, expect, key, wait
+from driver import equal, expect, wait
 from session import FIRSTVALUE, RED, REPORT, SECONDVALUE, logtext
 
 SAMEKIND = "Two parameters must be diffrent"
@@ -69,10 +69,10 @@ def locatesavemark(session):
 
 def nestedpair(session):
     """Relative humidity with enthalpy: neither fixes a temperature, so both must be searched for."""
-    session.begin()
+    main = session.begin()
     session.draw()
     session.enter("50.3032182", "28.1695563", "Rel humidity, percent", "Specific enthalpy, btu/lb")
-    wait(lambda: session.main().readout("DB=").startswith("75.00000"), "a dry bulb of 75")
+    wait(lambda: main.readout("DB=").startswith("75.00000"), "a dry bulb of 75")
     shown = session.readouts()
     expect(shown[1].startswith("62.50000"), f"the wet bulb is {shown[1]}")
     equal(shown[2:4], ["50.3032182", "28.1695563"], "the values given")
@@ -86,35 +86,25 @@ def nestedpair(session):
 def pointsrefused(session):
     """Each refusal has its message, in the order of the tests, and leaves what was typed."""
     main = session.begin()
-
-    def refused(message, answer="Return"):
-        main.click("Locate point")
-        session.answer(message, answer)
-        session.backonchart()
-
     main.choose("Second property", "Dry bulb temp, Deg F")
-    refused(SAMEKIND)
+    session.told("Locate point", SAMEKIND)
     main.choose("First property", "Humidity ratio, decimal")
     main.choose("Second property", "Dew point, Deg F")
-    refused(NOTFEASIBLE, "Escape")
+    session.told("Locate point", NOTFEASIBLE, "Escape")
     main.choose("First property", "Dry bulb temp, Deg F")
-    refused(BLANKBOX)
+    session.told("Locate point", BLANKBOX)
     session.enter("75", "50")
-    refused(DRAWFIRST, "Escape")
-    session.draw(blank=True)
-    main.typein(SECONDVALUE, "80")
-    refused(NOPOINT)
-
-
-def finderrefused(session):
-    """A line of relative humidity that the chart does not cross is told while the user types, for lack of a chart."""
-    main = session.begin()
+    session.told("Locate point", DRAWFIRST, "Escape")
+    main.typein(FIRSTVALUE, "")
     main.choose("First property", "Rel humidity, percent")
     main.choose("Second property", "Specific enthalpy, btu/lb")
+    main.typein(SECONDVALUE, "")
     main.typein(FIRSTVALUE, "50")
     main.typein(SECONDVALUE, "2")
-    session.answer(NOLINE)
-    expect(main.active(), "the main window has not the input after the message")
+    session.answer(NOLINE)  # while the user types, for lack of a chart
+    session.draw(blank=True)
+    session.enter("75", "80", "Dry bulb temp, Deg F", "Dew point, Deg F")
+    session.told("Locate point", NOPOINT)
 
 
 def markrefused(session):

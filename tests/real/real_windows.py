@@ -43,45 +43,18 @@ from driver import equal, screenshot, startmanager  # noqa: E402
 from session import Session  # noqa: E402
 
 SCENARIOS = [
-    ("start-up", startup.startup),
-    ("pressure by elevation", startup.pressurebyelevation),
-    ("pressure refused", startup.pressurerefused),
-    ("small screen", startup.smallscreen),
-    ("log of the last run", startup.lastlog),
-    ("help", startup.helpmanual),
-    ("standard chart", chart.standardchart),
-    ("blank chart", chart.blankchart),
-    ("limits", chart.limits),
-    ("lines", chart.lines),
-    ("lines refused", chart.linesrefused),
-    ("chart type beside", chart.charttypebeside),
-    ("live row", points.liverow),
-    ("locate, save, mark", points.locatesavemark),
-    ("nested pair", points.nestedpair),
-    ("points refused", points.pointsrefused),
-    ("finder refused", points.finderrefused),
-    ("mark refused", points.markrefused),
-    ("mixing", mixing.mixing),
-    ("mixing refused", mixing.mixingrefused),
-    ("view and copy the log", files.viewandcopylog),
-    ("log fails", files.logfails),
-    ("save picture", files.savepicture),
-    ("exports", files.exports),
-    ("printing", files.printing),
-    ("closing dialogs", dialogs.closing),
-    ("closing at the start", dialogs.closingatstart),
-    ("blocked main window", dialogs.blocked),
-    ("exit by button", startup.exitbutton),
-    ("exit by menu", startup.exitmenu),
-    ("exit by the window manager", startup.exitmanager),
-    ("exit beside the chart type", startup.exitbesidecharttype),
+    startup.startup, startup.pressurebyelevation, startup.pressurerefused, startup.smallscreen, startup.lastlog,
+    startup.helpmanual, chart.standardchart, chart.blankchart, chart.limits, chart.lines, chart.charttypebeside,
+    points.liverow, points.locatesavemark, points.nestedpair, points.pointsrefused, points.markrefused,
+    mixing.mixing, mixing.mixingrefused, files.viewandcopylog, files.logfails, files.savepicture, files.exports,
+    files.printing, dialogs.closing, startup.exits,
 ]
 
 
-def run(name, scenario):
+def run(scenario):
     """True if the scenario passed."""
-    folder = os.path.join(os.environ["HOME"], name.replace(" ", "-"))
-    session = Session(options.program, folder, options.screen, options.scale)
+    name = scenario.__name__
+    session = Session(options.program, os.path.join(os.environ["HOME"], name), options.screen, options.scale)
     began = time.monotonic()
     try:
         scenario(session)
@@ -91,7 +64,7 @@ def run(name, scenario):
         print(f"ok    {name} ({time.monotonic() - began:.1f} s)", flush=True)
         return True
     except Exception as failure:  # whatever it is, the other scenarios still run
-        picture = os.path.join(options.output, name.replace(" ", "-") + ".png")
+        picture = os.path.join(options.output, name + ".png")
         screenshot(picture)
         place = failure.__traceback__
         while place.tb_next and "driver" not in place.tb_next.tb_frame.f_code.co_filename:
@@ -109,12 +82,12 @@ def main():
     os.makedirs(options.output)
     began = time.monotonic()
     startmanager()
-    chosen = [row for row in SCENARIOS if not options.only or row[0] in options.only]
+    chosen = [scenario for scenario in SCENARIOS if not options.only or scenario.__name__ in options.only]
     if not chosen:
-        sys.exit("no scenario of that name; there are: " + ", ".join(name for name, _ in SCENARIOS))
-    failed = [name for name, scenario in chosen if not run(name, scenario)]
-    print(f"{len(chosen) - len(failed)} of {len(chosen)} scenarios passed in {time.monotonic() - began:.0f} s")
-    sys.exit(1 if failed else 0)
+        sys.exit("no scenario of that name; there are: " + ", ".join(scenario.__name__ for scenario in SCENARIOS))
+    passed = sum([run(scenario) for scenario in chosen])
+    print(f"{passed} of {len(chosen)} scenarios passed in {time.monotonic() - began:.0f} s")
+    sys.exit(0 if passed == len(chosen) else 1)
 
 
 main()

@@ -39,10 +39,12 @@ class Session(Program):
     def begin(self):
         """Start-up, and out of the pressure window without setting anything."""
         self.launch()
-        pressure = self.window(PRESSURE)
-        key("Escape")
-        pressure.gone()
+        self.escape(self.window(PRESSURE))
         return self.main()
+
+    def escape(self, window):
+        key("Escape")
+        window.gone()
 
     def main(self):
         """The main window, once it has the input."""
@@ -92,20 +94,18 @@ class Session(Program):
     def waitreadouts(self, texts):
         wait(lambda: self.readouts() == texts, lambda: f"the read-outs {texts}, have {self.readouts()}")
 
-    def waitreadout(self, window, caption, text):
-        wait(lambda: window.readout(caption) == text,
-             lambda: f"{text!r} beside {caption!r}, have {window.readout(caption)!r}")
-
     def answer(self, text, answer="Return", title=BOXTITLE):
-        """Waits for a message box, compares its text word for word, and answers it by a key."""
-        def box():
-            window = self.window(title)
-            return window if window.node.get_role() == Role.ALERT else None
-        window = wait(box, f"the message {text!r}")
-        texts = [found for found in window.labels() if found]
-        equal(texts, [text], "the message")
-        key(answer)
+        """Waits for a message box, compares its text word for word, and answers it by a key or as a function does."""
+        window = self.window(title, Role.ALERT)
+        equal([found for found in window.labels() if found], [text], "the message")
+        answer(window) if callable(answer) else key(answer)
         window.gone()
+
+    def told(self, button, text, answer="Return"):
+        """A button of the main window that does nothing but raise a message."""
+        self.main().click(button)
+        self.answer(text, answer)
+        self.backonchart()
 
     def choosefile(self, title, path):
         """Types a path into the save dialog; an empty one cancels it."""
@@ -117,17 +117,18 @@ class Session(Program):
             key("Escape")
         dialog.gone()
 
-    def menu(self, opener, item, command):
-        """A command of the menu bar, by keys alone."""
-        key(opener)
+    def menu(self, item, command):
+        """A command of the file menu, by keys alone."""
+        key("alt+f")
         self.main().look().need(Role.MENU_ITEM, item)
         key(command)
 
-    def export(self, path):
-        self.menu("alt+f", "Export chart...", "e")
+    def export(self, path, made=None):
+        """Into a file; `made` is its name where the program completes that."""
+        self.menu("Export chart...", "e")
         self.choosefile("Export chart", path)
         self.backonchart()
-        wait(lambda: os.path.exists(path), path)
+        wait(lambda: os.path.exists(made or path), made or path)
 
     def texts(self):
         """All texts that stand on the chart, read from an export of it."""
@@ -161,22 +162,17 @@ class Session(Program):
         xdotool("mousemove", area.x + 3, area.y + area.height - 3)
         return screenshot().part(area)
 
-    def spot(self, db, hr, limits=(0, 120, 0, 0.030)):
-        """Where a state stands in the picture of the chart [pixels]."""
-        lowdb, highdb, lowhr, highhr = limits
+    def spot(self, db, hr):
+        """Where a state stands in the picture of the chart between the limits at the start [pixels]."""
         inner = self.main().controls()[0].rect()
-        x = inner.width * (db - lowdb) / ((highdb - lowdb) * 12 / 10) + inner.width / 12
-        y = inner.height * 4700 / 6000 - inner.height * (hr - lowhr) / ((highhr - lowhr) * 6000 / 4500)
+        x = inner.width * db / (120 * 12 / 10) + inner.width / 12
+        y = inner.height * 4700 / 6000 - inner.height * hr / (0.030 * 6000 / 4500)
         return round(x), round(y)
 
     def waitmark(self, db, hr, name):
         """A mark at the state, somewhere in the three by three pixels about it: its name may begin at its centre."""
         x, y = self.spot(db, hr)
-
-        def near():
-            picture = self.shown()
-            return [picture.pixel(x + dx, y + dy) for dy in (-1, 0, 1) for dx in (-1, 0, 1)]
-        wait(lambda: RED in near(), lambda: f"the mark {name} at {x}, {y}, where there is {near()}")
+        wait(lambda: RED in self.shown().near(x, y), lambda: f"the mark {name} at {x}, {y}")
 
     def logbytes(self):
         with open(self.log, "rb") as file:

@@ -53,7 +53,7 @@ def work(session, number):
     """One round. All four lines have their turn."""
     main = session.main()
     session.draw()
-    button, box, value, _, _ = LINES[number % len(LINES)]
+    button, box, value, *_ = LINES[number % len(LINES)]
     main.need(BOX, box).click()
     typekeys(value)
     main.click(button)

@@ -23,6 +23,7 @@ def startup(session):
     pressure.click("Return to chart")
     pressure.gone()
     main = session.backonchart()
+    equal(main.title, MAIN, "title of the main window")
     expect(not main.enabled("Save data in file"), "there is something to save at the start")
     equal(session.texts(), ["Atmos. pr= 29.92126 In Hg"], "texts on the chart at the start")
 
@@ -30,12 +31,10 @@ def startup(session):
 def pressurebyelevation(session):
     """The read-outs follow each key; the site stands on the chart and in every report."""
     session.launch()
-    pressure = session.window(PRESSURE)
-    pressure.choose("Choose unit", "Elevation in feet")
-    pressure.typein("Input value", "5000")
-    session.waitreadout(pressure, "Inches of Hg", "24.8961078291965")
-    session.waitreadout(pressure, "Pound/sq inch", "12.227825434352")
-    session.waitreadout(pressure, "Elevation in feet", "5000")
+    pressure = enterpressure(session, "Elevation in feet", "5000")
+    for caption, text in (("Inches of Hg", "24.8961078291965"), ("Pound/sq inch", "12.227825434352"),
+                          ("Elevation in feet", "5000")):
+        wait(lambda: pressure.readout(caption) == text, f"{text} beside {caption}")
     pressure.click("Set/Change chart atmos. pressure")
     session.answer(SURE, "alt+n", "DELETE")
     expect(pressure.title in session.titles(), "No on the question closed the pressure window")
@@ -43,7 +42,7 @@ def pressurebyelevation(session):
     session.answer(SURE, "alt+y", "DELETE")
     pressure.gone()
     session.backonchart()
-    session.expecttexts("Site elevation=5000 ft")
+    equal(session.texts(), ["Site elevation=5000 ft"], "texts on the chart after a new pressure")
     session.draw()
     session.expecttexts("Site elevation=5000 ft", "WB= 60")
     session.enter("75", "62.5")
@@ -51,28 +50,23 @@ def pressurebyelevation(session):
     equal(report.readout("Site elevation (ft)"), "5000", "the elevation in the report")
 
 
+def enterpressure(session, unit, value):
+    pressure = session.window(PRESSURE)
+    pressure.choose("Choose unit", unit)
+    pressure.typein("Input value", value)
+    return pressure
+
+
 def pressurerefused(session):
-    """A value out of range is refused and the window stays; a chart that stands goes only with a pressure accepted."""
+    """A value out of range is refused and the window stays."""
     session.begin()
-    session.draw(blank=True)
-    pressure = session.opened("Set/reset atmos pressure", PRESSURE)
+    session.opened("Set/reset atmos pressure", PRESSURE)
     for unit, value in (("Inches of Hg", "5.905"), ("Pounds/sq inch", "72.51"), ("Elevation in feet", "38651")):
-        pressure.choose("Choose unit", unit)
-        pressure.typein("Input value", value)
-        pressure.click("Set/Change chart atmos. pressure")
+        pressure = enterpressure(session, unit, value)
+        key("Return")
         session.answer(SURE, "alt+y", "DELETE")
         session.answer(OUTOFRANGE)
         expect(pressure.title in session.titles(), f"{value} in {unit} closed the pressure window")
-    pressure.choose("Choose unit", "Pounds/sq inch")
-    pressure.typein("Input value", "14.7")
-    session.waitreadout(pressure, "Inches of Hg", "29.9295087")
-    key("Return")
-    session.answer(SURE, "Escape", "DELETE")
-    key("Return")
-    session.answer(SURE, "alt+y", "DELETE")
-    pressure.gone()
-    session.backonchart()
-    equal(session.texts(), ["Atmos. pr=14.7 Pounds/sq inch"], "texts on the chart after a new pressure")
 
 
 def smallscreen(session):
@@ -85,14 +79,10 @@ def smallscreen(session):
 
     session.launch()
     session.answer(SMALLSCREEN, "alt+n", "DELETE")
-    pressure = session.window(PRESSURE)
-    key("Escape")
-    pressure.gone()
+    session.escape(session.window(PRESSURE))
     session.main().click("Mixing problem")
     session.answer(SMALLSCREEN, "alt+n", "DELETE")
-    mixing = session.window(MIXING)
-    key("Escape")
-    mixing.gone()
+    session.escape(session.window(MIXING))
     session.main().click("Mixing problem")
     session.answer(SMALLSCREEN, "alt+y", "DELETE")
     equal(session.waitended(), 0, "exit code after Yes at the mixing problem")
@@ -113,39 +103,23 @@ def lastlog(session):
     os.mkdir(session.log)
     session.launch()
     session.answer(NOLOG)
-    session.window(PRESSURE)
-    key("Escape")
+    session.escape(session.window(PRESSURE))
     session.draw(blank=True)
 
 
-def exitbutton(session):
-    leaves(session, lambda main: main.click("Exit"))
-
-
-def exitmenu(session):
-    leaves(session, lambda main: session.menu("alt+f", "Exit", "x"))
-
-
-def exitmanager(session):
-    leaves(session, lambda main: main.closebymanager())
-
-
-def exitbesidecharttype(session):
-    """Exit ends the program with all windows."""
-    def leave(main):
+def exits(session):
+    """Each way out ends the program with all its windows, and its log with it."""
+    def besidecharttype(main):
         session.opened("Draw chart", CHARTTYPE)
         main.click("Exit")
-    leaves(session, leave)
 
-
-def leaves(session, leave):
-    """The program ends, and its log with it."""
-    main = session.begin()
-    equal(main.title, MAIN, "title of the main window")
-    expect(os.path.exists(session.log), "there is no log")
-    leave(main)
-    equal(session.waitended(), 0, "exit code")
-    expect(not os.path.exists(session.log), "the log is still there after the end")
+    for leave in (lambda main: main.click("Exit"), lambda main: session.menu("Exit", "x"),
+                  lambda main: main.closebymanager(), besidecharttype):
+        main = session.begin()
+        expect(os.path.exists(session.log), "there is no log")
+        leave(main)
+        equal(session.waitended(), 0, "exit code")
+        expect(not os.path.exists(session.log), "the log is still there after the end")
 
 
 def helpmanual(session):
@@ -153,25 +127,15 @@ def helpmanual(session):
     opened = os.path.join(session.home, "opened.txt")
     opener = os.path.join(session.binaries, "xdg-open")
     with open(opener, "w", encoding="utf-8") as script:
-        script.write(f'#!/bin/sh\necho "$1" >>"{opened}"\n')
+        script.write(f'#!/bin/sh\necho "$1" >"{opened}"\n')
     os.chmod(opener, 0o755)
     manual = os.path.join(os.path.dirname(session.binaries), "share/doc/moistair/manual/index.html")
     os.makedirs(os.path.dirname(manual))
-    compiled = os.path.join(session.binaries, "Psychrometric chart-English Units.chm")
-
-    def lastopened():
-        if not os.path.exists(opened):
-            return ""
-        with open(opened, encoding="utf-8") as file:
-            return (file.read().splitlines() or [""])[-1]
-
     main = session.begin()
-    main.click("Help")
-    session.backonchart()
-    for path in (manual, compiled):
-        with open(path, "w", encoding="utf-8"):
-            pass
+    for path in (manual, os.path.join(session.binaries, "Psychrometric chart-English Units.chm")):
+        open(path, "wb").close()
         main.click("Help")
-        wait(lambda: os.path.basename(path).replace(" ", "%20") in lastopened().replace(" ", "%20"),
-             lambda: f"{path} to be opened, last was {lastopened()!r}")
+        wanted = os.path.basename(path).replace(" ", "%20")
+        wait(lambda: os.path.exists(opened) and wanted in open(opened, encoding="utf-8").read().replace(" ", "%20"),
+             f"{path} to be opened")
         session.backonchart()

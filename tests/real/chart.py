@@ -2,7 +2,7 @@
 
 import subprocess
 
-from driver import BOX, equal, expect, wait
+from driver import BOX, BUTTON, equal, expect, wait
 from session import (BLACK, BLUE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, GRID, MAGENTA, MIXING, WHITE)
 
 STANDS = ("Do one of the followings to draw new chart - 1) Change chart ranges 2) Reset atmos. pressure 3) Clear graph ")
@@ -105,7 +105,7 @@ def charttypebeside(session):
     equal(session.titles().count(CHARTTYPE), 1, "chart type windows")
 
     def clickwhereboth(message):
-        place = message.button("OK").rect()
+        place = message.need(BUTTON, "OK").rect()
         subprocess.run(["wmctrl", "-F", "-r", CHARTTYPE, "-e", f"0,{place.x - 60},{place.y - 60},-1,-1"], check=True)
         wait(lambda: inside(place.middle, chosen.rect()), "the chart type window where the message is")
         message.click("OK")

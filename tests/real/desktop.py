@@ -14,19 +14,11 @@ import tempfile
 import time
 
 INSIDE = "MOISTAIR_DESKTOP"
-HERE = os.path.dirname(os.path.abspath(__file__))
+LIBC = ctypes.CDLL(None)
 
 
-def die_with_parent():
-    """Run in a child between fork and exec: it ends when its parent does."""
-    pr_set_pdeathsig = 1
-    ctypes.CDLL(None).prctl(pr_set_pdeathsig, signal.SIGTERM)
-
-
-def adopt_orphans():
-    """From now on, what loses its parent below this process becomes its child."""
-    pr_set_child_subreaper = 36
-    ctypes.CDLL(None).prctl(pr_set_child_subreaper, 1)
+PR_SET_PDEATHSIG = 1  # a child ends when its parent does
+PR_SET_CHILD_SUBREAPER = 36  # what loses its parent below a process becomes its child
 
 
 def stop_children():
@@ -44,7 +36,7 @@ def stop_children():
 
 
 def start(*command, **options):
-    return subprocess.Popen(command, preexec_fn=die_with_parent, **options)
+    return subprocess.Popen(command, preexec_fn=lambda: LIBC.prctl(PR_SET_PDEATHSIG, signal.SIGTERM), **options)
 
 
 def stop(process):
@@ -74,24 +66,11 @@ def start_server(screen):
 
 
 def environment(display, home):
-    made = {
-        "PATH": os.environ["PATH"],
-        "DISPLAY": ":" + display,
-        "HOME": home,
-        "XDG_RUNTIME_DIR": home,
-        "XDG_CONFIG_HOME": home,
-        "XDG_STATE_HOME": os.path.join(home, "state"),
-        "LC_ALL": "C.UTF-8",
-        "QT_QPA_PLATFORM": "xcb",
-        "QT_STYLE_OVERRIDE": "Fusion",
-        "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-        "NO_AT_BRIDGE": "0",
-        "PYTHONDONTWRITEBYTECODE": "1",
-        INSIDE: display,
-    }
-    if "LD_LIBRARY_PATH" in os.environ:
-        made["LD_LIBRARY_PATH"] = os.environ["LD_LIBRARY_PATH"]
-    return made
+    inherited = {name: os.environ[name] for name in ("PATH", "LD_LIBRARY_PATH") if name in os.environ}
+    return dict(inherited, DISPLAY=":" + display, HOME=home, XDG_RUNTIME_DIR=home, XDG_CONFIG_HOME=home,
+                XDG_STATE_HOME=os.path.join(home, "state"), LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+                QT_STYLE_OVERRIDE="Fusion", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="0",
+                PYTHONDONTWRITEBYTECODE="1", **{INSIDE: display})
 
 
 def enter(screen, limit):
@@ -101,7 +80,7 @@ def enter(screen, limit):
     """
     if INSIDE in os.environ:
         return
-    adopt_orphans()
+    LIBC.prctl(PR_SET_CHILD_SUBREAPER, 1)
     server, display = start_server(screen)
     with tempfile.TemporaryDirectory(prefix="moistair-") as home:
         os.chmod(home, 0o700)

@@ -47,15 +47,8 @@ def wait(condition, what, seconds=10.0):
         except GLib.Error:
             pass  # an object that has just gone
         if time.monotonic() > end:
-            raise Failure("waited in vain for " + described(what))
+            raise Failure(f"waited in vain for {what() if callable(what) else what}")
         time.sleep(0.01)
-
-
-def described(what):
-    try:
-        return what() if callable(what) else what
-    except GLib.Error as error:
-        return f"something in a program that does not answer: {error}"
 
 
 def expect(condition, what):
@@ -77,11 +70,9 @@ def key(*names):
 
 def screenshot(path=None):
     """The whole screen, as a Picture or into a PNG file."""
-    command = ["import", "-silent", "-window", "root"]
-    if path:
-        subprocess.run([*command, path], check=True)
-        return None
-    return readppm(subprocess.run([*command, "-depth", "8", "ppm:-"], check=True, stdout=subprocess.PIPE).stdout)
+    command = ["import", "-silent", "-window", "root", "-depth", "8", path or "ppm:-"]
+    taken = subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout
+    return None if path else readppm(taken)
 
 
 def oneline(text):
@@ -102,6 +93,18 @@ class Rect:
     @property
     def right(self):
         return self.x + self.width
+
+
+def children(node):
+    return [child for child in map(node.get_child_at_index, range(node.get_child_count())) if child]
+
+
+def below(node, entered=lambda node: True):
+    """All objects below one, in their order; what lies within an object that is not `entered` is left out."""
+    for child in children(node):
+        yield child
+        if entered(child):
+            yield from below(child, entered)
 
 
 class Control:
@@ -142,6 +145,10 @@ class Control:
         x, y = self.rect().middle
         xdotool("mousemove", x, y, "click", 1)
 
+    def focus(self):
+        self.click()
+        wait(lambda: self.has(State.FOCUSED), f"the focus in {self.name!r}")
+
     def waittext(self, text):
         wait(lambda: self.text() == text, lambda: f"the text {text!r}, have {self.text()!r}")
 
@@ -164,20 +171,11 @@ class Window:
 
     def controls(self):
         if self._controls is None:
-            found = []
-            self._collect(self.node, found)
-            self._controls = found
+            def shown(node):
+                return node.get_state_set().contains(State.SHOWING)
+            nodes = below(self.node, lambda node: shown(node) and node.get_role() not in UNSEARCHED)
+            self._controls = [Control(node, self.program.scale) for node in nodes if shown(node)]
         return self._controls
-
-    def _collect(self, node, found):
-        for index in range(node.get_child_count()):
-            child = node.get_child_at_index(index)
-            if child is None or not child.get_state_set().contains(State.SHOWING):
-                continue
-            control = Control(child, self.program.scale)
-            found.append(control)
-            if control.role not in UNSEARCHED:
-                self._collect(child, found)
 
     def look(self):
         """Looks anew: controls have come or gone."""
@@ -185,50 +183,40 @@ class Window:
         return self
 
     def find(self, role, name):
-        for control in self.controls():
-            if control.role == role and (control.caption() if role == LIST else control.name) == name:
-                return control
-        return None
+        return next((control for control in self.controls()
+                     if control.role == role and (control.caption() if role == LIST else control.name) == name), None)
 
     def need(self, role, name):
         return wait(lambda: self.find(role, name) or self.look().find(role, name), f"{role.value_nick} {name!r}")
 
     def labels(self):
-        return [control.text() for control in self.controls() if control.role == LABEL]
-
-    def button(self, name):
-        return self.need(BUTTON, name)
+        return [control for control in self.controls() if control.role == LABEL]
 
     def click(self, name):
-        self.button(name).click()
+        self.need(BUTTON, name).click()
 
     def enabled(self, name):
-        return self.button(name).has(State.ENABLED)
+        return self.need(BUTTON, name).has(State.ENABLED)
 
     def typein(self, name, text):
         """Replaces the text of a box or of a list's edit box by typing."""
         box = self.find(BOX, name) or self.need(LIST, name)
-        box.click()
-        wait(lambda: box.has(State.FOCUSED), f"the focus in {name!r}")
-        if text:
-            xdotool("key", "ctrl+a", "type", "--delay", 4, "--", text)
-        else:
-            key("ctrl+a", "Delete")
+        box.focus()
+        xdotool("key", "ctrl+a", *(("type", "--delay", 4, "--", text) if text else ("Delete",)))
         box.waittext(text)
 
     def choose(self, name, item):
         """Picks an item from a list's drop-down menu by keys."""
         box = self.need(LIST, name)
         steps = self.program.items(box).index(item)
-        box.click()
-        wait(lambda: box.has(State.FOCUSED), f"the focus in {name!r}")
+        box.focus()
         xdotool("key", "--delay", 4, "F4", "Home", *["Down"] * steps, "Return")
         box.waittext(item)
 
     def readouts(self, caption, count=1):
         """Texts of the `count` labels to the right of a caption, in its row."""
         self.need(LABEL, caption)
-        labels = [(control.rect(), control) for control in self.controls() if control.role == LABEL]
+        labels = [(control.rect(), control) for control in self.labels()]
         place = min((rect for rect, control in labels if control.name == caption), key=lambda rect: rect.x)
         row = [(rect.x, control) for rect, control in labels
                if rect.x >= place.right and abs(rect.middle[1] - place.middle[1]) <= place.height // 2]
@@ -272,17 +260,12 @@ class Program:
 
     def _find(self):
         expect(self.process.poll() is None, "the program ended while starting")
-        everything = Atspi.get_desktop(0)
-        for index in range(everything.get_child_count()):
-            child = everything.get_child_at_index(index)
-            if child and child.get_process_id() == self.process.pid and child.get_child_count():
-                return child
-        return None
+        return next((child for child in children(Atspi.get_desktop(0))
+                     if child.get_process_id() == self.process.pid and child.get_child_count()), None)
 
     def nodes(self):
         self._root.clear_cache()
-        count = self._root.get_child_count()
-        return [node for node in map(self._root.get_child_at_index, range(count)) if node]
+        return children(self._root)
 
     def titles(self):
         return [node.get_name() for node in self.nodes() if node.get_state_set().contains(State.SHOWING)]
@@ -303,16 +286,8 @@ class Program:
         """All items of a drop-down list. They never change, so each list is asked once."""
         caption = box.caption()
         if caption not in self._items:
-            self._items[caption] = [item.get_name() for item in self._walk(box.node)
-                                    if item.get_role() == Role.LIST_ITEM]
+            self._items[caption] = [item.get_name() for item in below(box.node) if item.get_role() == Role.LIST_ITEM]
         return self._items[caption]
-
-    def _walk(self, node):
-        for index in range(node.get_child_count()):
-            child = node.get_child_at_index(index)
-            if child:
-                yield child
-                yield from self._walk(child)
 
     def running(self):
         return self.process.poll() is None

@@ -38,7 +38,7 @@ def savepoint(session, identification):
 
 def viewandcopylog(session):
     """The log window shows the file; the copy is the file, byte for byte, and asks before it replaces another."""
-    main = session.begin()
+    session.begin()
     session.draw(blank=True)
     session.enter("75", "62.5")
     savepoint(session, "first")
@@ -60,7 +60,7 @@ def viewandcopylog(session):
 
 def logfails(session):
     """A log that is lost while the program runs is told, and nothing else suffers."""
-    main = session.begin()
+    session.begin()
     session.draw(blank=True)
     session.enter("75", "62.5")
     os.unlink(session.log)

@@ -15,20 +15,11 @@ LOG = "View saved data"
 MIXING = "Mixing problem"
 BOXTITLE = "Moistair"
 
-FIRSTKIND = "First property"
-SECONDKIND = "Second property"
 FIRSTVALUE = "Value of the first property"
 SECONDVALUE = "Value of the second property"
 
-RED = (255, 0, 0)
-BLUE = (0, 0, 255)
-GREEN = (0, 128, 0)
-BROWN = (128, 0, 0)
-GREY = (128, 128, 128)
-GRID = (192, 192, 192)
-MAGENTA = (255, 0, 255)
-BLACK = (0, 0, 0)
-WHITE = (255, 255, 255)
+RED, GREEN, BLUE, MAGENTA, BROWN = (255, 0, 0), (0, 128, 0), (0, 0, 255), (255, 0, 255), (128, 0, 0)
+BLACK, GREY, GRID, WHITE = (0,) * 3, (128,) * 3, (192,) * 3, (255,) * 3
 
 READOUTS = ["DB=", "WB=", "RH(%)=", "Enthalpy=", "Sp vol=", "H.ratio=", "DP=", "V. pr="]
 
@@ -82,9 +73,8 @@ class Session(Program):
         """Two properties of a point."""
         main = self.main()
         if kind1:
-            main.choose(FIRSTKIND, kind1)
-        if kind2:
-            main.choose(SECONDKIND, kind2)
+            main.choose("First property", kind1)
+            main.choose("Second property", kind2)
         main.typein(FIRSTVALUE, value1)
         main.typein(SECONDVALUE, value2)
 
@@ -97,7 +87,7 @@ class Session(Program):
     def answer(self, text, answer="Return", title=BOXTITLE):
         """Waits for a message box, compares its text word for word, and answers it by a key or as a function does."""
         window = self.window(title, Role.ALERT)
-        equal([found for found in window.labels() if found], [text], "the message")
+        equal([label.text() for label in window.labels() if label.text()], [text], "the message")
         answer(window) if callable(answer) else key(answer)
         window.gone()
 

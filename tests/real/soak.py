@@ -17,6 +17,7 @@ sys.dont_write_bytecode = True  # the source tree stays as it is
 
 import desktop  # noqa: E402
 
+SCREEN = "1024x768"
 SETTLED = 100  # rounds
 GROWTH = 1.10
 SECONDSAROUND = 10  # more than a round ever takes
@@ -27,7 +28,6 @@ def arguments():
     parser.add_argument("program")
     parser.add_argument("output", help="folder for the figures, and for a picture of a failure")
     parser.add_argument("--rounds", type=int, default=2000)
-    parser.add_argument("--screen", default="1024x768")
     chosen = parser.parse_args()
     if chosen.rounds <= SETTLED:
         parser.error(f"it takes more than {SETTLED} rounds to compare with round {SETTLED}")
@@ -35,7 +35,7 @@ def arguments():
 
 
 options = arguments()
-desktop.enter(options.screen, options.rounds * SECONDSAROUND)
+desktop.enter(SCREEN, options.rounds * SECONDSAROUND)
 
 from chart import LINES  # noqa: E402
 from driver import BOX, screenshot, startmanager, wait, xdotool  # noqa: E402
@@ -88,7 +88,7 @@ def openfiles(process):
     return len(os.listdir(f"/proc/{process.pid}/fd"))
 
 
-def soak(session, table):
+def soak(session, tell):
     """Memory after round 100 and at the end [KiB]."""
     session.begin()
     began = time.monotonic()
@@ -96,9 +96,7 @@ def soak(session, table):
     for number in range(1, options.rounds + 1):
         work(session, number)
         if number in (1, 10) or number % 100 == 0:
-            row = f"{number},{memory(session.process)},{openfiles(session.process)},{time.monotonic() - began:.0f}"
-            print(row, flush=True)
-            print(row, file=table, flush=True)
+            tell(number, memory(session.process), openfiles(session.process), round(time.monotonic() - began))
         if number == SETTLED:
             settled = memory(session.process)
     return settled, memory(session.process)
@@ -107,12 +105,14 @@ def soak(session, table):
 def main():
     os.makedirs(options.output, exist_ok=True)
     startmanager()
-    session = Session(options.program, os.path.join(os.environ["HOME"], "soak"), options.screen, 1)
+    session = Session(options.program, os.path.join(os.environ["HOME"], "soak"), SCREEN, 1)
     try:
         with open(os.path.join(options.output, "soak.csv"), "w", encoding="utf-8") as table:
-            print("round,memory KiB,open files,seconds")
-            print("round,memory KiB,open files,seconds", file=table)
-            settled, last = soak(session, table)
+            def tell(*figures):
+                for file in (sys.stdout, table):
+                    print(*figures, sep=",", file=file, flush=True)
+            tell("round", "memory KiB", "open files", "seconds")
+            settled, last = soak(session, tell)
         session.main().click("Exit")
         session.waitended()
         print(f"after round {SETTLED}: {settled} KiB, after round {options.rounds}: {last} KiB, "

@@ -103,8 +103,7 @@ def lastlog(session):
     os.mkdir(session.log)
     session.launch()
     session.answer(NOLOG)
-    session.escape(session.window(PRESSURE))
-    session.draw(blank=True)
+    session.window(PRESSURE)
 
 
 def exits(session):

@@ -126,6 +126,9 @@ TEST(Pressure, ByElevationStartsTheChartAfresh) {
   EXPECT_EQ(program.row(), referencerow) << "the dialog's opening put the default back in force";
   QWidget& report = program.open("Command14", "Form3");
   EXPECT_EQ(labels(report, 20, 21), "Site elevation (ft)|5000|");
+  report.close();
+  click(program.open("Command4", "Form2"), "Command1");
+  EXPECT_EQ(program.operations().size(), 1u) << "a new pressure clears the chart that stands";
 }
 
 TEST(Chart, IsDrawnOnceForItsLimits) {

@@ -13,6 +13,8 @@
 
 namespace moistair {
 
+inline constexpr double twipsperpixel = 15;
+
 struct Color {
   std::uint8_t red, green, blue;
 

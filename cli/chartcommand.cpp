@@ -132,8 +132,7 @@ void runchart(const CLI::App& command, const ChartOptions& options) {
   const FileFormat& format = formatof(options.output);
   const QSize size = pixelsof(options.size);
   const double scale = scaleof(options.scale, format, size);
-  const WindowSize window{static_cast<float>(size.width()) * pixeltwips,
-                          static_cast<float>(size.height()) * pixeltwips};
+  const WindowSize window{size.width() * twipsperpixel, size.height() * twipsperpixel};
   const LimitTexts limits = limitsof(options.limits);
   const Pressure pressure = pressureof(options.pressure);
   RecordingCanvas canvas;

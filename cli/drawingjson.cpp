@@ -90,9 +90,9 @@ struct OperationWriter {
 
 std::string drawingjson(const Drawing& drawing, const WindowSize& size) {
   std::string out = "{\"unit\":\"twip\",\"width\":";
-  appendroundtrip(out, static_cast<double>(size.width));
+  appendroundtrip(out, size.width);
   out += ",\"height\":";
-  appendroundtrip(out, static_cast<double>(size.height));
+  appendroundtrip(out, size.height);
   out += ",\"ops\":[";
   bool first = true;
   for (const Operation& operation : drawing.operations) {

@@ -29,7 +29,7 @@ public:
       std::unique_lock lock(mutex_);
       changed_.wait(lock, [&] { return stopped_ || unwritten_.size() < limit_; });
       if (stopped_) return;
-      auto piece = std::make_shared<Piece>(std::move(*block));
+      auto piece = std::make_shared<Piece>(Piece{std::move(*block), {}});
       waiting_.push_back(piece);
       unwritten_.push_back(std::move(piece));
       changed_.notify_all();

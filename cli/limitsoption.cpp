@@ -44,7 +44,7 @@ RangeFinders findersof(const PlotArea& area) {
 
 RangeFinders findersof(const LimitsOption& option) {
   if (option.option->count() == 0) return openrangefinders();
-  return findersof(plotarea(limitsof(option), {defaultwidth * pixeltwips, defaultheight * pixeltwips}));
+  return findersof(plotarea(limitsof(option), {defaultwidth * twipsperpixel, defaultheight * twipsperpixel}));
 }
 
 }  // namespace moistair

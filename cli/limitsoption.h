@@ -14,9 +14,6 @@ class Option;
 
 namespace moistair {
 
-/// Twips to the pixel.
-inline constexpr float pixeltwips = 15;
-
 /// The window that a chart is drawn for if no size is given [pixels].
 inline constexpr int defaultwidth = 1366;
 inline constexpr int defaultheight = 768;

@@ -121,7 +121,7 @@ std::string whynot(const GivenPair& pair, const Resolution& resolution) {
   for (const Given& given : {pair.first, pair.second}) {
     if (std::string text = outside(given); !text.empty()) return text;
   }
-  const std::string plain = "no such state";
+  std::string plain = "no such state";
   if (resolution.iterations == iterationlimit) return plain + ": the search found none";
   for (const Bound& bound : bounds) {
     if (resolution.point.*bound.value > bound.upto) return plain + ": " + bound.text;

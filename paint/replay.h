@@ -14,8 +14,6 @@
 
 namespace moistair {
 
-inline constexpr double twipsperpixel = 15;
-
 /// Font of all text on the chart.
 QFont canvasfont();
 

@@ -60,12 +60,12 @@ void MainWindow::answer(const Refusal& refusal) {
 
 void MainWindow::openpressure() {
   if (dialog_) return;
-  auto* window = new PressureWindow(this);
   if (!loaded_) {
     if (!loadmain()) return;
     loaded_ = true;
     showMaximized();
   }
+  auto* window = new PressureWindow(this);
   values_.pressure.settext(defaultpressuretext);
   connect(window, &PressureWindow::pressurewritten, this,
           [this](const std::string& inhg) { values_.pressure.settext(inhg); });

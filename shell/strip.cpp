@@ -224,10 +224,10 @@ void Strip::waitcue(bool on) {
 }
 
 int Strip::fit(int width, int height) {
-  constexpr double largest = 10;  // points
-  constexpr double smallest = 7.5;
-  for (double points = largest; points >= smallest; points -= 0.5) {
-    usefont(points);
+  constexpr int largest = 20;  // half points
+  constexpr int smallest = 15;
+  for (int halfpoints = largest; halfpoints >= smallest; --halfpoints) {
+    usefont(halfpoints / 2.0);
     layout()->activate();
     const QSize needed = layout()->minimumSize();
     if (needed.width() <= width && needed.height() <= height) break;

@@ -51,9 +51,9 @@ SCENARIOS = [
 ]
 
 
-def run(scenario):
+def run(scenario, suffix=""):
     """True if the scenario passed."""
-    name = scenario.__name__
+    name = scenario.__name__ + suffix
     session = Session(options.program, os.path.join(os.environ["HOME"], name), options.screen, options.scale)
     began = time.monotonic()
     try:
@@ -85,7 +85,8 @@ def main():
     chosen = [scenario for scenario in SCENARIOS if not options.only or scenario.__name__ in options.only]
     if not chosen:
         sys.exit("no scenario of that name; there are: " + ", ".join(scenario.__name__ for scenario in SCENARIOS))
-    passed = sum([run(scenario) for scenario in chosen])
+    # A desktop on a loaded machine can lose a key: a failure counts if it comes twice. The first one stays in the output.
+    passed = sum([run(scenario) or run(scenario, "-again") for scenario in chosen])
     print(f"{passed} of {len(chosen)} scenarios passed in {time.monotonic() - began:.0f} s")
     sys.exit(0 if passed == len(chosen) else 1)
 

@@ -13,6 +13,7 @@ from session import GREEN, LOG, MAGENTA, REPORT, logtext
 CANCELLED = "Dialog Cancelled"
 SAVED = "You saved the files as  "
 APPENDFAILED = "The data could not be saved: the log file cannot be written."
+HOLDSTHELOG = "This file holds the saved data of this session. The chart was not saved."
 VIEWFAILED = "The saved data cannot be shown: the log file cannot be read."
 
 
@@ -91,12 +92,15 @@ def savepicture(session):
     dialog = session.window("Save File")
     equal(dialog.need(BOX, "File name:").text(), "chart.picture", "the name that the dialog opens with")
     key("Return")
-    question = wait(lambda: [node for node in session.nodes() if node.get_role() == Role.ALERT], "the question first")
-    key("alt+n")
-    wait(lambda: question[0] not in session.nodes(), "the question to go")
-    session.escape(dialog)
-    session.answer(CANCELLED)
+    answeroverwriting(session, "alt+n")
+    dialog.typein("File name:", session.log)
+    key("Return")
+    answeroverwriting(session, "alt+y")
+    dialog.gone()
+    session.answer(SAVED + session.log)
+    session.answer(HOLDSTHELOG)
     session.backonchart()
+    equal(session.logbytes(), logtext(""), "the log, which a picture must not replace")
 
     main.choose("H. DBT(F)", "100")
     window = session.opened("Draw chart", "Chart type option")
@@ -106,6 +110,13 @@ def savepicture(session):
     main.click("Clear chart")
     session.backonchart()
     wait(lambda: session.shown().colours()[GREEN] == 0, "the saved chart to be cleared")
+
+
+def answeroverwriting(session, answer):
+    """The file dialog's own question."""
+    question = wait(lambda: [node for node in session.nodes() if node.get_role() == Role.ALERT], "the question first")
+    key(answer)
+    wait(lambda: question[0] not in session.nodes(), "the question to go")
 
 
 def exports(session):

@@ -61,11 +61,10 @@ consteval const Control& row(std::string_view name) {
   throw "no such control";
 }
 
-QLabel* captionfor(ControlMaker& make, QGridLayout& grid, const Control& control, QWidget& input) {
+void captionfor(ControlMaker& make, QGridLayout& grid, const Control& control, QWidget& input) {
   auto* label = make.add<QLabel>(grid, control);
   label->setBuddy(&input);
   nameinput(input, label->text().simplified());
-  return label;
 }
 
 /// Width of a text of so many digits.
@@ -126,6 +125,11 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
     return made;
   };
   const auto box = [&](const Control& control) { return make.add<QLineEdit>(grid, control); };
+  const auto captionedbox = [&](const Control& control, const Control& caption) {
+    auto* made = box(control);
+    captionfor(make, grid, caption, *made);
+    return made;
+  };
   drawbutton = button(row("Command3"));
   pressurebutton = button(row("Command4"));
   locatebutton = button(row("Command14"));
@@ -138,17 +142,13 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
   nameinput(*firstvalue, tr("Value of the first property"));
   nameinput(*secondvalue, tr("Value of the second property"));
   rhlinebutton = button(row("Command5"));
-  rhvalue = box(row("Text1"));
-  captionfor(make, grid, row("Label1"), *rhvalue);
+  rhvalue = captionedbox(row("Text1"), row("Label1"));
   wblinebutton = button(row("Command6"));
-  wbvalue = box(row("Text2"));
-  captionfor(make, grid, row("Label2"), *wbvalue);
+  wbvalue = captionedbox(row("Text2"), row("Label2"));
   hlinebutton = button(row("Command7"));
-  hvalue = box(row("Text3"));
-  captionfor(make, grid, row("Label3"), *hvalue);
+  hvalue = captionedbox(row("Text3"), row("Label3"));
   vlinebutton = button(row("Command9"));
-  vvalue = box(row("Text6"));
-  captionfor(make, grid, row("Label5"), *vvalue);
+  vvalue = captionedbox(row("Text6"), row("Label5"));
   grid.setColumnStretch(3, 3);
   grid.setColumnStretch(4, 2);
   for (const int column : {6, 8, 10, 12}) grid.setColumnStretch(column, 1);
@@ -182,9 +182,6 @@ void Strip::makebottomrow(QGridLayout& grid, ControlMaker& make) {
   pointid = make.add<QLineEdit>(grid, row("Text7"));
   captionfor(make, grid, row("Label6"), *pointid);
   exitbutton = button(row("Command8"));
-  QFont bold = exitbutton->font();
-  bold.setBold(true);
-  exitbutton->setFont(bold);
   viewlogbutton = button(row("Command1"));
   savelogbutton = button(row("Command2"));
   clearbutton = button(row("Command12"));

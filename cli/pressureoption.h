@@ -9,7 +9,7 @@
 #include <variant>
 
 #include "engine/moistair.h"
-#include "pressure/pressureunits.h"
+#include "session/pressureunits.h"
 
 namespace CLI {
 class App;

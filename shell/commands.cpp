@@ -2,18 +2,18 @@
 #include <QDesktopServices>
 #include <QUrl>
 
-#include "mixing/mixingwindow.h"
 #include "paint/exports.h"
-#include "pressure/pressureunits.h"
-#include "pressure/pressurewindow.h"
-#include "session/logwindow.h"
 #include "session/pointmark.h"
 #include "session/pointreport.h"
-#include "session/reportwindow.h"
+#include "session/pressureunits.h"
 #include "shell/chartexport.h"
 #include "shell/mainwindow.h"
 #include "shell/startup.h"
 #include "toolkit/messages.h"
+#include "windows/logwindow.h"
+#include "windows/mixingwindow.h"
+#include "windows/pressurewindow.h"
+#include "windows/reportwindow.h"
 
 namespace moistair {
 

@@ -7,7 +7,7 @@
 
 #include "chart/scales.h"
 #include "paint/replay.h"
-#include "pressure/pressureunits.h"
+#include "session/pressureunits.h"
 #include "shell/startup.h"
 #include "toolkit/messages.h"
 

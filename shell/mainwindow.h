@@ -10,14 +10,14 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include "session/chartlifecycle.h"
 #include "session/locate.h"
 #include "session/sessionlog.h"
 #include "session/sessionvalues.h"
-#include "shell/chartlifecycle.h"
-#include "shell/charttypewindow.h"
 #include "shell/strip.h"
 #include "toolkit/graphview.h"
 #include "toolkit/savedialog.h"
+#include "windows/charttypewindow.h"
 
 namespace moistair {
 

@@ -1,4 +1,4 @@
-#include "session/logwindow.h"
+#include "windows/logwindow.h"
 
 #include <QElapsedTimer>
 #include <QPlainTextEdit>

@@ -1,4 +1,4 @@
-#include "pressure/pressurewindow.h"
+#include "windows/pressurewindow.h"
 
 #include <QSignalSpy>
 

@@ -1,4 +1,4 @@
-#include "session/reportwindow.h"
+#include "windows/reportwindow.h"
 
 #include <QPushButton>
 

@@ -1,11 +1,11 @@
-#include "pressure/pressurewindow.h"
+#include "windows/pressurewindow.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
 #include <array>
 
-#include "pressure/pressureunits.h"
+#include "session/pressureunits.h"
 #include "toolkit/controls.h"
 #include "toolkit/elidedlabel.h"
 #include "toolkit/listbox.h"

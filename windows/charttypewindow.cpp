@@ -1,4 +1,4 @@
-#include "shell/charttypewindow.h"
+#include "windows/charttypewindow.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>

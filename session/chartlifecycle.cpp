@@ -1,4 +1,4 @@
-#include "shell/chartlifecycle.h"
+#include "session/chartlifecycle.h"
 
 #include <utility>
 

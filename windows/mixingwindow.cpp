@@ -1,4 +1,4 @@
-#include "mixing/mixingwindow.h"
+#include "windows/mixingwindow.h"
 
 #include <QFontMetrics>
 #include <QFrame>

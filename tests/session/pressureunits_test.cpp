@@ -1,4 +1,4 @@
-#include "pressure/pressureunits.h"
+#include "session/pressureunits.h"
 
 #include <gtest/gtest.h>
 

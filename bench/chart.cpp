@@ -18,7 +18,7 @@ constexpr WindowSize inner{1366 * 15, 768 * 15};
 
 void draw(ChartCanvas& canvas) {
   const PlotArea area{limits, plotframe(limits), inner};
-  drawchart({canvas, area, defaultpressure}, ChartType::standard, {"0", "29.92126"});
+  drawchart({canvas, area, defaultpressure}, ChartType::standard, "Atmos. pr=29.92126 In Hg");
 }
 
 void BM_DrawingList(benchmark::State& state) {

@@ -42,7 +42,7 @@ constexpr std::array<Stream, 11> streams = {{
 /// A keystroke in one of two streams of the same pair.
 void keystroke(benchmark::State& state, const Stream& typed) {
   MixingProblem problem;
-  problem.pressure = {29.92126, "Atmos. pr (in Hg)", "29.92126"};
+  problem.pressure = {29.92126, {}};
   for (AirStream& stream : problem.streams) {
     stream.kind1 = typed.kind1;
     stream.value1 = typed.value1;

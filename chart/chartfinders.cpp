@@ -28,7 +28,7 @@ std::optional<DryBulbRange> dbrangeofrh(double rh, double atm, const PlotArea& a
   for (int db = 1; db <= 121; ++db) {
     const double w = psychro_wrh(db, rh, atm);
     const Position here = positionof(area, db, w, last);
-    if (last.x > 0 && inside(area.limits, db, w)) {
+    if (last.x > 0 && area.limits.contain(db, w)) {
       if (here.y > 0 && !range) range = DryBulbRange{db - 1.0, 0};
       if (range) range->high = db;
     }
@@ -77,6 +77,12 @@ std::optional<DryBulbRange> dbrangeofspvol(double v, double atm, const PlotArea&
     if (last.x > 0 && last.y > 0 && wb.failed()) break;
   } while (db >= area.limits.lowdb && db > absolutezero);
   return range;
+}
+
+RangeFinders chartrangefinders(std::function<PlotArea()> area) {
+  return {[area](double rh, double atm) { return dbrangeofrh(rh, atm, area()); },
+          [area](double h, double atm) { return dbrangeofh(h, atm, area()); },
+          [area](double v, double atm) { return dbrangeofspvol(v, atm, area()); }};
 }
 
 }  // namespace moistair

@@ -8,7 +8,7 @@
 #pragma once
 
 #include "chart/chartframe.h"
-#include "engine/resolver.h"
+#include "engine/state.h"
 
 namespace moistair {
 
@@ -18,5 +18,8 @@ std::optional<DryBulbRange> dbrangeofrh(double rh, double atm, const PlotArea& a
 std::optional<DryBulbRange> dbrangeofh(double h, double atm, const PlotArea& area);
 /// Specific volume [cu ft/lb, above 0 and up to 78]: down from highdb; from the last to one degree above the first.
 std::optional<DryBulbRange> dbrangeofspvol(double v, double atm, const PlotArea& area);
+
+/// All three. `area` is asked for the plot whenever one of them runs.
+RangeFinders chartrangefinders(std::function<PlotArea()> area);
 
 }  // namespace moistair

@@ -21,6 +21,8 @@ PlotFrame plotframe(const ChartLimits& limits) {
   return {hrspan, dbspan, hrspan * 6000 / 4500, dbspan * 12 / 10};
 }
 
+PlotArea plotarea(const ChartLimits& limits, const WindowSize& window) { return {limits, plotframe(limits), window}; }
+
 double PlotArea::plotx(double db) const { return quotient(window.width * (db - limits.lowdb), frame.dbscale) + left(); }
 
 double PlotArea::ploty(double hr) const {

@@ -27,6 +27,9 @@ struct ChartLimits {
   double lowdb = 0, highdb = 0, lowhr = 0, highhr = 0;
 
   bool operator==(const ChartLimits&) const = default;
+
+  /// Whether a state lies within them, ends included.
+  bool contain(double db, double w) const { return db >= lowdb && db <= highdb && w >= lowhr && w <= highhr; }
 };
 
 /// The same as the lists' texts.
@@ -70,6 +73,9 @@ struct PlotArea {
   double plotx(double db) const;  ///< no value before the first chart
   double ploty(double hr) const;  ///< no value before the first chart
 };
+
+/// The plot of limits in a window, with the scales that a chart drawn for them has.
+PlotArea plotarea(const ChartLimits& limits, const WindowSize& window);
 
 /// Everything that a drawing step works with.
 struct Chart {

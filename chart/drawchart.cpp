@@ -1,10 +1,11 @@
 #include "chart/drawchart.h"
 
 #include "chart/propertylines.h"
+#include "chart/scales.h"
 
 namespace moistair {
 
-void drawchart(const Chart& chart, ChartType type, const HeaderTexts& header) {
+void drawchart(const Chart& chart, ChartType type, std::string_view header) {
   drawgrid(chart);
   if (type == ChartType::standard) {
     drawrhlines(chart);

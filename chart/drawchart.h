@@ -2,8 +2,9 @@
 /// A whole chart.
 #pragma once
 
+#include <string_view>
+
 #include "chart/chartframe.h"
-#include "chart/scales.h"
 
 namespace moistair {
 
@@ -14,7 +15,7 @@ enum class ChartType {
 
 /// Draws a chart for limits that have passed `validatelimits`, over whatever is on the canvas. The order sets what lies
 /// over what: the fine grid under the property lines, the major lines and the numbers over them.
-/// @param area its frame must be that of its limits
-void drawchart(const Chart& chart, ChartType type, const HeaderTexts& header);
+/// @param header the line that states the pressure
+void drawchart(const Chart& chart, ChartType type, std::string_view header);
 
 }  // namespace moistair

@@ -32,7 +32,7 @@ bool tracerhline(const Chart& chart, double rh, double& w) {
     db = nextdb(db, w, limits);
     assign(w, psychro_wrh(db, rh, chart.atmpressure));
     const Position here = positionof(chart.area, db, w, last);
-    if (last.x > 0 && inside(limits, db, w)) {
+    if (last.x > 0 && limits.contain(db, w)) {
       chart.canvas.Line(last.x, last.y, here.x, here.y, colors::relativehumidity);
       chart.canvas.Refresh();
       drawn = true;

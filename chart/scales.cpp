@@ -99,11 +99,6 @@ void printcolumn(const Chart& chart, double x, std::span<const TitleLetter> lett
   }
 }
 
-void moveheader(ChartCanvas& canvas, WindowSize window) {
-  const PlotArea area{{}, {}, window};
-  canvas.MoveTo(area.left() - window.width * 0.8 / 12, area.bottom() - 4650.0 * window.height / 6000);
-}
-
 /// A number of the vapour-pressure scale: the ratio that it stands for and its height above the bottom axis.
 struct ScaleMark {
   double hr;
@@ -187,7 +182,7 @@ void drawhrscale(const Chart& chart) {
   }
 }
 
-void drawtitles(const Chart& chart, const HeaderTexts& header) {
+void drawtitles(const Chart& chart, std::string_view header) {
   constexpr std::array<TitleLetter, 8> humidity = {
       {{"H", 3500}, {"u", 3300}, {"m", 3100}, {"i", 2900}, {"d", 2700}, {"i", 2500}, {"t", 2300}, {"y", 2100}}};
   constexpr std::array<TitleLetter, 1> ratio = {{{"Ratio", 1900}}};
@@ -226,17 +221,11 @@ void drawvaporscale(const Chart& chart) {
   printcolumn(chart, area.left() - width * 0.9 / 12, unit);
 }
 
-void printheader(ChartCanvas& canvas, WindowSize window, const HeaderTexts& header) {
-  const double mode = strictnumber(header.pressuremode);
-  moveheader(canvas, window);
-  if (mode == 0 || mode == 1) canvas.Print("Atmos. pr=" + header.pressureentered + " In Hg");
-  if (mode == 2) canvas.Print("Atmos. pr=" + header.pressureentered + " Pounds/sq inch");
-  if (mode == 3) canvas.Print("Site elevation=" + header.pressureentered + " ft");
-}
-
-void printstartheader(ChartCanvas& canvas, WindowSize window, double atmpressure) {
-  moveheader(canvas, window);
-  canvas.Print("Atmos. pr=" + printednumber(atmpressure) + " In Hg");
+void printheader(ChartCanvas& canvas, WindowSize window, std::string_view header) {
+  if (header.empty()) return;
+  const PlotArea area{{}, {}, window};
+  canvas.MoveTo(area.left() - window.width * 0.8 / 12, area.bottom() - 4650.0 * window.height / 6000);
+  canvas.Print(header);
 }
 
 std::string vaporlabel(double db, double hr, double atmpressure) {

@@ -23,14 +23,10 @@ inline Position positionof(const PlotArea& area, double db, double w, Position l
   return last;
 }
 
-inline bool inside(const ChartLimits& limits, double db, double w) {
-  return db >= limits.lowdb && db <= limits.highdb && w >= limits.lowhr && w <= limits.highhr;
-}
-
 /// Whether a line that runs from right to left has a segment from `last` to `here`: it ends by itself at saturation,
 /// and skips the right end where it runs below a humidity ratio of 0.
 inline bool issegment(const ChartLimits& limits, double db, double w, double rh, Position last, Position here) {
-  return inside(limits, db, w) && here.y != last.y && w > 0 && last.x > 0 && rh <= 100;
+  return limits.contain(db, w) && here.y != last.y && w > 0 && last.x > 0 && rh <= 100;
 }
 
 }  // namespace moistair

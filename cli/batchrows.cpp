@@ -81,9 +81,6 @@ RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
     return std::to_string(count) + " of " + kindnamelist + " are filled where a state takes two";
   }
   const GivenPair pair{given[0], given[1]};
-  if (pair.first.kind == PropertyKind::w && pair.second.kind == PropertyKind::dp) {
-    return "w and dp say the same thing and fix no state";
-  }
   const auto pressure = pressureofrow(cells, plan);
   if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
   return GivenRow{pair, std::get<double>(pressure)};
@@ -116,7 +113,7 @@ std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan
   if (auto* reason = std::get_if<std::string>(&row)) return std::move(*reason);
   const auto& [pair, atm] = std::get<GivenRow>(row);
   const Resolution resolution = resolve(pair, atm, *plan.finders);
-  if (!resolution.resolved) return whynot(pair, resolution);
+  if (!resolution.resolved()) return whynot(resolution);
   appendstate(out, resolution.point, plan.full);
   return {};
 }

@@ -13,6 +13,7 @@
 #include "mixing/mixingline.h"
 #include "session/pointmark.h"
 #include "session/pointreport.h"
+#include "session/utf8.h"
 
 namespace moistair {
 
@@ -23,34 +24,6 @@ void drawline(const ChartJob& job, const std::string& value) {
   if (!tracer(job.chart, numberof(value, "value"))) {
     throw failure("the line is either out of chart limits or is not feasible");
   }
-}
-
-/// Length of the character in UTF-8 that the text begins with, 0 if it begins with none.
-std::size_t characterlength(std::string_view text) {
-  const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u; };
-  const unsigned first = byte(0);
-  const std::size_t length = first < 0x80   ? 1
-                             : first < 0xC2 ? 0
-                             : first < 0xE0 ? 2
-                             : first < 0xF0 ? 3
-                             : first < 0xF5 ? 4
-                                            : 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0) != 0x80) return 0;
-  }
-  // Longer than need be, a half of a surrogate pair, beyond the last character.
-  const bool forbidden = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) > 0x9F) ||
-                         (first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) > 0x8F);
-  return forbidden ? 0 : length;
-}
-
-bool isutf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::size_t length = characterlength(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
-  }
-  return true;
 }
 
 /// Takes "id" out of what a point is given by; none is empty.
@@ -69,10 +42,9 @@ void drawpoint(const ChartJob& job, const std::string& value) {
   const std::string identification = takeidentification(assignments);
   const GivenPair pair = pairof(assignments);
   const Resolution resolution = resolve(pair, job.chart.atmpressure, findersof(job.chart.area));
-  if (!resolution.resolved) throw failure(whynot(pair, resolution));
-  const StatePoint seen =
-      readreport(fillreport(resolution.point, identification, job.pressure.mode(), job.pressure.entered));
-  if (!markpoint(job.chart.canvas, seen, job.limits, job.chart.area.window, identification)) {
+  if (!resolution.resolved()) throw failure(whynot(resolution));
+  const StatePoint seen = readreport(fillreport(resolution.point, identification, job.pressure.entry));
+  if (!markpoint(job.chart.canvas, seen, job.chart.area, identification)) {
     throw failure("the point is out of chart limits");
   }
 }

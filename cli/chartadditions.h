@@ -13,7 +13,6 @@ namespace moistair {
 /// A chart that is being drawn.
 struct ChartJob {
   Chart chart;
-  LimitTexts limits;
   Pressure pressure;
 };
 

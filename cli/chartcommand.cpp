@@ -133,11 +133,11 @@ void runchart(const CLI::App& command, const ChartOptions& options) {
   const QSize size = pixelsof(options.size);
   const double scale = scaleof(options.scale, format, size);
   const WindowSize window{size.width() * twipsperpixel, size.height() * twipsperpixel};
-  const LimitTexts limits = limitsof(options.limits);
+  const PlotArea area = plotarea(limitsof(options.limits), window);
   const Pressure pressure = pressureof(options.pressure);
   RecordingCanvas canvas;
-  const ChartJob job{{canvas, plotarea(limits, window), pressure.atm}, limits, pressure};
-  drawchart(job.chart, options.type, {pressure.mode(), pressure.entered});
+  const ChartJob job{{canvas, area, pressure.atm}, pressure};
+  drawchart(job.chart, options.type, headerline(pressure.entry));
   drawadditions(job, command, options);
   if (format.write != nullptr) {
     writepicture(canvas.drawing(), format, size, scale, options.output);

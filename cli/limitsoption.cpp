@@ -13,33 +13,23 @@ void addlimits(CLI::App& command, LimitsOption& option, const std::string& descr
   option.option = command.add_option("--limits", option.text, description)->type_name("LOWDB,HIGHDB,LOWHR,HIGHHR");
 }
 
-LimitTexts limitsof(const LimitsOption& option) {
-  if (option.option->count() == 0) return {"0", "120", "0", "0.030"};
+ChartLimits limitsof(const LimitsOption& option) {
+  if (option.option->count() == 0) return {0, 120, 0, 0.03};
   const auto parts = splitat(option.text, ',');
   if (parts.size() != 4) throw badusage("limits must be four numbers such as 0,120,0,0.030");
   for (const std::string_view part : parts) numberof(part, "limits");
-  LimitTexts texts{std::string(parts[0]), std::string(parts[1]), std::string(parts[2]), std::string(parts[3])};
+  const LimitTexts texts{std::string(parts[0]), std::string(parts[1]), std::string(parts[2]), std::string(parts[3])};
   ChartLimits limits;
   if (validatelimits(texts, limits) != nullptr) {
     throw badusage(
         "limits must be dry bulbs from 0 to 120 in tens and humidity ratios of 0 0.010 0.020 or 0.030, each "
         "pair rising");
   }
-  return texts;
-}
-
-PlotArea plotarea(const LimitTexts& texts, const WindowSize& window) {
-  PlotArea area;
-  readlimits(texts, area.limits);
-  area.frame = plotframe(area.limits);
-  area.window = window;
-  return area;
+  return limits;
 }
 
 RangeFinders findersof(const PlotArea& area) {
-  return {[area](double rh, double atm) { return dbrangeofrh(rh, atm, area); },
-          [area](double h, double atm) { return dbrangeofh(h, atm, area); },
-          [area](double v, double atm) { return dbrangeofspvol(v, atm, area); }};
+  return chartrangefinders([area] { return area; });
 }
 
 RangeFinders findersof(const LimitsOption& option) {

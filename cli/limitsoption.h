@@ -5,7 +5,7 @@
 #include <string>
 
 #include "chart/chartframe.h"
-#include "engine/resolver.h"
+#include "engine/state.h"
 
 namespace CLI {
 class App;
@@ -26,12 +26,9 @@ struct LimitsOption {
 /// Adds --limits.
 void addlimits(CLI::App& command, LimitsOption& option, const std::string& description);
 
-/// The four texts; all that there is, from 0 to 120 and from 0 to 0.030, if none were given. Bad usage for limits that
+/// The four limits; all that there is, from 0 to 120 and from 0 to 0.030, if none were given. Bad usage for limits that
 /// no chart can be drawn with.
-LimitTexts limitsof(const LimitsOption& option);
-
-/// The plot of a chart with valid limits.
-PlotArea plotarea(const LimitTexts& texts, const WindowSize& window);
+ChartLimits limitsof(const LimitsOption& option);
 
 /// Range finders that keep to a plot, as in the main window. They know nothing else and may be called from any thread.
 RangeFinders findersof(const PlotArea& area);

@@ -5,7 +5,6 @@
 
 #include "cli/fault.h"
 #include "cli/properties.h"
-#include "engine/openfinders.h"
 
 namespace moistair {
 
@@ -22,12 +21,10 @@ std::string takeflow(std::vector<Assignment>& assignments) {
   return text;
 }
 
-void givestream(AirStream& stream, const std::string& text, double atm) {
+void givestream(AirStream& stream, const std::string& text) {
   std::vector<Assignment> assignments = assignmentsof(text);
   stream.flow = takeflow(assignments);
   const GivenPair pair = pairof(assignments);
-  const Resolution resolution = resolve(pair, atm, openrangefinders());
-  if (!resolution.resolved) throw failure(whynot(pair, resolution));
   stream.kind1 = pair.first.kind;
   stream.kind2 = pair.second.kind;
   stream.value1 = assignments[0].text;
@@ -38,15 +35,16 @@ void givestream(AirStream& stream, const std::string& text, double atm) {
 
 MixingProblem solvedmixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure) {
   MixingProblem problem;
-  problem.pressure = {pressure.atm, pressurecaption(pressure.mode()), pressure.entered};
+  problem.pressure = {pressure.atm, pressure.entry};
   for (const std::size_t stream : {std::size_t{0}, std::size_t{1}}) {
     try {
-      givestream(problem.streams[stream], stream == 0 ? stream1 : stream2, pressure.atm);
+      givestream(problem.streams[stream], stream == 0 ? stream1 : stream2);
+      problem.solverfields = {};  // the other stream leaves nothing behind
+      const Resolution resolution = resolvestream(problem, stream);
+      if (!resolution.resolved()) throw failure(whynot(resolution));
     } catch (const Fault& fault) {
       throw Fault(fault.code(), "stream " + std::to_string(stream + 1) + ": " + fault.what());
     }
-    problem.solverfields = {};
-    resolvestream(problem, stream);
   }
   mixstreams(problem);
   if (!problem.savable) throw failure("the flows are too small for a mixture");

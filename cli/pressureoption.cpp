@@ -10,15 +10,16 @@ namespace moistair {
 
 namespace {
 
-std::string rangeof(const PressureName& name) { return pressureunits[static_cast<std::size_t>(name.unit)].rangehint; }
+std::string rangeof(const PressureName& name) { return rowof(name.unit).rangehint; }
 
 }  // namespace
 
 PressureOrReason pressureof(const PressureName& name, std::string_view text) {
-  if (!hasvalue(strictnumber(text))) return std::string(name.name) + " is no number";
-  const PressureSetting setting = pressurefor(name.unit, text);
-  if (!setting.accepted || !setting.inhg) return std::string(name.name) + " is outside its range " + rangeof(name);
-  return lenientnumber(*setting.inhg);
+  const double number = strictnumber(text);
+  if (!hasvalue(number)) return std::string(name.name) + " is no number";
+  const std::optional<double> inhg = pressureof(name.unit, number);
+  if (!inhg) return std::string(name.name) + " is outside its range " + rangeof(name);
+  return *inhg;
 }
 
 void addpressure(CLI::App& command, PressureOption& option) {
@@ -37,7 +38,7 @@ Pressure pressureof(const PressureOption& option) {
     if (option.options[i]->count() == 0) continue;
     const PressureOrReason pressure = pressureof(pressurenames[i], option.texts[i]);
     if (const auto* reason = std::get_if<std::string>(&pressure)) throw badusage(*reason);
-    return {pressurenames[i].unit, option.texts[i], std::get<double>(pressure)};
+    return {{pressurenames[i].unit, option.texts[i]}, std::get<double>(pressure)};
   }
   return {};
 }

@@ -18,18 +18,17 @@ class Option;
 
 namespace moistair {
 
-/// A unit that can be given: its option without dashes, which is its column's name too, and its index in the list of
-/// the pressure window.
+/// A unit that can be given: its option without dashes, which is its column's name too.
 struct PressureName {
   const char* name;
-  int unit;
+  PressureUnit unit;
   const char* description;
 };
 
 inline constexpr std::array<PressureName, 3> pressurenames = {{
-    {"inhg", 1, "atmospheric pressure in inches of mercury"},
-    {"psi", 2, "atmospheric pressure in pounds/sq inch"},
-    {"elevation", 3, "site elevation in feet"},
+    {"inhg", PressureUnit::inhg, "atmospheric pressure in inches of mercury"},
+    {"psi", PressureUnit::psi, "atmospheric pressure in pounds/sq inch"},
+    {"elevation", PressureUnit::elevation, "site elevation in feet"},
 }};
 
 /// Pressure [in Hg], or why a text gives none.
@@ -39,11 +38,8 @@ PressureOrReason pressureof(const PressureName& name, std::string_view text);
 
 /// A pressure as it was given, and what is calculated with.
 struct Pressure {
-  int unit = defaultunit;
-  std::string entered = defaultpressuretext;
+  PressureEntry entry;
   double atm = defaultpressure;  ///< [in Hg]
-
-  std::string mode() const { return std::to_string(unit); }  ///< as the chart's header and the captions take it
 };
 
 /// The options as typed.

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "cli/fault.h"
-#include "engine/solvers.h"
 #include "engine/value.h"
 #include "session/pointreport.h"
 
@@ -11,37 +10,17 @@ namespace moistair {
 
 namespace {
 
-/// What any pair accepts of a kind, above the first and up to the second. Single pairs accept a little less.
-struct Accepted {
-  double above, upto;
-  const char* text;
-};
-
-constexpr std::array<Accepted, kindcount> accepted = {{{0, 120, "above 0 and up to 120"},
-                                                       {0, 120, "above 0 and up to 120"},
-                                                       {0, 100, "above 0 and up to 100"},
-                                                       {0, 0.03, "above 0 and up to 0.03"},
-                                                       {0, 62, "above 0 and up to 62"},
-                                                       {-55, 120, "above -55 and up to 120"},
-                                                       {0, 78, "above 0 and up to 78"}}};
-
-std::string outside(const Given& given) {
-  const Accepted& range = accepted[static_cast<std::size_t>(given.kind)];
-  if (given.value > range.above && given.value <= range.upto) return {};
-  return std::string(nameof(given.kind)) + " must be " + range.text;
+std::string rangetext(const Limits& limits) {
+  return "above " + numbertext(limits.above) + " and up to " + numbertext(limits.upto);
 }
 
 /// What a state that was found has that no state may have.
-struct Bound {
-  double StatePoint::*value;
-  double upto;
-  const char* text;
-};
-
-constexpr std::array<Bound, 4> bounds = {{{&StatePoint::rh, 100, "rh would be above 100"},
-                                          {&StatePoint::w, 0.03, "w would be above 0.03"},
-                                          {&StatePoint::db, 120, "db would be above 120"},
-                                          {&StatePoint::wb, 120, "wb would be above 120"}}};
+std::string boundtext(const Resolution& resolution) {
+  const bool above = resolution.point.at(resolution.kind) > resolution.limits.upto;
+  const std::string name = nameof(resolution.kind);
+  return name + (above ? " would be above " + numbertext(resolution.limits.upto)
+                       : " would not be above " + numbertext(resolution.limits.above));
+}
 
 }  // namespace
 
@@ -103,12 +82,10 @@ GivenPair pairof(const std::vector<Assignment>& assignments) {
     throw badusage(std::string("a state takes two of ") + kindnamelist + ", not " + std::to_string(given.size()));
   }
   const GivenPair pair{given[0], given[1]};
-  switch (inputfault(pair.first.kind, pair.second.kind, assignments[0].text, assignments[1].text)) {
-    case InputFault::samekind: throw badusage(assignments[0].name + " is given twice");
-    case InputFault::humidityratiowithdewpoint: throw badusage("w and dp say the same thing and fix no state");
-    case InputFault::blankvalue:
-    case InputFault::none: break;
-  }
+  Resolution broken;
+  broken.reason = inputfault(pair.first.kind, pair.second.kind, assignments[0].text, assignments[1].text);
+  broken.kind = pair.first.kind;
+  if (!broken.resolved()) throw badusage(whynot(broken));
   return pair;
 }
 
@@ -117,16 +94,17 @@ Resolution resolve(const GivenPair& pair, double atm, const RangeFinders& finder
   return resolvepair(pair.first, pair.second, atm, finders, fields);
 }
 
-std::string whynot(const GivenPair& pair, const Resolution& resolution) {
-  for (const Given& given : {pair.first, pair.second}) {
-    if (std::string text = outside(given); !text.empty()) return text;
+std::string whynot(const Resolution& resolution) {
+  switch (resolution.reason) {
+    case Unresolved::samekind: return std::string(nameof(resolution.kind)) + " is given twice";
+    case Unresolved::humidityratiowithdewpoint: return "w and dp say the same thing and fix no state";
+    case Unresolved::givenvalue:
+      return std::string(nameof(resolution.kind)) + " must be " + rangetext(resolution.limits);
+    case Unresolved::search: return "no such state: the search found none";
+    case Unresolved::state: return "no such state: " + boundtext(resolution);
+    default: break;
   }
-  std::string plain = "no such state";
-  if (resolution.iterations == iterationlimit) return plain + ": the search found none";
-  for (const Bound& bound : bounds) {
-    if (resolution.point.*bound.value > bound.upto) return plain + ": " + bound.text;
-  }
-  return plain;
+  return "no such state";
 }
 
 }  // namespace moistair

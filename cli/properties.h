@@ -68,6 +68,6 @@ GivenPair pairof(const std::vector<Assignment>& assignments);
 Resolution resolve(const GivenPair& pair, double atm, const RangeFinders& finders);
 
 /// Why a pair was not resolved: a text without commas and quotes.
-std::string whynot(const GivenPair& pair, const Resolution& resolution);
+std::string whynot(const Resolution& resolution);
 
 }  // namespace moistair

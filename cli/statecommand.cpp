@@ -15,7 +15,6 @@
 #include "cli/pressureoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
-#include "session/sessionvalues.h"
 
 namespace moistair {
 
@@ -38,7 +37,7 @@ void appendline(std::string& out, const std::string& caption, const std::string&
 
 std::string astable(const StatePoint& point, const Pressure& pressure) {
   std::string out;
-  appendline(out, pressurecaption(pressure.mode()), pressure.entered);
+  appendline(out, pressurecaption(pressure.entry), pressure.entry.text);
   for (const StateColumn& column : statecolumns) appendline(out, captionof(column), shown(point.*column.value));
   return out;
 }
@@ -73,7 +72,7 @@ void runstate(const StateOptions& options) {
   const GivenPair pair = pairof(assignments);
   const Pressure pressure = pressureof(options.pressure);
   const Resolution resolution = resolve(pair, pressure.atm, findersof(options.limits));
-  if (!resolution.resolved) throw failure(whynot(pair, resolution));
+  if (!resolution.resolved()) throw failure(whynot(resolution));
   switch (options.format) {
     case Format::text: writeresult(astable(resolution.point, pressure)); break;
     case Format::json: writeresult(asjson(resolution)); break;

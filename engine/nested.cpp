@@ -34,23 +34,26 @@ void innersolve(const NestedSearch& search, double atm, SolverFields& fields) {
   if (!search.wetbulbofh) fields.wetbulb.set(wb);
 }
 
-void findrange(const NestedSearch& search, double line, double atm, const RangeFinders& finders, SolverFields& fields) {
+/// False if the finder saw the line nowhere.
+bool findrange(const NestedSearch& search, double line, double atm, const RangeFinders& finders, SolverFields& fields) {
   const RangeFinder& finder = finders.*search.finder;
   NumberText& carrier = search.completion == Completion::rhsearch ? fields.candidate : fields.given;
   carrier.set(line);
-  if (!finder) return;
-  if (const auto range = finder(carrier.lenient(), atm)) {
-    fields.low.set(range->low);
-    fields.high.set(range->high);
-  }
+  const auto range = finder ? finder(carrier.lenient(), atm) : std::nullopt;
+  if (!range) return false;
+  fields.low.set(range->low);
+  fields.high.set(range->high);
+  return true;
 }
 
 }  // namespace
 
 NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double atm, const RangeFinders& finders,
                           SolverFields& fields) {
-  const double target = point.*search.target;
-  findrange(search, point.*search.given, atm, finders, fields);
+  const double given = point.at(search.given);
+  const double target = point.at(search.target);
+  NestedResult result;
+  result.rangefound = findrange(search, given, atm, finders, fields);
 
   double high = fields.high.lenient();
   double low = fields.low.lenient();
@@ -67,9 +70,8 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
     taketomiddle();
   };
   taketomiddle();
-  fields.given.set(point.*search.given);
+  fields.given.set(given);
 
-  NestedResult result;
   double returned = 0;
   do {
     ++result.iterations;

@@ -7,7 +7,7 @@
 /// step through `SolverFields` and are rounded there, which decides the last digits of the result.
 #pragma once
 
-#include "engine/resolver.h"
+#include "engine/state.h"
 
 namespace moistair {
 
@@ -21,10 +21,10 @@ enum class Completion {
 /// One nested row of the pair table, as data.
 struct NestedSearch {
   RangeFinder RangeFinders::*finder;
-  double StatePoint::*given;  ///< the property that the range finder and the inner solver use
+  PropertyKind given;  ///< the property that the range finder and the inner solver use
   Completion completion;
   double (*returned)(double db, double wb, double atm);  ///< the property that the inner solver returns
-  double StatePoint::*target;
+  PropertyKind target;
   double tolerance;
   bool rises;                   ///< whether the returned property rises with the dry bulb
   bool acceptedwithin = false;  ///< judged by its last value lying within 0.5 of the target, not by the iterations
@@ -34,6 +34,7 @@ struct NestedSearch {
 struct NestedResult {
   int iterations = 0;
   bool failed = false;
+  bool rangefound = false;  ///< whether the finder saw the line; if not, the search ran on the range of an earlier one
 };
 
 /// Finds db and wb of a state whose two properties stand in `point`. Without a range finder, and on a range of 0 to 0,

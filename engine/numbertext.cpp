@@ -81,7 +81,7 @@ struct Decimal {
   int point = 0;
 };
 
-Decimal fifteendigits(double number) {
+Decimal decimalof(double number) {
   std::array<char, 32> buffer;
   const auto end =
       std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::scientific, 14);
@@ -121,7 +121,7 @@ void roundto(Decimal& number, int decimals) {
 }
 
 std::string fixed(double value, int decimals, const char* zero) {
-  Decimal number = fifteendigits(value);
+  Decimal number = decimalof(value);
   roundto(number, decimals);
   const bool iszero = number.digits.find_first_not_of('0') == std::string::npos;
   std::string text = number.negative && !iszero ? "-" : "";
@@ -164,6 +164,8 @@ std::string numbertext(double number) {
   std::replace(text.begin(), text.end(), 'e', 'E');
   return text;
 }
+
+double fifteendigits(double number) { return strictnumber(numbertext(number)); }
 
 std::string showvalue(double number) {
   if (!hasvalue(number) || number == -1) return {};

@@ -32,6 +32,9 @@ std::string showvalue(double number);
 /// Four decimals with a zero before the point: "0.2386". Empty for no value.
 std::string fourdecimals(double number);
 
+/// The number that its text of 15 significant digits is; no value for no value.
+double fifteendigits(double number);
+
 /// A number as it is printed on the chart: 15 significant digits, a blank (or the minus sign) before it, a blank behind
 /// it, no zero before a decimal point: " 100 ", " .015 ", "-.5 ".
 std::string printednumber(double number);

@@ -2,7 +2,7 @@
 /// Range finders that know no chart.
 #pragma once
 
-#include "engine/resolver.h"
+#include "engine/state.h"
 
 namespace moistair {
 

@@ -20,6 +20,8 @@ struct Run {
   const RangeFinders& finders;
   SolverFields& fields;
   int iterations = 0;
+  PropertyKind sought = PropertyKind::db;    ///< by the last search
+  std::optional<PropertyKind> unseenline{};  ///< given property whose line no range finder saw
 };
 
 using Field = double StatePoint::*;
@@ -99,6 +101,7 @@ bool runsearch(const Search& search, Run& run) {
   const SearchResult result = bracketsearch(f, target, search.bracket, holds(search.guard, run));
   run.point.*search.finds = result.x;
   run.iterations = result.iterations;
+  run.sought = search.finds == field::wb ? PropertyKind::wb : PropertyKind::db;
   return !(search.mayfail && result.failed());
 }
 
@@ -130,29 +133,22 @@ constexpr auto hrange = &RangeFinders::dbrangeofh;
 constexpr auto vrange = &RangeFinders::dbrangeofspvol;
 using enum Completion;
 
-constexpr NestedSearch rh_h{rhrange, field::rh, rhsearch, psychro_h, field::h, 1e-05, true, false, true};
-constexpr NestedSearch rh_dp{rhrange, field::rh, rhsearch, dewpoint, field::dp, 1e-05, true};
-constexpr NestedSearch rh_v{rhrange, field::rh, rhsearch, psychro_v, field::v, 1e-05, true};
-constexpr NestedSearch w_h{hrange, field::h, hwalk, psychro_w, field::w, 0.0001, false};
-constexpr NestedSearch w_v{vrange, field::v, vsearch, psychro_w, field::w, 1e-05, false};
-constexpr NestedSearch h_dp{hrange, field::h, hwalk, dewpoint, field::dp, 0.001, false, true};
-constexpr NestedSearch h_v{hrange, field::h, hwalk, psychro_v, field::v, 1e-05, true};
-constexpr NestedSearch dp_v{vrange, field::v, vsearch, dewpoint, field::dp, 0.001, false};
+constexpr NestedSearch rh_h{rhrange, PropertyKind::rh, rhsearch, psychro_h, PropertyKind::h, 1e-05, true, false, true};
+constexpr NestedSearch rh_dp{rhrange, PropertyKind::rh, rhsearch, dewpoint, PropertyKind::dp, 1e-05, true};
+constexpr NestedSearch rh_v{rhrange, PropertyKind::rh, rhsearch, psychro_v, PropertyKind::v, 1e-05, true};
+constexpr NestedSearch w_h{hrange, PropertyKind::h, hwalk, psychro_w, PropertyKind::w, 0.0001, false};
+constexpr NestedSearch w_v{vrange, PropertyKind::v, vsearch, psychro_w, PropertyKind::w, 1e-05, false};
+constexpr NestedSearch h_dp{hrange, PropertyKind::h, hwalk, dewpoint, PropertyKind::dp, 0.001, false, true};
+constexpr NestedSearch h_v{hrange, PropertyKind::h, hwalk, psychro_v, PropertyKind::v, 1e-05, true};
+constexpr NestedSearch dp_v{vrange, PropertyKind::v, vsearch, dewpoint, PropertyKind::dp, 0.001, false};
 
 template <const NestedSearch& search>
 bool nested(Run& run) {
   const NestedResult result = nestedsearch(search, run.point, run.atm, run.finders, run.fields);
   run.iterations = result.iterations;
+  if (!result.rangefound) run.unseenline = search.given;
   return !result.failed;
 }
-
-/// A value is accepted above the first and up to the second.
-struct Limits {
-  double above;
-  double upto;
-
-  bool accept(double value) const { return value > above && value <= upto; }
-};
 
 constexpr Limits temperatures{0, 120};
 constexpr Limits percents{0, 100};
@@ -203,56 +199,53 @@ void derive(const PairRow& row, StatePoint& point, double atm) {
   if (derived(dp)) assign(point.dp, dewpoint(point.db, point.wb, atm));
 }
 
-bool finalcheck(const StatePoint& point) {
-  return temperatures.accept(point.db) && temperatures.accept(point.wb) && ratios.accept(point.w) &&
-         percents.accept(point.rh) && point.v > 0 && point.h > 0;
-}
-
 }  // namespace
 
-std::optional<PropertyKind> kindat(int index) {
-  if (index < 0 || index >= kindcount) return std::nullopt;
-  return static_cast<PropertyKind>(index);
-}
-
-double& StatePoint::at(PropertyKind kind) {
-  constexpr std::array<Field, kindcount> fields = {field::db, field::wb, field::rh, field::w,
-                                                   field::h,  field::dp, field::v};
-  return this->*fields[static_cast<std::size_t>(kind)];
-}
-
-InputFault inputfault(std::optional<PropertyKind> kind1, std::optional<PropertyKind> kind2, std::string_view value1,
+Unresolved inputfault(std::optional<PropertyKind> kind1, std::optional<PropertyKind> kind2, std::string_view value1,
                       std::string_view value2) {
-  if (kind1 == kind2) return InputFault::samekind;
-  if ((kind1 == w && kind2 == dp) || (kind1 == dp && kind2 == w)) return InputFault::humidityratiowithdewpoint;
-  if (value1.empty() || value2.empty()) return InputFault::blankvalue;
-  return InputFault::none;
+  if (kind1 == kind2) return Unresolved::samekind;
+  if ((kind1 == w && kind2 == dp) || (kind1 == dp && kind2 == w)) return Unresolved::humidityratiowithdewpoint;
+  if (value1.empty() || value2.empty()) return Unresolved::blankvalue;
+  return Unresolved::none;
 }
 
 Resolution resolvepair(Given first, Given second, double atm, const RangeFinders& finders, SolverFields& fields) {
   if (first.kind > second.kind) std::swap(first, second);
   Resolution resolution;
   StatePoint& point = resolution.point;
+  const auto unresolved = [&](Unresolved reason, PropertyKind kind = db, const Limits& limits = {}) {
+    resolution.reason = reason;
+    resolution.kind = kind;
+    resolution.limits = limits;
+    return resolution;
+  };
   const PairRow* row = rowof(first.kind, second.kind);
-  if (row == nullptr) return resolution;
+  if (row == nullptr) {
+    return unresolved(first.kind == second.kind ? Unresolved::samekind : Unresolved::humidityratiowithdewpoint);
+  }
   assign(point.at(first.kind), first.value);
   assign(point.at(second.kind), second.value);
-  if (!row->firstlimits.accept(point.at(first.kind)) || !row->secondlimits.accept(point.at(second.kind))) {
-    return resolution;
+  for (const auto& [kind, limits] : {StateBound{row->first, row->firstlimits}, {row->second, row->secondlimits}}) {
+    if (!limits.accept(point.at(kind))) return unresolved(Unresolved::givenvalue, kind, limits);
   }
   Run run{point, atm, finders, fields};
   const bool found = row->solve(run);
   resolution.iterations = run.iterations;
-  if (!found) return resolution;
+  resolution.unseenline = run.unseenline;
+  if (!found) return unresolved(Unresolved::search, run.sought);
   derive(*row, point, atm);
   assign(point.pv, psychro_pv1(point.db, point.wb, atm));
-  resolution.resolved = finalcheck(point);
+  if (const auto broken = brokenbound(point)) return unresolved(Unresolved::state, broken->kind, broken->limits);
   return resolution;
 }
 
 Resolution resolvepair(std::optional<PropertyKind> kind1, std::string_view value1, std::optional<PropertyKind> kind2,
                        std::string_view value2, double atm, const RangeFinders& finders, SolverFields& fields) {
-  if (!kind1 || !kind2) return {};
+  if (!kind1 || !kind2) {
+    Resolution resolution;
+    resolution.reason = Unresolved::nokind;
+    return resolution;
+  }
   return resolvepair({*kind1, strictnumber(value1)}, {*kind2, strictnumber(value2)}, atm, finders, fields);
 }
 

@@ -10,78 +10,40 @@
 /// The live row, the point report, the mixing window and the headless tool all resolve through this one function.
 #pragma once
 
-#include <array>
-#include <functional>
 #include <optional>
 #include <string_view>
 
-#include "engine/numbertext.h"
+#include "engine/state.h"
 
 namespace moistair {
 
-/// The properties that can fix a state, in the order of the drop-down lists.
-enum class PropertyKind { db, wb, rh, w, h, dp, v };
-
-inline constexpr int kindcount = 7;
-
-/// The lists' texts; a kind's index in the list is its value.
-inline constexpr std::array<const char*, kindcount> kindtexts = {
-    "Dry bulb temp, Deg F",      "Wet bulb temp, Deg F", "Rel humidity, percent", "Humidity ratio, decimal",
-    "Specific enthalpy, btu/lb", "Dew point, Deg F",     "Specific vol, cuf/lb"};
-
-/// The kind at an index of the drop-down lists, none for -1.
-std::optional<PropertyKind> kindat(int index);
-
-/// One state of moist air, in the units of moistair.h. `pv` [in Hg] is not one of the seven; it follows from the rest.
-struct StatePoint {
-  double db = 0, wb = 0, rh = 0, w = 0, h = 0, dp = 0, v = 0, pv = 0;
-
-  double& at(PropertyKind kind);
-};
-
-/// One given property: its kind and its value.
-struct Given {
-  PropertyKind kind;
-  double value;
-};
-
-/// A range of dry bulbs [deg F].
-struct DryBulbRange {
-  double low;
-  double high;
-};
-
-/// Finds the dry bulbs between which a line of constant relative humidity [percent], enthalpy [Btu/lb] or specific
-/// volume [cu ft/lb] can be seen at the pressure atm [in Hg]; none if it cannot be seen at all.
-using RangeFinder = std::function<std::optional<DryBulbRange>(double line, double atm)>;
-
-struct RangeFinders {
-  RangeFinder dbrangeofrh;
-  RangeFinder dbrangeofh;
-  RangeFinder dbrangeofspvol;
-};
-
-/// What the steps of a nested search hand to each other, each rounded to 15 significant digits. A window owns one set
-/// and never clears it: a finder that finds nothing leaves the search on the range of the last one that did.
-struct SolverFields {
-  NumberText candidate;  ///< dry bulb under test; while the finder of relative humidity runs, that relative humidity
-  NumberText given;      ///< the given property that completes a candidate to a state
-  NumberText returned;   ///< the other given property, as the completed state has it
-  NumberText wetbulb;    ///< wet bulb of the completed state
-  NumberText low, high;  ///< ends of the dry-bulb range, 0 until a finder has found one
+/// Why a pair has no state.
+enum class Unresolved {
+  none,                       ///< it has one
+  samekind,                   ///< both properties are of one kind, or neither is of any
+  humidityratiowithdewpoint,  ///< the two say the same thing
+  blankvalue,                 ///< a value is missing
+  nokind,                     ///< one of the properties is of no kind
+  givenvalue,                 ///< a given value lies outside the limits of its pair
+  search,                     ///< no state was found that has both values
+  state,                      ///< the state found lies beyond a bound
 };
 
 struct Resolution {
   StatePoint point;
-  bool resolved = false;
+  Unresolved reason = Unresolved::none;
+  /// Of a given value: its kind. Of a search: the property that was looked for. Of a state: the one beyond its bound.
+  PropertyKind kind = PropertyKind::db;
+  Limits limits{};     ///< that the value of this kind has to keep, for a given value and for a state
   int iterations = 0;  ///< of the last search, 0 if there was none
+  /// The given property whose line the range finder saw nowhere; the search then ran on the range of an earlier one.
+  std::optional<PropertyKind> unseenline;
+
+  bool resolved() const { return reason == Unresolved::none; }
 };
 
-/// Why a pair is not even tried.
-enum class InputFault { none, samekind, humidityratiowithdewpoint, blankvalue };
-
-/// The first of the three input rules that the input breaks. The values are looked at last.
-InputFault inputfault(std::optional<PropertyKind> kind1, std::optional<PropertyKind> kind2, std::string_view value1,
+/// The first of the three input rules that the input breaks, or none. The values are looked at last.
+Unresolved inputfault(std::optional<PropertyKind> kind1, std::optional<PropertyKind> kind2, std::string_view value1,
                       std::string_view value2);
 
 /// Resolves a pair, given in either order.

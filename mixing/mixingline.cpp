@@ -23,8 +23,7 @@ struct Candidate {
 };
 
 bool accepted(const Candidate& point, const ChartLimits& limits) {
-  return point.rh() > 0 && point.rh() <= 100 && point.w() >= limits.lowhr && point.w() <= limits.highhr &&
-         point.db() >= limits.lowdb && point.db() <= limits.highdb;
+  return point.rh() > 0 && point.rh() <= 100 && limits.contain(point.db(), point.w());
 }
 
 }  // namespace

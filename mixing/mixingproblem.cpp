@@ -102,26 +102,25 @@ std::string captionof(const ReadoutRow& row, const MixingProblem& problem) {
   return row.caption != nullptr ? row.caption : problem.pressurecaption;
 }
 
-MixingPressure mixingpressure(const SessionValues& session) {
-  return {session.pressure.lenient(), pressurecaption(session.pressuremode), session.pressureentered};
-}
-
-void resolvestream(MixingProblem& problem, std::size_t number) {
+Resolution resolvestream(MixingProblem& problem, std::size_t number) {
   AirStream& stream = problem.streams[number];
   stream.complete = false;
   blank(stream, statetexts);
   blank(problem.mixed, statetexts);
   blank(stream, ratetexts);
-  if (inputfault(stream.kind1, stream.kind2, stream.value1, stream.value2) != InputFault::none) return;
+  Resolution resolution;
+  resolution.reason = inputfault(stream.kind1, stream.kind2, stream.value1, stream.value2);
+  if (!resolution.resolved()) return resolution;
   const double atm = problem.pressure.atm;
-  const Resolution resolution = resolvepair(stream.kind1, stream.value1, stream.kind2, stream.value2, atm,
-                                            openrangefinders(), problem.solverfields);
-  if (!resolution.resolved) return;
+  resolution = resolvepair(stream.kind1, stream.value1, stream.kind2, stream.value2, atm, openrangefinders(),
+                           problem.solverfields);
+  if (!resolution.resolved()) return resolution;
   showstate(stream, resolution.point, atm);
-  problem.pressurecaption = problem.pressure.caption;
-  stream.pressure = pressureshown(problem.pressure.entered);
+  problem.pressurecaption = pressurecaption(problem.pressure.entry);
+  stream.pressure = pressureshown(problem.pressure.entry);
   showrates(stream, resolution.point);
   stream.complete = true;
+  return resolution;
 }
 
 void mixstreams(MixingProblem& problem) {
@@ -130,7 +129,7 @@ void mixstreams(MixingProblem& problem) {
   AirStream& mixed = problem.mixed;
   addrates(problem);
   if (!(read(mixed.moistrate) > 0)) return blankmixture(problem);
-  mixed.pressure = pressureshown(problem.pressure.entered);
+  mixed.pressure = pressureshown(problem.pressure.entry);
   showmixed(mixed.h, weightedmean(problem, &AirStream::h));
   showmixed(mixed.w, weightedmean(problem, &AirStream::w));
   showmixture(mixed, problem.pressure.atm);

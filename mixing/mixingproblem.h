@@ -16,7 +16,7 @@
 #include <string>
 
 #include "engine/resolver.h"
-#include "session/sessionvalues.h"
+#include "session/pressureunits.h"
 
 namespace moistair {
 
@@ -36,8 +36,7 @@ struct AirStream {
 /// The pressure a problem is solved at, taken over when its window opens.
 struct MixingPressure {
   double atm = 0;       ///< pressure in force [in Hg]
-  std::string caption;  ///< how the entered value is called, `pressurecaption`
-  std::string entered;  ///< pressure or elevation as the user entered it
+  PressureEntry entry;  ///< the pressure last set, as the user gave it
 };
 
 struct MixingProblem {
@@ -83,12 +82,10 @@ inline constexpr std::array<const char*, 3> columnheads = {"Stream 1", "Steram 2
 /// The caption of a row as it stands in the window now.
 std::string captionof(const ReadoutRow& row, const MixingProblem& problem);
 
-/// The pressure of the session.
-MixingPressure mixingpressure(const SessionValues& session);
-
 /// Resolves a stream, 0 or 1, from its kinds, values and flow. Where it cannot be resolved it stays incomplete and its
-/// read-outs blank. The mixed column is blanked, the other stream not touched. `mixstreams` must follow.
-void resolvestream(MixingProblem& problem, std::size_t stream);
+/// read-outs blank; what comes back says why. The mixed column is blanked, the other stream not touched. `mixstreams`
+/// must follow.
+Resolution resolvestream(MixingProblem& problem, std::size_t stream);
 
 /// Fills the mixed column from the two streams, or blanks it when one of them is incomplete, a flow is not above 0, or
 /// so little flows that the moist air rate reads 0. A mixture too dry to have a dew point has a blank one.

@@ -6,21 +6,14 @@
 /// window hands in the lists' texts and its size at each command and shows what comes back; no widget is needed here.
 #pragma once
 
-#include <functional>
 #include <optional>
+#include <string_view>
 
-#include "chart/canvas.h"
 #include "chart/chartframe.h"
-#include "chart/scales.h"
+#include "session/refusal.h"
 #include "session/sessionvalues.h"
 
 namespace moistair {
-
-/// Why a command is not carried out, in the words for the user.
-struct Refusal {
-  const char* text;
-  bool withcancel = false;  ///< buttons OK and Cancel, whose answer means nothing, instead of OK
-};
 
 /// The lines that a user can add by value.
 enum class LineKind { relativehumidity, wetbulb, enthalpy, specificvolume };
@@ -31,8 +24,11 @@ class ChartLifecycle {
 public:
   ChartLifecycle(ChartCanvas& canvas, SessionValues& values) : canvas_(canvas), values_(values) {}
 
-  /// Reads the limits and tells whether they are those of the chart on the canvas.
-  bool chartstands(const LimitTexts& texts);
+  /// Takes the limits from the lists; a text that is no number leaves its limit as it was.
+  void readlimits(const LimitTexts& texts) { moistair::readlimits(texts, limits_); }
+
+  /// Whether the limits as last read are those of the chart on the canvas.
+  bool chartstands() const { return checkdrawn(limits_, values_.drawn); }
 
   /// The first half of drawing: tests, and clears the canvas if there is no refusal.
   std::optional<Refusal> startdraw(const LimitTexts& texts);
@@ -52,23 +48,18 @@ public:
   /// Adds a line to the chart. A value that is no number counts as 0.
   std::optional<Refusal> drawline(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window);
 
-  /// Where a line of limits in the lists lies on the chart last drawn.
-  PlotArea plotarea(const LimitTexts& texts, WindowSize window);
+  /// Where the limits as last read lie on the chart last drawn.
+  PlotArea plotarea(WindowSize window) const { return {limits_, frame_, window}; }
 
-  HeaderTexts header() const { return {values_.pressuremode, values_.pressureentered}; }
   double atmpressure() const { return values_.pressure.lenient(); }
 
 private:
-  Chart chart(WindowSize window) const { return {canvas_, {limits_, frame_, window}, atmpressure()}; }
+  Chart chart(WindowSize window) const { return {canvas_, plotarea(window), atmpressure()}; }
 
   ChartCanvas& canvas_;
   SessionValues& values_;
   ChartLimits limits_;
   PlotFrame frame_;
 };
-
-/// Range finders that keep to the chart. `nothingfound` is called when a line of relative humidity crosses nothing of
-/// it.
-RangeFinders chartrangefinders(ChartLifecycle& lifecycle, ChartLook look, std::function<void()> nothingfound);
 
 }  // namespace moistair

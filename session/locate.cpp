@@ -6,14 +6,15 @@ namespace moistair {
 
 namespace {
 
-LocateFault faultof(InputFault fault) {
-  switch (fault) {
-    case InputFault::samekind: return LocateFault::samekind;
-    case InputFault::humidityratiowithdewpoint: return LocateFault::humidityratiowithdewpoint;
-    case InputFault::blankvalue: return LocateFault::blankvalue;
-    case InputFault::none: break;
+/// The answer to a pair without a state.
+const char* messageof(Unresolved reason) {
+  switch (reason) {
+    case Unresolved::samekind: return "Two parameters must be diffrent";
+    case Unresolved::humidityratiowithdewpoint: return "combination of Humidity ration and dew point not feasible";
+    case Unresolved::blankvalue: return "None of the two data input boxes can not be blank for locating point";
+    default: break;
   }
-  return LocateFault::none;
+  return "The point as per input parameters are either out of chart limits or the such point is not feasible";
 }
 
 }  // namespace
@@ -21,29 +22,17 @@ LocateFault faultof(InputFault fault) {
 Location locatepoint(const PairInput& input, const std::function<bool()>& chartstands, double atm,
                      const RangeFinders& finders, SolverFields& fields) {
   Location location;
-  location.fault = faultof(inputfault(input.kind1, input.kind2, input.value1, input.value2));
-  if (location.fault != LocateFault::none) return location;
-  if (!chartstands()) {
-    location.fault = LocateFault::nochart;
-    return location;
+  Resolution& resolution = location.resolution;
+  resolution.reason = inputfault(input.kind1, input.kind2, input.value1, input.value2);
+  if (resolution.resolved()) {
+    if (!chartstands()) {
+      location.refusal = Refusal{drawaxisfirst, true};
+      return location;
+    }
+    resolution = resolvepair(input.kind1, input.value1, input.kind2, input.value2, atm, finders, fields);
   }
-  const Resolution resolution = resolvepair(input.kind1, input.value1, input.kind2, input.value2, atm, finders, fields);
-  location.point = resolution.point;
-  if (!resolution.resolved) location.fault = LocateFault::notfound;
+  if (!resolution.resolved()) location.refusal = Refusal{messageof(resolution.reason)};
   return location;
-}
-
-const char* locatemessage(LocateFault fault) {
-  switch (fault) {
-    case LocateFault::samekind: return "Two parameters must be diffrent";
-    case LocateFault::humidityratiowithdewpoint: return "combination of Humidity ration and dew point not feasible";
-    case LocateFault::blankvalue: return "None of the two data input boxes can not be blank for locating point";
-    case LocateFault::nochart: return drawaxisfirst;
-    case LocateFault::notfound:
-      return "The point as per input parameters are either out of chart limits or the such point is not feasible";
-    case LocateFault::none: break;
-  }
-  return "";
 }
 
 }  // namespace moistair

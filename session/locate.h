@@ -11,6 +11,7 @@
 #include <string>
 
 #include "engine/resolver.h"
+#include "session/refusal.h"
 
 namespace moistair {
 
@@ -20,12 +21,9 @@ struct PairInput {
   std::string value1, value2;
 };
 
-/// Why a point is refused, in the order of the tests.
-enum class LocateFault { none, samekind, humidityratiowithdewpoint, blankvalue, nochart, notfound };
-
 struct Location {
-  StatePoint point;  ///< as computed; its texts are rounded in the report
-  LocateFault fault = LocateFault::none;
+  Resolution resolution;           ///< as computed; its texts are rounded in the report
+  std::optional<Refusal> refusal;  ///< what the user is told instead of the report
 };
 
 /// @param chartstands tells whether the chart on the canvas is the one of the limits in the lists. Asked only of input
@@ -33,9 +31,5 @@ struct Location {
 /// @param atm atmospheric pressure [in Hg]
 Location locatepoint(const PairInput& input, const std::function<bool()>& chartstands, double atm,
                      const RangeFinders& finders, SolverFields& fields);
-
-/// What the user is told; empty for none. The one of `nochart` is the same as that of the line buttons, with OK and
-/// Cancel; the others have OK alone.
-const char* locatemessage(LocateFault fault);
 
 }  // namespace moistair

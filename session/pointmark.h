@@ -1,15 +1,15 @@
 /// \file
 /// Putting a located point on the chart.
 ///
-/// What is marked is what the report shows: the state is read back from its texts. The limits are read from the lists
-/// and the scales worked out anew, whatever chart was drawn last. The main window calls `markpoint` when the user
-/// leaves the report that way; the mixing line sets its three points with `drawpointmark`.
+/// What is marked is what the report shows: the state is read back from its texts. The main window calls `markpoint`
+/// when the user leaves the report that way, with the limits of the lists, whatever chart was drawn last; the mixing
+/// line sets its three points with `drawpointmark`.
 #pragma once
 
 #include <string_view>
 
 #include "chart/chartframe.h"
-#include "engine/resolver.h"
+#include "engine/state.h"
 
 namespace moistair {
 
@@ -27,8 +27,6 @@ void drawpointmark(ChartCanvas& canvas, double x, double y, int radius, std::str
 /// Marks a point if dry bulb and humidity ratio lie within the limits, limits included, and the relative humidity does
 /// not exceed 100; else draws nothing and returns false. An empty identification draws the dot and an empty text.
 /// @param shown the state of the report, `readreport`
-/// @param limits the lists' texts; a limit that is no number counts as 0
-bool markpoint(ChartCanvas& canvas, const StatePoint& shown, const LimitTexts& limits, const WindowSize& window,
-               std::string_view identification);
+bool markpoint(ChartCanvas& canvas, const StatePoint& shown, const PlotArea& area, std::string_view identification);
 
 }  // namespace moistair

@@ -1,7 +1,6 @@
 #include "session/pointreport.h"
 
 #include "session/printzones.h"
-#include "session/sessionvalues.h"
 
 namespace moistair {
 
@@ -15,13 +14,12 @@ std::string identificationline(std::string_view identification) {
 
 }  // namespace
 
-PointReport fillreport(const StatePoint& point, std::string_view identification, std::string_view pressuremode,
-                       std::string_view pressureentered) {
+PointReport fillreport(const StatePoint& point, std::string_view identification, const PressureEntry& pressure) {
   PointReport report;
   report.identification = identification.empty() ? "Nil" : identification;
   for (const ReportRow& row : reportrows) report.*row.text = showvalue(point.*row.value);
-  report.pressurecaption = pressurecaption(pressuremode);
-  report.pressure = pressureshown(pressureentered);
+  report.pressurecaption = pressurecaption(pressure);
+  report.pressure = pressureshown(pressure);
   return report;
 }
 

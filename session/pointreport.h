@@ -11,7 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/resolver.h"
+#include "engine/state.h"
+#include "session/pressureunits.h"
 
 namespace moistair {
 
@@ -47,10 +48,8 @@ inline constexpr const char* identificationcaption = "Point Id";
 inline constexpr const char* reporttitle = "Properties of the specified point are as below:";
 
 /// The report of a state. The pressure's text is empty if it reads as exactly -1.
-/// @param pressuremode, pressureentered the pressure last set, as in the session values; not necessarily the one that
-///   the state was computed at
-PointReport fillreport(const StatePoint& point, std::string_view identification, std::string_view pressuremode,
-                       std::string_view pressureentered);
+/// @param pressure the pressure last set; not necessarily the one that the state was computed at
+PointReport fillreport(const StatePoint& point, std::string_view identification, const PressureEntry& pressure);
 
 /// The state that the report shows, rounded as it stands there; an empty text counts as 0.
 StatePoint readreport(const PointReport& report);

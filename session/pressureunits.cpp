@@ -12,7 +12,7 @@ namespace {
 constexpr double psiperinhg = 0.4911541;
 constexpr double inhgperpsi = 2.036021;
 
-enum Unit { standard, inhg, psi, elevation };
+bool accepts(const PressureUnitRow& row, double number) { return number >= row.low && number <= row.high; }
 
 std::optional<std::string> textof(double number) {
   if (!hasvalue(number)) return std::nullopt;
@@ -21,44 +21,72 @@ std::optional<std::string> textof(double number) {
 
 }  // namespace
 
-PressureReadouts pressurereadouts(int unit, std::string_view entry, PressureReadouts readouts) {
-  switch (unit) {
-    case standard:
-    case inhg:
-      readouts.inhg = entry;
-      readouts.psi = numbertext(lenientnumber(entry) * psiperinhg);
+double inhgofinhg(double number) { return number; }
+double inhgofpsi(double number) { return number * inhgperpsi; }
+double inhgofelevation(double number) { return psychro_atm(number); }
+
+std::optional<PressureUnit> pressureunitat(int index) {
+  if (index < 0 || index >= static_cast<int>(pressureunits.size())) return std::nullopt;
+  return static_cast<PressureUnit>(index);
+}
+
+std::string pressurecaption(const PressureEntry& entry) { return entry.unit ? rowof(*entry.unit).caption : ""; }
+
+std::string pressureshown(const PressureEntry& entry) {
+  return lenientnumber(entry.text) == -1 ? std::string() : entry.text;
+}
+
+std::string headerline(const PressureEntry& entry) {
+  if (!entry.unit) return {};
+  const PressureUnitRow& row = rowof(*entry.unit);
+  return row.headerword + entry.text + " " + row.headerunit;
+}
+
+std::string startheaderline(double atmpressure) {
+  return headerline({PressureUnit::standard, printednumber(atmpressure)});
+}
+
+PressureReadouts pressurereadouts(const PressureEntry& entry, PressureReadouts readouts) {
+  if (!entry.unit) return readouts;
+  switch (*entry.unit) {
+    case PressureUnit::standard:
+    case PressureUnit::inhg:
+      readouts.inhg = entry.text;
+      readouts.psi = numbertext(lenientnumber(entry.text) * psiperinhg);
       break;
-    case psi:
-      readouts.inhg = numbertext(strictnumber(entry) * inhgperpsi);
-      if (!entry.empty()) readouts.psi = entry;
+    case PressureUnit::psi:
+      readouts.inhg = numbertext(inhgofpsi(strictnumber(entry.text)));
+      if (!entry.text.empty()) readouts.psi = entry.text;
       break;
-    case elevation: {
+    case PressureUnit::elevation: {
       NumberText pressure;
-      pressure.set(psychro_atm(lenientnumber(entry)));
+      pressure.set(psychro_atm(lenientnumber(entry.text)));
       readouts.inhg = pressure.text();
       readouts.psi = numbertext(pressure.strict() * psiperinhg);
-      readouts.feet = entry;
+      readouts.feet = entry.text;
       break;
     }
-    default: break;
   }
   return readouts;
 }
 
-PressureSetting pressurefor(int unit, std::string_view entry) {
-  if (unit < 0 || unit >= static_cast<int>(pressureunits.size())) return {};
-  const double number = lenientnumber(entry);
-  const PressureUnit& row = pressureunits[static_cast<std::size_t>(unit)];
-  PressureSetting setting;
-  setting.accepted = number >= row.low && number <= row.high;
-  switch (unit) {
-    case standard: setting.inhg = defaultpressuretext; break;
-    case inhg: setting.inhg = entry; break;
-    case psi: setting.inhg = textof(number * inhgperpsi); break;
-    case elevation: setting.inhg = textof(psychro_atm(number)); break;
-    default: break;
+PressureSetting pressurefor(const PressureEntry& entry) {
+  if (!entry.unit) return {};
+  const double number = lenientnumber(entry.text);
+  const PressureUnitRow& row = rowof(*entry.unit);
+  switch (*entry.unit) {
+    case PressureUnit::standard: return {defaultpressuretext, true};
+    case PressureUnit::inhg: return {entry.text, accepts(row, number)};
+    case PressureUnit::psi:
+    case PressureUnit::elevation: break;
   }
-  return setting;
+  return {textof(row.inhg(number)), accepts(row, number)};
+}
+
+std::optional<double> pressureof(PressureUnit unit, double number) {
+  const PressureUnitRow& row = rowof(unit);
+  if (!accepts(row, number)) return std::nullopt;
+  return fifteendigits(row.inhg(number));
 }
 
 }  // namespace moistair

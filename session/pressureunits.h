@@ -1,39 +1,75 @@
 /// \file
 /// The units in which the user gives the atmospheric pressure, and what an entry in one of them comes to.
 ///
-/// The pressure dialog is this table on screen: a unit of the list, its words, its range, and its way to inches of
-/// mercury, in which all is calculated. A unit is told by its index in the list; -1 stands for a text in the list's
-/// edit box that is none of them, and answers nothing. Entries are texts, read leniently: "30abc" is 30, and no number
-/// is 0.
+/// One table holds all there is to know of a unit: its place in the list of the pressure window, its words, its range,
+/// and its way to inches of mercury, in which all is calculated. Entries are texts, read leniently: "30abc" is 30, and
+/// no number is 0. An entry without a unit stands for a text in the list's edit box that is none of them; it has no
+/// words and changes no pressure.
 #pragma once
 
 #include <array>
 #include <limits>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace moistair {
 
+/// In the order of the list.
+enum class PressureUnit { standard, inhg, psi, elevation };
+
 inline constexpr const char* defaultpressuretext = "29.92126";  ///< what the program starts with [in Hg]
 
-struct PressureUnit {
+struct PressureUnitRow {
   const char* listtext;
-  const char* entryunit;  ///< stands behind the entry
-  const char* rangehint;  ///< empty for the default, which takes no entry
-  double low, high;       ///< accepted entries, limits included
+  const char* entryunit;   ///< stands behind the entry
+  const char* rangehint;   ///< empty for the default, which takes no entry
+  double low, high;        ///< accepted entries, limits included
+  const char* headerword;  ///< begins the chart's header line
+  const char* headerunit;  ///< ends it
+  const char* caption;     ///< in the report, the mixing window and the log
+  double (*inhg)(double);  ///< pressure [in Hg] of a number in this unit; no value above the atmosphere
 };
 
-inline constexpr int defaultunit = 0;
 inline constexpr double nolimit = std::numeric_limits<double>::infinity();
 
-/// In the order of the list: default, inches of mercury, pounds per square inch, elevation.
-inline constexpr std::array<PressureUnit, 4> pressureunits = {{
-    {"Default", "Inches of Hg", "", -nolimit, nolimit},
-    {"Inches of Hg", "Inches of Hg", "(5.906 - 147.65)", 5.906, 147.65},
-    {"Pounds/sq inch", "Pounds/sq inch", "(2.9 - 72.5)", 2.9, 72.5},
-    {"Elevation in feet", "Elevation in feet", "(0 - 38650)", 0, 38650},
+double inhgofinhg(double number);
+double inhgofpsi(double number);
+double inhgofelevation(double number);
+
+inline constexpr std::array<PressureUnitRow, 4> pressureunits = {{
+    {"Default", "Inches of Hg", "", -nolimit, nolimit, "Atmos. pr=", "In Hg", "Atmos. pr (in Hg)", inhgofinhg},
+    {"Inches of Hg", "Inches of Hg", "(5.906 - 147.65)", 5.906, 147.65, "Atmos. pr=", "In Hg", "Atmos. pr (in Hg)",
+     inhgofinhg},
+    {"Pounds/sq inch", "Pounds/sq inch", "(2.9 - 72.5)", 2.9, 72.5, "Atmos. pr=", "Pounds/sq inch",
+     "Atmos. pr (Pounds/sq inch)", inhgofpsi},
+    {"Elevation in feet", "Elevation in feet", "(0 - 38650)", 0, 38650, "Site elevation=", "ft", "Site elevation (ft)",
+     inhgofelevation},
 }};
+
+constexpr const PressureUnitRow& rowof(PressureUnit unit) { return pressureunits[static_cast<std::size_t>(unit)]; }
+
+/// The unit at an index of the list, none for -1.
+std::optional<PressureUnit> pressureunitat(int index);
+
+/// The pressure as the user gave it.
+struct PressureEntry {
+  std::optional<PressureUnit> unit = PressureUnit::standard;
+  std::string text = defaultpressuretext;
+
+  bool operator==(const PressureEntry&) const = default;
+};
+
+/// Words before the entry in the report, the mixing window and the log; empty without a unit.
+std::string pressurecaption(const PressureEntry& entry);
+
+/// The entry as it stands behind that caption: as typed, and empty if its number is exactly -1.
+std::string pressureshown(const PressureEntry& entry);
+
+/// The chart's header line, "Site elevation=5000 ft"; empty without a unit.
+std::string headerline(const PressureEntry& entry);
+
+/// The header line of start-up: the pressure in force [in Hg] as a number.
+std::string startheaderline(double atmpressure);
 
 /// What the entry is in each unit, as shown while the user types.
 struct PressureReadouts {
@@ -42,7 +78,7 @@ struct PressureReadouts {
 
 /// The read-outs after a change of the entry. What a unit does not write stays as it was; a number that cannot be
 /// worked out, because the entry is none or lies above the atmosphere, goes empty.
-PressureReadouts pressurereadouts(int unit, std::string_view entry, PressureReadouts earlier);
+PressureReadouts pressurereadouts(const PressureEntry& entry, PressureReadouts earlier);
 
 /// What an entry comes to when it is set.
 struct PressureSetting {
@@ -53,6 +89,10 @@ struct PressureSetting {
   bool accepted = true;
 };
 
-PressureSetting pressurefor(int unit, std::string_view entry);
+PressureSetting pressurefor(const PressureEntry& entry);
+
+/// The pressure [in Hg] of a number in a unit, rounded to the digits of the store that the window writes it to, so that
+/// all calculate with the same; none outside the unit's range.
+std::optional<double> pressureof(PressureUnit unit, double number);
 
 }  // namespace moistair

@@ -5,28 +5,19 @@
 /// they were typed or stored: every operation reads the pressure in force at its head, from its text.
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "chart/chartframe.h"
-#include "engine/resolver.h"
+#include "chart/drawchart.h"
+#include "engine/state.h"
+#include "session/pressureunits.h"
 
 namespace moistair {
 
 struct SessionValues {
   NumberText pressure;          ///< atmospheric pressure in force [in Hg]; what every calculation reads, leniently
-  std::string pressuremode;     ///< unit of the pressure last set: "0" default, "1" in Hg, "2" psi, "3" elevation
-  std::string pressureentered;  ///< pressure or elevation as the user entered it
+  PressureEntry pressureentry;  ///< the pressure last set, as the user gave it
   DrawnLimits drawn;            ///< limits of the chart on the canvas
-  std::string charttype;        ///< "1" standard, "2" blank
-  SolverFields solverfields;    ///< scratch of the nested searches
+  ChartType charttype = ChartType::standard;  ///< as last chosen
+  SolverFields solverfields;                  ///< scratch of the nested searches
 };
-
-/// Caption of the pressure in the point report and the mixing window: "Atmos. pr (in Hg)" for the modes "0" and "1",
-/// "Atmos. pr (Pounds/sq inch)" for "2", "Site elevation (ft)" for "3", else empty.
-std::string pressurecaption(std::string_view pressuremode);
-
-/// The pressure as it is shown beside that caption: as entered, and empty if its number is exactly -1.
-std::string pressureshown(std::string_view pressureentered);
 
 }  // namespace moistair

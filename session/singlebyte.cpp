@@ -1,28 +1,12 @@
 #include "session/singlebyte.h"
 
-#include <algorithm>
+#include "session/utf8.h"
 
 namespace moistair {
 
 namespace {
 
 unsigned byteat(std::string_view text, std::size_t at) { return static_cast<unsigned char>(text[at]); }
-
-/// Bytes of the character that begins with this one; 1 for a byte that can begin none.
-std::size_t expectedlength(unsigned lead) {
-  if (lead >= 0xC2 && lead <= 0xDF) return 2;
-  if (lead >= 0xE0 && lead <= 0xEF) return 3;
-  if (lead >= 0xF0 && lead <= 0xF4) return 4;
-  return 1;
-}
-
-/// Length of the character at `from`: as many of its bytes as are there, so that damage costs one "?" and no more.
-std::size_t characterlength(std::string_view utf8, std::size_t from) {
-  const std::size_t end = std::min(utf8.size(), from + expectedlength(byteat(utf8, from)));
-  std::size_t at = from + 1;
-  while (at < end && (byteat(utf8, at) & 0xC0U) == 0x80) ++at;
-  return at - from;
-}
 
 bool prints(unsigned character) { return (character >= 0x20 && character < 0x7F) || character >= 0xA0; }
 
@@ -33,7 +17,7 @@ std::string tosinglebyte(std::string_view utf8) {
   bytes.reserve(utf8.size());
   std::size_t length = 1;
   for (std::size_t at = 0; at < utf8.size(); at += length) {
-    length = characterlength(utf8, at);
+    length = firstpiece(utf8.substr(at)).length;
     const unsigned lead = byteat(utf8, at);
     unsigned character = 0;
     if (length == 1 && lead < 0x80) character = lead;

@@ -58,6 +58,11 @@ void MainWindow::answer(const Refusal& refusal) {
   refusal.withcancel ? messageokcancel(this, text) : message(this, text);
 }
 
+/// A line of relative humidity that crosses nothing of the chart is told, whatever the search then makes of it.
+void MainWindow::telloutofsight(const Resolution& resolution) {
+  if (resolution.unseenline == PropertyKind::rh) message(this, QString::fromUtf8(linenotfeasible));
+}
+
 void MainWindow::openpressure() {
   if (dialog_) return;
   if (!loaded_) {
@@ -75,11 +80,10 @@ void MainWindow::openpressure() {
 }
 
 /// A chart stands for one pressure, so a new one starts everything afresh.
-void MainWindow::changepressure(int unit, const QString& entered) {
+void MainWindow::changepressure(const PressureEntry& entry) {
   strip_->emptyinputs();
   strip_->emptyreadouts(true);
-  values_.pressuremode = std::to_string(unit);
-  values_.pressureentered = entered.toStdString();
+  values_.pressureentry = entry;
   lifecycle_.restart(windowsize());
   leavedialog();
 }
@@ -100,13 +104,12 @@ void MainWindow::startdraw() {
   charttype_->activateWindow();
 }
 
-void MainWindow::drawchart(const QString& charttype) {
-  values_.charttype = charttype.toStdString();
+void MainWindow::drawchart(ChartType charttype) {
+  values_.charttype = charttype;
   dismiss(charttype_);
-  const LimitTexts limits = strip_->limittexts();
-  if (const auto refusal = lifecycle_.testlimits(limits)) {
+  if (const auto refusal = lifecycle_.testlimits(strip_->limittexts())) {
     answer(*refusal);
-  } else if (!lifecycle_.chartstands(limits)) {
+  } else if (!lifecycle_.chartstands()) {
     strip_->waitcue(true);
     lifecycle_.drawchart(windowsize());
     strip_->waitcue(false);
@@ -123,16 +126,20 @@ void MainWindow::drawline(LineKind kind, const QLineEdit& value) {
 }
 
 void MainWindow::locatepoint() {
-  const auto chartstands = [this] { return lifecycle_.chartstands(strip_->limittexts()); };
+  const auto chartstands = [this] {
+    lifecycle_.readlimits(strip_->limittexts());
+    return lifecycle_.chartstands();
+  };
   const Location location =
       moistair::locatepoint(pairinput(), chartstands, lifecycle_.atmpressure(), finders_, values_.solverfields);
-  if (location.fault != LocateFault::none) {
-    answer({locatemessage(location.fault), location.fault == LocateFault::nochart});
+  telloutofsight(location.resolution);
+  if (location.refusal) {
+    answer(*location.refusal);
     focusgraph();
     return;
   }
-  auto* window = new ReportWindow(this, fillreport(location.point, strip_->pointid->text().toStdString(),
-                                                   values_.pressuremode, values_.pressureentered));
+  auto* window = new ReportWindow(
+      this, fillreport(location.resolution.point, strip_->pointid->text().toStdString(), values_.pressureentry));
   connect(window, &ReportWindow::savechosen, this, [this, window] { appendtolog(pointrecord(window->report())); });
   connect(window, &ReportWindow::markchosen, this, [this, window] { markpoint(*window); });
   connect(window, &ReportWindow::left, this, &MainWindow::leavedialog);
@@ -143,7 +150,9 @@ void MainWindow::markpoint(const ReportWindow& report) {
   const StatePoint shown = readreport(report.report());
   strip_->emptyreadouts(true);
   strip_->waitcue(true);
-  const bool marked = moistair::markpoint(graph_->canvas(), shown, strip_->limittexts(), windowsize(),
+  ChartLimits limits;  // a list's text that is no number counts as 0
+  readlimits(strip_->limittexts(), limits);
+  const bool marked = moistair::markpoint(graph_->canvas(), shown, plotarea(limits, windowsize()),
                                           strip_->pointid->text().toStdString());
   if (marked) {
     strip_->show(shown);

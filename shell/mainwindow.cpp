@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include "chart/chartfinders.h"
 #include "chart/scales.h"
 #include "paint/replay.h"
 #include "session/pressureunits.h"
@@ -25,8 +26,10 @@ MainWindow::MainWindow(std::filesystem::path logpath)
       strip_(new Strip),
       graph_(new GraphView),
       lifecycle_(graph_->canvas(), values_),
-      finders_(
-          chartrangefinders(lifecycle_, chartlook(), [this] { message(this, QString::fromUtf8(linenotfeasible)); })) {
+      finders_(chartrangefinders([this] {
+        lifecycle_.readlimits(strip_->limittexts());
+        return lifecycle_.plotarea(windowsize());
+      })) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Psychrometric chart - English Units"));
   auto* area = new QWidget;
@@ -90,11 +93,10 @@ bool MainWindow::start() {
 bool MainWindow::loadmain() {
   constexpr WindowSize layoutsize{10980, 7905};
   if (!(values_.pressure.lenient() > 0)) values_.pressure.settext(defaultpressuretext);
-  printstartheader(graph_->canvas(), layoutsize, values_.pressure.lenient());
+  printheader(graph_->canvas(), layoutsize, startheaderline(values_.pressure.lenient()));
   if (leavesforsmallscreen(nullptr)) return false;
   filllists();
-  values_.pressuremode = "0";
-  values_.pressureentered = defaultpressuretext;
+  values_.pressureentry = {};
   screen_ = QGuiApplication::primaryScreen()->size();
   arrange();
   if (!log_.newlog()) message(this, QString::fromUtf8(logfailed));
@@ -142,14 +144,15 @@ WindowSize MainWindow::windowsize() const {
   return {centralWidget()->width() * twipsperpixel, centralWidget()->height() * twipsperpixel};
 }
 
-/// The live row: at every change of a kind or a value, and silent.
+/// The live row: at every change of a kind or a value, and silent but for a line that crosses nothing of the chart.
 void MainWindow::previewpoint() {
   strip_->emptyreadouts(true);
   const PairInput input = pairinput();
-  if (inputfault(input.kind1, input.kind2, input.value1, input.value2) != InputFault::none) return;
+  if (inputfault(input.kind1, input.kind2, input.value1, input.value2) != Unresolved::none) return;
   const Resolution resolution = resolvepair(input.kind1, input.value1, input.kind2, input.value2,
                                             lifecycle_.atmpressure(), finders_, values_.solverfields);
-  if (!resolution.resolved) return;
+  telloutofsight(resolution);
+  if (!resolution.resolved()) return;
   strip_->show(resolution.point);
   if (loaded_ && !isVisible()) show();
 }

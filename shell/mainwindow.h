@@ -58,13 +58,14 @@ private:
   void leavedialog();
   void focusgraph();
   void answer(const Refusal& refusal);
+  void telloutofsight(const Resolution& resolution);
 
   std::optional<QString> asksavepath(const SaveRequest& request);
 
   void openpressure();
-  void changepressure(int unit, const QString& entered);
+  void changepressure(const PressureEntry& entry);
   void startdraw();
-  void drawchart(const QString& charttype);
+  void drawchart(ChartType charttype);
   void drawline(LineKind kind, const QLineEdit& value);
   void locatepoint();
   void markpoint(const ReportWindow& report);

@@ -29,7 +29,7 @@ std::filesystem::path statefolder() {
 }  // namespace
 
 bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight) {
-  constexpr int twips = 15;
+  constexpr int twips = static_cast<int>(twipsperpixel);
   if (screenwidth < pixelwidth * twips) return false;
   return screenheight >= pixelheight * twips;
 }

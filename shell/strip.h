@@ -9,7 +9,7 @@
 #include <array>
 
 #include "chart/chartframe.h"
-#include "engine/resolver.h"
+#include "engine/state.h"
 #include "toolkit/listbox.h"
 
 class QGridLayout;

@@ -38,7 +38,7 @@ ChartTypeWindow::ChartTypeWindow() : Dialog(nullptr, QStringLiteral("Form6"), QS
   draw->setDefault(true);
   make.settaborder();
   connect(draw, &QPushButton::clicked, this,
-          [this, standard] { Q_EMIT chosen(standard->isChecked() ? QStringLiteral("1") : QStringLiteral("2")); });
+          [this, standard] { Q_EMIT chosen(standard->isChecked() ? ChartType::standard : ChartType::blank); });
   connect(exit, &QPushButton::clicked, this, &ChartTypeWindow::leave);
 }
 

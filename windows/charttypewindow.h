@@ -4,6 +4,7 @@
 
 #include <QRadioButton>
 
+#include "chart/drawchart.h"
 #include "toolkit/dialog.h"
 
 namespace moistair {
@@ -17,7 +18,7 @@ public:
   ChartTypeWindow();
 
 Q_SIGNALS:
-  void chosen(const QString& charttype);  ///< "1" standard, "2" blank
+  void chosen(ChartType charttype);
   void left();
 
 protected:

@@ -118,7 +118,7 @@ void setwidths(QGridLayout& grid, const QFontMetrics& font, const std::string& p
 
 MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, QWidget* main)
     : Dialog(main, QStringLiteral("Form5"), QStringLiteral("Mixing problem")), chart_(std::move(chart)) {
-  problem_.pressure = mixingpressure(session);
+  problem_.pressure = {session.pressure.lenient(), session.pressureentry};
   ControlMaker maker(*this);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(margin, margin, margin, margin);
@@ -144,7 +144,7 @@ QLayout* MixingWindow::maketable(ControlMaker& maker) {
   addhead(maker, *grid, mixedhead);
   makereadouts(maker, *grid);
   addrules(*grid);
-  setwidths(*grid, fontMetrics(), problem_.pressure.caption);
+  setwidths(*grid, fontMetrics(), pressurecaption(problem_.pressure.entry));
   return grid;
 }
 
@@ -242,7 +242,7 @@ void MixingWindow::onsave() { Q_EMIT savechosen(mixingblock(problem_)); }
 
 void MixingWindow::ondraw() {
   readlimits(chart_.look.limits(), limits_);
-  const PlotArea area{limits_, plotframe(limits_), chart_.look.window()};
+  const PlotArea area = plotarea(limits_, chart_.look.window());
   if (const char* rejection = drawmixingline(chart_.canvas, problem_, area); rejection != nullptr) {
     message(this, QString::fromUtf8(rejection));
   } else {

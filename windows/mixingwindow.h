@@ -17,6 +17,7 @@
 
 #include "chart/chartframe.h"
 #include "mixing/mixingproblem.h"
+#include "session/sessionvalues.h"
 #include "toolkit/controls.h"
 #include "toolkit/dialog.h"
 #include "toolkit/listbox.h"

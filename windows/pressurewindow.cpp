@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 
-#include "session/pressureunits.h"
 #include "toolkit/controls.h"
 #include "toolkit/elidedlabel.h"
 #include "toolkit/listbox.h"
@@ -69,7 +68,7 @@ PressureWindow::PressureWindow(QWidget* main)
   connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::showreadouts);
   connect(set, &QPushButton::clicked, this, &PressureWindow::setpressure);
   connect(back, &QPushButton::clicked, this, &PressureWindow::leave);
-  unit_->select(defaultunit);
+  unit_->select(static_cast<int>(PressureUnit::standard));
   resize(sizeHint().expandedTo(usualsize));
 }
 
@@ -78,12 +77,12 @@ void PressureWindow::makeentry(ControlMaker& maker, QGridLayout& grid) {
   auto* entryname = maker.add<QLabel>(grid, entrycaption);
   for (QLabel* name : {unitname, entryname}) name->setAlignment(Qt::AlignBottom);
   unit_ = maker.add<ListBox>(grid, unitlist);
-  for (const PressureUnit& unit : pressureunits) unit_->fill(std::array{unit.listtext});
+  for (const PressureUnitRow& unit : pressureunits) unit_->fill(std::array{unit.listtext});
   unitname->setBuddy(unit_);
   entry_ = maker.add<QLineEdit>(grid, entrybox);
   nameinput(*entry_, entryname->text());
   entryunit_ = maker.add<QLabel>(grid, entryunit);
-  for (const PressureUnit& unit : pressureunits) keeproom(*entryunit_, unit.entryunit);
+  for (const PressureUnitRow& unit : pressureunits) keeproom(*entryunit_, unit.entryunit);
   rangehint_ = maker.add<QLabel>(grid, rangehint);
   rangehint_->setAlignment(Qt::AlignTop);
 }
@@ -96,12 +95,13 @@ void PressureWindow::makereadouts(ControlMaker& maker, QGridLayout& grid) {
 }
 
 void PressureWindow::showunit() {
-  const int index = unit_->selected();
-  const PressureUnit& unit = pressureunits.at(static_cast<std::size_t>(index));
+  const auto chosen = pressureunitat(unit_->selected());
+  if (!chosen) return;
+  const PressureUnitRow& unit = rowof(*chosen);
   entryunit_->setText(QString::fromUtf8(unit.entryunit));
   rangehint_->setText(QString::fromUtf8(unit.rangehint));
-  entry_->setEnabled(index != defaultunit);
-  if (index == defaultunit) {
+  entry_->setEnabled(chosen != PressureUnit::standard);
+  if (chosen == PressureUnit::standard) {
     entry_->setText(QString::fromUtf8(defaultpressuretext));
     showreadouts();  // the text may be the one that stood there in another unit
   } else {
@@ -110,9 +110,13 @@ void PressureWindow::showunit() {
   }
 }
 
+PressureEntry PressureWindow::entry() const {
+  return {pressureunitat(unit_->selected()), entry_->text().toStdString()};
+}
+
 void PressureWindow::showreadouts() {
   const PressureReadouts earlier{inhg_->text().toStdString(), psi_->text().toStdString(), feet_->text().toStdString()};
-  const PressureReadouts now = pressurereadouts(unit_->selected(), entry_->text().toStdString(), earlier);
+  const PressureReadouts now = pressurereadouts(entry(), earlier);
   inhg_->setText(QString::fromStdString(now.inhg));
   psi_->setText(QString::fromStdString(now.psi));
   feet_->setText(QString::fromStdString(now.feet));
@@ -120,10 +124,10 @@ void PressureWindow::showreadouts() {
 
 void PressureWindow::setpressure() {
   if (!question(this, QStringLiteral("DELETE"), QString::fromUtf8(surequestion))) return;
-  const PressureSetting setting = pressurefor(unit_->selected(), entry_->text().toStdString());
+  const PressureSetting setting = pressurefor(entry());
   if (setting.inhg) Q_EMIT pressurewritten(*setting.inhg);
   if (setting.accepted) {
-    Q_EMIT pressureset(unit_->selected(), entry_->text());
+    Q_EMIT pressureset(entry());
   } else {
     message(this, QString::fromUtf8(outofrange));
   }

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "session/pressureunits.h"
 #include "toolkit/dialog.h"
 
 class QGridLayout;
@@ -29,8 +30,7 @@ Q_SIGNALS:
   /// The pressure in force is to become this text [in Hg]. Told also of an entry that is then refused.
   void pressurewritten(const std::string& inhg);
   /// An accepted entry, behind its pressurewritten: the chart is to be cleared for it, and the window to go away.
-  /// @param unit index in the list, -1 for none
-  void pressureset(int unit, const QString& entered);
+  void pressureset(const PressureEntry& entry);
   void left();  ///< without setting anything
 
 protected:
@@ -39,6 +39,7 @@ protected:
 private:
   void makeentry(ControlMaker& maker, QGridLayout& grid);
   void makereadouts(ControlMaker& maker, QGridLayout& grid);
+  PressureEntry entry() const;
   void showunit();
   void showreadouts();
   void setpressure();

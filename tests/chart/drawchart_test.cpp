@@ -7,7 +7,7 @@
 namespace moistair::charttest {
 namespace {
 
-const HeaderTexts header{"0", "29.92126"};
+constexpr const char* header = "Atmos. pr=29.92126 In Hg";
 
 TEST(Charts, HoldAllTheirLines) {
   const struct {

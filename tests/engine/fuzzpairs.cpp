@@ -119,9 +119,9 @@ int main(int argc, char** argv) {
     const Resolution result = resolvepair(pair.first, pair.second, pair.atm, openrangefinders(), fields);
     pair.milliseconds = milliseconds() - start;
     if (pair.milliseconds > slowest.milliseconds) slowest = pair;
-    resolved += result.resolved;
+    resolved += result.resolved();
     const bool slow = pair.milliseconds > slowest_allowed;
-    const bool broken = result.resolved && !whole(result.point);
+    const bool broken = result.resolved() && !whole(result.point);
     if (slow) print("too slow", pair);
     if (broken) print("no value in a resolved state", pair);
     faults += slow || broken;

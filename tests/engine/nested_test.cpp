@@ -39,12 +39,12 @@ TEST(NestedPairs, PublishedValues) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     const Resolution result = resolved(row.first, row.second, atm, row.range);
-    EXPECT_TRUE(result.resolved);
+    EXPECT_TRUE(result.resolved());
     EXPECT_NEAR(result.point.db, row.db, f5);
     EXPECT_NEAR(result.point.wb, row.wb, f5);
     EXPECT_EQ(result.iterations, row.iterations);
   }
-  EXPECT_FALSE(resolved(rh1, v1, atm, {80, 120}).resolved) << "a state beside the range";
+  EXPECT_FALSE(resolved(rh1, v1, atm, {80, 120}).resolved()) << "a state beside the range";
 }
 
 /// Searches that run through all iterations. Enthalpy with dew point may then miss by half a degree.
@@ -66,14 +66,14 @@ TEST(NestedPairs, TheGapOfTheDewPoint) {
     SCOPED_TRACE(row.name);
     SolverFields fields;
     const Resolution result = resolvepair(row.dp, row.other, atm, openrangefinders(), fields);
-    EXPECT_EQ(result.resolved, row.resolved);
+    EXPECT_EQ(result.resolved(), row.resolved);
     EXPECT_EQ(result.iterations, 100);
     EXPECT_EQ(result.point.dp, row.dp.value);
     if (!hasvalue(row.returned)) continue;
     EXPECT_NEAR(fields.returned.strict(), row.returned, 1e-4);
   }
   // Were the search for the wet bulb kept from running above its reach too, its midpoint of 60 would do here.
-  EXPECT_FALSE(resolved({dp, 50}, {v, 30}, atm, {40, 100}).resolved);
+  EXPECT_FALSE(resolved({dp, 50}, {v, 30}, atm, {40, 100}).resolved());
 }
 
 TEST(NestedPairs, AFinderThatFindsNothingLeavesTheLastRange) {

@@ -252,7 +252,7 @@ StatePoint anystate(Random& random, double atm) {
     const double drybulb = between(random, 1, 119);
     const double wetbulb = between(random, std::max(1.0, drybulb - 45), drybulb);
     const Resolution state = resolved({db, drybulb}, {wb, wetbulb}, atm);
-    if (state.resolved) return state.point;
+    if (state.resolved()) return state.point;
   }
 }
 
@@ -276,15 +276,15 @@ void compare(const PlainRow& row, int count, Tally& tally) {
 
     PlainResult plain = plainsteps(row, first, second, sheet);
     Resolution result = resolvepair({row.first, first}, {row.second, second}, sheet.atm, openrangefinders(), fields);
-    EXPECT_EQ(result.resolved, plain.resolved);
+    EXPECT_EQ(result.resolved(), plain.resolved);
     EXPECT_EQ(result.iterations, plain.iterations);
     for (int kind = 0; plain.resolved && kind < kindcount; ++kind) {
       EXPECT_EQ(result.point.at(*kindat(kind)), plain.point.at(*kindat(kind)));
     }
     if (independent) continue;
     ++tally.states;
-    tally.failures += result.resolved ? 0 : 1;
-    if (!result.resolved) continue;
+    tally.failures += result.resolved() ? 0 : 1;
+    if (!result.resolved()) continue;
     Resolution found = resolved({db, result.point.db}, {wb, result.point.wb}, sheet.atm);
     tally.deviation1 = std::max(tally.deviation1, std::abs(found.point.at(row.first) - first));
     tally.deviation2 = std::max(tally.deviation2, std::abs(found.point.at(row.second) - second));

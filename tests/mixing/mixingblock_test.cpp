@@ -12,23 +12,20 @@ std::string valueline(const std::string& caption, const std::string& value) {
 
 TEST(MixingBlock, ReferenceCaseInEveryUnitOfPressure) {
   const struct {
-    const char *mode, *entered, *caption;
-  } rows[] = {{"0", "29.92126", "Atmos. pr (in Hg)"},
-              {"2", "14.696", "Atmos. pr (Pounds/sq inch)"},
-              {"3", "00.0", "Site elevation (ft)"}};
+    PressureEntry entry;
+    const char* caption;
+  } rows[] = {{{}, "Atmos. pr (in Hg)"},
+              {{PressureUnit::psi, "14.696"}, "Atmos. pr (Pounds/sq inch)"},
+              {{PressureUnit::elevation, "00.0"}, "Site elevation (ft)"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.caption);
-    SessionValues session;
-    session.pressure.settext("29.92126");
-    session.pressuremode = row.mode;
-    session.pressureentered = row.entered;
     const MixingProblem problem =
-        problemof(drywet("75", "62.5", "1000.0"), drywet("95", "75", " 500acfm"), mixingpressure(session));
+        problemof(drywet("75", "62.5", "1000.0"), drywet("95", "75", " 500acfm"), {29.92126, row.entry});
     const std::vector<std::string> expected = {
         "----------------------------------",
         "Stream 1",
         "Air flow rate (acfm)                                    1000.0",
-        valueline(row.caption, row.entered),
+        valueline(row.caption, row.entry.text),
         "Dry bulb temp (Deg F)                                   75.0000000",
         "Wet bulb temp (Deg F)                                   62.5000000",
         "Relative humidity (%)                                   50.3032182",
@@ -40,7 +37,7 @@ TEST(MixingBlock, ReferenceCaseInEveryUnitOfPressure) {
         "",
         "Steram 2",
         "Air flow rate (acfm)                                     500acfm",
-        valueline(row.caption, row.entered),
+        valueline(row.caption, row.entry.text),
         "Dry bulb temp (Deg F)                                   95.0000000",
         "Wet bulb temp (Deg F)                                   75.0000000",
         "Relative humidity (%)                                   40.3104311",
@@ -52,7 +49,7 @@ TEST(MixingBlock, ReferenceCaseInEveryUnitOfPressure) {
         "",
         "Mixed stream",
         "Air flow rate (acfm)                                    1500",
-        valueline(row.caption, row.entered),
+        valueline(row.caption, row.entry.text),
         "Dry bulb temp (Deg F)                                   81.5312397",
         "Wet bulb temp (Deg F)                                   66.9312397",
         "Relative humidity (%)                                   47.3819943",

@@ -79,7 +79,7 @@ TEST(MixingProblem, MixturesOfKnownStreams) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const MixingProblem problem = problemof(row.first, row.second, {row.atm, inhg, ""});
+    const MixingProblem problem = problemof(row.first, row.second, {row.atm, {}});
     for (const auto& [text, value] : row.mixed) EXPECT_EQ(problem.mixed.*text, value);
     EXPECT_TRUE(problem.savable);
   }
@@ -141,7 +141,7 @@ TEST(MixingProblem, EnteredPressureIsCopiedAsTyped) {
   } rows[] = {{"05000.0", "05000.0"}, {"-1", ""}, {"-1.0", ""}, {"-10", "-10"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const MixingProblem problem = problemof(one, two, {29.92126, inhg, row.name});
+    const MixingProblem problem = problemof(one, two, {29.92126, {PressureUnit::inhg, row.name}});
     EXPECT_EQ(problem.streams[0].pressure, row.shown);
     EXPECT_EQ(problem.mixed.pressure, row.shown);
   }
@@ -152,7 +152,7 @@ TEST(MixingProblem, AbsurdInputEnds) {
   for (const double atm : {0.0, -5.0, 1e300, 1e-300}) {
     for (const char* flow : {"1e308", "1e-308", "1e999"}) {
       SCOPED_TRACE(testing::Message() << atm << " in Hg, flow " << flow);
-      const MixingProblem problem = problemof(drywet("75", "62.5", flow), {h, "28", v, "13.6", flow}, {atm, inhg, ""});
+      const MixingProblem problem = problemof(drywet("75", "62.5", flow), {h, "28", v, "13.6", flow}, {atm, {}});
       EXPECT_EQ(problem.savable, !problem.mixed.h.empty());
     }
   }

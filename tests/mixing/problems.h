@@ -42,7 +42,7 @@ inline void type(MixingProblem& problem, std::size_t number, const Typed& typed)
 }
 
 inline MixingProblem problemof(const Typed& first, const Typed& second,
-                               const MixingPressure& pressure = {29.92126, "Atmos. pr (in Hg)", "29.92126"}) {
+                               const MixingPressure& pressure = {29.92126, {}}) {
   MixingProblem problem;
   problem.pressure = pressure;
   type(problem, 0, first);

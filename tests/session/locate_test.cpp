@@ -41,9 +41,10 @@ TEST(LocatePoint, RefusalsInTheirOrder) {
     bool asked = false;
     const auto chartstands = [&] { return asked = true, row.chartstands; };
     const Location location = locatepoint(row.input, chartstands, 24.8961078, openrangefinders(), fields);
-    EXPECT_STREQ(locatemessage(location.fault), row.message);
+    EXPECT_STREQ(location.refusal ? location.refusal->text : "", row.message);
+    EXPECT_EQ(location.refusal && location.refusal->withcancel, row.message == nochart);
     const bool inputrule = row.message == samekind || row.message == wwithdp || row.message == blank;
     EXPECT_EQ(asked, !inputrule) << "the chart is asked for behind the input rules";
-    EXPECT_NEAR(location.point.h, *row.message == '\0' ? 30.8876764 : location.point.h, 5e-8);
+    EXPECT_NEAR(location.resolution.point.h, *row.message == '\0' ? 30.8876764 : location.resolution.point.h, 5e-8);
   }
 }

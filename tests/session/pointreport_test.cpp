@@ -16,20 +16,21 @@ TEST(PointReport, IdentificationAndPressure) {
   const std::string to43(42, ' '), to57(56, ' ');
   const struct {
     const char* name;
-    const char *identification, *mode, *entered;
+    const char* identification;
+    PressureEntry entry;
     const char *shownidentification, *caption, *pressure;
   } rows[] = {
-      {"no identification", "", "0", "29.92126", "Nil", "Atmos. pr (in Hg)", "29.92126"},
-      {"a blank is an identification", " ", "1", "30", " ", "Atmos. pr (in Hg)", "30"},
-      {"pounds as typed", "B", "2", "14.70", "B", "Atmos. pr (Pounds/sq inch)", "14.70"},
-      {"elevation", "B", "3", "5000", "B", "Site elevation (ft)", "5000"},
-      {"no unit selected", "B", "-1", "30abc", "B", "", "30abc"},
-      {"minus one is left out", "B", "-1", " -1.0", "B", "", ""},
-      {"near minus one", "B", "-1", "-1.01", "B", "", "-1.01"},
+      {"no identification", "", {}, "Nil", "Atmos. pr (in Hg)", "29.92126"},
+      {"a blank is an identification", " ", {PressureUnit::inhg, "30"}, " ", "Atmos. pr (in Hg)", "30"},
+      {"pounds as typed", "B", {PressureUnit::psi, "14.70"}, "B", "Atmos. pr (Pounds/sq inch)", "14.70"},
+      {"elevation", "B", {PressureUnit::elevation, "5000"}, "B", "Site elevation (ft)", "5000"},
+      {"no unit selected", "B", {std::nullopt, "30abc"}, "B", "", "30abc"},
+      {"minus one is left out", "B", {std::nullopt, " -1.0"}, "B", "", ""},
+      {"near minus one", "B", {std::nullopt, "-1.01"}, "B", "", "-1.01"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const PointReport report = fillreport({}, row.identification, row.mode, row.entered);
+    const PointReport report = fillreport({}, row.identification, row.entry);
     EXPECT_EQ(report.identification, row.shownidentification);
     EXPECT_EQ(report.pressurecaption, row.caption);
     EXPECT_EQ(report.pressure, row.pressure);
@@ -43,7 +44,7 @@ TEST(PointReport, ReadsBackAsShown) {
   point.w = 0.00929318;
   point.dp = 55.24572391;
   point.h = -1;
-  const PointReport report = fillreport(point, "", "0", "29.92126");
+  const PointReport report = fillreport(point, "", {});
   EXPECT_EQ(pointrecord(report)[6], "Specific enthalpy (btu/lb)" + std::string(30, ' ')) << "blanks up to no value";
   const StatePoint shown = readreport(report);
   EXPECT_EQ(shown.w, 0.0092932);

@@ -6,7 +6,8 @@ using namespace moistair;
 
 namespace {
 
-constexpr int none = -1, standard = 0, inhg = 1, psi = 2, elevation = 3;
+using enum PressureUnit;
+constexpr std::nullopt_t none = std::nullopt;
 
 }  // namespace
 
@@ -15,7 +16,7 @@ TEST(PressureReadouts, FollowTheEntry) {
   const PressureReadouts before{"1", "2", "3"};
   const struct {
     const char* name;
-    int unit;
+    std::optional<PressureUnit> unit;
     std::string entry;
     PressureReadouts earlier, expected;
   } rows[] = {
@@ -36,7 +37,7 @@ TEST(PressureReadouts, FollowTheEntry) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const PressureReadouts readouts = pressurereadouts(row.unit, row.entry, row.earlier);
+    const PressureReadouts readouts = pressurereadouts({row.unit, row.entry}, row.earlier);
     EXPECT_EQ(readouts.inhg, row.expected.inhg);
     EXPECT_EQ(readouts.psi, row.expected.psi);
     EXPECT_EQ(readouts.feet, row.expected.feet);
@@ -46,7 +47,7 @@ TEST(PressureReadouts, FollowTheEntry) {
 TEST(PressureFor, StoresTheEntryAndTestsItsRange) {
   const struct {
     const char* name;
-    int unit;
+    std::optional<PressureUnit> unit;
     std::string entry;
     std::optional<std::string> stored;
     bool accepted;
@@ -76,8 +77,23 @@ TEST(PressureFor, StoresTheEntryAndTestsItsRange) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const PressureSetting setting = pressurefor(row.unit, row.entry);
+    const PressureSetting setting = pressurefor({row.unit, row.entry});
     EXPECT_EQ(setting.inhg, row.stored);
     EXPECT_EQ(setting.accepted, row.accepted);
   }
+}
+
+TEST(HeaderLine, TellsThePressureAsEntered) {
+  const struct {
+    const char* name;
+    PressureEntry entry;
+    const char* line;
+  } rows[] = {
+      {"typed in Hg", {inhg, "30abc"}, "Atmos. pr=30abc In Hg"},
+      {"pounds", {psi, "14.7"}, "Atmos. pr=14.7 Pounds/sq inch"},
+      {"elevation", {elevation, ""}, "Site elevation= ft"},
+      {"no unit", {none, "5"}, ""},
+  };
+  for (const auto& row : rows) EXPECT_EQ(headerline(row.entry), row.line) << row.name;
+  EXPECT_EQ(startheaderline(29.92126), "Atmos. pr= 29.92126  In Hg");
 }

@@ -10,6 +10,7 @@
 
 #include "engine/moistair.h"
 #include "engine/openfinders.h"
+#include "engine/resolver.h"
 #include "session/pointreport.h"
 
 using namespace moistair;
@@ -63,7 +64,7 @@ TEST_F(SessionLogTest, FirstRecordOfASessionByteForByte) {
   const StatePoint point =
       resolvepair(PropertyKind::db, "75", PropertyKind::wb, "62.5", defaultpressure, openrangefinders(), fields).point;
   ASSERT_TRUE(log.newlog());
-  ASSERT_TRUE(log.append(pointrecord(fillreport(point, "A", "0", "29.92126"))));
+  ASSERT_TRUE(log.append(pointrecord(fillreport(point, "A", {}))));
   EXPECT_EQ(bytesof(log.path()),
             "\r\n"
             "-------------------------\r\n"

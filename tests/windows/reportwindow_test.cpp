@@ -4,6 +4,7 @@
 
 #include "engine/moistair.h"
 #include "engine/openfinders.h"
+#include "engine/resolver.h"
 #include "support.h"
 
 using namespace moistair;
@@ -15,7 +16,7 @@ PointReport report(const char* identification, const char* entered = "5000") {
   SolverFields fields;
   const StatePoint point =
       resolvepair(PropertyKind::db, "75", PropertyKind::wb, "62.5", defaultpressure, openrangefinders(), fields).point;
-  return fillreport(point, identification, "3", entered);
+  return fillreport(point, identification, {PressureUnit::elevation, entered});
 }
 
 }  // namespace

@@ -1,0 +1,46 @@
+#include "engine/state.h"
+
+#include <limits>
+
+namespace moistair {
+
+namespace {
+
+using Field = double StatePoint::*;
+
+constexpr Field fieldof(PropertyKind kind) {
+  constexpr std::array<Field, kindcount> fields = {&StatePoint::db, &StatePoint::wb, &StatePoint::rh, &StatePoint::w,
+                                                   &StatePoint::h,  &StatePoint::dp, &StatePoint::v};
+  return fields[static_cast<std::size_t>(kind)];
+}
+
+/// A wet bulb above the dry bulb shows in the relative humidity, so that comes first.
+using enum PropertyKind;
+constexpr double unbounded = std::numeric_limits<double>::infinity();
+constexpr std::array<StateBound, 6> statebounds = {{
+    {rh, {0, 100}},
+    {w, {0, 0.03}},
+    {db, {0, 120}},
+    {wb, {0, 120}},
+    {h, {0, unbounded}},
+    {v, {0, unbounded}},
+}};
+
+}  // namespace
+
+std::optional<PropertyKind> kindat(int index) {
+  if (index < 0 || index >= kindcount) return std::nullopt;
+  return static_cast<PropertyKind>(index);
+}
+
+double& StatePoint::at(PropertyKind kind) { return this->*fieldof(kind); }
+double StatePoint::at(PropertyKind kind) const { return this->*fieldof(kind); }
+
+std::optional<StateBound> brokenbound(const StatePoint& point) {
+  for (const StateBound& bound : statebounds) {
+    if (!bound.limits.accept(point.at(bound.kind))) return bound;
+  }
+  return std::nullopt;
+}
+
+}  // namespace moistair

@@ -1,6 +1,6 @@
 #include "chart/chartframe.h"
 
-#include "charts.h"
+#include "support/charts.h"
 
 namespace moistair::charttest {
 namespace {

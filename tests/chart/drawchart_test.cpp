@@ -2,7 +2,7 @@
 
 #include <initializer_list>
 
-#include "charts.h"
+#include "support/charts.h"
 
 namespace moistair::charttest {
 namespace {

@@ -1,4 +1,4 @@
-#include "charts.h"
+#include "support/charts.h"
 
 namespace moistair::charttest {
 namespace {

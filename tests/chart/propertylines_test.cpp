@@ -1,6 +1,6 @@
 #include "chart/propertylines.h"
 
-#include "charts.h"
+#include "support/charts.h"
 
 namespace moistair::charttest {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "charts.h"
+#include "support/charts.h"
 
 namespace moistair::charttest {
 namespace {

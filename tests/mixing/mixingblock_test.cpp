@@ -1,6 +1,6 @@
 #include "mixing/mixingblock.h"
 
-#include "problems.h"
+#include "support/problems.h"
 
 namespace moistair::test {
 namespace {

@@ -1,7 +1,7 @@
 #include "mixing/mixingline.h"
 
 #include "chart/drawing.h"
-#include "problems.h"
+#include "support/problems.h"
 
 namespace moistair::test {
 namespace {

@@ -1,0 +1,153 @@
+/// \file
+/// Whole charts, operation by operation: what the life of the chart draws at each pressure, lines, points and mixtures
+/// of its own added, stands where it was recorded. A hundredth of a pixel is how far another C library may move it.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <map>
+
+#include "chart/drawing.h"
+#include "data/rows.h"
+#include "mixing/mixingline.h"
+#include "session/chartlifecycle.h"
+#include "session/pointmark.h"
+#include "session/pointreport.h"
+
+namespace moistair::data {
+namespace {
+
+constexpr WindowSize window{12000, 6000};
+constexpr float tolerance = 0.15F;  // twips
+
+/// A drawing in the making, as the main window makes it.
+struct Studio {
+  SessionValues values;
+  RecordingCanvas canvas;
+  ChartLifecycle chart{canvas, values};
+  LimitTexts limits;
+
+  explicit Studio(const std::string& head) {
+    const std::map<std::string, PressureUnit> units = {
+        {"inhg", PressureUnit::inhg}, {"psi", PressureUnit::psi}, {"elevation", PressureUnit::elevation}};
+    const Fields words = fieldsof(head, ' ');
+    const Fields texts = fieldsof(words[1]);
+    limits = {texts[0], texts[1], texts[2], texts[3]};
+    values.charttype = words[0] == "blank" ? ChartType::blank : ChartType::standard;
+    values.pressureentry = {units.at(words[2]), words[3]};
+    values.pressure.settext(pressurefor(values.pressureentry).inhg.value());
+    EXPECT_FALSE(chart.startdraw(limits));
+    chart.drawchart(window);
+  }
+
+  void add(const std::string& addition) {
+    const std::map<std::string, LineKind> lines = {{"rh", LineKind::relativehumidity},
+                                                   {"wb", LineKind::wetbulb},
+                                                   {"h", LineKind::enthalpy},
+                                                   {"v", LineKind::specificvolume}};
+    const std::size_t blank = addition.find(' ');
+    const std::string name = addition.substr(0, blank), value = addition.substr(blank + 1);
+    if (name == "point") {
+      addpoint(fieldsof(value));
+    } else if (name == "mix") {
+      Fields row = fieldsof(value);
+      row.insert(row.begin(), values.pressure.text());
+      EXPECT_STREQ(drawmixingline(canvas, mixtureof(row), chart.plotarea(window)), nullptr);
+    } else {
+      EXPECT_FALSE(chart.drawline(lines.at(name), limits, value, window)) << addition;
+    }
+  }
+
+  /// Two properties and an identification, each behind its name.
+  void addpoint(const Fields& fields) {
+    const auto value = [&](std::size_t at) { return fieldsof(fields[at], '=')[1]; };
+    const auto kind = [&](std::size_t at) { return kindof(fieldsof(fields[at], '=')[0]); };
+    const RangeFinders finders = chartrangefinders([this] { return chart.plotarea(window); });
+    const Resolution found =
+        resolvepair(kind(0), value(0), kind(1), value(1), chart.atmpressure(), finders, values.solverfields);
+    const StatePoint shown = readreport(fillreport(found.point, value(2), values.pressureentry));
+    EXPECT_TRUE(found.resolved() && markpoint(canvas, shown, chart.plotarea(window), value(2))) << joined(fields);
+  }
+};
+
+/// One operation: what it is, its numbers, and its colour or text.
+struct Step {
+  char kind = '-';
+  std::array<float, 4> numbers{};
+  std::string rest;
+
+  bool near(const Step& other) const {
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+      if (!(std::abs(numbers[i] - other.numbers[i]) < tolerance)) return false;
+    }
+    return kind == other.kind && rest == other.rest;
+  }
+};
+
+std::ostream& operator<<(std::ostream& out, const Step& step) {
+  out << step.kind;
+  for (const float number : step.numbers) out << ' ' << number;
+  return out << " [" << step.rest << ']';
+}
+
+Step stepof(const Operation& operation) {
+  const auto colourof = [](const Color& color) {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02x%02x%02x", color.red, color.green, color.blue);
+    return std::string(text.data());
+  };
+  if (const auto* text = std::get_if<TextOperation>(&operation)) return {'t', {text->x, text->y}, text->text};
+  if (const auto* circle = std::get_if<CircleOperation>(&operation)) {
+    return {'o', {circle->x, circle->y, circle->radius}, colourof(circle->color)};
+  }
+  const auto& line = std::get<LineOperation>(operation);
+  return {'-', {line.x1, line.y1, line.x2, line.y2}, line.color ? colourof(*line.color) : "foreground"};
+}
+
+/// The recorded operation on a line of a file; record_drawings.py tells how it is written.
+Step stepof(const std::string& line, const Step& last) {
+  std::istringstream words(line);
+  Step step;
+  auto& at = step.numbers;
+  words >> step.kind;
+  if (step.kind == '>') {
+    step = {'-', {last.numbers[2], last.numbers[3]}, last.rest};
+    words >> at[2] >> at[3];
+    return step;
+  }
+  words >> at[0] >> at[1];
+  if (step.kind == 'o') words >> at[2];
+  if (step.kind == '-') words >> at[2] >> at[3];
+  words.get();
+  std::getline(words, step.rest);
+  return step;
+}
+
+class Drawings : public testing::TestWithParam<const char*> {};
+
+TEST_P(Drawings, StandWhereTheyWereRecorded) {
+  std::ifstream file(std::string(MOISTAIR_DATA) + "/drawings/" + GetParam() + ".txt");
+  std::string line;
+  std::getline(file, line);
+  Studio studio(line);
+  while (std::getline(file, line) && !line.empty()) studio.add(line);
+  const std::vector<Operation>& operations = studio.canvas.drawing().operations;
+  std::size_t count = 0;
+  Step recorded, lastline;
+  for (; std::getline(file, line); ++count) {
+    recorded = stepof(line, lastline);
+    if (recorded.kind == '-') lastline = recorded;
+    ASSERT_LT(count, operations.size()) << "the drawing ends before " << recorded;
+    const Step drawn = stepof(operations[count]);
+    ASSERT_TRUE(drawn.near(recorded)) << "operation " << count << "\n   drawn " << drawn << "\nrecorded " << recorded;
+  }
+  ASSERT_GT(count, 200U) << "hardly anything is recorded";
+  ASSERT_EQ(count, operations.size()) << "drawn beyond what is recorded: " << stepof(operations[count]);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfCharts, Drawings,
+                         testing::Values("whole", "mountain", "additions", "cold", "close", "humid", "quarters"));
+
+}  // namespace
+}  // namespace moistair::data

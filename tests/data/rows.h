@@ -1,0 +1,133 @@
+/// \file
+/// The rows of states.csv and mixtures.csv: what is given, and behind it what the program makes of that.
+///
+/// The test and the generator share `completed`, which takes the given fields of a row and returns the whole row anew.
+#pragma once
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "chart/chartfinders.h"
+#include "engine/openfinders.h"
+#include "engine/resolver.h"
+#include "mixing/mixingproblem.h"
+
+namespace moistair::data {
+
+using Fields = std::vector<std::string>;
+
+inline Fields fieldsof(const std::string& line, char separator = ',') {
+  Fields fields;
+  std::istringstream stream(line + separator);
+  for (std::string field; std::getline(stream, field, separator);) fields.push_back(field);
+  return fields;
+}
+
+inline std::string joined(const Fields& fields) {
+  std::string line;
+  for (const std::string& field : fields) line += (line.empty() ? "" : ",") + field;
+  return line;
+}
+
+inline constexpr std::array<const char*, kindcount> kindnames = {"db", "wb", "rh", "w", "h", "dp", "v"};
+
+inline std::optional<PropertyKind> kindof(const std::string& name) {
+  for (int i = 0; i < kindcount; ++i) {
+    if (kindnames[static_cast<std::size_t>(i)] == name) return kindat(i);
+  }
+  return std::nullopt;
+}
+
+/// One table: its file, its columns, how many of them are given, and how the rest of a row comes about.
+struct Table {
+  const char* file;
+  const char* columns;
+  std::size_t given;
+  void (*complete)(Fields& row);
+};
+
+inline std::string outcomeof(const Resolution& resolution) {
+  constexpr std::array<const char*, 8> reasons = {"found",  "samekind",   "wwithdp", "blank",
+                                                  "nokind", "givenvalue", "search",  "state"};
+  std::string outcome = reasons[static_cast<std::size_t>(resolution.reason)];
+  if (resolution.reason >= Unresolved::givenvalue) {
+    outcome += std::string(" ") + kindnames[static_cast<std::size_t>(resolution.kind)];
+  }
+  if (resolution.reason == Unresolved::givenvalue || resolution.reason == Unresolved::state) {
+    outcome += " " + numbertext(resolution.limits.above) + " to " + numbertext(resolution.limits.upto);
+  }
+  if (resolution.unseenline) outcome += " unseen";
+  return outcome;
+}
+
+/// Finders of a chart of these limits, "0:120:0:0.030", or those that know no chart for none.
+inline RangeFinders findersof(const std::string& chart) {
+  if (chart.empty()) return openrangefinders();
+  const Fields texts = fieldsof(chart, ':');
+  ChartLimits limits;
+  readlimits({texts[0], texts[1], texts[2], texts[3]}, limits);
+  return chartrangefinders([=] { return plotarea(limits, {12000, 6000}); });
+}
+
+/// The digits of a state that is refused tell where its search ended; of a refused value there are none.
+inline void completestate(Fields& row) {
+  SolverFields solverfields;
+  const Resolution resolution = resolvepair(kindof(row[2]), row[3], kindof(row[4]), row[5], lenientnumber(row[0]),
+                                            findersof(row[1]), solverfields);
+  row.push_back(outcomeof(resolution));
+  if (resolution.reason != Unresolved::none && resolution.reason < Unresolved::search) return;
+  row.push_back(std::to_string(resolution.iterations));
+  if (resolution.reason == Unresolved::search) return;
+  for (int kind = 0; kind < kindcount; ++kind) row.push_back(showvalue(resolution.point.at(*kindat(kind))));
+  row.push_back(showvalue(resolution.point.pv));
+}
+
+/// The problem that a row gives: the pressure, and for each stream two kinds with their values and the flow.
+inline MixingProblem mixtureof(const Fields& row) {
+  MixingProblem problem;
+  problem.pressure = {lenientnumber(row[0]), {}};
+  for (const std::size_t i : {0U, 1U}) {
+    AirStream& stream = problem.streams[i];
+    const std::size_t at = 1 + 5 * i;
+    stream.kind1 = kindof(row[at]);
+    stream.value1 = row[at + 1];
+    stream.kind2 = kindof(row[at + 2]);
+    stream.value2 = row[at + 3];
+    stream.flow = row[at + 4];
+    resolvestream(problem, i);
+  }
+  mixstreams(problem);
+  return problem;
+}
+
+inline void completemixture(Fields& row) {
+  const MixingProblem problem = mixtureof(row);
+  row.push_back(problem.savable ? "savable" : "unfinished");
+  for (const AirStream& stream : problem.streams) {
+    for (const std::string& text : {stream.db, stream.wb, stream.dryrate, stream.vaporrate, stream.moistrate}) {
+      row.push_back(text);
+    }
+  }
+  for (const ReadoutRow& readout : readoutrows) {
+    if (readout.caption != nullptr) row.push_back(problem.mixed.*readout.text);
+  }
+}
+
+inline constexpr Table states{
+    "states.csv", "pressure,chart,kind1,value1,kind2,value2,outcome,iterations,db,wb,rh,w,h,dp,v,pv", 6, completestate};
+inline constexpr Table mixtures{
+    "mixtures.csv",
+    "pressure,kind1,value1,kind2,value2,flow1,kind1,value1,kind2,value2,flow2,outcome,"
+    "db1,wb1,dryrate1,vaporrate1,moistrate1,db2,wb2,dryrate2,vaporrate2,moistrate2,"
+    "flow,db,wb,rh,h,v,w,dp,pv,pvsat,dryrate,vaporrate,moistrate",
+    11, completemixture};
+
+/// The row as the program completes it now; only the given fields are read.
+inline std::string completed(const Table& table, Fields row) {
+  row.resize(table.given);
+  table.complete(row);
+  return joined(row);
+}
+
+}  // namespace moistair::data

@@ -124,6 +124,18 @@ Step stepof(const std::string& line, const Step& last) {
   return step;
 }
 
+/// Takes out what hangs on the last bit of the C library: whether a wet-bulb line of a family takes its
+/// last step onto saturation, where the relative humidity is 100 but for rounding. The label goes back with the pen.
+void settle(std::vector<Step>& steps, const PlotArea& area) {
+  for (std::size_t i = 1; i < steps.size(); ++i) {
+    const double wetbulb = steps[i].rest.starts_with("WB=") ? lenientnumber(steps[i].rest.substr(3)) : 0;
+    const auto [x1, y1, x2, y2] = steps[i - 1].numbers;
+    if (!(wetbulb > 0 && std::abs(area.plotx(wetbulb) - static_cast<double>(x2)) < 1)) continue;
+    steps[i].numbers = {x1, y1};
+    steps.erase(steps.begin() + static_cast<std::ptrdiff_t>(--i));
+  }
+}
+
 class Drawings : public testing::TestWithParam<const char*> {};
 
 TEST_P(Drawings, StandWhereTheyWereRecorded) {
@@ -132,18 +144,21 @@ TEST_P(Drawings, StandWhereTheyWereRecorded) {
   std::getline(file, line);
   Studio studio(line);
   while (std::getline(file, line) && !line.empty()) studio.add(line);
-  const std::vector<Operation>& operations = studio.canvas.drawing().operations;
-  std::size_t count = 0;
-  Step recorded, lastline;
-  for (; std::getline(file, line); ++count) {
-    recorded = stepof(line, lastline);
-    if (recorded.kind == '-') lastline = recorded;
-    ASSERT_LT(count, operations.size()) << "the drawing ends before " << recorded;
-    const Step drawn = stepof(operations[count]);
-    ASSERT_TRUE(drawn.near(recorded)) << "operation " << count << "\n   drawn " << drawn << "\nrecorded " << recorded;
+  std::vector<Step> recorded, drawn;
+  Step lastline;
+  while (std::getline(file, line)) {
+    recorded.push_back(stepof(line, lastline));
+    if (recorded.back().kind == '-') lastline = recorded.back();
   }
-  ASSERT_GT(count, 200U) << "hardly anything is recorded";
-  ASSERT_EQ(count, operations.size()) << "drawn beyond what is recorded: " << stepof(operations[count]);
+  for (const Operation& operation : studio.canvas.drawing().operations) drawn.push_back(stepof(operation));
+  settle(recorded, studio.chart.plotarea(window));
+  settle(drawn, studio.chart.plotarea(window));
+  ASSERT_GT(recorded.size(), 200U) << "hardly anything is recorded";
+  for (std::size_t i = 0; i < std::min(recorded.size(), drawn.size()); ++i) {
+    ASSERT_TRUE(drawn[i].near(recorded[i]))
+        << "operation " << i << "\n   drawn " << drawn[i] << "\nrecorded " << recorded[i];
+  }
+  ASSERT_EQ(drawn.size(), recorded.size()) << "one of the two goes on";
 }
 
 INSTANTIATE_TEST_SUITE_P(OfCharts, Drawings,

@@ -116,12 +116,11 @@ inline void completemixture(Fields& row) {
 
 inline constexpr Table states{
     "states.csv", "pressure,chart,kind1,value1,kind2,value2,outcome,iterations,db,wb,rh,w,h,dp,v,pv", 6, completestate};
-inline constexpr Table mixtures{
-    "mixtures.csv",
-    "pressure,kind1,value1,kind2,value2,flow1,kind1,value1,kind2,value2,flow2,outcome,"
-    "db1,wb1,dryrate1,vaporrate1,moistrate1,db2,wb2,dryrate2,vaporrate2,moistrate2,"
-    "flow,db,wb,rh,h,v,w,dp,pv,pvsat,dryrate,vaporrate,moistrate",
-    11, completemixture};
+inline constexpr Table mixtures{"mixtures.csv",
+                                "pressure,kind1,value1,kind2,value2,flow1,kind1,value1,kind2,value2,flow2,outcome,"
+                                "db1,wb1,dryrate1,vaporrate1,moistrate1,db2,wb2,dryrate2,vaporrate2,moistrate2,"
+                                "flow,db,wb,rh,h,v,w,dp,pv,pvsat,dryrate,vaporrate,moistrate",
+                                11, completemixture};
 
 /// The row as the program completes it now; only the given fields are read.
 inline std::string completed(const Table& table, Fields row) {

@@ -134,7 +134,7 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename) {
     const std::string name(trimmed(fieldtext(field, scratch)));
     if (const auto kind = kindnamed(name)) take(columns.kinds[static_cast<std::size_t>(*kind)], i, name);
     for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
-      if (name == pressurenames[unit].name) take(columns.pressures[unit], i, name);
+      if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], i, name);
     }
   }
   const auto named = std::count_if(columns.kinds.begin(), columns.kinds.end(), [](const auto& c) { return !!c; });

@@ -2,10 +2,10 @@
 /// The rows of a batch: a table with two properties filled in each row becomes the same table with the whole state
 /// behind.
 ///
-/// The first record names the columns. Those named db wb rh w h dp v hold what is given, those named inhg, psi or
-/// elevation a pressure for their row alone, all others are passed through as they are. Every row stands for itself:
-/// which two properties it fills is its own affair, and nothing that an earlier row left can change it. So blocks of
-/// rows may be worked on in any order and on any thread.
+/// The first record names the columns, in capitals or not. Those named db wb rh w h dp v hold what is given, those
+/// named inhg, psi or elevation a pressure for their row alone, all others are passed through as they are. Every row
+/// stands for itself: which two properties it fills is its own affair, and nothing that an earlier row left can change
+/// it. So blocks of rows may be worked on in any order and on any thread.
 #pragma once
 
 #include <array>

@@ -3,8 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <QGuiApplication>
 #include <QSize>
-#include <QString>
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
@@ -39,33 +37,10 @@ struct ChartOptions {
   std::map<const CLI::Option*, const Addition*> additions;
 };
 
-/// A kind of file, told by the ending of its name.
-struct FileFormat {
-  const char* ending;
-  bool pixels;                                                                   ///< whether it can be scaled
-  bool (*write)(const Drawing&, QSize size, double scale, const QString& path);  ///< none for the recorded drawing
-};
-
-constexpr std::array<FileFormat, 5> fileformats = {{
-    {".svg", false,
-     [](const Drawing& drawing, QSize size, double, const QString& path) { return writesvg(drawing, size, path); }},
-    {".pdf", false,
-     [](const Drawing& drawing, QSize size, double, const QString& path) { return writepdf(drawing, size, path); }},
-    {".png", true, writepng},
-    {".bmp", true,
-     [](const Drawing& drawing, QSize size, double scale, const QString& path) {
-       return writebmp(drawingimage(drawing, size, scale), path);
-     }},
-    {".json", false, nullptr},
-}};
-
-const FileFormat& formatof(const std::string& path) {
-  std::string lower = path;
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  for (const FileFormat& format : fileformats) {
-    if (lower.ends_with(format.ending)) return format;
-  }
+/// The format of a picture by the ending of its name; null for the drawing as data.
+const FileFormat* formatof(const std::string& path) {
+  if (const FileFormat* format = formatofname(path)) return format;
+  if (lowercase(path).ends_with(".json")) return nullptr;
   throw badusage(path + ": the ending must be .svg .pdf .png .bmp or .json");
 }
 
@@ -81,14 +56,16 @@ QSize pixelsof(const std::string& text) {
   return size;
 }
 
-double scaleof(const std::string& text, const FileFormat& format, QSize size) {
+double scaleof(const std::string& text, const FileFormat* format, QSize size) {
   constexpr double mostpixels = 100e6;
   const double scale = numberof(text, "scale");
-  if (!format.pixels && scale != 1) throw badusage("scale is for .png and .bmp; the others are sharp at any size");
+  const bool pixels = format != nullptr && format->pixels;
+  if (!pixels && scale != 1) throw badusage("scale is for .png and .bmp; the others are sharp at any size");
   if (!(scale >= 0.1 && scale <= 10)) throw badusage("scale must be from 0.1 to 10");
-  if (format.pixels && size.width() * scale * size.height() * scale > mostpixels) {
+  if (pixels && size.width() * scale * size.height() * scale > mostpixels) {
     throw badusage("a picture of more than 100 million pixels is too large");
   }
+  if (pixels && (size * scale).isEmpty()) throw badusage("a picture of no pixels is too small");
   return scale;
 }
 
@@ -114,8 +91,8 @@ void quiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
   std::_Exit(static_cast<int>(ExitCode::failure));
 }
 
-/// Writes a picture. Text is painted with the fonts of a platform that needs no display.
-void writepicture(const Drawing& drawing, const FileFormat& format, QSize size, double scale, const std::string& path) {
+/// The contents of a picture. Text is painted with the fonts of a platform that needs no display.
+QByteArray picturecontent(const Drawing& drawing, const FileFormat& format, QSize size, double scale) {
   qInstallMessageHandler(quiet);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication::setDesktopSettingsAware(false);
@@ -123,13 +100,13 @@ void writepicture(const Drawing& drawing, const FileFormat& format, QSize size, 
   std::array<char*, 2> arguments = {name.data(), nullptr};
   int count = 1;
   const QGuiApplication application(count, arguments.data());
-  if (!format.write(drawing, size, scale, QString::fromLocal8Bit(path.c_str()))) {
-    throw failure(path + " cannot be written");
-  }
+  const QByteArray content = format.content(drawing, size, scale);
+  if (content.isEmpty()) throw failure("there is not enough memory for the picture");
+  return content;
 }
 
 void runchart(const CLI::App& command, const ChartOptions& options) {
-  const FileFormat& format = formatof(options.output);
+  const FileFormat* format = formatof(options.output);
   const QSize size = pixelsof(options.size);
   const double scale = scaleof(options.scale, format, size);
   const WindowSize window{size.width() * twipsperpixel, size.height() * twipsperpixel};
@@ -139,12 +116,10 @@ void runchart(const CLI::App& command, const ChartOptions& options) {
   const ChartJob job{{canvas, area, pressure.atm}, pressure};
   drawchart(job.chart, options.type, headerline(pressure.entry));
   drawadditions(job, command, options);
-  if (format.write != nullptr) {
-    writepicture(canvas.drawing(), format, size, scale, options.output);
-    return;
-  }
+  const std::string content = format == nullptr ? drawingjson(canvas.drawing(), window)
+                                                : picturecontent(canvas.drawing(), *format, size, scale).toStdString();
   Output output(options.output);
-  output.write(drawingjson(canvas.drawing(), window));
+  output.write(content);
   output.close();
 }
 

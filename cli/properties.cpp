@@ -29,8 +29,15 @@ const char* captionof(const StateColumn& column) {
   return std::find_if(reportrows.begin(), reportrows.end(), same)->caption;
 }
 
+std::string lowercase(std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  return lower;
+}
+
 std::optional<PropertyKind> kindnamed(std::string_view name) {
-  const auto found = std::find(kindnames.begin(), kindnames.end(), name);
+  const auto found = std::find(kindnames.begin(), kindnames.end(), lowercase(name));
   return found == kindnames.end() ? std::nullopt : kindat(static_cast<int>(found - kindnames.begin()));
 }
 

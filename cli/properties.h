@@ -36,6 +36,10 @@ inline constexpr std::array<StateColumn, kindcount + 1> statecolumns = {{
 /// The words and the unit that the point report has for it.
 const char* captionof(const StateColumn& column);
 
+/// A text with its letters of ASCII made small.
+std::string lowercase(std::string_view text);
+
+/// The kind of a name, in capitals or not.
 std::optional<PropertyKind> kindnamed(std::string_view name);
 const char* nameof(PropertyKind kind);
 

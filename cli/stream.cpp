@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <utility>
 
 #include "cli/fault.h"
 
@@ -18,8 +17,8 @@ bool isstandard(const std::string& path) { return path.empty() || path == "-"; }
 
 std::string because() { return std::string(": ") + std::strerror(errno); }
 
-int opened(const std::string& path, int flags) {
-  const int number = ::open(path.c_str(), flags | O_CLOEXEC, 0666);
+int opened(const std::string& path) {
+  const int number = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (number < 0) throw badusage(path + because());
   return number;
 }
@@ -31,27 +30,20 @@ bool samefile(const struct stat& written, const Input& reading) {
          read.st_ino == written.st_ino;
 }
 
-int openedforwriting(const std::string& path, const Input* reading) {
+OutputFile openedforwriting(const std::string& path, const Input* reading) {
   const bool standard = isstandard(path);
   struct stat written;
   const bool exists = (standard ? ::fstat(STDOUT_FILENO, &written) : ::stat(path.c_str(), &written)) == 0;
   if (reading != nullptr && exists && samefile(written, *reading)) {
     throw badusage(reading->name() + " is read and cannot be written at the same time");
   }
-  return standard ? STDOUT_FILENO : opened(path, O_WRONLY | O_CREAT | O_TRUNC);
+  return standard ? OutputFile::through(STDOUT_FILENO) : OutputFile(path);
 }
 
 }  // namespace
 
-Descriptor::~Descriptor() {
-  if (number_ > STDERR_FILENO) ::close(number_);
-}
-
-int Descriptor::release() { return std::exchange(number_, -1); }
-
 Input::Input(const std::string& path)
-    : name_(isstandard(path) ? "standard input" : path),
-      descriptor_(isstandard(path) ? STDIN_FILENO : opened(path, O_RDONLY)) {}
+    : name_(isstandard(path) ? "standard input" : path), descriptor_(isstandard(path) ? STDIN_FILENO : opened(path)) {}
 
 bool Input::read(std::string& to, std::size_t size) {
   const std::size_t before = to.size();
@@ -66,24 +58,29 @@ bool Input::read(std::string& to, std::size_t size) {
 }
 
 Output::Output(const std::string& path, const Input* reading)
-    : name_(isstandard(path) ? "standard output" : path), descriptor_(openedforwriting(path, reading)) {}
+    : name_(isstandard(path) ? "standard output" : path), file_(openedforwriting(path, reading)) {
+  check();
+}
+
+void Output::check() const {
+  const auto& broken = file_.failure();
+  if (!broken) return;
+  if (!broken->opened) throw badusage(name_ + ": " + broken->reason());
+  if (broken->error == EPIPE) throw failure(name_ + " was closed by its reader before all was written");
+  throw failure(name_ + " cannot be written: " + broken->reason());
+}
 
 void Output::write(std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(descriptor_.number(), text.data(), text.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0 && errno == EPIPE) throw failure(name_ + " was closed by its reader before all was written");
-    if (written < 0) throw failure(name_ + " cannot be written" + because());
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
+  file_.write(text);
+  check();
 }
 
 void Output::close() {
-  const int number = descriptor_.release();
-  if (number > STDERR_FILENO && ::close(number) != 0) throw failure(name_ + " cannot be written" + because());
+  file_.commit();
+  check();
 }
 
-bool Output::isterminal() const { return ::isatty(descriptor_.number()) == 1; }
+bool Output::isterminal() const { return ::isatty(file_.descriptor()) == 1; }
 
 void writeresult(std::string_view text) {
   Output out("");

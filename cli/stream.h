@@ -10,24 +10,10 @@
 #include <string>
 #include <string_view>
 
+#include "session/descriptor.h"
+#include "session/outputfile.h"
+
 namespace moistair {
-
-/// A file descriptor, closed with its owner unless it is one of the standard three.
-class Descriptor {
-public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  Descriptor(Descriptor&& other) noexcept : number_(other.release()) {}
-  Descriptor& operator=(Descriptor&&) = delete;
-  ~Descriptor();
-
-  int number() const { return number_; }
-  int release();
-
-private:
-  int number_;
-};
 
 class Input {
 public:
@@ -47,8 +33,8 @@ private:
 
 class Output {
 public:
-  /// Standard output for an empty path and for "-"; a file is made anew. It may not be the one that is being read: bad
-  /// usage, as for a file that cannot be opened.
+  /// Standard output for an empty path and for "-"; a file takes its place when it is closed. It may not be the one
+  /// that is being read: bad usage, as for a file that cannot be opened.
   explicit Output(const std::string& path, const Input* reading = nullptr);
 
   void write(std::string_view text);
@@ -58,8 +44,11 @@ public:
   bool isterminal() const;
 
 private:
+  /// Throws for what has gone wrong with the file.
+  void check() const;
+
   std::string name_;
-  Descriptor descriptor_;
+  OutputFile file_;
 };
 
 /// The whole of a short result to standard output.

@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <algorithm>
 
@@ -13,19 +12,52 @@ namespace moistair {
 
 namespace {
 
-bool writefile(const QByteArray& content, const QString& path) {
-  QSaveFile file(path);
-  if (content.isEmpty() || !file.open(QIODevice::WriteOnly)) return false;
-  if (file.write(content) != content.size()) {
-    file.cancelWriting();
-    return false;
-  }
-  return file.commit();
+QByteArray imagecontent(const QImage& image, const char* format) {
+  QByteArray content;
+  QBuffer buffer(&content);
+  const bool made = buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format);
+  return made ? content : QByteArray();
 }
 
-bool writeimage(const QImage& image, const char* format, const QString& path) {
-  QBuffer buffer;
-  return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format) && writefile(buffer.data(), path);
+QByteArray bmpofdrawing(const Drawing& drawing, QSize size, double scale) {
+  return bmpcontent(drawingimage(drawing, size, scale));
+}
+
+QByteArray pngofdrawing(const Drawing& drawing, QSize size, double scale) {
+  return imagecontent(drawingimage(drawing, size, scale), "PNG");
+}
+
+QByteArray svgofdrawing(const Drawing& drawing, QSize size, double) {
+  QByteArray content;
+  QBuffer buffer(&content);
+  QSvgGenerator generator;
+  generator.setOutputDevice(&buffer);
+  generator.setResolution(96);
+  generator.setSize(size);
+  generator.setViewBox(QRect(QPoint(0, 0), size));
+  generator.setTitle(QStringLiteral("Psychrometric chart"));
+  QPainter painter;
+  if (!painter.begin(&generator)) return {};
+  painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
+  replay(drawing, painter, size);
+  return painter.end() ? content : QByteArray();
+}
+
+QByteArray pdfofdrawing(const Drawing& drawing, QSize size, double) {
+  QByteArray content;
+  QBuffer buffer(&content);
+  if (!buffer.open(QIODevice::WriteOnly)) return {};
+  QPdfWriter writer(&buffer);
+  writer.setTitle(QStringLiteral("Psychrometric chart"));
+  writer.setCreator(QStringLiteral("Moistair"));
+  writer.setPageSize(QPageSize(QSizeF(size) * 72 / 96, QPageSize::Point, QString(), QPageSize::ExactMatch));
+  writer.setPageMargins(QMarginsF());
+  QPainter painter;
+  if (!painter.begin(&writer)) return {};
+  const double scale = writer.resolution() / 96.0;
+  painter.scale(scale, scale);
+  replay(drawing, painter, size);
+  return painter.end() ? content : QByteArray();
 }
 
 }  // namespace
@@ -40,43 +72,26 @@ QImage drawingimage(const Drawing& drawing, QSize size, double scale) {
   return image;
 }
 
-bool writebmp(const QImage& picture, const QString& path) {
-  return writeimage(picture.convertToFormat(QImage::Format_RGB888), "BMP", path);
+QByteArray bmpcontent(const QImage& picture) {
+  return imagecontent(picture.convertToFormat(QImage::Format_RGB888), "BMP");
 }
 
-bool writepng(const Drawing& drawing, QSize size, double scale, const QString& path) {
-  return writeimage(drawingimage(drawing, size, scale), "PNG", path);
-}
+const std::array<FileFormat, 4> fileformats = {{
+    {".svg", "SVG drawing (*.svg)", false, svgofdrawing},
+    {".pdf", "PDF document (*.pdf)", false, pdfofdrawing},
+    {".png", "PNG picture (*.png)", true, pngofdrawing},
+    {".bmp", "BMP picture (*.bmp)", true, bmpofdrawing},
+}};
 
-bool writesvg(const Drawing& drawing, QSize size, const QString& path) {
-  QBuffer buffer;
-  QSvgGenerator generator;
-  generator.setOutputDevice(&buffer);
-  generator.setResolution(96);
-  generator.setSize(size);
-  generator.setViewBox(QRect(QPoint(0, 0), size));
-  generator.setTitle(QStringLiteral("Psychrometric chart"));
-  QPainter painter;
-  if (!painter.begin(&generator)) return false;
-  painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
-  replay(drawing, painter, size);
-  return painter.end() && writefile(buffer.data(), path);
-}
-
-bool writepdf(const Drawing& drawing, QSize size, const QString& path) {
-  QBuffer buffer;
-  if (!buffer.open(QIODevice::WriteOnly)) return false;
-  QPdfWriter writer(&buffer);
-  writer.setTitle(QStringLiteral("Psychrometric chart"));
-  writer.setCreator(QStringLiteral("Moistair"));
-  writer.setPageSize(QPageSize(QSizeF(size) * 72 / 96, QPageSize::Point, QString(), QPageSize::ExactMatch));
-  writer.setPageMargins(QMarginsF());
-  QPainter painter;
-  if (!painter.begin(&writer)) return false;
-  const double scale = writer.resolution() / 96.0;
-  painter.scale(scale, scale);
-  replay(drawing, painter, size);
-  return painter.end() && writefile(buffer.data(), path);
+const FileFormat* formatofname(std::string_view name) {
+  const auto samecharacter = [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b - 'A' + 'a' : b); };
+  for (const FileFormat& format : fileformats) {
+    const std::string_view ending = format.ending;
+    if (name.size() < ending.size()) continue;
+    const std::string_view tail = name.substr(name.size() - ending.size());
+    if (std::equal(ending.begin(), ending.end(), tail.begin(), samecharacter)) return &format;
+  }
+  return nullptr;
 }
 
 void paintfitted(const Drawing& drawing, QSize size, QPainter& painter, const QRectF& page) {

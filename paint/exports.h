@@ -1,14 +1,17 @@
 /// \file
-/// A drawing as a picture or a file.
+/// A drawing as a picture, as the contents of a file, and on paper.
 ///
-/// Sizes are logical pixels of 15 twips. A writer replaces a file of that name only when the new one is complete, and
-/// returns false if it could not be written: a full disk or a missing folder leaves what was there before. The formats
-/// but PDF, which carries its date, repeat byte for byte.
+/// Sizes are logical pixels of 15 twips. Nothing here touches a file: contents are made whole and handed to whoever
+/// writes them. No contents at all means that they could not be made, as for a picture without an area or without
+/// enough memory. All but PDF, which carries its date, repeat byte for byte. The window and the headless tool take the
+/// kinds of file from the one table.
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <QSize>
-#include <QString>
+#include <array>
+#include <string_view>
 
 #include "chart/drawing.h"
 
@@ -17,12 +20,23 @@ namespace moistair {
 /// The drawing on white ground, `scale` picture pixels to the logical pixel.
 QImage drawingimage(const Drawing& drawing, QSize size, double scale = 1);
 
-/// A 24-bit Windows bitmap of any picture, whatever the ending of the name.
-bool writebmp(const QImage& picture, const QString& path);
-bool writepng(const Drawing& drawing, QSize size, double scale, const QString& path);
-/// Vector files: text stays text, a line is 1/96 inch wide, the page is the drawing's size at 96 to the inch.
-bool writesvg(const Drawing& drawing, QSize size, const QString& path);
-bool writepdf(const Drawing& drawing, QSize size, const QString& path);
+/// A 24-bit Windows bitmap of any picture.
+QByteArray bmpcontent(const QImage& picture);
+
+/// A kind of file that a drawing can be written to.
+struct FileFormat {
+  const char* ending;  ///< of the file's name, with its dot
+  const char* filter;  ///< in the list of a save dialog
+  bool pixels;         ///< whether `scale` counts; vector files are sharp at any size
+  QByteArray (*content)(const Drawing& drawing, QSize size, double scale);
+};
+
+/// Vector files first: in them text stays text, a line is 1/96 inch wide and the page is the drawing's size at 96 to
+/// the inch.
+extern const std::array<FileFormat, 4> fileformats;
+
+/// The format by the ending of a name, in capitals or not; null for any other.
+const FileFormat* formatofname(std::string_view name);
 
 /// Paints the drawing as large as it fits into `page` [device units of the painter], centred, its proportions kept.
 void paintfitted(const Drawing& drawing, QSize size, QPainter& painter, const QRectF& page);

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "session/outputfile.h"
 #include "session/singlebyte.h"
 
 namespace moistair {
@@ -78,7 +79,7 @@ bool SessionLog::isat(const std::filesystem::path& other) const {
 bool SessionLog::copyto(const std::filesystem::path& target) const {
   if (isat(target)) return true;
   const std::optional<std::string> bytes = readbytes(path_);
-  return bytes && write(target, std::ios::trunc, *bytes);
+  return bytes && !writefile(target, *bytes);
 }
 
 bool SessionLog::remove() const {

@@ -4,10 +4,12 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <array>
+#include <optional>
 
 #include "paint/exports.h"
+#include "session/outputfile.h"
 #include "toolkit/dialog.h"
+#include "toolkit/filename.h"
 #include "toolkit/messages.h"
 #include "toolkit/savedialog.h"
 
@@ -15,34 +17,23 @@ namespace moistair {
 
 namespace {
 
-struct ExportFormat {
-  const char* filter;
-  const char* ending;
-  bool (*write)(const Drawing& drawing, QSize size, const QString& path);
-};
+constexpr double exportscale = 2;  // sharp when a report enlarges it
 
-/// Twice the pixels of the screen: sharp when a report enlarges it.
-bool writepicture(const Drawing& drawing, QSize size, const QString& path) { return writepng(drawing, size, 2, path); }
-
-constexpr std::array<ExportFormat, 3> formats = {{
-    {"SVG drawing (*.svg)", "svg", writesvg},
-    {"PDF document (*.pdf)", "pdf", writepdf},
-    {"PNG picture (*.png)", "png", writepicture},
-}};
-
-const ExportFormat* formatofending(const QString& path) {
-  const QString ending = QFileInfo(path).suffix().toLower();
-  for (const ExportFormat& format : formats) {
-    if (ending == QLatin1String(format.ending)) return &format;
-  }
-  return nullptr;
-}
-
-const ExportFormat& formatoffilter(const QString& filter) {
-  for (const ExportFormat& format : formats) {
+const FileFormat& formatoffilter(const QString& filter) {
+  for (const FileFormat& format : fileformats) {
     if (filter == QLatin1String(format.filter)) return format;
   }
-  return formats.front();
+  return fileformats.front();
+}
+
+/// Why the file was not written, nothing if it was.
+std::optional<QString> write(const Drawing& drawing, QSize size, const FileFormat& format, const QString& path) {
+  const auto name = nativename(path);
+  if (!name) return QStringLiteral("Its name holds characters that cannot be shown.");
+  const QByteArray content = format.content(drawing, size, exportscale);
+  if (content.isEmpty()) return QStringLiteral("There is not enough memory for it.");
+  const auto failure = writefile(*name, {content.data(), static_cast<std::size_t>(content.size())});
+  return failure ? std::optional(QString::fromStdString(failure->reason())) : std::nullopt;
 }
 
 }  // namespace
@@ -50,20 +41,20 @@ const ExportFormat& formatoffilter(const QString& filter) {
 void exportchart(QWidget* window, const Drawing& drawing, QSize size) {
   SaveDialog dialog;
   SaveRequest request{QStringLiteral("Export chart"), {}};
-  for (const ExportFormat& format : formats) request.filters.append(QLatin1String(format.filter));
+  for (const FileFormat& format : fileformats) request.filters.append(QLatin1String(format.filter));
   auto path = dialog.ask(window, request);
   if (!path) return;
-  const ExportFormat* format = formatofending(*path);
+  const FileFormat* format = formatofname(path->toStdString());
   if (format == nullptr) {
     format = &formatoffilter(dialog.lastfilter());
-    *path += QLatin1Char('.') + QLatin1String(format->ending);
+    *path += QLatin1String(format->ending);
     if (QFileInfo::exists(*path) &&
         !question(window, request.title, *path + QStringLiteral(" already exists. Do you want to replace it?"))) {
       return;
     }
   }
-  if (!format->write(drawing, size, *path)) {
-    message(window, QStringLiteral("The chart could not be written to ") + *path);
+  if (const auto reason = write(drawing, size, *format, *path)) {
+    message(window, QStringLiteral("The chart could not be written to ") + *path + QStringLiteral("\n") + *reason);
   }
 }
 

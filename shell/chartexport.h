@@ -9,9 +9,9 @@
 
 namespace moistair {
 
-/// Asks for a path and writes the part of the drawing that the window shows, as SVG, PDF or PNG by the path's ending
-/// or, where it has none of these, by the filter chosen, whose ending is then added. Tells the user of a file that
-/// could not be written.
+/// Asks for a path and writes the part of the drawing that the window shows, in the format of the path's ending or,
+/// where it has none of these, of the filter chosen, whose ending is then added. Tells the user of a file that could
+/// not be written, and why.
 /// @param size inner size of the main window [logical pixels]
 void exportchart(QWidget* window, const Drawing& drawing, QSize size);
 

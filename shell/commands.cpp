@@ -3,12 +3,14 @@
 #include <QUrl>
 
 #include "paint/exports.h"
+#include "session/outputfile.h"
 #include "session/pointmark.h"
 #include "session/pointreport.h"
 #include "session/pressureunits.h"
 #include "shell/chartexport.h"
 #include "shell/mainwindow.h"
 #include "shell/startup.h"
+#include "toolkit/filename.h"
 #include "toolkit/messages.h"
 #include "windows/logwindow.h"
 #include "windows/mixingwindow.h"
@@ -185,10 +187,12 @@ void MainWindow::savechart() {
   if (const auto path = asksavepath(
           {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
     graph_->canvas().KeepPicture();
-    if (log_.isat(path->toStdString())) {
+    const auto name = nativename(*path);
+    if (name && log_.isat(*name)) {
       message(this, QString::fromUtf8(holdsthelog));
-    } else {
-      writebmp(graph_->picture(), *path);
+    } else if (name) {
+      const QByteArray picture = bmpcontent(graph_->picture());
+      if (!picture.isEmpty()) writefile(*name, {picture.data(), static_cast<std::size_t>(picture.size())});
     }
   }
   focusgraph();
@@ -209,7 +213,7 @@ void MainWindow::viewlog() {
 void MainWindow::savelog() {
   if (const auto path = asksavepath({QStringLiteral("Save Pont data in File"),
                                      {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
-    log_.copyto(path->toStdString());
+    if (const auto name = nativename(*path)) log_.copyto(*name);
   }
   focusgraph();
 }

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QIcon>
+#include <csignal>
 #include <cstdio>
 
 #include "shell/mainwindow.h"
@@ -10,6 +11,9 @@ int main(int argc, char** argv) {
     std::fputs("moistair: there is no display. Start it from a desktop session, or set DISPLAY.\n", stderr);
     return 1;
   }
+  // A reader that leaves its pipe and a file that may grow no further are failures to write, to be told as such.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("moistair"));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/moistair.svg")));

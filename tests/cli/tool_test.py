@@ -126,7 +126,9 @@ class Usage(ToolTest):
              ["chart", "-o", "c.json", "--limits", "80,120,0,0.030", "--point", "db=75,wb=62.5"]),
             ("identification that is no text", 2, "UTF-8", ["chart", "-o", "c.json", "--point", b"db=75,wb=62,id=\xff"]),
             ("half a mixture", 2, "semicolon", ["chart", "-o", "c.json", "--mix", stream]),
-            ("folder that is not there", 1, "cannot be written", ["chart", "-o", "no/where.svg"]),
+            ("picture of no pixels", 2, "too small", ["chart", "-o", "c.png", "--size", "1x1", "--scale", "0.1"]),
+            ("folder that is not there", 2, "No such file", ["chart", "-o", "no/where.svg"]),
+            ("the same for data", 2, "No such file", ["chart", "-o", "no/where.json"]),
         ]
         for name, code, words, arguments in rows:
             with self.subTest(name):

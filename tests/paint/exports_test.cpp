@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include "paint/replay.h"
@@ -27,9 +24,8 @@ Drawing sample() {
   return canvas.drawing();
 }
 
-QByteArray content(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+QByteArray content(const char* ending, const Drawing& drawing = sample()) {
+  return formatofname(ending)->content(drawing, size, 2);
 }
 
 /// Number of pixels in this colour within a rectangle.
@@ -61,56 +57,38 @@ TEST(Picture, KeepsATextAtTheRightEdgeWhole) {
   EXPECT_EQ(count(image, QRect(299, 155, 1, 20), Qt::black), 0) << "and ends there";
 }
 
-TEST(Files, RepeatByteForByte) {
-  const QTemporaryDir folder;
-  const auto twice = [&](auto write) {
-    const QString a = folder.filePath(QStringLiteral("a"));
-    const QString b = folder.filePath(QStringLiteral("b"));
-    return write(a) && write(b) && content(a) == content(b) && !content(a).isEmpty();
-  };
-  EXPECT_TRUE(twice([](const QString& path) { return writebmp(drawingimage(sample(), size), path); }));
-  EXPECT_TRUE(twice([](const QString& path) { return writepng(sample(), size, 2, path); }));
-  EXPECT_TRUE(twice([](const QString& path) { return writesvg(sample(), size, path); }));
+TEST(Contents, RepeatByteForByte) {
+  for (const char* ending : {".bmp", ".png", ".svg"}) {
+    SCOPED_TRACE(ending);
+    EXPECT_FALSE(content(ending).isEmpty());
+    EXPECT_EQ(content(ending), content(ending));
+  }
 }
 
-TEST(Files, AreWhatTheyClaim) {
-  const QTemporaryDir folder;
-  const QString path = folder.filePath(QStringLiteral("chart.png"));  // whatever the ending says
-  ASSERT_TRUE(writebmp(drawingimage(sample(), size), path));
-  const QByteArray bitmap = content(path);
+TEST(Contents, AreWhatTheirEndingsClaim) {
+  const QByteArray bitmap = bmpcontent(drawingimage(sample(), size));
   EXPECT_EQ(bitmap.left(2), "BM");
   EXPECT_EQ(bitmap.at(28), 24) << "bits to the pixel";
-  EXPECT_EQ(QImage(path, "BMP").convertToFormat(QImage::Format_RGB32), drawingimage(sample(), size));
-
-  ASSERT_TRUE(writesvg(sample(), size, path));
-  EXPECT_TRUE(content(path).contains("<text")) << "text stays text";
-  ASSERT_TRUE(writepdf(sample(), size, path));
-  EXPECT_TRUE(content(path).startsWith("%PDF"));
-  EXPECT_TRUE(content(path).contains("/MediaBox [0 0 225.000000 150.000000]")) << "300 x 200 at 96 to the inch";
+  EXPECT_EQ(QImage::fromData(bitmap, "BMP").convertToFormat(QImage::Format_RGB32), drawingimage(sample(), size));
+  EXPECT_EQ(QImage::fromData(content("Chart.BMP"), "BMP").size(), size * 2);
+  EXPECT_EQ(QImage::fromData(content("a.png"), "PNG").size(), size * 2);
+  EXPECT_TRUE(content("a.svg").contains("<text")) << "text stays text";
+  EXPECT_TRUE(content("a.PDF").startsWith("%PDF"));
+  EXPECT_TRUE(content("a.pdf").contains("/MediaBox [0 0 225.000000 150.000000]")) << "300 x 200 at 96 to the inch";
+  EXPECT_EQ(formatofname("png"), nullptr) << "a name that is no ending";
 }
 
-TEST(Files, ThatCannotBeWrittenLeaveWhatWasThere) {
-  const QTemporaryDir folder;
-  const QString nowhere = folder.filePath(QStringLiteral("gone/chart.bmp"));
-  EXPECT_FALSE(writebmp(drawingimage(sample(), size), nowhere));
-  EXPECT_FALSE(writesvg(sample(), size, nowhere));
-  EXPECT_FALSE(writepdf(sample(), size, folder.path())) << "a folder of that name";
-  const QString path = folder.filePath(QStringLiteral("chart.bmp"));
-  ASSERT_TRUE(writebmp(drawingimage(sample(), size), path));
-  const QByteArray before = content(path);
-  EXPECT_FALSE(writebmp(QImage(), path)) << "a picture without an area";
-  EXPECT_EQ(content(path), before);
+TEST(Contents, ThatCannotBeMadeAreNone) {
+  EXPECT_TRUE(bmpcontent(QImage()).isEmpty());
+  EXPECT_TRUE(formatofname(".png")->content(sample(), QSize(1, 1), 0.1).isEmpty()) << "a picture without an area";
 }
 
-TEST(Files, AreWholeWhateverAnIdentificationHolds) {
-  const QTemporaryDir folder;
-  const QString path = folder.filePath(QStringLiteral("chart.svg"));
+TEST(Contents, AreWholeWhateverAnIdentificationHolds) {
   RecordingCanvas canvas;
   canvas.Print(
       "a\x01<b>\x1B&\xEF\xBF\xBF\xFF"
       "\n\xC3\xA9");
-  ASSERT_TRUE(writesvg(canvas.drawing(), size, path));
-  QXmlStreamReader reader(content(path));
+  QXmlStreamReader reader(content(".svg", canvas.drawing()));
   while (!reader.atEnd()) reader.readNext();
   EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
 }

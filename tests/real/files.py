@@ -138,9 +138,10 @@ def exports(session):
 
     bare = os.path.join(session.home, "chart")
     session.export(bare, svg)
-    nowhere = "/sys/chart.svg"  # where not even root can make a file
+    nowhere = os.path.join(session.home, "nowhere.svg")
+    os.symlink("gone/chart.svg", nowhere)  # where not even root can make a file
     for path, *message in ((bare, svg + " already exists. Do you want to replace it?", "alt+n", "Export chart"),
-                           (nowhere, "The chart could not be written to " + nowhere)):
+                           (nowhere, "The chart could not be written to " + nowhere + " No such file or directory")):
         session.menu("Export chart...", "e")
         session.choosefile("Export chart", path)
         session.answer(*message)

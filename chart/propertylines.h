@@ -11,6 +11,8 @@
 /// Limits beyond what the lists offer draw nothing, so every trace ends.
 #pragma once
 
+#include <string_view>
+
 #include "chart/chartframe.h"
 
 namespace moistair {
@@ -25,6 +27,12 @@ bool tracevolline(const Chart& chart, double v);   ///< specific volume [cu ft/l
 /// One line of the user's own, with its label.
 bool drawrhline(const Chart& chart, double rh);
 bool drawwbline(const Chart& chart, double wb);
+
+/// The lines that a user can add by value.
+enum class LineKind { relativehumidity, wetbulb, enthalpy, specificvolume };
+
+/// One of them for a value as typed; a text that is no number counts as 0.
+bool drawline(const Chart& chart, LineKind kind, std::string_view value);
 
 void drawrhlines(const Chart& chart);   ///< 100, 80, 60, 40, 20 and 10 percent
 void drawsatline(const Chart& chart);   ///< 100 percent alone

@@ -132,7 +132,7 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename) {
     std::string_view field = header.fields[i];
     if (i == 0 && field.starts_with(byteordermark)) field.remove_prefix(byteordermark.size());
     const std::string name(trimmed(fieldtext(field, scratch)));
-    if (const auto kind = kindnamed(name)) take(columns.kinds[static_cast<std::size_t>(*kind)], i, name);
+    if (const auto kind = kindnamed(lowercase(name))) take(columns.kinds[static_cast<std::size_t>(*kind)], i, name);
     for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
       if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], i, name);
     }

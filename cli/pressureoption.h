@@ -36,12 +36,6 @@ using PressureOrReason = std::variant<double, std::string>;
 
 PressureOrReason pressureof(const PressureName& name, std::string_view text);
 
-/// A pressure as it was given, and what is calculated with.
-struct Pressure {
-  PressureEntry entry;
-  double atm = defaultpressure;  ///< [in Hg]
-};
-
 /// The options as typed.
 struct PressureOption {
   std::array<std::string, pressurenames.size()> texts;

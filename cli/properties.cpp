@@ -36,13 +36,6 @@ std::string lowercase(std::string_view text) {
   return lower;
 }
 
-std::optional<PropertyKind> kindnamed(std::string_view name) {
-  const auto found = std::find(kindnames.begin(), kindnames.end(), lowercase(name));
-  return found == kindnames.end() ? std::nullopt : kindat(static_cast<int>(found - kindnames.begin()));
-}
-
-const char* nameof(PropertyKind kind) { return kindnames[static_cast<std::size_t>(kind)]; }
-
 std::vector<std::string_view> splitat(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
   for (;;) {
@@ -81,7 +74,7 @@ double numberof(std::string_view text, std::string_view what) {
 GivenPair pairof(const std::vector<Assignment>& assignments) {
   std::vector<Given> given;
   for (const Assignment& assignment : assignments) {
-    const auto kind = kindnamed(assignment.name);
+    const auto kind = kindnamed(lowercase(assignment.name));
     if (!kind) throw badusage("\"" + assignment.name + "\" is none of " + kindnamelist);
     given.push_back({*kind, numberof(assignment.text, assignment.name)});
   }

@@ -12,7 +12,6 @@
 
 namespace moistair {
 
-inline constexpr std::array<const char*, kindcount> kindnames = {"db", "wb", "rh", "w", "h", "dp", "v"};
 inline constexpr const char* kindnamelist = "db wb rh w h dp v";
 
 /// One property of a whole state by its name.
@@ -36,12 +35,8 @@ inline constexpr std::array<StateColumn, kindcount + 1> statecolumns = {{
 /// The words and the unit that the point report has for it.
 const char* captionof(const StateColumn& column);
 
-/// A text with its letters of ASCII made small.
+/// A text with its letters of ASCII made small: kinds and pressures are known by their names in capitals too.
 std::string lowercase(std::string_view text);
-
-/// The kind of a name, in capitals or not.
-std::optional<PropertyKind> kindnamed(std::string_view name);
-const char* nameof(PropertyKind kind);
 
 /// "NAME=TEXT" as typed; both sides may be anything.
 struct Assignment {

@@ -1,5 +1,6 @@
 #include "engine/state.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace moistair {
@@ -32,6 +33,13 @@ std::optional<PropertyKind> kindat(int index) {
   if (index < 0 || index >= kindcount) return std::nullopt;
   return static_cast<PropertyKind>(index);
 }
+
+std::optional<PropertyKind> kindnamed(std::string_view name) {
+  const auto found = std::find(kindnames.begin(), kindnames.end(), name);
+  return found == kindnames.end() ? std::nullopt : kindat(static_cast<int>(found - kindnames.begin()));
+}
+
+const char* nameof(PropertyKind kind) { return kindnames[static_cast<std::size_t>(kind)]; }
 
 double& StatePoint::at(PropertyKind kind) { return this->*fieldof(kind); }
 double StatePoint::at(PropertyKind kind) const { return this->*fieldof(kind); }

@@ -9,6 +9,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <string_view>
 
 #include "engine/numbertext.h"
 
@@ -27,12 +28,20 @@ inline constexpr std::array<const char*, kindcount> kindtexts = {
 /// The kind at an index of the drop-down lists, none for -1.
 std::optional<PropertyKind> kindat(int index);
 
+/// What files, tables and the command line call them.
+inline constexpr std::array<const char*, kindcount> kindnames = {"db", "wb", "rh", "w", "h", "dp", "v"};
+
+std::optional<PropertyKind> kindnamed(std::string_view name);
+const char* nameof(PropertyKind kind);
+
 /// One state of moist air, in the units of moistair.h. `pv` [in Hg] is not one of the seven; it follows from the rest.
 struct StatePoint {
   double db = 0, wb = 0, rh = 0, w = 0, h = 0, dp = 0, v = 0, pv = 0;
 
   double& at(PropertyKind kind);
   double at(PropertyKind kind) const;
+
+  bool operator==(const StatePoint&) const = default;
 };
 
 /// One given property: its kind and its value.

@@ -31,6 +31,8 @@ struct AirStream {
   std::string pv;                       ///< vapour pressure [in Hg]
   std::string pvsat;                    ///< saturation vapour pressure at the dry bulb [in Hg]
   std::string dryrate, vaporrate, moistrate;  ///< flow of dry air, of water vapour, of both [lb/min]
+
+  bool operator==(const AirStream&) const = default;
 };
 
 /// The pressure a problem is solved at, taken over when its window opens.

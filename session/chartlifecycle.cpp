@@ -1,9 +1,7 @@
 #include "session/chartlifecycle.h"
 
 #include "chart/drawchart.h"
-#include "chart/propertylines.h"
 #include "chart/scales.h"
-#include "engine/value.h"
 
 namespace moistair {
 
@@ -11,16 +9,6 @@ namespace {
 
 constexpr const char* chartstandsalready =
     "Do one of the followings to draw new chart - 1) Change chart ranges 2) Reset atmos. pressure 3) Clear graph ";
-
-bool draw(LineKind kind, const Chart& chart, double value) {
-  switch (kind) {
-    case LineKind::relativehumidity: return drawrhline(chart, value);
-    case LineKind::wetbulb: return drawwbline(chart, value);
-    case LineKind::enthalpy: return traceenthline(chart, value);
-    case LineKind::specificvolume: break;
-  }
-  return tracevolline(chart, value);
-}
 
 }  // namespace
 
@@ -58,10 +46,13 @@ std::optional<Refusal> ChartLifecycle::drawline(LineKind kind, const LimitTexts&
                                                 WindowSize window) {
   readlimits(texts);
   if (!chartstands()) return Refusal{drawaxisfirst, true};
-  double number = 0;
-  assign(number, strictnumber(value));
-  if (!draw(kind, chart(window), number)) return Refusal{linenotfeasible};
+  if (!moistair::drawline(chart(window), kind, value)) return Refusal{linenotfeasible};
   return std::nullopt;
+}
+
+void ChartLifecycle::restore(const ChartStand& stand) {
+  values_.drawn = stand.drawn;
+  frame_ = stand.frame;
 }
 
 }  // namespace moistair

@@ -10,15 +10,19 @@
 #include <string_view>
 
 #include "chart/chartframe.h"
+#include "chart/propertylines.h"
 #include "session/refusal.h"
 #include "session/sessionvalues.h"
 
 namespace moistair {
 
-/// The lines that a user can add by value.
-enum class LineKind { relativehumidity, wetbulb, enthalpy, specificvolume };
-
 inline constexpr const char* linenotfeasible = "The line is either out of chart limits or is not feasible";
+
+/// Which chart counts as standing, and where it has its scales: what a later line, point or chart is tested by.
+struct ChartStand {
+  DrawnLimits drawn;
+  PlotFrame frame;
+};
 
 class ChartLifecycle {
 public:
@@ -52,6 +56,10 @@ public:
   PlotArea plotarea(WindowSize window) const { return {limits_, frame_, window}; }
 
   double atmpressure() const { return values_.pressure.lenient(); }
+
+  ChartStand stand() const { return {values_.drawn, frame_}; }
+  /// Goes back to what counted as standing at another time. The canvas is the caller's affair.
+  void restore(const ChartStand& stand);
 
 private:
   Chart chart(WindowSize window) const { return {canvas_, plotarea(window), atmpressure()}; }

@@ -12,6 +12,8 @@
 #include <optional>
 #include <string>
 
+#include "engine/moistair.h"
+
 namespace moistair {
 
 /// In the order of the list.
@@ -57,6 +59,14 @@ struct PressureEntry {
   std::string text = defaultpressuretext;
 
   bool operator==(const PressureEntry&) const = default;
+};
+
+/// A pressure as it was given, and what is calculated with. The two part when the pressure window has been looked at.
+struct Pressure {
+  PressureEntry entry;
+  double atm = defaultpressure;  ///< [in Hg]
+
+  bool operator==(const Pressure&) const = default;
 };
 
 /// Words before the entry in the report, the mixing window and the log; empty without a unit.

@@ -8,7 +8,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
 
 #include "chart/canvas.h"
@@ -82,12 +81,6 @@ struct Chart {
   ChartCanvas& canvas;
   PlotArea area;
   double atmpressure = defaultpressure;  ///< [in Hg]
-};
-
-/// How the main window's lists and its size are asked for, at the moment they are needed.
-struct ChartLook {
-  std::function<LimitTexts()> limits;
-  std::function<WindowSize()> window;
 };
 
 /// Reads the lists' texts strictly; a text that is no number leaves its limit as it was.

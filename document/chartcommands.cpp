@@ -25,6 +25,7 @@ void ChartCommands::start(WindowSize window) {
   document.pressure = {values_.pressureentry, atm};
   document.stand = lifecycle_.stand();
   history_ = History(std::move(document));
+  tell();
 }
 
 std::optional<Refusal> ChartCommands::startdraw(const LimitTexts& texts) {
@@ -80,6 +81,7 @@ const char* ChartCommands::drawmixture(const MixingProblem& problem, const Chart
 void ChartCommands::keeppicture() {
   canvas_.KeepPicture();
   history_.keeppicture();
+  tell();
 }
 
 void ChartCommands::layout(WindowSize window) { draw(document(), canvas_, window); }
@@ -109,6 +111,16 @@ void ChartCommands::open(Document document, WindowSize window) {
   bringback(this->document().pressure, window);
 }
 
+void ChartCommands::marksaved() {
+  history_.marksaved();
+  tell();
+}
+
+void ChartCommands::markunsaved() {
+  history_.markunsaved();
+  tell();
+}
+
 Setting ChartCommands::setting() const {
   return {lifecycle_.plotarea({}).limits, {values_.pressureentry, lifecycle_.atmpressure()}};
 }
@@ -117,6 +129,7 @@ Setting ChartCommands::setting() const {
 void ChartCommands::record(Change change) {
   change.stand = lifecycle_.stand();
   history_.carryout(std::move(change));
+  tell();
 }
 
 /// The session goes back to what the document says. The pressure in force stays unless it was another one that was set.
@@ -128,6 +141,11 @@ void ChartCommands::bringback(const Pressure& earlier, WindowSize window) {
   }
   lifecycle_.restore(document().stand);
   layout(window);
+  tell();
+}
+
+void ChartCommands::tell() const {
+  if (changed) changed();
 }
 
 }  // namespace moistair

@@ -6,6 +6,7 @@
 /// anew. The main window owns one and hands in the lists' texts and its size at each command; no widget is needed here.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +20,8 @@ namespace moistair {
 
 class ChartCommands {
 public:
+  std::function<void()> changed;  ///< after everything that changes the document or what could be undone
+
   /// @param lifecycle works on the same canvas and the same values
   ChartCommands(ChartCanvas& canvas, SessionValues& values, ChartLifecycle& lifecycle)
       : canvas_(canvas), values_(values), lifecycle_(lifecycle) {}
@@ -64,13 +67,14 @@ public:
   /// lists are the caller's to take from it.
   void open(Document document, WindowSize window);
 
-  void marksaved() { history_.marksaved(); }
-  void markunsaved() { history_.markunsaved(); }
+  void marksaved();
+  void markunsaved();
 
 private:
   Setting setting() const;
   void record(Change change);
   void bringback(const Pressure& earlier, WindowSize window);
+  void tell() const;
 
   ChartCanvas& canvas_;
   SessionValues& values_;

@@ -85,13 +85,12 @@ void MainWindow::openpressure() {
 void MainWindow::changepressure(const PressureEntry& entry) {
   strip_->emptyinputs();
   strip_->emptyreadouts(true);
-  values_.pressureentry = entry;
-  lifecycle_.restart(windowsize());
+  chart_.changepressure(entry, windowsize());
   leavedialog();
 }
 
 void MainWindow::startdraw() {
-  if (const auto refusal = lifecycle_.startdraw(strip_->limittexts())) {
+  if (const auto refusal = chart_.startdraw(strip_->limittexts())) {
     answer(*refusal);
     focusgraph();
     return;
@@ -113,7 +112,7 @@ void MainWindow::drawchart(ChartType charttype) {
     answer(*refusal);
   } else if (!lifecycle_.chartstands()) {
     strip_->waitcue(true);
-    lifecycle_.drawchart(windowsize());
+    chart_.drawchart(windowsize());
     strip_->waitcue(false);
   }
   focusgraph();
@@ -121,7 +120,7 @@ void MainWindow::drawchart(ChartType charttype) {
 
 void MainWindow::drawline(LineKind kind, const QLineEdit& value) {
   strip_->waitcue(true);
-  const auto refusal = lifecycle_.drawline(kind, strip_->limittexts(), value.text().toStdString(), windowsize());
+  const auto refusal = chart_.drawline(kind, strip_->limittexts(), value.text().toStdString(), windowsize());
   if (refusal) answer(*refusal);
   strip_->waitcue(false);
   focusgraph();
@@ -132,8 +131,9 @@ void MainWindow::locatepoint() {
     lifecycle_.readlimits(strip_->limittexts());
     return lifecycle_.chartstands();
   };
+  const PairInput input = pairinput();
   const Location location =
-      moistair::locatepoint(pairinput(), chartstands, lifecycle_.atmpressure(), finders_, values_.solverfields);
+      moistair::locatepoint(input, chartstands, lifecycle_.atmpressure(), finders_, values_.solverfields);
   telloutofsight(location.resolution);
   if (location.refusal) {
     answer(*location.refusal);
@@ -143,19 +143,17 @@ void MainWindow::locatepoint() {
   auto* window = new ReportWindow(
       this, fillreport(location.resolution.point, strip_->pointid->text().toStdString(), values_.pressureentry));
   connect(window, &ReportWindow::savechosen, this, [this, window] { appendtolog(pointrecord(window->report())); });
-  connect(window, &ReportWindow::markchosen, this, [this, window] { markpoint(*window); });
+  connect(window, &ReportWindow::markchosen, this, [this, window, input] { markpoint(*window, input); });
   connect(window, &ReportWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
 }
 
-void MainWindow::markpoint(const ReportWindow& report) {
+void MainWindow::markpoint(const ReportWindow& report, const PairInput& input) {
   const StatePoint shown = readreport(report.report());
   strip_->emptyreadouts(true);
   strip_->waitcue(true);
-  ChartLimits limits;  // a list's text that is no number counts as 0
-  readlimits(strip_->limittexts(), limits);
-  const bool marked = moistair::markpoint(graph_->canvas(), shown, plotarea(limits, windowsize()),
-                                          strip_->pointid->text().toStdString());
+  const bool marked =
+      chart_.markpoint(input, shown, strip_->limittexts(), strip_->pointid->text().toStdString(), windowsize());
   if (marked) {
     strip_->show(shown);
   } else {
@@ -166,10 +164,38 @@ void MainWindow::markpoint(const ReportWindow& report) {
 }
 
 void MainWindow::clearchart() {
-  lifecycle_.clearchart();
+  chart_.clearchart();
   strip_->emptyinputs();
   strip_->emptyreadouts(false);
   focusgraph();
+}
+
+void MainWindow::undo() {
+  step([this] { chart_.undo(windowsize()); });
+}
+
+void MainWindow::redo() {
+  step([this] { chart_.redo(windowsize()); });
+}
+
+/// A step through what was done to the chart. It can bring another pressure in force, which the live row then shows.
+void MainWindow::step(const std::function<void()>& change) {
+  const std::string pressure = values_.pressure.text();
+  change();
+  if (values_.pressure.text() != pressure) previewpoint();
+  focusgraph();
+}
+
+/// Says in the menu what could be undone and done again.
+void MainWindow::showhistory() {
+  const auto show = [](QAction& action, const QString& word, const std::string& name) {
+    action.setEnabled(!name.empty());
+    action.setText(name.empty() ? word
+                                : word + QLatin1Char(' ') +
+                                      QString::fromStdString(name).replace(QLatin1Char('&'), QStringLiteral("&&")));
+  };
+  show(*undoaction_, tr("&Undo"), chart_.history().undoname());
+  show(*redoaction_, tr("&Redo"), chart_.history().redoname());
 }
 
 /// Asks for a path; none, and the answer to it, if the user cancels.
@@ -186,7 +212,7 @@ std::optional<QString> MainWindow::asksavepath(const SaveRequest& request) {
 void MainWindow::savechart() {
   if (const auto path = asksavepath(
           {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
-    graph_->canvas().KeepPicture();
+    chart_.keeppicture();
     const auto name = nativename(*path);
     if (name && log_.isat(*name)) {
       message(this, QString::fromUtf8(holdsthelog));
@@ -231,7 +257,12 @@ void MainWindow::openmixing() {
     Q_EMIT ended();
     return;
   }
-  auto* window = new MixingWindow(values_, {graph_->canvas(), chartlook()}, this);
+  auto* window = new MixingWindow(values_,
+                                  {[this] { return strip_->limittexts(); },
+                                   [this](const MixingProblem& problem, const ChartLimits& limits) {
+                                     return chart_.drawmixture(problem, limits, windowsize());
+                                   }},
+                                  this);
   connect(window, &MixingWindow::savechosen, this, &MainWindow::appendtolog);
   connect(window, &MixingWindow::drawn, this, &MainWindow::closedialog);
   connect(window, &MixingWindow::left, this, [this] {

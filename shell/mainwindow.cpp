@@ -6,8 +6,6 @@
 #include <QScreen>
 
 #include "chart/chartfinders.h"
-#include "chart/scales.h"
-#include "paint/replay.h"
 #include "session/pressureunits.h"
 #include "shell/startup.h"
 #include "toolkit/messages.h"
@@ -26,6 +24,7 @@ MainWindow::MainWindow(std::filesystem::path logpath)
       strip_(new Strip),
       graph_(new GraphView),
       lifecycle_(graph_->canvas(), values_),
+      chart_(graph_->canvas(), values_, lifecycle_),
       finders_(chartrangefinders([this] {
         lifecycle_.readlimits(strip_->limittexts());
         return lifecycle_.plotarea(windowsize());
@@ -53,6 +52,13 @@ void MainWindow::makemenus() {
   file->addAction(tr("&Print..."), this, &MainWindow::printchart);
   file->addSeparator();
   file->addAction(tr("E&xit"), this, &MainWindow::quitprogram);
+  QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+  undoaction_ = edit->addAction(QString(), this, &MainWindow::undo);
+  undoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+  redoaction_ = edit->addAction(QString(), this, &MainWindow::redo);
+  redoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+  chart_.changed = [this] { showhistory(); };
+  showhistory();
   QMenu* help = menuBar()->addMenu(tr("&Help"));
   help->addAction(tr("&Help"), this, &MainWindow::showhelp);
 }
@@ -93,7 +99,7 @@ bool MainWindow::start() {
 bool MainWindow::loadmain() {
   constexpr WindowSize layoutsize{10980, 7905};
   if (!(values_.pressure.lenient() > 0)) values_.pressure.settext(defaultpressuretext);
-  printheader(graph_->canvas(), layoutsize, startheaderline(values_.pressure.lenient()));
+  chart_.start(layoutsize);
   if (leavesforsmallscreen(nullptr)) return false;
   filllists();
   values_.pressureentry = {};
@@ -132,12 +138,11 @@ void MainWindow::arrange() {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == centralWidget() && event->type() == QEvent::Resize) arrange();
+  if (watched == centralWidget() && event->type() == QEvent::Resize) {
+    arrange();
+    chart_.layout(windowsize());
+  }
   return QMainWindow::eventFilter(watched, event);
-}
-
-ChartLook MainWindow::chartlook() const {
-  return {[this] { return strip_->limittexts(); }, [this] { return windowsize(); }};
 }
 
 WindowSize MainWindow::windowsize() const {

@@ -10,7 +10,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
-#include "session/chartlifecycle.h"
+#include "document/chartcommands.h"
 #include "session/locate.h"
 #include "session/sessionlog.h"
 #include "session/sessionvalues.h"
@@ -48,7 +48,6 @@ private:
   void filllists();
   void arrange();
 
-  ChartLook chartlook() const;
   WindowSize windowsize() const;
   PairInput pairinput() const;
   void previewpoint();
@@ -68,8 +67,12 @@ private:
   void drawchart(ChartType charttype);
   void drawline(LineKind kind, const QLineEdit& value);
   void locatepoint();
-  void markpoint(const ReportWindow& report);
+  void markpoint(const ReportWindow& report, const PairInput& input);
   void clearchart();
+  void undo();
+  void redo();
+  void step(const std::function<void()>& change);
+  void showhistory();
   void savechart();
   void viewlog();
   void savelog();
@@ -85,11 +88,14 @@ private:
   Strip* strip_;
   GraphView* graph_;
   ChartLifecycle lifecycle_;
+  ChartCommands chart_;
   RangeFinders finders_;
   SaveDialog savedialog_;
   QPointer<Dialog> dialog_;
   QPointer<ChartTypeWindow> charttype_;
   QSize screen_;  ///< size of the screen at start-up [pixels]
+  QAction* undoaction_ = nullptr;
+  QAction* redoaction_ = nullptr;
   bool loaded_ = false;
 };
 

@@ -5,7 +5,6 @@
 #include <QVBoxLayout>
 
 #include "mixing/mixingblock.h"
-#include "mixing/mixingline.h"
 #include "toolkit/messages.h"
 
 namespace moistair {
@@ -241,9 +240,8 @@ void MixingWindow::showproblem() {
 void MixingWindow::onsave() { Q_EMIT savechosen(mixingblock(problem_)); }
 
 void MixingWindow::ondraw() {
-  readlimits(chart_.look.limits(), limits_);
-  const PlotArea area = plotarea(limits_, chart_.look.window());
-  if (const char* rejection = drawmixingline(chart_.canvas, problem_, area); rejection != nullptr) {
+  readlimits(chart_.limits(), limits_);
+  if (const char* rejection = chart_.draw(problem_, limits_); rejection != nullptr) {
     message(this, QString::fromUtf8(rejection));
   } else {
     Q_EMIT drawn();

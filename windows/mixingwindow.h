@@ -24,10 +24,11 @@
 
 namespace moistair {
 
-/// What the mixing line is drawn on.
+/// How the mixing line gets on the chart.
 struct MixingChart {
-  ChartCanvas& canvas;
-  ChartLook look;
+  std::function<LimitTexts()> limits;  ///< texts of the lists, at the moment they are asked for
+  /// Draws the line of a problem between limits, or returns the message for what was rejected.
+  std::function<const char*(const MixingProblem& problem, const ChartLimits& limits)> draw;
 };
 
 class MixingWindow final : public Dialog {

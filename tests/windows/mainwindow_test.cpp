@@ -286,6 +286,44 @@ TEST(Windows, AreLeftByTheirWayBack) {
   EXPECT_EQ(program.file("temp.txt"), "none");
 }
 
+QAction& edit(MainWindow& window, const char* word) {
+  for (QAction* action : window.findChildren<QAction*>()) {
+    if (action->text().startsWith(QLatin1String(word))) return *action;
+  }
+  throw std::runtime_error(word);
+}
+
+TEST(Chart, FollowsTheWindowAndEachStepCanBeUndone) {
+  Program program(Program::OnChart);
+  type(program.window, "Text1", "50");
+  click(program.window, "Command5");
+  program.typepoint("75", "62.5");
+  click(program.open("Command14", "Form3"), "Command1");
+  const std::vector<Operation> before = program.operations();
+  program.window.resize(1280, 900);
+  QApplication::processEvents();
+  EXPECT_EQ(program.operations().size(), before.size());
+  EXPECT_NE(program.operations(), before) << "laid out for another window";
+  program.window.resize(1024, 748);
+  QApplication::processEvents();
+  EXPECT_EQ(program.operations(), before);
+
+  click(program.window, "Command12");
+  const char* names[] = {"Clear chart", "Point", "Relative humidity line 50", "Draw chart"};
+  for (const char* name : names) {
+    QAction& undo = edit(program.window, "&Undo");
+    EXPECT_EQ(undo.text().toStdString(), std::string("&Undo ") + name);
+    undo.trigger();
+    if (undo.text().contains(QLatin1String("Point"))) {
+      EXPECT_EQ(program.operations(), before) << "the clearing undone";
+    }
+  }
+  EXPECT_EQ(program.lastprint(), "Atmos. pr= 29.92126  In Hg");
+  EXPECT_FALSE(edit(program.window, "&Undo").isEnabled());
+  for (int step = 0; step < 3; ++step) edit(program.window, "&Redo").trigger();
+  EXPECT_EQ(program.operations(), before);
+}
+
 TEST(Strip, NamesAndOrdersItsControls) {
   Program program(Program::AtStart);
   const std::vector<std::string> order{

@@ -2,7 +2,7 @@
 
 #include "support/charts.h"
 
-namespace moistair::charttest {
+namespace moistair::test {
 namespace {
 
 TEST(Limits, AreTestedOneByOne) {
@@ -52,4 +52,4 @@ TEST(Limits, CountAsDrawnOnlyForTheChartOnTheCanvas) {
 }
 
 }  // namespace
-}  // namespace moistair::charttest
+}  // namespace moistair::test

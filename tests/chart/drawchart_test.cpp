@@ -2,36 +2,13 @@
 
 #include <initializer_list>
 
+#include "engine/value.h"
 #include "support/charts.h"
 
-namespace moistair::charttest {
+namespace moistair::test {
 namespace {
 
 constexpr const char* header = "Atmos. pr=29.92126 In Hg";
-
-TEST(Charts, HoldAllTheirLines) {
-  const struct {
-    const char* name;
-    std::optional<Color> color;
-    std::size_t standard, blank;
-  } cases[] = {
-      {"specific volume", colors::specificvolume, 778, 0},
-      {"relative humidity", colors::relativehumidity, 732, 104},
-      {"wet bulb", colors::wetbulb, 256, 0},
-      {"fine grid", colors::finegrid, 149, 149},
-      {"major lines", colors::majorline, 29, 29},
-      {"axes", foreground, 3, 3},
-  };
-  const Drawing standard = recorded([](const Chart& chart) { drawchart(chart, ChartType::standard, header); });
-  const Drawing blank = recorded([](const Chart& chart) { drawchart(chart, ChartType::blank, header); });
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.name);
-    EXPECT_EQ(linesof(standard, test.color).size(), test.standard);
-    EXPECT_EQ(linesof(blank, test.color).size(), test.blank);
-  }
-  EXPECT_EQ(wordsof(standard).size(), 82u);
-  EXPECT_EQ(standard.operations.size(), 2029u);
-}
 
 /// Counts the steps of a drawing and those without a value, which a recording leaves out.
 class CountingCanvas final : public ChartCanvas {
@@ -83,11 +60,11 @@ TEST(Charts, OfAllLimitsAreWhole) {
 
 TEST(Charts, EndForEveryPressureThatCanStandInTheStore) {
   for (const double atm : {0.0, -29.92126, 1e-300, 0.5, 1e6, 1e300, -1e300, novalue}) {
-    SCOPED_TRACE(atm);
     const auto draw = [](const Chart& chart) { drawchart(chart, ChartType::standard, header); };
-    EXPECT_EQ(linesof(recorded(draw, fulllimits, atm), foreground).size(), 3u) << "the axes at least";
+    EXPECT_NE(textsof(recorded(draw, fulllimits, atm)).find(header), std::string::npos)
+        << "the titles at least, " << atm;
   }
 }
 
 }  // namespace
-}  // namespace moistair::charttest
+}  // namespace moistair::test

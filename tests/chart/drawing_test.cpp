@@ -1,6 +1,7 @@
+#include "engine/value.h"
 #include "support/charts.h"
 
-namespace moistair::charttest {
+namespace moistair::test {
 namespace {
 
 TEST(RecordingCanvas, ClearingKeepsTheBackgroundPicture) {
@@ -43,4 +44,4 @@ TEST(RecordingCanvas, PrintsAtThePen) {
 }
 
 }  // namespace
-}  // namespace moistair::charttest
+}  // namespace moistair::test

@@ -1,6 +1,6 @@
 /// \file
-/// Completes the rows of states.csv and mixtures.csv anew from their given fields. README.md beside it says when that
-/// is right.
+/// Completes the rows of states.csv, ranges.csv and mixtures.csv anew from their given fields. README.md beside it says
+/// when that is right.
 ///
 ///   makerows FOLDER
 ///
@@ -76,5 +76,5 @@ void makeanew(const Table& table, const std::string& folder) {
 
 int main(int argc, char** argv) {
   using namespace moistair::data;
-  for (const Table& table : {states, mixtures}) makeanew(table, argc > 1 ? argv[1] : ".");
+  for (const Table& table : {states, ranges, mixtures}) makeanew(table, argc > 1 ? argv[1] : ".");
 }

@@ -1,5 +1,5 @@
 /// \file
-/// The rows of states.csv and mixtures.csv: what is given, and behind it what the program makes of that.
+/// The rows of states.csv, ranges.csv and mixtures.csv: what is given, and behind it what the program makes of that.
 ///
 /// The test and the generator share `completed`, which takes the given fields of a row and returns the whole row anew.
 #pragma once
@@ -61,9 +61,11 @@ inline std::string outcomeof(const Resolution& resolution) {
   return outcome;
 }
 
-/// Finders of a chart of these limits, "0:120:0:0.030", or those that know no chart for none.
+/// Finders of a chart of these limits, "0:120:0:0.030", those that know no chart for none, and those before the first
+/// chart is drawn for "undrawn".
 inline RangeFinders findersof(const std::string& chart) {
   if (chart.empty()) return openrangefinders();
+  if (chart == "undrawn") return chartrangefinders([] { return PlotArea{{0, 120, 0, 0.03}, {}, {12000, 6000}}; });
   const Fields texts = fieldsof(chart, ':');
   ChartLimits limits;
   readlimits({texts[0], texts[1], texts[2], texts[3]}, limits);
@@ -114,6 +116,17 @@ inline void completemixture(Fields& row) {
   }
 }
 
+inline void completerange(Fields& row) {
+  const RangeFinders finders = findersof(row[1]);
+  const RangeFinder& finder = row[2] == "rh"  ? finders.dbrangeofrh
+                              : row[2] == "h" ? finders.dbrangeofh
+                                              : finders.dbrangeofspvol;
+  const auto range = finder(strictnumber(row[3]), strictnumber(row[0]));
+  row.push_back(range ? numbertext(range->low) : "nothing");
+  if (range) row.push_back(numbertext(range->high));
+}
+
+inline constexpr Table ranges{"ranges.csv", "pressure,chart,kind,line,low,high", 4, completerange};
 inline constexpr Table states{
     "states.csv", "pressure,chart,kind1,value1,kind2,value2,outcome,iterations,db,wb,rh,w,h,dp,v,pv", 6, completestate};
 inline constexpr Table mixtures{"mixtures.csv",

@@ -94,6 +94,9 @@ class Rect:
     def right(self):
         return self.x + self.width
 
+    def holds(self, spot):
+        return self.x < spot[0] < self.right and self.y < spot[1] < self.y + self.height
+
 
 def children(node):
     return [child for child in map(node.get_child_at_index, range(node.get_child_count())) if child]

@@ -3,7 +3,7 @@
 
     real_windows.py PROGRAM OUTPUT [--screen 1024x768] [--scale 1] [--only NAME ...]
 
-Each scenario starts the program anew in a folder of its own, so each stands alone; a failure names its scenario and
+Each journey starts the program anew in a folder of its own, so each stands alone; a failure names its journey and
 leaves a picture of the screen in OUTPUT. What the program writes to its standard error is a failure too.
 """
 
@@ -17,7 +17,7 @@ sys.dont_write_bytecode = True  # the source tree stays as it is
 
 import desktop  # noqa: E402
 
-LIMIT = 280  # s, for all scenarios
+LIMIT = 280  # s, for all journeys
 
 
 def arguments():
@@ -26,44 +26,31 @@ def arguments():
     parser.add_argument("output", help="folder for pictures of failures")
     parser.add_argument("--screen", default=os.environ.get("MOISTAIR_SCREEN", "1024x768"))
     parser.add_argument("--scale", type=float, default=float(os.environ.get("MOISTAIR_SCALE", "1")))
-    parser.add_argument("--only", nargs="+", metavar="NAME", help="run these scenarios alone")
+    parser.add_argument("--only", nargs="+", metavar="NAME", help="run these journeys alone")
     return parser.parse_args()
 
 
 options = arguments()
 desktop.enter(options.screen, LIMIT)
 
-import chart  # noqa: E402
-import dialogs  # noqa: E402
-import files  # noqa: E402
-import mixing  # noqa: E402
-import points  # noqa: E402
-import startup  # noqa: E402
 from driver import equal, screenshot, startmanager  # noqa: E402
+from journeys import ALL  # noqa: E402
 from session import Session  # noqa: E402
 
-SCENARIOS = [
-    startup.startup, startup.pressurebyelevation, startup.pressurerefused, startup.smallscreen, startup.lastlog,
-    startup.helpmanual, chart.standardchart, chart.blankchart, chart.limits, chart.lines, chart.charttypebeside,
-    points.liverow, points.locatesavemark, points.nestedpair, points.pointsrefused, points.markrefused,
-    mixing.mixing, mixing.mixingrefused, files.viewandcopylog, files.logfails, files.savepicture, files.exports,
-    files.printing, dialogs.closing, startup.exits,
-]
 
-
-def run(scenario, suffix=""):
-    """True if the scenario passed."""
-    name = scenario.__name__ + suffix
+def run(journey, suffix=""):
+    """True if the journey passed."""
+    name = journey.__name__ + suffix
     session = Session(options.program, os.path.join(os.environ["HOME"], name), options.screen, options.scale)
     began = time.monotonic()
     try:
-        scenario(session)
+        journey(session)
         if not session.running():
             equal(session.process.returncode, 0, "exit code")
         equal(session.complaints(), "", "standard error")
         print(f"ok    {name} ({time.monotonic() - began:.1f} s)", flush=True)
         return True
-    except Exception as failure:  # whatever it is, the other scenarios still run
+    except Exception as failure:  # whatever it is, the other journeys still run
         picture = os.path.join(options.output, name + ".png")
         screenshot(picture)
         place = failure.__traceback__
@@ -82,12 +69,12 @@ def main():
     os.makedirs(options.output)
     began = time.monotonic()
     startmanager()
-    chosen = [scenario for scenario in SCENARIOS if not options.only or scenario.__name__ in options.only]
+    chosen = [journey for journey in ALL if not options.only or journey.__name__ in options.only]
     if not chosen:
-        sys.exit("no scenario of that name; there are: " + ", ".join(scenario.__name__ for scenario in SCENARIOS))
+        sys.exit("no journey of that name; there are: " + ", ".join(journey.__name__ for journey in ALL))
     # A desktop on a loaded machine can lose a key: a failure counts if it comes twice. The first one stays in the output.
-    passed = sum([run(scenario) or run(scenario, "-again") for scenario in chosen])
-    print(f"{passed} of {len(chosen)} scenarios passed in {time.monotonic() - began:.0f} s")
+    passed = sum([run(journey) or run(journey, "-again") for journey in chosen])
+    print(f"{passed} of {len(chosen)} journeys passed in {time.monotonic() - began:.0f} s")
     sys.exit(0 if passed == len(chosen) else 1)
 
 

@@ -19,7 +19,7 @@ FIRSTVALUE = "Value of the first property"
 SECONDVALUE = "Value of the second property"
 
 RED, GREEN, BLUE, MAGENTA, BROWN = (255, 0, 0), (0, 128, 0), (0, 0, 255), (255, 0, 255), (128, 0, 0)
-BLACK, GREY, GRID, WHITE = (0,) * 3, (128,) * 3, (192,) * 3, (255,) * 3
+BLACK, GREY, WHITE = (0,) * 3, (128,) * 3, (255,) * 3
 
 READOUTS = ["DB=", "WB=", "RH(%)=", "Enthalpy=", "Sp vol=", "H.ratio=", "DP=", "V. pr="]
 

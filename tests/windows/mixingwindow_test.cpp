@@ -76,22 +76,6 @@ TEST_F(MixingWindowTest, ReferenceCaseTypedSavedAndDrawn) {
   EXPECT_FALSE(program.isopen("Form5"));
 }
 
-TEST_F(MixingWindowTest, RejectedPointIsNamedAndCanBeMended) {
-  typereference();
-  select(program.window, "Combo4", 9);
-  BoxAnswers answers;
-  click(window, "Command1");
-  EXPECT_EQ(answers.lasttext(), "The stream2 point as per input parameters is out of chart limits");
-  control<ListBox>(program.window, "Combo4").setEditText(QStringLiteral("no number"));
-  click(window, "Command1");
-  EXPECT_EQ(answers.count(), 2U) << "the limit stays at 90";
-  EXPECT_EQ(drawn(), (std::vector<int>{0, 0, 0}));
-  type(window, "Text6", "85");
-  click(window, "Command1");
-  EXPECT_EQ(answers.count(), 2U);
-  EXPECT_EQ(drawn()[0], 77);
-}
-
 TEST_F(MixingWindowTest, ChangesReachTheirStreamAndTheMixtureOnly) {
   typereference();
   select(window, "Combo2", 0);

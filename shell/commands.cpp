@@ -1,5 +1,7 @@
 // What each button and menu entry of the main window runs.
+#include <QDateTime>
 #include <QDesktopServices>
+#include <QMenu>
 #include <QUrl>
 
 #include "paint/exports.h"
@@ -23,7 +25,13 @@ namespace {
 
 constexpr const char* appendfailed = "The data could not be saved: the log file cannot be written.";
 constexpr const char* holdsthelog = "This file holds the saved data of this session. The chart was not saved.";
+constexpr const char* sessiongone = "The data of this session cannot be shown: its file cannot be read.";
 constexpr const char* viewfailed = "The saved data cannot be shown: the log file cannot be read.";
+
+/// When something was last saved in a session, by the clock on the wall.
+QString timeof(const EarlierSession& session) {
+  return QDateTime::fromSecsSinceEpoch(session.lastsaved).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
 
 /// Takes a window away. It is destroyed once its own event is over.
 template <class Window>
@@ -236,6 +244,28 @@ void MainWindow::viewlog() {
   opendialog(window);
 }
 
+/// The menu holds what is there when it opens: other copies of the program add to it.
+void MainWindow::listsessions() {
+  earlier_->clear();
+  for (const EarlierSession& session : earliersessions(log_.sessions())) {
+    earlier_->addAction(timeof(session), this, [this, session] { viewsession(session); });
+  }
+  earlier_->setEnabled(!earlier_->isEmpty());
+}
+
+void MainWindow::viewsession(const EarlierSession& session) {
+  const auto text = readlog(session.file);
+  if (!text) {
+    message(this, QString::fromUtf8(sessiongone));
+    focusgraph();
+    return;
+  }
+  auto* window = new LogWindow(this, QString::fromStdString(*text));
+  window->setWindowTitle(QStringLiteral("Saved data of ") + timeof(session));
+  connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
+  opendialog(window);
+}
+
 void MainWindow::savelog() {
   if (const auto path = asksavepath({QStringLiteral("Save Pont data in File"),
                                      {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
@@ -289,7 +319,7 @@ void MainWindow::showhelp() {
 }
 
 void MainWindow::quitprogram() {
-  log_.remove();
+  log_.end();
   Q_EMIT ended();
 }
 

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
 #include <csignal>
 #include <cstdio>
@@ -17,7 +18,8 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("moistair"));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/moistair.svg")));
-  moistair::MainWindow window(moistair::logpath());
+  const auto folder = QFile::encodeName(QApplication::applicationDirPath()).toStdString();
+  moistair::MainWindow window(moistair::logplaces(folder));
   // At once: quit() would first ask each window whether it may close.
   QObject::connect(&window, &moistair::MainWindow::ended, &application, [] { QApplication::exit(0); });
   return window.start() ? QApplication::exec() : 0;

@@ -19,8 +19,8 @@ constexpr const char* logfailed =
 
 }  // namespace
 
-MainWindow::MainWindow(std::filesystem::path logpath)
-    : log_(std::move(logpath)),
+MainWindow::MainWindow(LogPlaces logplaces)
+    : log_(std::move(logplaces)),
       strip_(new Strip),
       graph_(new GraphView),
       lifecycle_(graph_->canvas(), values_),
@@ -50,6 +50,9 @@ void MainWindow::makemenus() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
   file->addAction(tr("&Export chart..."), this, &MainWindow::exportchart);
   file->addAction(tr("&Print..."), this, &MainWindow::printchart);
+  file->addSeparator();
+  earlier_ = file->addMenu(tr("Earlier &sessions"));
+  connect(file, &QMenu::aboutToShow, this, &MainWindow::listsessions);
   file->addSeparator();
   file->addAction(tr("E&xit"), this, &MainWindow::quitprogram);
   QMenu* edit = menuBar()->addMenu(tr("&Edit"));

@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include "document/chartcommands.h"
+#include "session/earliersessions.h"
 #include "session/locate.h"
 #include "session/sessionlog.h"
 #include "session/sessionvalues.h"
@@ -27,7 +28,7 @@ class MainWindow final : public QMainWindow {
   Q_OBJECT
 
 public:
-  explicit MainWindow(std::filesystem::path logpath);
+  explicit MainWindow(LogPlaces logplaces);
 
   /// Start-up: the pressure window comes first and loads this window. False if the user leaves for a larger screen.
   bool start();
@@ -75,6 +76,8 @@ private:
   void showhistory();
   void savechart();
   void viewlog();
+  void listsessions();
+  void viewsession(const EarlierSession& session);
   void savelog();
   void appendtolog(const std::vector<std::string>& lines);
   void openmixing();
@@ -85,6 +88,7 @@ private:
 
   SessionValues values_;
   SessionLog log_;
+  QMenu* earlier_;  ///< menu of the earlier sessions
   Strip* strip_;
   GraphView* graph_;
   ChartLifecycle lifecycle_;

@@ -12,22 +12,6 @@
 
 namespace moistair {
 
-namespace {
-
-/// A folder in which the user may make a file.
-bool writable(const std::filesystem::path& folder) {
-  const QFileInfo info(QString::fromStdString(folder.string()));
-  return info.isDir() && info.isWritable();
-}
-
-std::filesystem::path statefolder() {
-  const char* state = std::getenv("XDG_STATE_HOME");
-  if (state != nullptr && *state == '/') return std::filesystem::path(state) / "moistair";
-  return std::filesystem::path(QDir::homePath().toStdString()) / ".local" / "state" / "moistair";
-}
-
-}  // namespace
-
 bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight) {
   constexpr int twips = static_cast<int>(twipsperpixel);
   if (screenwidth < pixelwidth * twips) return false;
@@ -40,16 +24,6 @@ bool leavesforsmallscreen(QWidget* parent) {
   return question(parent, QStringLiteral("DELETE"),
                   QStringLiteral("You must set screen size to 1024x768 or higher if your monitor size is less than 15 "
                                  "inch. Do you want to exit the program and reset your screen reolution now ?"));
-}
-
-std::filesystem::path logpath() {
-  constexpr const char* name = "temp.txt";
-  const std::filesystem::path beside = QCoreApplication::applicationDirPath().toStdString();
-  if (writable(beside)) return beside / name;
-  const std::filesystem::path folder = statefolder();
-  std::error_code ignored;  // the log's first writing tells whether the folder is there
-  std::filesystem::create_directories(folder, ignored);
-  return folder / name;
 }
 
 QString helppath() {

@@ -1,10 +1,9 @@
 /// \file
-/// Where the program finds itself: the screen, the folder of the session log, the manual.
+/// Where the program finds itself: the screen, the manual.
 #pragma once
 
 #include <QString>
 #include <QWidget>
-#include <filesystem>
 
 namespace moistair {
 
@@ -19,9 +18,6 @@ bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight
 
 /// The question for a smaller screen; true if the user wants to leave the program. No question for a larger one.
 bool leavesforsmallscreen(QWidget* parent);
-
-/// Path of the session log: beside the executable if that folder can be written, else in the user's own state folder.
-std::filesystem::path logpath();
 
 /// The compiled help file beside the program if there is one, else our own manual; empty if neither is there.
 QString helppath();

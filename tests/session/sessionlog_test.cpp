@@ -1,40 +1,44 @@
 #include "session/sessionlog.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include <csignal>
-#include <fstream>
-#include <iterator>
+#include <functional>
 
 #include "engine/moistair.h"
 #include "engine/openfinders.h"
 #include "engine/resolver.h"
+#include "session/earliersessions.h"
 #include "session/pointreport.h"
+#include "temporaryfolder.h"
+#include "tests/faults/faults.h"
 
 using namespace moistair;
+using namespace moistair::sessiontest;
 
 namespace {
 
-namespace fs = std::filesystem;
-
 class SessionLogTest : public testing::Test {
 protected:
-  ~SessionLogTest() override { fs::remove_all(folder); }
-
-  static std::string bytesof(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+  /// What the earlier sessions have left, the latest first.
+  std::vector<std::string> kept() const {
+    std::vector<std::string> texts;
+    for (const EarlierSession& session : earliersessions(places.sessions)) texts.push_back(bytesof(session.file));
+    return texts;
   }
 
-  static fs::path newfolder() {
-    std::string name = (fs::temp_directory_path() / "moistair-log-XXXXXX").string();
-    return ::mkdtemp(name.data());
-  }
-
-  const fs::path folder = newfolder();
-  const SessionLog log{folder / "temp.txt"};
+  const TemporaryFolder place;
+  const fs::path folder = place.path;
+  const LogPlaces places{{folder / "beside", folder / "state"}, folder / "state" / "sessions"};
+  const fs::path first = folder / "beside" / "temp.txt";
+  SessionLog log = [this] {
+    fs::create_directory(folder / "beside");
+    fs::create_directory(folder / "state");
+    return SessionLog(places);
+  }();
 };
 
 /// For as long as it lives no file may grow beyond so many bytes: the disk is full.
@@ -92,56 +96,141 @@ TEST_F(SessionLogTest, BlocksFollowEachOtherInOneByteACharacter) {
 
 TEST_F(SessionLogTest, AVanishedLogIsMadeAnewWithoutTheEmptyLine) {
   ASSERT_TRUE(log.newlog());
-  ASSERT_TRUE(log.remove());
-  EXPECT_FALSE(fs::exists(log.path()));
+  fs::remove(log.path());
   EXPECT_FALSE(log.read().has_value());
   EXPECT_FALSE(log.copyto(folder / "copy.txt"));
   EXPECT_FALSE(fs::exists(folder / "copy.txt"));
-  EXPECT_TRUE(log.remove()) << "gone already is gone";
   ASSERT_TRUE(log.append({"a"}));
   EXPECT_EQ(bytesof(log.path()), "a\r\n");
+  fs::rename(log.path(), folder / "edited");
+  fs::copy(folder / "edited", log.path());
+  ASSERT_TRUE(log.append({"b"})) << "put back by an editor";
+  EXPECT_EQ(bytesof(log.path()), "a\r\nb\r\n");
 }
 
 TEST_F(SessionLogTest, AFullDiskLeavesTheEarlierBytes) {
   ASSERT_TRUE(log.newlog());
   ASSERT_TRUE(log.append({"first"}));
-  const SessionLog other(folder / "other.txt");
+  SessionLog other(places);
   {
     const FullDisk full(20);
     EXPECT_FALSE(log.append({"second", "third", "fourth"}));
     EXPECT_FALSE(other.append({std::string(30, 'x')}));
   }
+  for (const char* call : {"write", "fsync"}) {
+    faults::failfrom(call, 1);
+    EXPECT_FALSE(log.append({"second"})) << call;
+    faults::failfrom("", 0);
+  }
   EXPECT_EQ(bytesof(log.path()), "\r\nfirst\r\n");
-  EXPECT_FALSE(fs::exists(other.path())) << "a file that a failed append has made is taken back";
+  EXPECT_EQ(namesin(folder / "beside").size(), 1U) << "a file that a failed append has made is taken back";
   EXPECT_TRUE(log.append({"second"}));
 }
 
-TEST_F(SessionLogTest, WhatCannotBeAFileFailsQuietly) {
-  fs::create_directory(folder / "folder");
+TEST_F(SessionLogTest, WhatIsNoPlainFileIsNotTouched) {
+  const fs::path odd = folder / "beside" / "temp.txt";
+  make(folder / "else", "else");
   const struct {
     const char* name;
-    fs::path path;
+    std::function<void()> put;
   } rows[] = {
-      {"a folder", folder / "folder"},
-      {"in a folder that is not there", folder / "nowhere" / "temp.txt"},
-      {"a full device", "/dev/full"},
-      {"no name", ""},
+      {"a folder", [&] { fs::create_directory(odd); }},
+      {"a FIFO", [&] { ::mkfifo(odd.c_str(), 0600); }},
+      {"a link", [&] { fs::create_symlink(folder / "else", odd); }},
+      {"another file's second name", [&] { fs::create_hard_link(folder / "else", odd); }},
   };
-  ASSERT_TRUE(log.newlog());
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const SessionLog bad(row.path);
-    EXPECT_FALSE(bad.newlog());
-    EXPECT_FALSE(bad.append({"a"}));
-    EXPECT_FALSE(log.copyto(row.path));
+    row.put();
+    const auto type = fs::symlink_status(odd).type();
+    SessionLog elsewhere(places);
+    ASSERT_TRUE(elsewhere.newlog());
+    EXPECT_EQ(elsewhere.path(), folder / "state" / "temp.txt");
+    EXPECT_TRUE(elsewhere.append({"a"}));
+    EXPECT_TRUE(elsewhere.end());
+    EXPECT_EQ(fs::symlink_status(odd).type(), type);
+    EXPECT_EQ(bytesof(folder / "else"), "else");
+    fs::remove(odd);
   }
-  EXPECT_FALSE(SessionLog(folder / "folder").read().has_value());
+  EXPECT_EQ(kept().size(), 4U);
 }
 
-TEST_F(SessionLogTest, ACopyReplacesAndTheLogStays) {
+TEST_F(SessionLogTest, WithoutAPlaceAllFailsQuietly) {
+  SessionLog bad(LogPlaces{{folder / "nowhere"}, folder / "nowhere" / "sessions"});
+  EXPECT_FALSE(bad.newlog());
+  EXPECT_FALSE(bad.append({"a"}));
+  EXPECT_FALSE(bad.read().has_value());
+  EXPECT_FALSE(bad.copyto(folder / "copy.txt"));
+  EXPECT_TRUE(bad.end());
+  ASSERT_TRUE(log.newlog());
+  EXPECT_FALSE(log.copyto(folder)) << "a folder of that name";
+}
+
+TEST_F(SessionLogTest, TwoCopiesHaveALogEach) {
+  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.append({"one"}));
+  make(folder / "beside" / "temp-2.txt", "notes of the user's own");
+  SessionLog second(places);
+  ASSERT_TRUE(second.newlog());
+  EXPECT_EQ(second.path(), folder / "beside" / "temp-3.txt");
+  ASSERT_TRUE(second.append({"two"}));
+  EXPECT_EQ(bytesof(first), "\r\none\r\n");
+  fs::remove(first);
+  SessionLog third(places);
+  ASSERT_TRUE(third.newlog()) << "in the place of the first log, which was removed from outside";
+  ASSERT_TRUE(log.append({"more"}));
+  EXPECT_NE(log.path(), third.path());
+  for (SessionLog* ending : {&second, &third, &log}) EXPECT_TRUE(ending->end());
+  EXPECT_EQ(namesin(folder / "beside"), std::vector<std::string>{"temp-2.txt"});
+  EXPECT_EQ(kept().size(), 2U) << "the third has saved nothing";
+}
+
+TEST_F(SessionLogTest, WhatASessionSavedIsKeptAndTheLogGoes) {
+  ASSERT_TRUE(log.newlog());
+  EXPECT_TRUE(log.end());
+  EXPECT_TRUE(kept().empty()) << "nothing was saved";
+  for (int i = 0; i < 12; ++i) {
+    ASSERT_TRUE(log.newlog());
+    ASSERT_TRUE(log.append({std::to_string(i)}));
+    ::timespec times[2] = {{0, UTIME_OMIT}, {1'700'000'000 + i * 3600, 0}};
+    ::utimensat(AT_FDCWD, first.c_str(), times, 0);
+    faults::failfrom("renameat2", i % 2);  // as if the sessions lay on another disk
+    EXPECT_TRUE(log.end());
+    faults::failfrom("", 0);
+    EXPECT_FALSE(fs::exists(first));
+  }
+  ASSERT_EQ(kept().size(), keptsessions);
+  EXPECT_EQ(kept().front(), "\r\n11\r\n");
+  EXPECT_EQ(earliersessions(places.sessions).front().lastsaved, 1'700'000'000 + 11 * 3600);
+  EXPECT_EQ(kept().back(), "\r\n2\r\n");
+}
+
+TEST_F(SessionLogTest, ARunThatCouldNotEndLosesNothing) {
+  make(first, "\r\ncrashed\r\n");
+  make(folder / "beside" / "temp-2.txt", "\r\n----\r\n");
+  make(folder / "state" / "temp.txt", "\r\n");
+  ASSERT_TRUE(log.newlog());
+  EXPECT_EQ(bytesof(first), "\r\n");
+  EXPECT_EQ(kept().size(), 2U);
+  EXPECT_EQ(namesin(folder / "beside"), std::vector<std::string>{"temp.txt"});
+  EXPECT_EQ(namesin(folder / "state"), std::vector<std::string>{"sessions"});
+}
+
+TEST_F(SessionLogTest, WhatCannotBeKeptStays) {
+  make(places.sessions, "a file where the folder should be");
+  make(first, "\r\ncrashed\r\n");
+  ASSERT_TRUE(log.newlog());
+  EXPECT_EQ(log.path(), folder / "beside" / "temp-2.txt");
+  ASSERT_TRUE(log.append({"a"}));
+  EXPECT_FALSE(log.end());
+  EXPECT_EQ(bytesof(first), "\r\ncrashed\r\n");
+  EXPECT_EQ(bytesof(log.path()), "\r\na\r\n");
+}
+
+TEST_F(SessionLogTest, CopiesReplaceAndTheLogStays) {
   const fs::path copy = folder / "copy.txt";
   ASSERT_TRUE(log.append({"first"}));
-  std::ofstream(copy) << "something longer than the log";
+  make(copy, "something longer than the log");
   EXPECT_TRUE(log.copyto(copy));
   ASSERT_TRUE(log.append({"second"}));
   EXPECT_EQ(bytesof(copy), "first\r\n");
@@ -150,18 +239,43 @@ TEST_F(SessionLogTest, ACopyReplacesAndTheLogStays) {
 TEST_F(SessionLogTest, ACopyOntoItselfChangesNothing) {
   ASSERT_TRUE(log.append({"first"}));
   fs::create_symlink(log.path(), folder / "symbolic");
-  fs::create_hard_link(log.path(), folder / "hard");
+  for (const fs::path& path : {folder / "beside" / "." / "temp.txt", folder / "symbolic"}) {
+    SCOPED_TRACE(path);
+    EXPECT_TRUE(log.copyto(path));
+    EXPECT_EQ(bytesof(log.path()), "first\r\n");
+    EXPECT_FALSE(fs::is_symlink(log.path()));
+  }
+}
+
+TEST(LogPlacesTest, FollowTheUserAndThePlaceOfTheProgram) {
+  const TemporaryFolder place;
+  const fs::path home = place.path / "home";
+  const fs::path tree = place.path / "tree" / "bin";
+  const fs::path installed = place.path / "prefix" / "bin";
+  for (const fs::path& path : {home, tree, installed, place.path / "prefix" / "share" / "doc" / "moistair"}) {
+    fs::create_directories(path);
+  }
+  const std::string elsewhere = place.path / "state";
   const struct {
     const char* name;
-    fs::path path;
+    const char* variable;  ///< XDG_STATE_HOME
+    fs::path program;
+    std::vector<fs::path> folders;
   } rows[] = {
-      {"another way there", folder / "." / "temp.txt"},
-      {"symbolic link", folder / "symbolic"},
-      {"hard link", folder / "hard"},
+      {"in a folder of the user's", nullptr, tree, {tree, home / ".local/state/moistair"}},
+      {"with the manual beside it", nullptr, installed, {home / ".local/state/moistair"}},
+      {"for all users", nullptr, "/usr/bin", {home / ".local/state/moistair"}},
+      {"state elsewhere", elsewhere.c_str(), "/usr/bin", {place.path / "state" / "moistair"}},
+      {"state that is no path", "state", "/usr/bin", {home / ".local/state/moistair"}},
+      {"no state", "", "/usr/bin", {home / ".local/state/moistair"}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    EXPECT_TRUE(log.copyto(row.path));
-    EXPECT_EQ(bytesof(log.path()), "first\r\n");
+    ::setenv("HOME", home.c_str(), 1);
+    row.variable == nullptr ? ::unsetenv("XDG_STATE_HOME") : ::setenv("XDG_STATE_HOME", row.variable, 1);
+    const LogPlaces places = logplaces(row.program);
+    EXPECT_EQ(places.folders, row.folders);
+    EXPECT_EQ(places.sessions, row.folders.back() / "sessions");
+    EXPECT_TRUE(fs::is_directory(row.folders.back()));
   }
 }

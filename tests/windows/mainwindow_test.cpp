@@ -52,7 +52,7 @@ TEST(StartUp, AsksAboutASmallScreen) {
 
 TEST(StartUp, WorksWithoutALog) {
   BoxAnswers answers;
-  MainWindow window("/nonexistent/folder/temp.txt");
+  MainWindow window(LogPlaces{{"/nonexistent/folder"}, "/nonexistent/sessions"});
   EXPECT_TRUE(window.start());
   EXPECT_EQ(answers.count(), 1u);
   EXPECT_NE(answers.lasttext().find("cannot be kept"), std::string::npos);

@@ -117,7 +117,8 @@ class Program {
 public:
   enum Stand { AtStart, OnEmptyChart, OnChart };
 
-  explicit Program(Stand stand = OnEmptyChart) : window(path("temp.txt").toStdString()) {
+  explicit Program(Stand stand = OnEmptyChart)
+      : window(LogPlaces{{folder.path().toStdString()}, path("sessions").toStdString()}) {
     QObject::connect(&window, &MainWindow::ended, &window, [this] { ended = true; });
     started = window.start();
     window.showNormal();

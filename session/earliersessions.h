@@ -1,0 +1,29 @@
+/// \file
+/// What the logs of earlier sessions held.
+///
+/// A log lives as long as its session. So that nothing saved is lost with it, it is moved into a folder of the user's
+/// when the program ends, or at the next start if it could not: after a signal, a crash, a power failure. The folder
+/// holds the last ten, named by the moment of their last saving, and the File menu lists them. Nothing here throws.
+#pragma once
+
+#include <ctime>
+#include <filesystem>
+#include <vector>
+
+namespace moistair {
+
+inline constexpr std::size_t keptsessions = 10;
+
+struct EarlierSession {
+  std::filesystem::path file;
+  std::time_t lastsaved;
+};
+
+/// The latest first; what is no log in that folder is left out.
+std::vector<EarlierSession> earliersessions(const std::filesystem::path& folder);
+
+/// Takes a log away: into the folder, or, if it holds nothing but the empty line, altogether. The oldest beyond ten go.
+/// False if it could not be kept; it then stays where it is.
+bool keepsession(const std::filesystem::path& log, const std::filesystem::path& folder);
+
+}  // namespace moistair

@@ -1,0 +1,82 @@
+#include "tests/faults/faults.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+
+namespace moistair::faults {
+
+namespace {
+
+std::string failing;
+int first = 0;
+int calls = 0;
+
+/// How many calls of this kind are left before it fails, negative for one that fails at once; large if it never does.
+int left(const char* call) { return first == 0 || failing != call ? 1000000 : first - ++calls; }
+
+bool fails(const char* call, int error) {
+  if (left(call) > 0) return false;
+  errno = error;
+  return true;
+}
+
+bool isplain(int file) {
+  struct stat facts;
+  return ::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+[[gnu::constructor]] void readvariable() {
+  const char* fault = std::getenv("FAULT");
+  if (fault == nullptr) return;
+  const std::string text = fault;
+  failfrom(text.substr(0, text.find(' ')), std::atoi(text.c_str() + text.find(' ')));
+}
+
+}  // namespace
+
+void failfrom(const std::string& call, int n) {
+  failing = call;
+  first = n;
+  calls = 0;
+}
+
+}  // namespace moistair::faults
+
+using namespace moistair::faults;
+
+extern "C" {
+
+ssize_t write(int file, const void* bytes, size_t size) {
+  const int before = isplain(file) ? left("write") : 1;
+  if (before > 0) return ::syscall(SYS_write, file, bytes, size);
+  if (before == 0 && size > 1) return ::syscall(SYS_write, file, bytes, size / 2);
+  errno = ENOSPC;
+  return -1;
+}
+
+int fsync(int file) { return fails("fsync", EIO) ? -1 : static_cast<int>(::syscall(SYS_fsync, file)); }
+
+int fallocate(int file, int mode, off_t from, off_t size) {
+  return fails("fallocate", ENOSPC) ? -1 : static_cast<int>(::syscall(SYS_fallocate, file, mode, from, size));
+}
+
+int rename(const char* from, const char* to) noexcept {
+  return fails("rename", EIO) ? -1 : static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+
+int renameat2(int fromfolder, const char* from, int tofolder, const char* to, unsigned flags) noexcept {
+  if (fails("renameat2", EXDEV)) return -1;
+  return static_cast<int>(::syscall(SYS_renameat2, fromfolder, from, tofolder, to, flags));
+}
+
+int linkat(int fromfolder, const char* from, int tofolder, const char* to, int flags) noexcept {
+  if (fails("linkat", EIO)) return -1;
+  return static_cast<int>(::syscall(SYS_linkat, fromfolder, from, tofolder, to, flags));
+}
+}

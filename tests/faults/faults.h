@@ -1,0 +1,15 @@
+// Failures of the disk on demand: what calls of the system on plain files do from the n-th of a kind on.
+//
+// Linked into a test program it is told by `failfrom`; loaded in front of another program (LD_PRELOAD) it is told by
+// the variable FAULT, such as "write 3".
+#pragma once
+
+#include <string>
+
+namespace moistair::faults {
+
+/// From the n-th call on, `call` fails as on a disk that is full or broken; the n-th write still takes half of its
+/// bytes. 0 for never.
+void failfrom(const std::string& call, int n);
+
+}  // namespace moistair::faults

@@ -248,6 +248,7 @@ class Program:
         self.errors = os.path.join(folder, "errors.txt")
         self.home = os.path.join(folder, "home")
         os.makedirs(self.home)
+        self.state = os.path.join(folder, "state")
         self._executable = shutil.copy2(executable, self.binaries)
         self._items = {}
         self.process = None
@@ -255,7 +256,7 @@ class Program:
     def launch(self):
         """Starts it and returns as soon as it is on the accessibility bus."""
         variables = dict(os.environ, QT_SCALE_FACTOR=f"{self.scale:g}", HOME=self.home,
-                         PATH=self.binaries + ":" + os.environ["PATH"])
+                         XDG_STATE_HOME=self.state, PATH=self.binaries + ":" + os.environ["PATH"])
         with open(self.errors, "a") as errors:
             self.process = desktop.start(self._executable, cwd=self.home, env=variables, stderr=errors)
         self._root = wait(self._find, "the program on the accessibility bus")

@@ -1,7 +1,10 @@
 #include "shell/mainwindow.h"
 
 #include <QImage>
+#include <QMenuBar>
+#include <QPlainTextEdit>
 #include <algorithm>
+#include <fstream>
 
 #include "shell/startup.h"
 #include "support.h"
@@ -229,6 +232,30 @@ TEST(SavedChart, IsABitmapAndBecomesTheBackground) {
   click(program.window, "Command11");
   EXPECT_EQ(answers.lasttext(), "Dialog Cancelled");
   EXPECT_EQ(cancelled.offered, "chart.png") << "the name of the last use";
+}
+
+TEST(EarlierSessions, AreListedAndRead) {
+  Program program;
+  auto& menu = *program.window.menuBar()->actions().first()->menu();
+  const auto sessions = [&] {
+    Q_EMIT menu.aboutToShow();
+    return menu.findChild<QMenu*>()->actions();
+  };
+  EXPECT_TRUE(sessions().isEmpty());
+  const auto folder = std::filesystem::path(program.path("sessions").toStdString());
+  std::filesystem::create_directory(folder);
+  const std::filesystem::path file = folder / "2026-01-02T03-04-05Z.txt";
+  std::ofstream(file) << "\r\nsaved\r\n";
+  ASSERT_EQ(sessions().size(), 1);
+  sessions().first()->trigger();
+  EXPECT_EQ(control<QPlainTextEdit>(program.dialog("Form4"), "Text1").toPlainText().toStdString(), "\nsaved\n");
+  click(program.dialog("Form4"), "Command1");
+
+  BoxAnswers answers;
+  const auto listed = sessions();
+  std::filesystem::remove(file);
+  listed.first()->trigger();
+  EXPECT_EQ(answers.lasttext(), "The data of this session cannot be shown: its file cannot be read.");
 }
 
 TEST(Windows, AreLeftByTheirWayBack) {

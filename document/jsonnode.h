@@ -1,0 +1,66 @@
+/// \file
+/// Reading JSON with checks: a value that knows its place, and says what is wrong with it in the words of the user.
+#pragma once
+
+#include <initializer_list>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace moistair {
+
+using Json = nlohmann::ordered_json;
+
+/// What is wrong with a text, and where. Thrown and caught within this room.
+class JsonFault : public std::runtime_error {
+public:
+  JsonFault(const std::string& place, const std::string& reason)
+      : std::runtime_error(place.empty() ? reason : place + ": " + reason) {}
+};
+
+/// The whole of a text. A fault, with line and column, for what is no JSON, and for keys that stand twice, more levels
+/// than any document has and numbers that no double holds.
+Json parsedjson(std::string_view text);
+
+/// A value within a text that outlives it.
+class JsonNode {
+public:
+  JsonNode(const Json& json, std::string place) : json_(json), place_(std::move(place)) {}
+
+  [[noreturn]] void fail(const std::string& reason) const { throw JsonFault(place_, reason); }
+
+  /// A member of an object that has to be there.
+  JsonNode at(const char* key) const;
+  std::optional<JsonNode> find(const char* key) const;
+  /// Fails for something that is no object and for a key that is none of these.
+  void onlykeys(std::initializer_list<const char*> keys) const;
+
+  struct Member;
+  std::vector<Member> members() const;  ///< of an object, in the order of the text
+  /// Elements of an array. @param name of one of them, in place of the array's: "entry" gives "entry 1"
+  std::vector<JsonNode> elements(const char* name) const;
+
+  const std::string& text() const;
+  double number() const;
+  bool isnull() const { return json_.is_null(); }
+  bool isarray() const { return json_.is_array(); }
+
+private:
+  std::string placeof(std::string_view name) const;
+
+  const Json& json_;
+  std::string place_;
+};
+
+struct JsonNode::Member {
+  std::string key;
+  JsonNode node;
+};
+
+/// A number to be written: without a decimal point if it is whole.
+Json jsonnumber(double number);
+
+}  // namespace moistair

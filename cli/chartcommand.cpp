@@ -9,18 +9,23 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "chart/drawchart.h"
 #include "chart/drawing.h"
-#include "cli/chartadditions.h"
+#include "cli/chartentries.h"
 #include "cli/command.h"
 #include "cli/drawingjson.h"
 #include "cli/fault.h"
 #include "cli/limitsoption.h"
+#include "cli/pressureoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
+#include "document/document.h"
+#include "document/documentfile.h"
 #include "paint/exports.h"
 
 namespace moistair {
@@ -29,19 +34,41 @@ namespace {
 
 struct ChartOptions {
   std::string output;
+  std::string from;
+  CLI::Option* fromoption = nullptr;
   ChartType type = ChartType::standard;
+  CLI::Option* typeoption = nullptr;
   LimitsOption limits;
   std::string size = std::to_string(defaultwidth) + "x" + std::to_string(defaultheight);
   std::string scale = "1";
   PressureOption pressure;
-  std::map<const CLI::Option*, const Addition*> additions;
+  std::map<const CLI::Option*, const EntryOption*> entries;
 };
 
-/// The format of a picture by the ending of its name; null for the drawing as data.
-const FileFormat* formatof(const std::string& path) {
-  if (const FileFormat* format = formatofname(path)) return format;
-  if (lowercase(path).ends_with(".json")) return nullptr;
-  throw badusage(path + ": the ending must be .svg .pdf .png .bmp or .json");
+/// What can be written as text: the drawing as data, and the document.
+struct TextFormat {
+  const char* ending;
+  std::string (*text)(const Document&, const Drawing&, const WindowSize&);
+};
+
+constexpr std::array<TextFormat, 2> textformats = {{
+    {".json",
+     [](const Document&, const Drawing& drawing, const WindowSize& size) { return drawingjson(drawing, size); }},
+    {documentending, [](const Document& document, const Drawing&, const WindowSize&) { return filetext(document); }},
+}};
+
+/// The kind of a file, told by the ending of its name: a picture or a text.
+struct OutputFormat {
+  const FileFormat* picture = nullptr;
+  const TextFormat* text = nullptr;
+};
+
+OutputFormat formatof(const std::string& path) {
+  if (const FileFormat* picture = formatofname(path)) return {picture, nullptr};
+  for (const TextFormat& text : textformats) {
+    if (lowercase(path).ends_with(text.ending)) return {nullptr, &text};
+  }
+  throw badusage(path + ": the ending must be .svg .pdf .png .bmp .json or .moistair");
 }
 
 /// "1366x768" [pixels].
@@ -69,17 +96,69 @@ double scaleof(const std::string& text, const FileFormat* format, QSize size) {
   return scale;
 }
 
-/// Draws what was asked for beyond the chart itself, in the order of the command line.
-void drawadditions(const ChartJob& job, const CLI::App& command, const ChartOptions& options) {
+/// A chart as the options ask for it, before anything is added.
+Document newchart(const ChartOptions& options) {
+  Document document;
+  document.pressure = pressureof(options.pressure);
+  const ChartLimits limits = limitsof(options.limits);
+  document.stand = standof(limits);
+  document.entries.push_back({{limits, document.pressure}, DrawnChart{options.type}});
+  return document;
+}
+
+std::string contentof(Input& input) {
+  constexpr std::size_t readsize = 64u << 10;
+  std::string content;
+  while (input.read(content, readsize)) {
+  }
+  return content;
+}
+
+/// A document from a file, on the limits and with the type that the options ask for.
+Document opened(Input& input, const ChartOptions& options) {
+  for (const CLI::Option* pressure : options.pressure.options) {
+    if (pressure->count() > 0) throw badusage(pressure->get_name() + ": a document stands for its own pressure");
+  }
+  ReadDocument read = readdocument(contentof(input));
+  if (!read.document) throw failure(input.name() + ": " + read.fault);
+  Document& document = *read.document;
+  if (options.limits.option->count() > 0) relimit(document, limitsof(options.limits));
+  for (Entry& entry : document.entries) {
+    auto* chart = std::get_if<DrawnChart>(&entry.content);
+    if (chart != nullptr && options.typeoption->count() > 0) chart->type = options.type;
+  }
+  return std::move(document);
+}
+
+/// What is out of the limits that were asked for is told, and the rest goes on.
+void tell(const std::vector<LeftOut>& leftout, const Input& input) {
+  for (const LeftOut& left : leftout) {
+    std::string text = input.name() + ": " + captionof(left.entry) + ": " + left.reason;
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
+    std::cerr << "moistair-cli: " << text << std::endl;
+  }
+}
+
+/// Adds what was asked for beyond that, in the order of the command line, and draws it over what is there.
+void addentries(Document& document, ChartCanvas& canvas, WindowSize window, const CLI::App& command,
+                const ChartOptions& options) {
   std::map<const CLI::Option*, std::size_t> done;
   for (const CLI::Option* option : command.parse_order()) {
-    const auto addition = options.additions.find(option);
-    if (addition == options.additions.end()) continue;
+    const auto found = options.entries.find(option);
+    if (found == options.entries.end()) continue;
+    const EntryOption& kind = *found->second;
     const std::string& value = option->results()[done[option]++];
     try {
-      addition->second->draw(job, value);
+      const Entry* chart = lastchart(document);
+      if (chart == nullptr) throw failure("there is no chart to add it to");
+      Entry entry = kind.make(chart->setting, window, value);
+      if (const char* message = draw(entry, canvas, window)) {
+        throw failure(kind.outside != nullptr ? kind.outside : message);
+      }
+      document.entries.push_back(std::move(entry));
     } catch (const Fault& fault) {
-      throw Fault(fault.code(), std::string(addition->second->option) + " " + value + ": " + fault.what());
+      throw Fault(fault.code(), std::string(kind.option) + " " + value + ": " + fault.what());
     }
   }
 }
@@ -106,28 +185,30 @@ QByteArray picturecontent(const Drawing& drawing, const FileFormat& format, QSiz
 }
 
 void runchart(const CLI::App& command, const ChartOptions& options) {
-  const FileFormat* format = formatof(options.output);
+  const OutputFormat format = formatof(options.output);
   const QSize size = pixelsof(options.size);
-  const double scale = scaleof(options.scale, format, size);
+  const double scale = scaleof(options.scale, format.picture, size);
   const WindowSize window{size.width() * twipsperpixel, size.height() * twipsperpixel};
-  const PlotArea area = plotarea(limitsof(options.limits), window);
-  const Pressure pressure = pressureof(options.pressure);
+  std::optional<Input> input;
+  if (options.fromoption->count() > 0) input.emplace(options.from);
+  Document document = input ? opened(*input, options) : newchart(options);
   RecordingCanvas canvas;
-  const ChartJob job{{canvas, area, pressure.atm}, pressure};
-  drawchart(job.chart, options.type, headerline(pressure.entry));
-  drawadditions(job, command, options);
-  const std::string content = format == nullptr ? drawingjson(canvas.drawing(), window)
-                                                : picturecontent(canvas.drawing(), *format, size, scale).toStdString();
-  Output output(options.output);
+  const std::vector<LeftOut> leftout = drawfitting(document, canvas, window);
+  addentries(document, canvas, window, command, options);
+  if (input) tell(leftout, *input);
+  const std::string content = format.text != nullptr
+                                  ? format.text->text(document, canvas.drawing(), window)
+                                  : picturecontent(canvas.drawing(), *format.picture, size, scale).toStdString();
+  Output output(options.output, input ? &*input : nullptr);
   output.write(content);
   output.close();
 }
 
-void addtype(CLI::App& command, ChartType& type) {
+CLI::Option* addtype(CLI::App& command, ChartType& type) {
   static const std::map<std::string, ChartType> names = {{"standard", ChartType::standard},
                                                          {"blank", ChartType::blank}};
   const auto choose = [&type](const std::string& name) { type = names.at(name); };
-  command
+  return command
       .add_option_function<std::string>("--type", choose,
                                         "with its families of lines or without; standard if not given")
       ->check(CLI::IsMember({"standard", "blank"}))
@@ -139,20 +220,25 @@ void addtype(CLI::App& command, ChartType& type) {
 void addchartcommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("chart", "Draw a psychrometric chart into a file");
   const auto options = std::make_shared<ChartOptions>();
-  command->add_option("-o,--output", options->output, "the file; .svg .pdf .png .bmp, or .json for the drawing as data")
+  command
+      ->add_option("-o,--output", options->output,
+                   "the file; .svg .pdf .png .bmp, .json for the drawing as data, or .moistair to go on with")
       ->required()
       ->type_name("FILE");
-  addtype(*command, options->type);
+  options->fromoption = command->add_option(
+      "--from", options->from, "a .moistair file to begin with in place of a new chart; - for standard input");
+  options->fromoption->type_name("FILE");
+  options->typeoption = addtype(*command, options->type);
   addlimits(*command, options->limits, "what the chart shows; 0,120,0,0.030 if not given");
   command->add_option("--size", options->size, "in pixels of 15 twips, 1366x768 if not given")
       ->type_name("WIDTHxHEIGHT");
   command->add_option("--scale", options->scale, "picture pixels to the pixel, for .png and .bmp")->type_name("NUMBER");
-  for (const Addition& addition : chartadditions) {
+  for (const EntryOption& entry : entryoptions) {
     CLI::Option* option = command->add_option(
-        addition.option, [](const CLI::results_t&) { return true; }, addition.description);
-    option->take_all()->allow_extra_args(false)->type_name(addition.valuename);
+        entry.option, [](const CLI::results_t&) { return true; }, entry.description);
+    option->take_all()->allow_extra_args(false)->type_name(entry.valuename);
     option->group("Lines and points (any number of each, drawn in the order given)");
-    options->additions[option] = &addition;
+    options->entries[option] = &entry;
   }
   addpressure(*command, options->pressure);
   command->callback([options, command] { runchart(*command, *options); });

@@ -66,7 +66,7 @@ bool ChartCommands::markpoint(const PairInput& input, const StatePoint& shown, c
                                      std::string(identification)}};
   entry.setting.limits = {};  // a list's text that is no number counts as 0
   moistair::readlimits(texts, entry.setting.limits);
-  if (!draw(entry, canvas_, window)) return false;
+  if (draw(entry, canvas_, window) != nullptr) return false;
   record(addition(document(), std::move(entry)));
   return true;
 }

@@ -1,6 +1,8 @@
 #include "document/document.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 #include "chart/scales.h"
 #include "mixing/mixingline.h"
@@ -10,7 +12,7 @@ namespace moistair {
 
 namespace {
 
-/// Draws what an entry holds with what it was drawn with.
+/// Draws what an entry holds with the limits and the pressure that it was drawn with.
 struct EntryDrawer {
   ChartCanvas& canvas;
   WindowSize window;
@@ -20,28 +22,29 @@ struct EntryDrawer {
   Chart chart() const { return {canvas, area(), setting.pressure.atm}; }
   std::string header() const { return headerline(setting.pressure.entry); }
 
-  bool operator()(const HeaderLine&) const {
+  const char* operator()(const HeaderLine&) const {
     printheader(canvas, window, header());
-    return true;
+    return nullptr;
   }
 
-  bool operator()(const DrawnChart& drawn) const {
+  const char* operator()(const DrawnChart& drawn) const {
     drawchart(chart(), drawn.type, header());
-    return true;
+    return nullptr;
   }
 
-  bool operator()(const PropertyLine& line) const { return drawline(chart(), line.kind, line.value); }
-
-  bool operator()(const MarkedPoint& point) const {
-    return markpoint(canvas, point.state, area(), point.identification);
+  const char* operator()(const PropertyLine& line) const {
+    return drawline(chart(), line.kind, line.value) ? nullptr : linenotfeasible;
   }
 
-  bool operator()(const MixingLine& line) const {
-    if (line.columns.size() != 3) return false;
+  const char* operator()(const MarkedPoint& point) const {
+    return markpoint(canvas, point.state, area(), point.identification) ? nullptr : pointoutoflimits;
+  }
+
+  const char* operator()(const MixingLine& line) const {
     MixingProblem problem;
-    problem.streams = {line.columns[0], line.columns[1]};
-    problem.mixed = line.columns[2];
-    return drawmixingline(canvas, problem, area()) == nullptr;
+    problem.streams = {line.columns.at(0), line.columns.at(1)};
+    problem.mixed = line.columns.at(2);
+    return drawmixingline(canvas, problem, area());
   }
 };
 
@@ -59,20 +62,47 @@ struct EntryCaption {
   std::string operator()(const MixingLine&) const { return "Mixture"; }
 };
 
+/// Clears the canvas and draws all, the background picture kept as such.
+/// @param after called with each entry, and with the message if it has drawn nothing
+template <class After>
+void drawentries(const Document& document, ChartCanvas& canvas, WindowSize window, const After& after) {
+  canvas.DropPicture();
+  canvas.Cls();
+  std::size_t drawn = 0;
+  for (const Entry& entry : document.entries) {
+    after(entry, draw(entry, canvas, window));
+    if (++drawn == document.background) canvas.KeepPicture();
+  }
+}
+
 }  // namespace
 
-bool draw(const Entry& entry, ChartCanvas& canvas, WindowSize window) {
+const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window) {
   return std::visit(EntryDrawer{canvas, window, entry.setting}, entry.content);
 }
 
 void draw(const Document& document, ChartCanvas& canvas, WindowSize window) {
-  canvas.DropPicture();
-  canvas.Cls();
-  for (std::size_t i = 0; i < document.entries.size(); ++i) {
-    if (i == document.background && i > 0) canvas.KeepPicture();
-    draw(document.entries[i], canvas, window);
+  drawentries(document, canvas, window, [](const Entry&, const char*) {});
+}
+
+std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window) {
+  std::vector<const char*> messages;
+  messages.reserve(document.entries.size());
+  drawentries(document, canvas, window, [&](const Entry&, const char* message) { messages.push_back(message); });
+  std::vector<Entry> kept;
+  std::vector<LeftOut> leftout;
+  std::size_t background = 0;
+  for (std::size_t i = 0; i < messages.size(); ++i) {
+    if (messages[i] != nullptr) {
+      leftout.push_back({std::move(document.entries[i]), messages[i]});
+    } else {
+      kept.push_back(std::move(document.entries[i]));
+      if (i < document.background) ++background;
+    }
   }
-  if (document.background == document.entries.size() && document.background > 0) canvas.KeepPicture();
+  document.entries = std::move(kept);
+  document.background = background;
+  return leftout;
 }
 
 Drawing drawingof(const Document& document, WindowSize window) {
@@ -93,6 +123,13 @@ const Entry* lastchart(const Document& document) {
   const auto ischart = [](const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); };
   const auto last = std::find_if(document.entries.rbegin(), document.entries.rend(), ischart);
   return last == document.entries.rend() ? nullptr : &*last;
+}
+
+void relimit(Document& document, const ChartLimits& limits) {
+  for (Entry& entry : document.entries) {
+    if (!std::holds_alternative<HeaderLine>(entry.content)) entry.setting.limits = limits;
+  }
+  if (standinglimits(document)) document.stand = standof(limits);
 }
 
 Document newdocument(const Pressure& pressure) {

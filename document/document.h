@@ -92,13 +92,23 @@ struct Document {
   ChartStand stand;            ///< the chart that counts as standing, and so decides what may be added
 };
 
-/// Draws one entry over what is on the canvas. False if it draws nothing, as a line or a point outside its limits does.
-bool draw(const Entry& entry, ChartCanvas& canvas, WindowSize window);
+/// Draws one entry over what is on the canvas and returns nullptr, or draws nothing and returns the message with which
+/// a command refuses it: a line, a point or a mixture outside its limits.
+const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window);
 
 /// Clears the canvas and draws all of a document, its background picture kept as such.
 void draw(const Document& document, ChartCanvas& canvas, WindowSize window);
 
-/// The same as a list of operations.
+/// An entry that was wanted on a chart and is not there.
+struct LeftOut {
+  Entry entry;
+  std::string reason;  ///< in the words for the user
+};
+
+/// The same, and takes out of the document what draws nothing with its limits and its pressure. Returns what it took.
+std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window);
+
+/// All of a document as a list of operations.
 Drawing drawingof(const Document& document, WindowSize window);
 
 /// The limits of the chart that counts as standing; none before the first and after a clearing.
@@ -106,6 +116,9 @@ std::optional<ChartLimits> standinglimits(const Document& document);
 
 /// The last chart in the list; null if there is none.
 const Entry* lastchart(const Document& document);
+
+/// All of a document on a chart with other limits. What lies outside them is still in it, and draws nothing.
+void relimit(Document& document, const ChartLimits& limits);
 
 /// A document after a change of pressure: the header line alone.
 Document newdocument(const Pressure& pressure);

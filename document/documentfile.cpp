@@ -153,9 +153,6 @@ Json jsonof(const Entry& entry, Setting& before) {
   return json;
 }
 
-/// A text is one of the program's, but a byte that is no UTF-8 must not keep a file from being written.
-std::string dumped(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
-
 /// A path as text, or byte for byte where it is none.
 Json jsonofpath(std::string_view path) {
   if (isutf8(path)) return std::string(path);
@@ -301,7 +298,7 @@ void checkplace(const JsonNode& node, const Entry& entry) {
     return checkdrawable(node, entry.setting.limits);
   }
   RecordingCanvas scratch;
-  if (!draw(entry, scratch, {1, 1})) node.fail("lies outside its limits");
+  if (draw(entry, scratch, {1, 1}) != nullptr) node.fail("lies outside its limits");
 }
 
 Entry entryof(const JsonNode& node, Setting& before) {
@@ -367,12 +364,12 @@ ReadDocument documentof(const JsonNode& root) {
 /// @param head members of the whole behind its format
 std::string written(const Document& document, const Json& head) {
   std::string text = "{\n\"format\": " + std::to_string(documentformat);
-  for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + dumped(value);
+  for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + jsontext(value);
   text += ",\n\"entries\": [";
   Setting before{{}, document.pressure};
   const char* separator = "\n";
   for (const Entry& entry : document.entries) {
-    text += std::exchange(separator, ",\n") + dumped(jsonof(entry, before));
+    text += std::exchange(separator, ",\n") + jsontext(jsonof(entry, before));
   }
   return text + "\n]\n}\n";
 }

@@ -169,4 +169,6 @@ Json jsonnumber(double number) {
   return whole ? Json(static_cast<std::int64_t>(number)) : Json(number);
 }
 
+std::string jsontext(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
+
 }  // namespace moistair

@@ -1,5 +1,6 @@
 /// \file
-/// Reading JSON with checks: a value that knows its place, and says what is wrong with it in the words of the user.
+/// JSON, written, and read with checks: a value that knows its place says what is wrong with it in the words of the
+/// user.
 #pragma once
 
 #include <initializer_list>
@@ -62,5 +63,8 @@ struct JsonNode::Member {
 
 /// A number to be written: without a decimal point if it is whole.
 Json jsonnumber(double number);
+
+/// A value in one line. A byte that is no UTF-8 must not keep a file from being written, and is replaced.
+std::string jsontext(const Json& json);
 
 }  // namespace moistair

@@ -4,9 +4,10 @@
 #include <variant>
 
 #include "cli/fault.h"
-#include "cli/numberformat.h"
 #include "cli/properties.h"
 #include "engine/value.h"
+#include "session/numberformat.h"
+#include "session/tablefield.h"
 
 namespace moistair {
 

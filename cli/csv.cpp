@@ -126,17 +126,4 @@ std::string_view fieldtext(std::string_view field, std::string& scratch) {
   return scratch;
 }
 
-void appendfield(std::string& out, std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
-    out += text;
-    return;
-  }
-  out += '"';
-  for (const char c : text) {
-    if (c == '"') out += '"';
-    out += c;
-  }
-  out += '"';
-}
-
 }  // namespace moistair

@@ -68,7 +68,4 @@ bool takerecord(std::string_view& text, CsvRecord& record);
 /// What a field says, without its quotes. `scratch` holds the text where a doubled quote had to go.
 std::string_view fieldtext(std::string_view field, std::string& scratch);
 
-/// Appends a field, in quotes where it needs them.
-void appendfield(std::string& out, std::string_view text);
-
 }  // namespace moistair

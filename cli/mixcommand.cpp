@@ -8,8 +8,8 @@
 #include "cli/command.h"
 #include "cli/format.h"
 #include "cli/mixoptions.h"
-#include "cli/numberformat.h"
 #include "cli/stream.h"
+#include "session/numberformat.h"
 
 namespace moistair {
 

@@ -11,10 +11,10 @@
 #include "cli/fault.h"
 #include "cli/format.h"
 #include "cli/limitsoption.h"
-#include "cli/numberformat.h"
 #include "cli/pressureoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
+#include "session/numberformat.h"
 
 namespace moistair {
 

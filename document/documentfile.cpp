@@ -334,8 +334,7 @@ void checkformat(const JsonNode& root) {
   if (!format) root.fail("this is no chart of Moistair: \"format\" is missing");
   const double number = format->number();
   if (number > documentformat) {
-    format->fail("the file was written by a later version of the program, whose format " + numbertext(number) +
-                 " this one does not know");
+    format->fail("the file was written by a later version of the program (format " + numbertext(number) + ")");
   }
   if (number != documentformat) format->fail("must be " + std::to_string(documentformat));
 }

@@ -1,4 +1,5 @@
 #include "cli/csv.h"
+#include "session/tablefield.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

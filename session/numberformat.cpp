@@ -1,4 +1,4 @@
-#include "cli/numberformat.h"
+#include "session/numberformat.h"
 
 #include <array>
 #include <charconv>

@@ -1,5 +1,5 @@
 /// \file
-/// How the headless tool writes numbers for other programs to read.
+/// Numbers written for other programs to read: by the headless tool, and in tables.
 ///
 /// Seven decimals are those that the windows show, with a zero before the point, since not every reader takes ".5", and
 /// with -1, which a window leaves blank. A round-trip number has as few digits as give the same double back. No value

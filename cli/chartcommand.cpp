@@ -1,12 +1,8 @@
 /// \file
 /// `moistair-cli chart -o chart.svg`: a chart as a file, without a window and without a display.
 #include <CLI/CLI.hpp>
-#include <QGuiApplication>
-#include <QSize>
-#include <array>
+#include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <iostream>
 #include <map>
 #include <memory>
 #include <optional>
@@ -21,12 +17,12 @@
 #include "cli/drawingjson.h"
 #include "cli/fault.h"
 #include "cli/limitsoption.h"
+#include "cli/picture.h"
 #include "cli/pressureoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
 #include "document/document.h"
 #include "document/documentfile.h"
-#include "paint/exports.h"
 
 namespace moistair {
 
@@ -59,40 +55,42 @@ constexpr std::array<TextFormat, 2> textformats = {{
 
 /// The kind of a file, told by the ending of its name: a picture or a text.
 struct OutputFormat {
-  const FileFormat* picture = nullptr;
+  std::optional<Painter> picture;
   const TextFormat* text = nullptr;
 };
 
 OutputFormat formatof(const std::string& path) {
-  if (const FileFormat* picture = formatofname(path)) return {picture, nullptr};
   for (const TextFormat& text : textformats) {
-    if (lowercase(path).ends_with(text.ending)) return {nullptr, &text};
+    if (lowercase(path).ends_with(text.ending)) return {std::nullopt, &text};
   }
+  const Painter painter = painterofname(path);
+  if (painter.format != nullptr) return {painter, nullptr};
   throw badusage(path + ": the ending must be .svg .pdf .png .bmp .json or .moistair");
 }
 
 /// "1366x768" [pixels].
-QSize pixelsof(const std::string& text) {
+PictureSize pixelsof(const std::string& text) {
   const auto parts = splitat(text, 'x');
   const auto side = [](std::string_view part) {
     const double number = strictnumber(part);
     return number >= 1 && number <= 10000 && number == std::floor(number) ? static_cast<int>(number) : 0;
   };
-  const QSize size = parts.size() == 2 ? QSize(side(parts[0]), side(parts[1])) : QSize(0, 0);
-  if (size.isEmpty()) throw badusage("size must be two whole numbers from 1 to 10000 such as 1366x768");
+  const PictureSize size = parts.size() == 2 ? PictureSize{side(parts[0]), side(parts[1])} : PictureSize{0, 0};
+  if (size.width == 0 || size.height == 0) {
+    throw badusage("size must be two whole numbers from 1 to 10000 such as 1366x768");
+  }
   return size;
 }
 
-double scaleof(const std::string& text, const FileFormat* format, QSize size) {
+double scaleof(const std::string& text, bool pixels, PictureSize size) {
   constexpr double mostpixels = 100e6;
   const double scale = numberof(text, "scale");
-  const bool pixels = format != nullptr && format->pixels;
   if (!pixels && scale != 1) throw badusage("scale is for .png and .bmp; the others are sharp at any size");
   if (!(scale >= 0.1 && scale <= 10)) throw badusage("scale must be from 0.1 to 10");
-  if (pixels && size.width() * scale * size.height() * scale > mostpixels) {
+  if (pixels && size.width * scale * size.height * scale > mostpixels) {
     throw badusage("a picture of more than 100 million pixels is too large");
   }
-  if (pixels && (size * scale).isEmpty()) throw badusage("a picture of no pixels is too small");
+  if (pixels && std::min(size.width, size.height) * scale < 0.5) throw badusage("a picture of no pixels is too small");
   return scale;
 }
 
@@ -163,32 +161,19 @@ void addentries(Document& document, ChartCanvas& canvas, WindowSize window, cons
   }
 }
 
-/// What the toolkit has to say is of no use to who wants a file, but what ends the process is said.
-void quiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (type != QtFatalMsg) return;
-  std::cerr << "moistair-cli: " << text.section(QLatin1Char('\n'), 0, 0).toStdString() << std::endl;
-  std::_Exit(static_cast<int>(ExitCode::failure));
-}
+WindowSize windowof(PictureSize size) { return {size.width * twipsperpixel, size.height * twipsperpixel}; }
 
-/// The contents of a picture. Text is painted with the fonts of a platform that needs no display.
-QByteArray picturecontent(const Drawing& drawing, const FileFormat& format, QSize size, double scale) {
-  qInstallMessageHandler(quiet);
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QGuiApplication::setDesktopSettingsAware(false);
-  std::string name = "moistair-cli";
-  std::array<char*, 2> arguments = {name.data(), nullptr};
-  int count = 1;
-  const QGuiApplication application(count, arguments.data());
-  const QByteArray content = format.content(drawing, size, scale);
-  if (content.isEmpty()) throw failure("there is not enough memory for the picture");
-  return content;
+std::string picture(const Painter& painter, const Drawing& drawing, PictureSize size, double scale) {
+  std::string contents = painter.contents(*painter.format, drawing, size, scale);
+  if (contents.empty()) throw failure("there is not enough memory for the picture");
+  return contents;
 }
 
 void runchart(const CLI::App& command, const ChartOptions& options) {
   const OutputFormat format = formatof(options.output);
-  const QSize size = pixelsof(options.size);
-  const double scale = scaleof(options.scale, format.picture, size);
-  const WindowSize window{size.width() * twipsperpixel, size.height() * twipsperpixel};
+  const PictureSize size = pixelsof(options.size);
+  const double scale = scaleof(options.scale, format.picture && format.picture->pixels, size);
+  const WindowSize window = windowof(size);
   std::optional<Input> input;
   if (options.fromoption->count() > 0) input.emplace(options.from);
   Document document = input ? opened(*input, options) : newchart(options);
@@ -196,11 +181,10 @@ void runchart(const CLI::App& command, const ChartOptions& options) {
   const std::vector<LeftOut> leftout = drawfitting(document, canvas, window);
   addentries(document, canvas, window, command, options);
   if (input) tell(leftout, *input);
-  const std::string content = format.text != nullptr
-                                  ? format.text->text(document, canvas.drawing(), window)
-                                  : picturecontent(canvas.drawing(), *format.picture, size, scale).toStdString();
+  const std::string bytes = format.text != nullptr ? format.text->text(document, canvas.drawing(), window)
+                                                   : picture(*format.picture, canvas.drawing(), size, scale);
   Output output(options.output, input ? &*input : nullptr);
-  output.write(content);
+  output.write(bytes);
   output.close();
 }
 

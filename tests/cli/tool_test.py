@@ -285,6 +285,19 @@ class Chart(ToolTest):
         for arguments, header in ((["--psi", "14.7"], "Atmos. pr=14.7 Pounds/sq inch"), ([], "Atmos. pr=29.92126 In Hg")):
             self.assertIn(header, [op.get("text") for op in self.drawing(*arguments)["ops"]])
 
+    def test_the_toolkit_is_there_for_pictures_alone(self):
+        """Linked into the tool by whatever library, it would cost every state its start-up."""
+        alone = self.folder / "moistair-cli"
+        shutil.copy(TOOL, alone)
+        loaded = subprocess.run([alone], env={"LD_TRACE_LOADED_OBJECTS": "1"}, stdout=subprocess.PIPE, check=True).stdout
+        self.assertIn(b"libc.so", loaded)
+        self.assertNotIn(b"libQt", loaded)
+        for arguments in (["state", "db=75", "wb=62.5"], ["chart", "-o", "c.json"]):
+            self.assertEqual(subprocess.run([alone, *arguments], cwd=self.folder, stdout=subprocess.PIPE).returncode, 0)
+        done = subprocess.run([alone, "chart", "-o", "c.svg"], cwd=self.folder, stderr=subprocess.PIPE)
+        self.assert_refused(done, 1, "the part that paints cannot be loaded")
+        self.assertFalse((self.folder / "c.svg").exists())
+
     def test_files_of_every_kind(self):
         for ending, begins in ((".svg", b"<?xml"), (".pdf", b"%PDF"), (".png", b"\x89PNG"), (".BMP", b"BM")):
             with self.subTest(ending):

@@ -1,0 +1,36 @@
+/// \file
+/// Pictures for the headless tool, which is linked to no toolkit.
+///
+/// A toolkit takes longer to start than a state to find. So what paints is a module of its own, built around the room
+/// `paint` and loaded when the first picture is asked for. Tool and module come from one build and share its types.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "chart/drawing.h"
+
+namespace moistair {
+
+struct FileFormat;  ///< a kind of picture file; only the module knows more
+
+struct PictureSize {
+  int width, height;  ///< [logical pixels]
+};
+
+/// What the module does for one kind of file.
+struct Painter {
+  const FileFormat* format = nullptr;
+  bool pixels = false;  ///< whether `scale` counts
+  /// The contents of the file; empty if they could not be made.
+  std::string (*contents)(const FileFormat& format, const Drawing& drawing, PictureSize size, double scale) = nullptr;
+};
+
+/// What the module exports: a painter by the ending of a file's name, one without a format for any other ending.
+using PainterFunction = Painter (*)(std::string_view name);
+inline constexpr const char* painterfunction = "moistair_painterofname";
+
+/// Asks the module. A failure if it does not stand beside the tool as it was built or installed.
+Painter painterofname(std::string_view name);
+
+}  // namespace moistair

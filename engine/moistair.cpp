@@ -1,13 +1,11 @@
 #include "engine/moistair.h"
 
 #include "engine/value.h"
+#include "engine/vaporterms.h"
 
 namespace moistair {
 
 namespace {
-
-/// Molar mass of water over that of dry air.
-constexpr double massratio = 0.62198;
 
 /// kPa to in Hg, as the standard atmosphere in both units.
 constexpr double inhg_of_kpa(double kilopascals) { return kilopascals * defaultpressure / 101.325; }
@@ -30,16 +28,16 @@ double log10(double number) {
 }
 
 double psychro_pvs(double temp) {
-  const double kelvin = (temp + 459.67) * 0.555556;
+  const double kelvin = kelvinof(temp);
   if (!(kelvin > 0)) return novalue;
-  const double lnp = kelvin < 273.15 ? ln_pvs_over_ice(kelvin) : ln_pvs_over_water(kelvin);
+  const double lnp = kelvin < icepoint ? ln_pvs_over_ice(kelvin) : ln_pvs_over_water(kelvin);
   if (!hasvalue(lnp)) return novalue;
   return valueof(inhg_of_kpa(std::exp(lnp)));
 }
 
 double psychro_pv1(double db, double wb, double atm) {
   const double ps = psychro_pvs(wb);
-  if (wb <= 32) return valueof(ps - (0.0005704 * atm * (db - wb)) / 1.8);
+  if (wb <= icewetbulb) return valueof(ps - (0.0005704 * atm * (db - wb)) / 1.8);
   const double ws = quotient(ps, atm - ps) * massratio;
   const double c = 0.24 + 0.441 * ws;
   const double d = 1093.049 + 0.441 * (db - wb);
@@ -50,26 +48,18 @@ double psychro_pv1(double db, double wb, double atm) {
 double psychro_dp(double this_pv) {
   if (!(this_pv > 0)) return novalue;
   const double a = std::log(this_pv);
-  if (this_pv < 0.18036) return valueof(71.98 + 24.873 * a + 0.8927 * (a * a));
-  return valueof(79.047 + 30.579 * a + 1.8893 * (a * a));
+  return valueof((this_pv < formsmeet ? frostpoint : waterpoint).at(a));
 }
 
-double psychro_w(double db, double wb, double atm) {
-  const double pv = psychro_pv1(db, wb, atm);
-  return quotient(massratio * pv, atm - pv);
-}
+double psychro_w(double db, double wb, double atm) { return ratioofpressure(psychro_pv1(db, wb, atm), atm); }
 
-double psychro_h(double db, double wb, double atm) {
-  return valueof(0.24 * db + (1061 + 0.444 * db) * psychro_w(db, wb, atm));
-}
+double psychro_h(double db, double wb, double atm) { return enthalpyofratio(db, psychro_w(db, wb, atm)); }
 
 double psychro_rh(double db, double wb, double atm) {
   return quotient(100 * psychro_pv1(db, wb, atm), psychro_pvs(db));
 }
 
-double psychro_v(double db, double wb, double atm) {
-  return quotient((0.754 * (db + 459.7)) * (1 + (7000 * psychro_w(db, wb, atm)) / 4360), atm);
-}
+double psychro_v(double db, double wb, double atm) { return volumeofratio(db, psychro_w(db, wb, atm), atm); }
 
 double psychro_wrh(double db, double rh, double atm) {
   const double d = (psychro_pvs(db) * 0.03342105 * rh) / 100;

@@ -44,6 +44,13 @@ const char* nameof(PropertyKind kind) { return kindnames[static_cast<std::size_t
 double& StatePoint::at(PropertyKind kind) { return this->*fieldof(kind); }
 double StatePoint::at(PropertyKind kind) const { return this->*fieldof(kind); }
 
+Limits boundof(PropertyKind kind) {
+  for (const StateBound& bound : statebounds) {
+    if (bound.kind == kind) return bound.limits;
+  }
+  return {-unbounded, unbounded};
+}
+
 std::optional<StateBound> brokenbound(const StatePoint& point) {
   for (const StateBound& bound : statebounds) {
     if (!bound.limits.accept(point.at(bound.kind))) return bound;

@@ -64,6 +64,9 @@ struct StateBound {
   Limits limits;
 };
 
+/// The bound on a kind's values in a state; the dew point has none.
+Limits boundof(PropertyKind kind);
+
 /// The first bound that a state breaks, those that tell most coming first; none for a state that can be shown.
 std::optional<StateBound> brokenbound(const StatePoint& point);
 

@@ -1,0 +1,59 @@
+/// \file
+/// The equations of moistair.h in terms of dry bulb and vapour pressure, and each of them run backwards.
+///
+/// All properties but the wet bulb follow from the dry bulb and the vapour pressure alone. The property functions are
+/// made of these terms, and `answers` solves them for what is not given, so no constant stands in two places. Units are
+/// those of moistair.h; there is no value for a division by zero.
+#pragma once
+
+#include "engine/value.h"
+
+namespace moistair {
+
+/// Temperature as the saturation pressure takes it [K], and where its equation changes from ice to water.
+inline double kelvinof(double temp) { return (temp + 459.67) * 0.555556; }
+inline constexpr double icepoint = 273.15;
+
+/// The wet bulb up to which the psychrometer equation over ice holds [deg F].
+inline constexpr double icewetbulb = 32;
+
+/// Molar mass of water over that of dry air.
+inline constexpr double massratio = 0.62198;
+
+inline double ratioofpressure(double pv, double atm) { return quotient(massratio * pv, atm - pv); }
+inline double pressureofratio(double w, double atm) { return valueof(atm * quotient(w, massratio + w)); }
+
+inline double enthalpyofratio(double db, double w) { return valueof(0.24 * db + (1061 + 0.444 * db) * w); }
+inline double ratioofenthalpy(double db, double h) { return quotient(h - 0.24 * db, 1061 + 0.444 * db); }
+inline double drybulbofenthalpy(double h, double w) { return quotient(h - 1061 * w, 0.24 + 0.444 * w); }
+
+inline double volumeofratio(double db, double w, double atm) {
+  return quotient((0.754 * (db + 459.7)) * (1 + (7000 * w) / 4360), atm);
+}
+inline double ratioofvolume(double db, double v, double atm) {
+  return quotient((v * atm - 0.754 * (db + 459.7)) * 4360, (0.754 * (db + 459.7)) * 7000);
+}
+inline double drybulbofvolume(double v, double w, double atm) {
+  return valueof(quotient(v * atm, 0.754 * (1 + (7000 * w) / 4360)) - 459.7);
+}
+
+/// One of the two forms of the dew point, a quadratic in the logarithm a of the vapour pressure.
+struct DewPointForm {
+  double constant, linear, square;
+
+  double at(double a) const { return constant + linear * a + square * (a * a); }
+  /// Where it turns: no dew point is below the one there.
+  double turn() const { return -linear / (2 * square); }
+  /// The a of a dew point, on the side on which the dew point rises. No value below the turn.
+  double of(double dewpoint) const {
+    return quotient(std::sqrt(linear * linear - 4 * square * (constant - dewpoint)) - linear, 2 * square);
+  }
+};
+
+inline constexpr DewPointForm frostpoint{71.98, 24.873, 0.8927};
+inline constexpr DewPointForm waterpoint{79.047, 30.579, 1.8893};
+
+/// The vapour pressure from which on the second form holds [in Hg].
+inline constexpr double formsmeet = 0.18036;
+
+}  // namespace moistair

@@ -50,6 +50,13 @@ def lines(operations):
             end = operation["x2"], operation["y2"], colour
 
 
+def same(line, recorded):
+    """Whether a line is the recorded one, give or take the hundredth of a pixel that another C library may move it."""
+    pairs = list(zip(line.split(" "), recorded.split(" ")))
+    return line.count(" ") == recorded.count(" ") and all(a == b or a[-3:-2] == b[-3:-2] == "." and
+                                                          abs(float(a) - float(b)) < 0.15 for a, b in pairs)
+
+
 def drawn(tool, head):
     with tempfile.TemporaryDirectory() as folder:
         path = pathlib.Path(folder) / "drawing.json"

@@ -1,6 +1,7 @@
 /// \file
 /// The digits that a user reads, row by row: every pair at five pressures, both sides of freezing, saturation, the gap
-/// of the dew point, every limit, what is refused and why, and mixtures of two streams.
+/// of the dew point, every limit, what is refused and why; the ranges searched, mixtures of two streams, entries of the
+/// pressure.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -35,6 +36,7 @@ void compare(const Table& table, std::size_t expectedrows) {
 
 TEST(Digits, OfStatesAreThoseRecorded) { compare(states, 1000); }
 TEST(Digits, OfSearchedRangesAreThoseRecorded) { compare(ranges, 50); }
+TEST(Digits, OfPressuresAreThoseRecorded) { compare(pressures, 30); }
 TEST(Digits, OfMixturesAreThoseRecorded) { compare(mixtures, 100); }
 
 }  // namespace

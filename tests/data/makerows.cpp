@@ -1,10 +1,10 @@
 /// \file
-/// Completes the rows of states.csv, ranges.csv and mixtures.csv anew from their given fields. README.md beside it says
+/// Completes the rows of the recorded tables anew from their given fields. README.md beside it says
 /// when that is right.
 ///
 ///   makerows FOLDER
 ///
-/// A row that hangs on the last bit of the C library's exp and log is left out: this program is linked so that all
+/// A row that hangs on the last bit of the C library's exp, log and pow is left out: this program is linked so that all
 /// their results pass through here, and completes each row again with them moved by one unit in the last place.
 #include <bit>
 #include <cmath>
@@ -17,8 +17,10 @@
 extern "C" {
 double __real_exp(double);
 double __real_log(double);
+double __real_pow(double, double);
 double __wrap_exp(double);
 double __wrap_log(double);
+double __wrap_pow(double, double);
 }
 
 namespace {
@@ -41,6 +43,7 @@ double nudged(double argument, double result, int function) {
 
 double __wrap_exp(double x) { return nudged(x, __real_exp(x), 0); }
 double __wrap_log(double x) { return nudged(x, __real_log(x), 1); }
+double __wrap_pow(double x, double y) { return nudged(x, __real_pow(x, y), 0); }
 
 namespace moistair::data {
 namespace {
@@ -76,5 +79,5 @@ void makeanew(const Table& table, const std::string& folder) {
 
 int main(int argc, char** argv) {
   using namespace moistair::data;
-  for (const Table& table : {states, ranges, mixtures}) makeanew(table, argc > 1 ? argv[1] : ".");
+  for (const Table& table : {states, ranges, mixtures, pressures}) makeanew(table, argc > 1 ? argv[1] : ".");
 }

@@ -1,5 +1,5 @@
 /// \file
-/// The rows of states.csv, ranges.csv and mixtures.csv: what is given, and behind it what the program makes of that.
+/// The rows of the recorded tables: what is given, and behind it what the program makes of that.
 ///
 /// The test and the generator share `completed`, which takes the given fields of a row and returns the whole row anew.
 #pragma once
@@ -126,6 +126,24 @@ inline void completerange(Fields& row) {
   if (range) row.push_back(numbertext(range->high));
 }
 
+/// What the pressure window shows of an entry whose read-outs were "a", "b" and "c" before, and what it comes to.
+inline void completepressure(Fields& row) {
+  std::optional<PressureUnit> unit;
+  for (int i = 0; i < 4; ++i) {
+    if (row[0] == std::array{"default", "inhg", "psi", "elevation"}[static_cast<std::size_t>(i)])
+      unit = pressureunitat(i);
+  }
+  const PressureEntry entry{unit, row[1]};
+  const PressureReadouts readouts = pressurereadouts(entry, {"a", "b", "c"});
+  const PressureSetting setting = pressurefor(entry);
+  for (const std::string& text : {readouts.inhg, readouts.psi, readouts.feet}) row.push_back(text);
+  row.push_back(setting.inhg.value_or("kept"));
+  row.push_back(setting.accepted ? "accepted" : "refused");
+  for (const std::string& text : {headerline(entry), pressurecaption(entry), pressureshown(entry)}) row.push_back(text);
+}
+
+inline constexpr Table pressures{"pressures.csv", "unit,entry,inhg,psi,feet,stored,outcome,header,caption,shown", 2,
+                                 completepressure};
 inline constexpr Table ranges{"ranges.csv", "pressure,chart,kind,line,low,high", 4, completerange};
 inline constexpr Table states{
     "states.csv", "pressure,chart,kind1,value1,kind2,value2,outcome,iterations,db,wb,rh,w,h,dp,v,pv", 6, completestate};

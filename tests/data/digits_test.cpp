@@ -4,7 +4,9 @@
 /// pressure.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <fstream>
+#include <locale>
 
 #include "data/rows.h"
 
@@ -37,7 +39,21 @@ void compare(const Table& table, std::size_t expectedrows) {
 TEST(Digits, OfStatesAreThoseRecorded) { compare(states, 1000); }
 TEST(Digits, OfSearchedRangesAreThoseRecorded) { compare(ranges, 50); }
 TEST(Digits, OfPressuresAreThoseRecorded) { compare(pressures, 30); }
+TEST(Digits, OfNumbersAreThoseRecorded) { compare(numbers, 70); }
 TEST(Digits, OfMixturesAreThoseRecorded) { compare(mixtures, 100); }
+
+struct Comma : std::numpunct<char> {
+  char do_decimal_point() const override { return ','; }
+};
+
+TEST(Digits, AreTheSameInALocaleWithADecimalComma) {
+  const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Comma));
+  std::setlocale(LC_ALL, "de_DE.UTF-8");  // for the C library, where the machine has it
+  compare(numbers, 70);
+  compare(pressures, 30);
+  std::locale::global(before);
+  std::setlocale(LC_ALL, "C");
+}
 
 }  // namespace
 }  // namespace moistair::data

@@ -79,5 +79,5 @@ void makeanew(const Table& table, const std::string& folder) {
 
 int main(int argc, char** argv) {
   using namespace moistair::data;
-  for (const Table& table : {states, ranges, mixtures, pressures}) makeanew(table, argc > 1 ? argv[1] : ".");
+  for (const Table& table : {states, ranges, mixtures, pressures, numbers}) makeanew(table, argc > 1 ? argv[1] : ".");
 }

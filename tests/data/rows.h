@@ -4,6 +4,8 @@
 /// The test and the generator share `completed`, which takes the given fields of a row and returns the whole row anew.
 #pragma once
 
+#include <iomanip>
+#include <locale>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -11,6 +13,7 @@
 #include "chart/chartfinders.h"
 #include "engine/openfinders.h"
 #include "engine/resolver.h"
+#include "engine/value.h"
 #include "mixing/mixingproblem.h"
 
 namespace moistair::data {
@@ -126,6 +129,24 @@ inline void completerange(Fields& row) {
   if (range) row.push_back(numbertext(range->high));
 }
 
+/// A typed text read as a number, or a number shown as text.
+inline void completenumber(Fields& row) {
+  const auto precise = [](double number) {
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << std::setprecision(17) << number;
+    return hasvalue(number) ? text.str() : "none";
+  };
+  const std::string& way = row[0];
+  const double number = strictnumber(row[1]);
+  row.push_back(way == "strict"    ? precise(number)
+                : way == "lenient" ? precise(lenientnumber(row[1]))
+                : way == "shown"   ? showvalue(number)
+                : way == "text"    ? numbertext(number)
+                : way == "four"    ? fourdecimals(number)
+                                   : printednumber(number));
+}
+
 /// What the pressure window shows of an entry whose read-outs were "a", "b" and "c" before, and what it comes to.
 inline void completepressure(Fields& row) {
   std::optional<PressureUnit> unit;
@@ -142,6 +163,7 @@ inline void completepressure(Fields& row) {
   for (const std::string& text : {headerline(entry), pressurecaption(entry), pressureshown(entry)}) row.push_back(text);
 }
 
+inline constexpr Table numbers{"numbers.csv", "way,given,result", 2, completenumber};
 inline constexpr Table pressures{"pressures.csv", "unit,entry,inhg,psi,feet,stored,outcome,header,caption,shown", 2,
                                  completepressure};
 inline constexpr Table ranges{"ranges.csv", "pressure,chart,kind,line,low,high", 4, completerange};

@@ -16,6 +16,7 @@ Drawing sample() {
   RecordingCanvas canvas;
   canvas.Line(150, 1500, 3000, 1500);
   canvas.Line(1500, 150, 1500, 2850, colors::majorline);
+  canvas.Line(2400, 150, 2400, 2850, colors::relativehumidity);
   canvas.Circle(600, 600, 40, colors::pointmark);
   canvas.MoveTo(150, 150);
   canvas.Print("Atmos. pr=29.92126 In Hg");
@@ -44,6 +45,9 @@ TEST(Picture, HasCrispLinesAtEveryScale) {
     ASSERT_EQ(image.size(), size * scale);
     const QRect acrossthevertical(80 * scale, 150 * scale, 40 * scale, 1);
     EXPECT_EQ(count(image, acrossthevertical, QColor(0, 0, 255)), scale);
+    const QRect acrossthegreen(150 * scale, 150 * scale, 40 * scale, 1);
+    EXPECT_EQ(count(image, acrossthegreen, QColor(0, 128, 0)), scale);
+    EXPECT_GT(count(image, QRect(36, 36, 8, 8), QColor(255, 0, 0)) + (scale - 1), 0) << "the mark is not red";
     const QRect acrossthehorizontal(150 * scale, 80 * scale, 1, 40 * scale);
     EXPECT_EQ(count(image, acrossthehorizontal, Qt::black), scale);
     EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));

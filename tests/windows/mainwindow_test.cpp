@@ -29,22 +29,13 @@ TEST(StartUp, LeavesThePressureWindowInFrontOfAnEmptyChart) {
   EXPECT_EQ(program.file("temp.txt"), "\r\n");
   EXPECT_FALSE(control<QWidget>(program.window, "Command2").isEnabled());
   EXPECT_EQ(program.row(), "||||||||");
-  const struct {
-    const char* list;
-    const char* start;
-    int items;
-  } lists[] = {{"Combo1", "Dry bulb temp, Deg F", 7},
-               {"Combo2", "Wet bulb temp, Deg F", 7},
-               {"Combo3", "0", 13},
-               {"Combo4", "120", 13},
-               {"Combo5", "0", 4},
-               {"Combo6", "0.030", 4}};
-  for (const auto& list : lists) {
-    auto& box = control<ListBox>(program.window, list.list);
-    EXPECT_EQ(box.currentText().toStdString(), list.start);
-    EXPECT_EQ(box.count(), list.items);
-    EXPECT_TRUE(box.isEditable());
+  std::string lists;
+  for (const char* name : {"Combo1", "Combo2", "Combo3", "Combo4", "Combo5", "Combo6"}) {
+    auto& list = control<ListBox>(program.window, name);
+    EXPECT_TRUE(list.isEditable());
+    lists += list.currentText().toStdString() + " of " + std::to_string(list.count()) + "|";
   }
+  EXPECT_EQ(lists, "Dry bulb temp, Deg F of 7|Wet bulb temp, Deg F of 7|0 of 13|120 of 13|0 of 4|0.030 of 4|");
 }
 
 TEST(StartUp, AsksAboutASmallScreen) {
@@ -193,10 +184,6 @@ TEST(Point, TravelsFromKeyToLog) {
 
   const std::string log = program.file("temp.txt");
   EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1 + 12) << "the empty line and one record";
-  const SaveAnswer save(program.path("copy.txt"));
-  click(program.window, "Command2");
-  EXPECT_EQ(answers.lasttext(), "You saved the files as  " + program.path("copy.txt").toStdString());
-  EXPECT_EQ(program.file("copy.txt"), log);
 }
 
 TEST(Point, IsMarkedWithWhatWasTypedOrNotAtAll) {
@@ -217,21 +204,14 @@ TEST(Point, IsMarkedWithWhatWasTypedOrNotAtAll) {
 TEST(SavedChart, IsABitmapAndBecomesTheBackground) {
   Program program(Program::OnChart);
   const std::size_t chart = program.operations().size();
-  BoxAnswers answers;
-  {
-    const SaveAnswer save(program.path("chart.png"));
-    click(program.window, "Command11");
-    EXPECT_EQ(save.filters, "BMP File (*.bmp)|AllFiles (*.*)");
-  }
+  const BoxAnswers answers;
+  const SaveAnswer save(program.path("chart.png"));
+  click(program.window, "Command11");
+  EXPECT_EQ(save.filters, "BMP File (*.bmp)|AllFiles (*.*)");
   EXPECT_EQ(QImage(program.path("chart.png"), "BMP").size(), control<GraphView>(program.window, "graph").size());
   select(program.window, "Combo4", 8);
   program.open("Command3", "Form6").close();
   EXPECT_EQ(program.operations().size(), chart) << "clearing returns to the saved chart";
-
-  const SaveAnswer cancelled{QString()};
-  click(program.window, "Command11");
-  EXPECT_EQ(answers.lasttext(), "Dialog Cancelled");
-  EXPECT_EQ(cancelled.offered, "chart.png") << "the name of the last use";
 }
 
 TEST(EarlierSessions, AreListedAndRead) {

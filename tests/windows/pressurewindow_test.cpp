@@ -1,23 +1,10 @@
+// What the window does with an entry; what an entry comes to is recorded in pressures.csv.
 #include "windows/pressurewindow.h"
 
 #include "support.h"
 
 using namespace moistair;
 using namespace moistair::windowtest;
-
-namespace {
-
-constexpr int typedunit = -1;  ///< the list holds a text that is no unit
-
-void choose(PressureWindow& window, int unit) {
-  if (unit == typedunit) {
-    control<ListBox>(window, "Combo1").setEditText(QStringLiteral("fathoms"));
-  } else {
-    select(window, "Combo1", unit);
-  }
-}
-
-}  // namespace
 
 TEST(PressureWindow, OpensOnTheDefault) {
   PressureWindow window(nullptr);
@@ -29,67 +16,50 @@ TEST(PressureWindow, OpensOnTheDefault) {
   EXPECT_EQ(control<ListBox>(window, "Combo1").currentText().toStdString(), "Default");
 }
 
-TEST(PressureWindow, WordsAndReadoutsFollowTheUnitAndTheTyping) {
+TEST(PressureWindow, FollowsTheUnitAndTheTypingAndSetsWhatItAccepts) {
+  PressureWindow window(nullptr);
+  std::string written;
+  std::vector<PressureEntry> set;
+  QObject::connect(&window, &PressureWindow::pressurewritten, &window,
+                   [&](const std::string& inhg) { written += inhg + "|"; });
+  QObject::connect(&window, &PressureWindow::pressureset, &window,
+                   [&](const PressureEntry& entry) { set.push_back(entry); });
+  const BoxAnswers boxes(QMessageBox::Yes);
   const struct {
     const char* name;
-    int unit;
-    const char* typed;  ///< none: the unit is chosen and nothing typed
-    const char *entryunit, *hint, *readouts;
+    int unit;  ///< -1: a text that is none
+    const char *typed, *words, *readouts, *written;
+    std::size_t boxes, set;
   } steps[] = {
-      {"pounds", 2, "14.7", "Pounds/sq inch", "(2.9 - 72.5)", "29.9295087|14.7||"},
-      {"elevation", 3, "5000", "Elevation in feet", "(0 - 38650)", "24.8961078291965|12.227825434352|5000|"},
-      {"default again, the elevation stays", 0, nullptr, "Inches of Hg", "", "29.92126|14.695949526166|5000|"},
-      {"typed unit", typedunit, "31", "Inches of Hg", "", "29.92126|14.695949526166|5000|"},
+      {"inches", 1, "30abc", "Inches of Hg|(5.906 - 147.65)", "30abc|14.734623||", "30abc|", 1, 1},
+      {"refused, but stored", 2, "2.89", "Pounds/sq inch|(2.9 - 72.5)", "5.88410069|2.89||", "5.88410069|", 3, 1},
+      {"elevation", 3, "5000", "Elevation in feet|(0 - 38650)", "24.8961078291965|12.227825434352|5000|",
+       "24.8961078291965|", 4, 2},
+      {"nothing to store", 3, "1e300", "Elevation in feet|(0 - 38650)", "||1e300|", "", 6, 2},
+      {"default, the elevation stays", 0, "", "Inches of Hg|", "29.92126|14.695949526166|1e300|", "29.92126|", 7, 3},
+      {"typed unit", -1, "", "Inches of Hg|", "29.92126|14.695949526166|1e300|", "", 8, 4},
   };
-  PressureWindow window(nullptr);
   for (const auto& step : steps) {
     SCOPED_TRACE(step.name);
-    choose(window, step.unit);
-    if (step.typed != nullptr) type(window, "Text1", step.typed);
-    EXPECT_EQ(text(window, "Label4"), step.entryunit);
-    EXPECT_EQ(text(window, "Label11"), step.hint);
+    written.clear();
+    if (step.unit < 0) control<ListBox>(window, "Combo1").setEditText(QStringLiteral("fathoms"));
+    if (step.unit >= 0) select(window, "Combo1", step.unit);
+    if (*step.typed != '\0') type(window, "Text1", step.typed);
+    EXPECT_EQ(text(window, "Label4") + "|" + text(window, "Label11"), step.words);
     EXPECT_EQ(labels(window, 8, 10), step.readouts);
-  }
-}
-
-TEST(PressureWindow, SettingWritesTheStoreEvenWhereItRefuses) {
-  const struct {
-    const char* name;
-    int unit;
-    const char *entry, *written;
-    bool set;
-  } rows[] = {
-      {"default", 0, nullptr, "29.92126", true},
-      {"pounds", 2, "14.7", "29.9295087", true},
-      {"pounds, below", 2, "2.89", "5.88410069", false},
-      {"inches with a tail", 1, "30abc", "30abc", true},
-      {"above the atmosphere", 3, "1e300", nullptr, false},
-      {"typed unit", typedunit, nullptr, nullptr, true},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    PressureWindow window(nullptr);
-    choose(window, row.unit);
-    if (row.entry != nullptr) type(window, "Text1", row.entry);
-    std::vector<std::string> written;
-    QObject::connect(&window, &PressureWindow::pressurewritten, &window,
-                     [&](const std::string& inhg) { written.push_back(inhg); });
-    std::vector<PressureEntry> set;
-    QObject::connect(&window, &PressureWindow::pressureset, &window,
-                     [&](const PressureEntry& entry) { set.push_back(entry); });
-    const BoxAnswers boxes(QMessageBox::Yes);
     click(window, "Command1");
-    EXPECT_EQ(written, row.written == nullptr ? std::vector<std::string>{} : std::vector<std::string>{row.written});
-    EXPECT_EQ(boxes.count(), row.set ? 1U : 2U);
-    const PressureEntry expected{pressureunitat(row.unit), text(window, "Text1")};
-    EXPECT_EQ(set, row.set ? std::vector{expected} : std::vector<PressureEntry>{});
+    EXPECT_EQ(written, step.written);
+    EXPECT_EQ(boxes.count(), step.boxes) << "the question, and a message for what is refused";
+    ASSERT_EQ(set.size(), step.set);
   }
+  EXPECT_EQ(set[1], (PressureEntry{PressureUnit::elevation, "5000"}));
+  EXPECT_EQ(set[3].unit, std::nullopt);
 }
 
 TEST(PressureWindow, AnEndlessEntryDoesNotWidenIt) {
   PressureWindow window(nullptr);
   window.show();
-  choose(window, 3);
+  select(window, "Combo1", 3);
   const QSize before = window.minimumSizeHint();
   control<QLineEdit>(window, "Text1").setText(QString(10'000, u'9'));
   EXPECT_EQ(window.minimumSizeHint(), before);

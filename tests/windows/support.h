@@ -100,13 +100,12 @@ public:
       : watch_([this, path](QFileDialog& dialog) {
           filters = dialog.nameFilters().join(QLatin1Char('|')).toStdString();
           auto& name = control<QLineEdit>(dialog, "fileNameEdit");
-          offered = name.text().toStdString();
           if (path.isEmpty()) return dialog.reject();
           name.setText(path);
           QTest::keyClick(&name, Qt::Key_Return);
         }) {}
 
-  std::string filters, offered;  ///< kinds of file, and the name that the dialog opened with
+  std::string filters;  ///< kinds of file
 
 private:
   Watch<QFileDialog> watch_;

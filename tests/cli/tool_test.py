@@ -238,6 +238,50 @@ class Chart(ToolTest):
         for name, size in (("c.png", (800, 400)), ("twice.png", (1600, 800))):
             self.assertEqual(struct.unpack(">II", (self.folder / name).read_bytes()[16:24]), size)
 
+    def test_a_document_draws_what_its_options_drew(self):
+        more = ["--point", "rh=40,v=16.9,id=", "--wb", "60.50", "--v", "16.5"]
+        for options in ([], ["--type", "blank"], ["--limits", "50,100,0,0.020"], ["--psi", "14.7", "--rh", "20"],
+                        ["--elevation", "5000", *self.ADDITIONS, *more],
+                        ["--inhg", "29.9212612345678901", *self.ADDITIONS]):
+            with self.subTest(options=options):
+                self.output("chart", "-o", "x.moistair", *options)
+                for size in ([], ["--size", "801x499"]):
+                    self.assertEqual(self.drawing("--from", "x.moistair", *size), self.drawing(*size, *options))
+                self.output("chart", "--from", "x.moistair", "-o", "y.moistair")
+                self.assertEqual(*[(self.folder / name).read_bytes() for name in ("x.moistair", "y.moistair")])
+
+    def test_a_document_is_gone_on_with(self):
+        self.output("chart", "-o", "x.moistair", "--elevation", "5000", *self.ADDITIONS[:4])
+        self.assertEqual(self.drawing("--from", "x.moistair", *self.ADDITIONS[4:]),
+                         self.drawing("--elevation", "5000", *self.ADDITIONS))
+        self.assertEqual(self.drawing("--from", "x.moistair", "--type", "blank"),
+                         self.drawing("--elevation", "5000", "--type", "blank", *self.ADDITIONS[:4]))
+        self.output("chart", "--from", "-", "-o", "c.json", given=(self.folder / "x.moistair").read_bytes())
+        self.output("chart", "-o", "x.moistair", *self.ADDITIONS)
+        narrow = ["--limits", "80,120,0,0.030"]
+        done = self.run_tool("chart", "--from", "x.moistair", *narrow, "-o", "c.json")
+        self.assertEqual((done.returncode, done.stderr.decode().splitlines()), (0, [
+            'moistair-cli: x.moistair: Point A "é": The point as per input parameters is out of chart limits',
+            "moistair-cli: x.moistair: Mixture: The stream1 point as per input parameters is out of chart limits"]))
+        self.assertEqual(json.loads((self.folder / "c.json").read_bytes()), self.drawing(*narrow, *self.ADDITIONS[:4]))
+
+    def test_documents_that_are_none(self):
+        self.output("chart", "-o", "x.moistair")
+        (self.folder / "cut.moistair").write_bytes((self.folder / "x.moistair").read_bytes()[:150])
+        (self.folder / "empty.moistair").write_text(
+            '{"format":1,"pressure":{"unit":"inhg","entry":"30","inhg":30},"entries":[]}')
+        for name, code, words, arguments in [
+                ("cut off", 1, "cut.moistair: line 6, column ", ["--from", "cut.moistair"]),
+                ("not there", 2, "No such file", ["--from", "nowhere.moistair"]),
+                ("a pressure beside it", 2, "stands for its own pressure", ["--from", "x.moistair", "--psi", "14"]),
+                ("nothing to add to", 1, "no chart to add it to", ["--from", "empty.moistair", "--rh", "50"]),
+                ("a point outside", 1, "out of chart limits",
+                 ["--from", "x.moistair", "--limits", "80,120,0,0.030", "--point", "db=75,wb=62.5"])]:
+            with self.subTest(name):
+                self.assert_refused(self.run_tool("chart", "-o", "c.json", *arguments), code, words)
+        self.assert_refused(self.run_tool("chart", "--from", "x.moistair", "-o", "x.moistair"), 2, "at the same time")
+        self.assertFalse((self.folder / "c.json").exists())
+
     def test_text_stays_text(self):
         words = ["Rh= 100", "h= 30", "WB= 60", 'A "é"', "St1", "Mix", "St2", "Atmos. pr=29.92126 In Hg"]
         self.output("chart", "-o", "c.svg", *self.ADDITIONS)

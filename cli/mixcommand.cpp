@@ -9,6 +9,7 @@
 #include "cli/format.h"
 #include "cli/mixoptions.h"
 #include "cli/stream.h"
+#include "document/jsonnode.h"
 #include "session/numberformat.h"
 
 namespace moistair {
@@ -52,25 +53,22 @@ std::string astable(const MixingProblem& problem) {
   return out;
 }
 
+std::string asjson(const MixingProblem& problem) {
+  Json json;
+  const Columns columns = columnsof(problem);
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    Json& stream = json[columnnames[column]];
+    for (std::size_t row = 0; row < shownreadouts; ++row) {
+      const std::string& readout = columns[column]->*readoutrows[row].text;
+      stream[rownames[row]] = readout.empty() ? Json() : jsonnumber(lenientnumber(readout));
+    }
+  }
+  return jsontext(json) + "\n";
+}
+
 /// A read-out as a number; nothing for a blank one.
 void appendnumber(std::string& out, const std::string& readout, void (*append)(std::string&, double)) {
   if (!readout.empty()) append(out, lenientnumber(readout));
-}
-
-std::string asjson(const MixingProblem& problem) {
-  std::string out;
-  const Columns columns = columnsof(problem);
-  for (std::size_t column = 0; column < columns.size(); ++column) {
-    out += column == 0 ? "{" : ",";
-    out += std::string("\"") + columnnames[column] + "\":";
-    for (std::size_t row = 0; row < shownreadouts; ++row) {
-      std::string value;
-      appendnumber(value, columns[column]->*readoutrows[row].text, appendroundtrip);
-      out += std::string(row == 0 ? "{\"" : ",\"") + rownames[row] + "\":" + (value.empty() ? "null" : value);
-    }
-    out += '}';
-  }
-  return out + "}\n";
 }
 
 std::string ascsv(const MixingProblem& problem) {

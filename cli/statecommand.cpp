@@ -14,6 +14,7 @@
 #include "cli/pressureoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
+#include "document/jsonnode.h"
 #include "session/numberformat.h"
 
 namespace moistair {
@@ -43,15 +44,10 @@ std::string astable(const StatePoint& point, const Pressure& pressure) {
 }
 
 std::string asjson(const Resolution& resolution) {
-  std::string out = "{";
-  for (const StateColumn& column : statecolumns) {
-    out += '"';
-    out += column.name;
-    out += "\":";
-    appendroundtrip(out, resolution.point.*column.value);
-    out += ',';
-  }
-  return out + "\"iterations\":" + std::to_string(resolution.iterations) + "}\n";
+  Json json;
+  for (const StateColumn& column : statecolumns) json[column.name] = jsonnumber(resolution.point.*column.value);
+  json["iterations"] = resolution.iterations;
+  return jsontext(json) + "\n";
 }
 
 std::string ascsv(const StatePoint& point) {

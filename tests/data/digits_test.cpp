@@ -38,7 +38,11 @@ void compare(const Table& table, std::size_t expectedrows) {
 
 TEST(Digits, OfStatesAreThoseRecorded) { compare(states, 1000); }
 TEST(Digits, OfSearchedRangesAreThoseRecorded) { compare(ranges, 50); }
-TEST(Digits, OfPressuresAreThoseRecorded) { compare(pressures, 30); }
+TEST(Digits, OfPressuresAreThoseRecorded) {
+  compare(pressures, 30);
+  // Its digits hang on the last bit of the C library's pow.
+  EXPECT_TRUE(pressurefor({PressureUnit::elevation, "38650"}).accepted) << "the highest elevation";
+}
 TEST(Digits, OfNumbersAreThoseRecorded) { compare(numbers, 70); }
 TEST(Digits, OfMixturesAreThoseRecorded) { compare(mixtures, 100); }
 

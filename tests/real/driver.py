@@ -7,9 +7,11 @@ waited for has a time limit, and its end is a `Failure` that says what was waite
 """
 
 import os
+import re
 import shutil
 import subprocess
 import time
+from collections import Counter
 from dataclasses import dataclass
 
 import gi
@@ -18,7 +20,6 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 import desktop  # noqa: E402
-from picture import readppm  # noqa: E402
 
 Role = Atspi.Role
 State = Atspi.StateType
@@ -68,11 +69,18 @@ def key(*names):
     xdotool("key", *names)
 
 
-def screenshot(path=None):
-    """The whole screen, as a Picture or into a PNG file."""
-    command = ["import", "-silent", "-window", "root", "-depth", "8", path or "ppm:-"]
-    taken = subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout
-    return None if path else readppm(taken)
+def screenshot(path, area=None):
+    """The whole screen, or a part of it, into a file."""
+    crop = ["-crop", f"{area.width}x{area.height}+{area.x}+{area.y}", "+repage"] if area else []
+    subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", *crop, path], check=True)
+
+
+def colours(picture, *part):
+    """How many pixels of each colour a picture has, or a part of it: x, y, width, height."""
+    crop = ["-crop", "{2}x{3}+{0}+{1}".format(*part), "+repage"] if part else []
+    histogram = subprocess.run(["convert", picture, *crop, "-depth", "8", "-format", "%c", "histogram:info:-"], check=True,
+                               capture_output=True, text=True).stdout
+    return Counter({colour: int(count) for count, colour in re.findall(r"(\d+): .*?(#[0-9A-F]{6})", histogram)})
 
 
 def oneline(text):

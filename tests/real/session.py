@@ -5,7 +5,7 @@ import re
 import subprocess
 import xml.etree.ElementTree
 
-from driver import Program, Rect, Role, State, equal, expect, key, oneline, screenshot, wait, xdotool
+from driver import Program, Rect, Role, State, colours, equal, expect, key, oneline, screenshot, wait, xdotool
 
 MAIN = "Psychrometric chart - English Units"
 PRESSURE = "Change pressure"
@@ -18,8 +18,8 @@ BOXTITLE = "Moistair"
 FIRSTVALUE = "Value of the first property"
 SECONDVALUE = "Value of the second property"
 
-RED, GREEN, BLUE, MAGENTA, BROWN = (255, 0, 0), (0, 128, 0), (0, 0, 255), (255, 0, 255), (128, 0, 0)
-BLACK, GREY, WHITE = (0,) * 3, (128,) * 3, (255,) * 3
+RED, GREEN, BLUE, MAGENTA, BROWN = "#FF0000", "#008000", "#0000FF", "#FF00FF", "#800000"
+BLACK, GREY, WHITE = "#000000", "#808080", "#FFFFFF"
 
 READOUTS = ["DB=", "WB=", "RH(%)=", "Enthalpy=", "Sp vol=", "H.ratio=", "DP=", "V. pr="]
 
@@ -147,22 +147,22 @@ class Session(Program):
         return Rect(left + graph.x - window.x, top + graph.y - window.y, area.width, area.y + area.height - graph.y)
 
     def shown(self):
-        """What can be seen of the chart. The pointer goes out of the way, lest a tool tip lie over it."""
+        """What can be seen of the chart, as a file. The pointer goes out of the way, lest a tool tip lie over it."""
         area = self.grapharea()
         xdotool("mousemove", area.x + 3, area.y + area.height - 3)
-        return screenshot().part(area)
+        path = os.path.join(self.home, "shown.png")
+        screenshot(path, area)
+        return path
 
-    def spot(self, db, hr):
-        """Where a state stands in the picture of the chart between the limits at the start [pixels]."""
+    def colours(self):
+        return colours(self.shown())
+
+    def waitspot(self, db, hr, colour):
+        """A colour where a state stands on the chart of the start's limits, in the three by three pixels about it."""
         inner = self.main().controls()[0].rect()
-        x = inner.width * db / (120 * 12 / 10) + inner.width / 12
-        y = inner.height * 4700 / 6000 - inner.height * hr / (0.030 * 6000 / 4500)
-        return round(x), round(y)
-
-    def waitmark(self, db, hr, name):
-        """A mark at the state, somewhere in the three by three pixels about it: its name may begin at its centre."""
-        x, y = self.spot(db, hr)
-        wait(lambda: RED in self.shown().near(x, y), lambda: f"the mark {name} at {x}, {y}")
+        x = round(inner.width * db / (120 * 12 / 10) + inner.width / 12)
+        y = round(inner.height * 4700 / 6000 - inner.height * hr / (0.030 * 6000 / 4500))
+        wait(lambda: colours(self.shown(), x - 1, y - 1, 3, 3)[colour], lambda: f"{colour} at {x}, {y}")
 
     def logbytes(self):
         with open(self.log, "rb") as file:

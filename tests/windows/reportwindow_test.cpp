@@ -45,8 +45,5 @@ TEST(ReportWindow, ButtonsFollowEachOtherInTabOrder) {
   ReportWindow window(nullptr, report("A"));
   window.show();
   control<QPushButton>(window, "Command1").setFocus();
-  for (const char* next : {"Command2", "Command3", "Command1"}) {
-    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(window.focusWidget()->objectName().toStdString(), next);
-  }
+  EXPECT_EQ(taborder(window), "Command2|Command3|Command1|");
 }

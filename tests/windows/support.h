@@ -60,6 +60,17 @@ inline void click(QWidget& window, const char* name) {
   QTest::mouseClick(&control<QAbstractButton>(window, name), Qt::LeftButton);
 }
 
+/// Names of the controls that Tab walks through from the one that has the focus, until it is back there.
+inline std::string taborder(QWidget& window) {
+  std::string order;
+  const QWidget* const first = window.focusWidget();
+  do {
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    order += window.focusWidget()->objectName().toStdString() + "|";
+  } while (window.focusWidget() != first && order.size() < 1000);
+  return order;
+}
+
 /// Calls something with the window of a kind that takes the input, as soon as there is one and until this goes.
 template <class Window>
 class Watch {

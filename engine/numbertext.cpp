@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
+#include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <system_error>
 
@@ -65,77 +68,133 @@ bool toosmall(std::string_view number) {
   return place + (negative ? -exponent : exponent) < 0;
 }
 
+/// Powers of ten that a double holds exactly.
+constexpr std::array<double, 23> powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                           1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int mostpower = static_cast<int>(powers.size()) - 1;
+
+double power(int exponent) { return powers[static_cast<std::size_t>(exponent)]; }
+std::uint64_t wholepower(int exponent) {
+  static constexpr auto wholepowers = [] {
+    std::array<std::uint64_t, 19> table{};
+    for (std::size_t i = 0; i < table.size(); ++i) table[i] = static_cast<std::uint64_t>(powers[i]);
+    return table;
+  }();
+  return wholepowers[static_cast<std::size_t>(exponent)];
+}
+
+/// Numbers of few digits and no exponent, as nearly all are: both sides of the division are exact, so that its result
+/// is rounded as it should be. No value for all others.
+double readshort(std::string_view number) {
+  constexpr std::size_t mostdigits = 17;  // beyond what is exact, and never too many for 64 bits
+  constexpr std::uint64_t mostexact = std::uint64_t{1} << 53;
+  const bool negative = number.front() == '-';
+  if (negative) number.remove_prefix(1);
+  if (number.size() > mostdigits + 1) return novalue;
+  const std::size_t point = std::min(number.find('.'), number.size());
+  std::uint64_t digits = 0;
+  for (const char c : number) {
+    if (c == '.') continue;
+    if (!isdigit(c)) return novalue;
+    digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
+  }
+  if (digits > mostexact) return novalue;
+  const std::size_t decimals = point < number.size() ? number.size() - point - 1 : 0;
+  const double magnitude = static_cast<double>(digits) / powers[decimals];
+  return negative ? -magnitude : magnitude;
+}
+
 /// Reads a text of the shape that numberlength accepts.
 double read(std::string_view number) {
   if (number.front() == '+') number.remove_prefix(1);
+  if (const double value = readshort(number); hasvalue(value)) return value;
   double value = 0;
   const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
   if (result.ec == std::errc::result_out_of_range) return toosmall(number) ? 0 : novalue;
   return value;
 }
 
-/// A number in decimal: 0.DIGITS times ten to the power `point`, DIGITS without a zero at either end.
+/// A magnitude rounded to 15 significant digits: a whole number of 15 digits, the last `decimals` of them behind the
+/// point; {0, 0} for zero. There may be fewer decimals than none, or more than digits.
 struct Decimal {
-  bool negative = false;
-  std::string digits;
-  int point = 0;
+  std::uint64_t digits;
+  int decimals;
 };
 
-Decimal decimalof(double number) {
+constexpr int significant = 15;
+
+/// Of a positive normal number.
+int binaryexponent(double number) { return static_cast<int>(std::bit_cast<std::uint64_t>(number) >> 52) - 1023; }
+
+/// Digits of a magnitude with so many decimals, halves to the even one, as std::to_chars rounds. A double is a whole
+/// number times a power of two, and within these bounds that number times the power of ten fits into 128 bits, so that
+/// nothing but the last step rounds.
+constexpr double leastexact = 1e-7;
+constexpr double mostexact = 1e14;
+std::uint64_t digitsof(double magnitude, int decimals) {
+  __extension__ using Wide = unsigned __int128;
+  constexpr int mantissabits = 52;  // and one more, of which a normal number keeps no record
+  const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+  const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << mantissabits) - 1)) | std::uint64_t{1} << mantissabits;
+  const int half = decimals / 2;
+  const Wide product = Wide{mantissa} * wholepower(half) * wholepower(decimals - half);
+  const int shift = mantissabits - binaryexponent(magnitude);
+  const Wide rest = product & ((Wide{1} << shift) - 1);
+  const Wide middle = Wide{1} << (shift - 1);
+  const auto digits = static_cast<std::uint64_t>(product >> shift);
+  return digits + (rest > middle || (rest == middle && digits % 2 == 1) ? 1 : 0);
+}
+
+/// The same for magnitudes that are rarer.
+Decimal decimalfromtext(double magnitude) {
   std::array<char, 32> buffer;
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::scientific, 14);
-  const std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
-  const std::size_t mark = text.find('e');
-  Decimal decimal;
-  decimal.negative = text.front() == '-';
-  for (const char c : text.substr(0, mark)) {
-    if (isdigit(c)) decimal.digits += c;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific,
+                                 significant - 1);
+  std::uint64_t digits = 0;
+  std::size_t at = 0;
+  for (; buffer[at] != 'e'; ++at) {
+    if (buffer[at] != '.') digits = digits * 10 + static_cast<std::uint64_t>(buffer[at] - '0');
   }
   int exponent = 0;
-  const bool plus = text[mark + 1] == '+';
-  std::from_chars(text.data() + mark + (plus ? 2 : 1), text.data() + text.size(), exponent);
-  decimal.point = exponent + 1;
-  decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
-  return decimal;
+  std::from_chars(buffer.data() + at + (buffer[at + 1] == '+' ? 2 : 1), end.ptr, exponent);
+  return {digits, significant - 1 - exponent};
 }
 
-/// Rounds half away from zero to so many decimals.
-void roundto(Decimal& number, int decimals) {
-  const int keep = number.point + decimals;
-  if (keep >= static_cast<int>(number.digits.size())) return;
-  if (keep < 0) {
-    number.digits.clear();
-    return;
-  }
-  const bool up = number.digits[static_cast<std::size_t>(keep)] >= '5';
-  number.digits.resize(static_cast<std::size_t>(keep));
-  if (!up) return;
-  while (!number.digits.empty() && number.digits.back() == '9') number.digits.pop_back();
-  if (!number.digits.empty()) {
-    ++number.digits.back();
-  } else {
-    number.digits.assign(1, '1');
-    ++number.point;
-  }
+Decimal decimalof(double magnitude) {
+  if (magnitude == 0) return {0, 0};
+  if (!(magnitude >= leastexact && magnitude < mostexact)) return decimalfromtext(magnitude);
+  // The decimal exponent is the binary one times log10(2), a little less than 1233 / 4096, or one more.
+  const int exponent = binaryexponent(magnitude) * 1233 >> 12;
+  const int decimals = significant - 1 - exponent;
+  const std::uint64_t digits = digitsof(magnitude, decimals);
+  if (digits < wholepower(significant)) return {digits, decimals};
+  return {digitsof(magnitude, decimals - 1), decimals - 1};
 }
 
-std::string fixed(double value, int decimals, const char* zero) {
-  Decimal number = decimalof(value);
-  roundto(number, decimals);
-  const bool iszero = number.digits.find_first_not_of('0') == std::string::npos;
-  std::string text = number.negative && !iszero ? "-" : "";
-  if (number.point <= 0 || iszero) text += zero;
-  const auto digit = [&](int at) {
-    return at >= 0 && at < static_cast<int>(number.digits.size()) ? number.digits[static_cast<std::size_t>(at)] : '0';
-  };
-  if (!iszero) {
-    for (int i = 0; i < number.point; ++i) text += digit(i);
-  }
-  text += '.';
-  for (int i = 0; i < decimals; ++i) text += digit(number.point + i);
-  return text;
+/// Rounds half away from zero to so many decimals, if there are more.
+Decimal rounded(const Decimal& number, int decimals) {
+  const int dropped = number.decimals - decimals;
+  if (dropped <= 0) return number;
+  if (dropped > significant) return {0, decimals};
+  const std::uint64_t unit = wholepower(dropped);
+  return {(number.digits + unit / 2) / unit, decimals};
 }
+
+void appendwhole(std::string& out, std::uint64_t number) {
+  std::array<char, 20> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+  out.append(buffer.data(), end.ptr);
+}
+
+/// Appends the point and as many decimals as the power of ten `unit` has zeros, which `number` is below.
+void appenddecimals(std::string& out, std::uint64_t number, std::uint64_t unit) {
+  std::array<char, 20> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), unit + number);
+  buffer[0] = '.';
+  out.append(buffer.data(), end.ptr);
+}
+
+void appendzeros(std::string& out, int count) { out.append(static_cast<std::size_t>(count), '0'); }
 
 }  // namespace
 
@@ -157,22 +216,66 @@ double lenientnumber(std::string_view text) {
 
 std::string numbertext(double number) {
   if (!hasvalue(number)) return {};
-  if (number == 0) return "0";
-  std::array<char, 32> buffer;
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::general, 15);
-  std::string text(buffer.data(), end.ptr);
-  std::replace(text.begin(), text.end(), 'e', 'E');
+  Decimal decimal = decimalof(std::abs(number));
+  if (decimal.digits == 0) return "0";
+  const int exponent = significant - 1 - decimal.decimals;
+  int digits = significant;
+  for (; decimal.digits % 10 == 0; --digits) decimal.digits /= 10;
+  std::string text = number < 0 ? "-" : "";
+  const bool withexponent = exponent < -4 || exponent >= significant;
+  const int whole = withexponent ? 1 : exponent + 1;
+  if (whole >= digits) {
+    appendwhole(text, decimal.digits);
+    appendzeros(text, whole - digits);
+  } else {
+    const std::uint64_t unit = wholepower(digits - whole);
+    appendwhole(text, decimal.digits / unit);
+    appenddecimals(text, decimal.digits % unit, unit);
+  }
+  if (withexponent) {
+    text += exponent < 0 ? "E-" : "E+";
+    const int magnitude = std::abs(exponent);
+    if (magnitude < 10) text += '0';
+    appendwhole(text, static_cast<std::uint64_t>(magnitude));
+  }
   return text;
 }
 
-double fifteendigits(double number) { return strictnumber(numbertext(number)); }
-
-std::string showvalue(double number) {
-  if (!hasvalue(number) || number == -1) return {};
-  return fixed(number, 7, "");
+double fifteendigits(double number) {
+  if (!hasvalue(number)) return novalue;
+  const Decimal decimal = decimalof(std::abs(number));
+  if (!(decimal.decimals >= 0 && decimal.decimals <= mostpower)) return strictnumber(numbertext(number));
+  const double magnitude = static_cast<double>(decimal.digits) / power(decimal.decimals);
+  return number < 0 ? -magnitude : magnitude;
 }
 
-std::string fourdecimals(double number) { return hasvalue(number) ? fixed(number, 4, "0") : std::string(); }
+void appendfixed(std::string& out, double number, int decimals, std::string_view zero) {
+  if (!hasvalue(number)) return;
+  const Decimal decimal = rounded(decimalof(std::abs(number)), decimals);
+  if (number < 0 && decimal.digits != 0) out += '-';
+  const int behind = std::max(decimal.decimals, 0);
+  const std::uint64_t unit = wholepower(behind);
+  if (decimal.digits < unit) {
+    out += zero;
+  } else {
+    appendwhole(out, decimal.digits / unit);
+    appendzeros(out, behind - decimal.decimals);
+  }
+  appenddecimals(out, decimal.digits % unit, unit);
+  appendzeros(out, decimals - behind);
+}
+
+std::string showvalue(double number) {
+  std::string text;
+  if (number != -1) appendfixed(text, number, 7, "");
+  return text;
+}
+
+std::string fourdecimals(double number) {
+  std::string text;
+  appendfixed(text, number, 4, "0");
+  return text;
+}
 
 std::string printednumber(double number) {
   std::string text = numbertext(number);

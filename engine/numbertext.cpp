@@ -194,7 +194,9 @@ void appenddecimals(std::string& out, std::uint64_t number, std::uint64_t unit) 
   out.append(buffer.data(), end.ptr);
 }
 
-void appendzeros(std::string& out, int count) { out.append(static_cast<std::size_t>(count), '0'); }
+void appendzeros(std::string& out, int count) {
+  if (count > 0) out.append(static_cast<std::size_t>(count), '0');
+}
 
 }  // namespace
 
@@ -252,16 +254,26 @@ double fifteendigits(double number) {
 void appendfixed(std::string& out, double number, int decimals, std::string_view zero) {
   if (!hasvalue(number)) return;
   const Decimal decimal = rounded(decimalof(std::abs(number)), decimals);
-  if (number < 0 && decimal.digits != 0) out += '-';
+  const bool negative = number < 0 && decimal.digits != 0;
   const int behind = std::max(decimal.decimals, 0);
-  const std::uint64_t unit = wholepower(behind);
-  if (decimal.digits < unit) {
-    out += zero;
-  } else {
-    appendwhole(out, decimal.digits / unit);
-    appendzeros(out, behind - decimal.decimals);
+  // From the last digit to the first, which takes no division but by ten.
+  std::array<char, 24> buffer;
+  char* const end = buffer.data() + buffer.size();
+  char* at = end;
+  std::uint64_t rest = decimal.digits;
+  for (; end - at < behind; rest /= 10) *--at = static_cast<char>('0' + rest % 10);
+  char* const point = --at;
+  *point = '.';
+  if (rest == 0) at = std::copy_backward(zero.begin(), zero.end(), at);
+  for (; rest > 0; rest /= 10) *--at = static_cast<char>('0' + rest % 10);
+  if (negative) *--at = '-';
+  if (decimal.decimals >= decimals) {
+    out.append(at, end);
+    return;
   }
-  appenddecimals(out, decimal.digits % unit, unit);
+  out.append(at, point);
+  appendzeros(out, -decimal.decimals);
+  out.append(point, end);
   appendzeros(out, decimals - behind);
 }
 

@@ -33,7 +33,7 @@ std::string showvalue(double number);
 std::string fourdecimals(double number);
 
 /// Appends a number with up to seven decimals of its 15-digit text, rounded half away from zero; never a negative zero.
-/// `zero` is what stands before the point when the magnitude is below 1. Nothing for no value.
+/// `zero`, nothing or "0", stands before the point when the magnitude is below 1. Nothing for no value.
 void appendfixed(std::string& out, double number, int decimals, std::string_view zero);
 
 /// The number that its text of 15 significant digits is; no value for no value.

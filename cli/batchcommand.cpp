@@ -3,9 +3,13 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <cmath>
+#include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "cli/batchrows.h"
@@ -25,6 +29,7 @@ struct BatchOptions {
   std::string output;
   PressureOption pressure;
   LimitsOption limits;
+  std::string delimiter = ",";
   bool full = false;
   std::string jobs = "1";
 };
@@ -39,6 +44,7 @@ public:
   void add(const BatchResult& result) {
     rows_ += result.rows;
     failed_ += result.failed;
+    openquote_ = result.openquote;
     const auto now = Clock::now();
     if (!visible_ || now - shown_ < std::chrono::milliseconds(200)) return;
     shown_ = now;
@@ -56,6 +62,8 @@ public:
   std::size_t rows() const { return rows_; }
   std::size_t failed() const { return failed_; }
 
+  std::optional<std::size_t> openquote() const { return openquote_; }
+
 private:
   using Clock = std::chrono::steady_clock;
   static constexpr const char* clearrest = "\x1B[K";
@@ -70,6 +78,7 @@ private:
   Clock::time_point shown_ = start_;
   std::size_t rows_ = 0;
   std::size_t failed_ = 0;
+  std::optional<std::size_t> openquote_;
 };
 
 unsigned jobsof(const std::string& text) {
@@ -80,56 +89,124 @@ unsigned jobsof(const std::string& text) {
   return static_cast<unsigned>(jobs);
 }
 
-/// The table's first record, and the block it stands in with all that follows it there.
-struct Head {
-  std::string block;
-  std::string_view rows;
-  CsvRecord header;
+/// One character, or "\t" as it is typed where a tab cannot be.
+char delimiterof(const std::string& text) {
+  const std::string character = text == "\\t" ? "\t" : text;
+  const bool one = character.size() == 1 && (character[0] == '\t' || (character[0] >= ' ' && character[0] <= '~'));
+  constexpr std::string_view innumbers = "+-.";
+  if (!one || character == "\"" || std::isalnum(static_cast<unsigned char>(character[0])) != 0 ||
+      innumbers.find(character[0]) != std::string_view::npos) {
+    throw badusage(
+        "delimiter must be one character that is no quote and no part of a number or a name such as ; or \\t");
+  }
+  return character[0];
+}
+
+/// The rows of a table in pieces whose results are of some size only. A wide table makes long rows of short ones: each
+/// is filled up to the number of columns.
+class Rows {
+public:
+  Rows(BlockReader& reader, char delimiter) : reader_(reader), delimiter_(delimiter) {}
+
+  /// The table's first record, which comes first; bad usage if there is none.
+  CsvRecord header(const std::string& name) {
+    CsvRecord header;
+    while (fetch()) {
+      while (takerecord(rest_, header, delimiter_)) {
+        if (!header.blank()) return header;
+      }
+    }
+    throw badusage(reader_.gaveup() ? name + ": the first line is longer than 8 MB" : name + " is empty");
+  }
+
+  /// Sets the number of columns; ends the life of the header.
+  void setcolumns(std::size_t columns) { columns_ = columns; }
+
+  std::optional<std::string> next() {
+    constexpr std::size_t resultsize = 1u << 20;
+    if (rest_.empty() && !fetch()) return std::nullopt;
+    const std::size_t rows = std::max<std::size_t>(resultsize / columns_, 1);
+    std::string_view piece = rest_;
+    if (static_cast<std::size_t>(std::count(rest_.begin(), rest_.end(), '\n')) <= rows) {
+      rest_ = {};
+    } else {
+      CsvRecord record;
+      for (std::size_t i = 0; i < rows; ++i) takerecord(rest_, record, delimiter_);
+      piece.remove_suffix(rest_.size());
+    }
+    return std::string(piece);
+  }
+
+private:
+  bool fetch() {
+    auto block = reader_.next();
+    if (!block) return false;
+    block_ = std::move(*block);
+    rest_ = block_;
+    return true;
+  }
+
+  BlockReader& reader_;
+  char delimiter_;
+  std::string block_;
+  std::string_view rest_;
+  std::size_t columns_ = 1;
 };
 
-/// Reads up to the first line that is not blank.
-void readhead(BlockReader& reader, const std::string& name, Head& head) {
-  while (auto block = reader.next()) {
-    head.block = std::move(*block);
-    head.rows = head.block;
-    while (takerecord(head.rows, head.header)) {
-      if (!head.header.blank()) return;
-    }
+/// What a user should know of a table that is read all the same.
+void warn(const BatchColumns& columns, const std::string& name) {
+  if (columns.takennames.empty()) return;
+  std::string names;
+  for (const std::string& taken : columns.takennames) names += (names.empty() ? "" : ", ") + taken;
+  std::cerr << "moistair-cli: warning: " << name << " has columns of the result already: " << names << std::endl;
+}
+
+/// Throws for what has gone wrong in a table that was written.
+void checkrows(const Progress& progress) {
+  if (progress.failed() == 0) return;
+  std::string text = std::to_string(progress.failed()) + " of " + std::to_string(progress.rows()) + " rows failed";
+  if (const auto lines = progress.openquote()) {
+    text += "; a quote was left open in row " + std::to_string(progress.rows()) + ", which has taken in " +
+            std::to_string(*lines) + (*lines == 1 ? " line" : " lines") + " behind it";
   }
-  throw badusage(name + " is empty");
+  throw failure(text);
 }
 
 void runbatch(const BatchOptions& options) {
   const unsigned jobs = jobsof(options.jobs);
+  const char delimiter = delimiterof(options.delimiter);
   const double atm = pressureof(options.pressure).atm;
   const RangeFinders finders = findersof(options.limits);
   Input input(options.input);
-  BlockReader reader(input);
-  Head head;
-  readhead(reader, input.name(), head);
-  const BatchPlan plan{.columns = columnsof(head.header, input.name()),
-                       .lineend = head.header.lineend.starts_with('\r') ? "\r\n" : "\n",
+  BlockReader reader(input, delimiter);
+  Rows rows(reader, delimiter);
+  const CsvRecord header = rows.header(input.name());
+  const BatchPlan plan{.columns = columnsof(header, input.name(), delimiter),
+                       .delimiter = delimiter,
+                       .lineend = header.lineend.starts_with('\r') ? "\r\n" : "\n",
                        .atm = atm,
                        .finders = &finders,
                        .full = options.full};
-
   Output output(options.output, &input);
+  warn(plan.columns, input.name());
+  output.write(headerline(header, plan));
+  rows.setcolumns(plan.columns.selection.columns);
+
   Progress progress(::isatty(STDERR_FILENO) == 1 && !output.isterminal());
-  const auto write = [&](const BatchResult& result) {
-    output.write(result.text);
-    progress.add(result);
-  };
-  BatchResult first = resolverows(head.rows, plan);
-  first.text.insert(0, headerline(head.header, plan.lineend));
-  write(first);
-  runinorder({.read = [&] { return reader.next(); },
+  runinorder({.read = [&] { return rows.next(); },
               .work = [&](const std::string& block) { return resolverows(block, plan); },
-              .write = write},
+              .write =
+                  [&](const BatchResult& result) {
+                    output.write(result.text);
+                    progress.add(result);
+                  }},
              jobs);
-  output.close();
-  if (progress.failed() > 0) {
-    throw failure(std::to_string(progress.failed()) + " of " + std::to_string(progress.rows()) + " rows failed");
+  if (reader.gaveup()) {
+    throw failure(input.name() + ", row " + std::to_string(progress.rows() + 1) +
+                  ": more than 8 MB without the end of the row; a quote may have been left open");
   }
+  output.close();
+  checkrows(progress);
 }
 
 }  // namespace
@@ -142,6 +219,9 @@ void addbatchcommand(CLI::App& app) {
       ->type_name("FILE");
   addpressure(*command, options->pressure);
   addlimits(*command, options->limits, "find pairs without a temperature on the chart with these limits only");
+  command
+      ->add_option("--delimiter", options->delimiter, "what separates the fields; a comma if not given, \\t for a tab")
+      ->type_name("CHARACTER");
   command->add_flag("--full", options->full, "write numbers in full instead of with seven decimals");
   command->add_option("--jobs", options->jobs, "threads to work on, 1 to 256; 1 if not given")->type_name("N");
   command->callback([options] { runbatch(*options); });

@@ -21,9 +21,31 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-void take(std::optional<std::size_t>& place, std::size_t column, const std::string& name) {
+void take(std::optional<std::size_t>& place, CsvSelection& selection, const std::string& name) {
   if (place) throw badusage("the first line names the column " + name + " twice");
-  place = column;
+  place = selection.wanted.size();
+  selection.wanted.push_back(selection.columns);
+}
+
+/// What the columns behind those of the input are called.
+const std::vector<std::string>& resultnames() {
+  static const std::vector<std::string> names = [] {
+    std::vector<std::string> made;
+    for (const StateColumn& column : statecolumns) made.push_back(std::string("out_") + column.name);
+    made.emplace_back("status");
+    return made;
+  }();
+  return names;
+}
+
+/// "commas"; another character as it is.
+std::string nameof(char delimiter) {
+  switch (delimiter) {
+    case ',': return "commas";
+    case ';': return "semicolons";
+    case '\t': return "tabs";
+    default: return std::string("\"") + delimiter + "\"";
+  }
 }
 
 /// What a row gives, or why that is not enough.
@@ -39,8 +61,8 @@ public:
   explicit Cells(const CsvRecord& record) : record_(record) {}
 
   /// Empty for a column that is not there; good until the next call.
-  std::string_view at(std::optional<std::size_t> column) {
-    return column ? trimmed(fieldtext(record_.fields[*column], scratch_)) : std::string_view();
+  std::string_view at(std::optional<std::size_t> place) {
+    return place ? trimmed(fieldtext(record_.fields[*place], scratch_)) : std::string_view();
   }
 
 private:
@@ -64,9 +86,9 @@ PressureOrReason pressureofrow(Cells& cells, const BatchPlan& plan) {
 
 RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
   if (record.quoteopen) return "a quote was left open";
-  if (record.fields.size() != plan.columns.count) {
-    return std::to_string(record.fields.size()) + " fields where there are " + std::to_string(plan.columns.count) +
-           " columns";
+  const std::size_t columns = plan.columns.selection.columns;
+  if (record.count != columns) {
+    return std::to_string(record.count) + " fields where there are " + std::to_string(columns) + " columns";
   }
   Cells cells(record);
   std::array<Given, kindcount> given{};
@@ -88,88 +110,86 @@ RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
 }
 
 /// The record as it was read, brought to the table's number of columns.
-void appendrecord(std::string& out, const CsvRecord& record, std::size_t columns) {
-  const std::size_t fields = record.fields.size();
-  if (fields > columns) {
-    const std::string_view last = record.fields[columns - 1];
-    out.append(record.raw.data(), last.data() + last.size());
-    return;
-  }
-  out += record.raw;
-  if (record.quoteopen) out += '"';
-  out.append(columns - fields, ',');
+void appendrecord(std::string& out, const CsvRecord& record, const BatchPlan& plan) {
+  out += record.columns;
+  const std::size_t columns = plan.columns.selection.columns;
+  if (record.quoteopen && record.count <= columns) out += '"';
+  if (record.count < columns) out.append(columns - record.count, plan.delimiter);
 }
 
-void appendstate(std::string& out, const StatePoint& point, bool full) {
+void appendstate(std::string& out, const StatePoint& point, const BatchPlan& plan) {
   for (const StateColumn& column : statecolumns) {
-    out += ',';
-    (full ? appendroundtrip : appendsevendecimals)(out, point.*column.value);
+    out += plan.delimiter;
+    (plan.full ? appendroundtrip : appendsevendecimals)(out, point.*column.value);
   }
 }
 
 /// The reason why a row has no state, empty if it has one.
 std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan) {
-  appendrecord(out, record, plan.columns.count);
+  appendrecord(out, record, plan);
   RowOrReason row = givenrow(record, plan);
   if (auto* reason = std::get_if<std::string>(&row)) return std::move(*reason);
   const auto& [pair, atm] = std::get<GivenRow>(row);
   const Resolution resolution = resolve(pair, atm, *plan.finders);
   if (!resolution.resolved()) return whynot(resolution);
-  appendstate(out, resolution.point, plan.full);
+  appendstate(out, resolution.point, plan);
   return {};
 }
 
 }  // namespace
 
-BatchColumns columnsof(const CsvRecord& header, const std::string& filename) {
+BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter) {
   if (header.quoteopen) throw badusage(filename + ": the first line leaves a quote open");
   if (header.raw.find('\0') != std::string_view::npos) {
     throw badusage(filename + ": the first line holds zero bytes, so this is no table in UTF-8");
   }
   BatchColumns columns;
-  columns.count = header.fields.size();
   std::string scratch;
-  for (std::size_t i = 0; i < columns.count; ++i) {
-    std::string_view field = header.fields[i];
-    if (i == 0 && field.starts_with(byteordermark)) field.remove_prefix(byteordermark.size());
+  eachfield(header.raw, delimiter, [&](std::string_view field) {
+    if (columns.selection.columns == 0 && field.starts_with(byteordermark)) field.remove_prefix(byteordermark.size());
     const std::string name(trimmed(fieldtext(field, scratch)));
-    if (const auto kind = kindnamed(lowercase(name))) take(columns.kinds[static_cast<std::size_t>(*kind)], i, name);
-    for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
-      if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], i, name);
+    if (const auto kind = kindnamed(lowercase(name))) {
+      take(columns.kinds[static_cast<std::size_t>(*kind)], columns.selection, name);
     }
-  }
+    for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
+      if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], columns.selection, name);
+    }
+    const auto taken = std::find(resultnames().begin(), resultnames().end(), name);
+    if (taken != resultnames().end()) columns.takennames.push_back(name);
+    ++columns.selection.columns;
+  });
   const auto named = std::count_if(columns.kinds.begin(), columns.kinds.end(), [](const auto& c) { return !!c; });
   if (named < 2) {
-    throw badusage(filename + ": the first line must name the columns, separated by commas, two of " + kindnamelist +
-                   " among them");
+    throw badusage(filename + ": the first line must name the columns, separated by " + nameof(delimiter) +
+                   ", two of " + kindnamelist + " among them");
   }
   return columns;
 }
 
-std::string headerline(const CsvRecord& header, std::string_view lineend) {
+std::string headerline(const CsvRecord& header, const BatchPlan& plan) {
   std::string out(header.raw);
-  for (const StateColumn& column : statecolumns) {
-    out += ",out_";
-    out += column.name;
-  }
-  out += ",status";
-  out += lineend;
+  for (const std::string& name : resultnames()) out += plan.delimiter + name;
+  out += plan.lineend;
   return out;
 }
 
 BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
   BatchResult result;
   CsvRecord record;
-  while (takerecord(block, record)) {
+  while (takerecord(block, record, plan.delimiter, plan.columns.selection)) {
     if (record.blank()) continue;
     ++result.rows;
+    if (record.quoteopen) {
+      const std::string_view lines = record.raw.substr(0, record.raw.size() - (record.raw.ends_with('\n') ? 1 : 0));
+      result.openquote = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
+    }
     const std::string reason = appendrow(result.text, record, plan);
     if (!reason.empty()) {
       ++result.failed;
-      result.text.append(statecolumns.size(), ',');
+      result.text.append(statecolumns.size(), plan.delimiter);
     }
-    result.text += ',';
-    appendfield(result.text, reason.empty() ? "ok" : reason);
+    result.text += plan.delimiter;
+    appendfield(result.text, reason.empty() ? "ok" : reason, plan.delimiter);
     result.text += plan.lineend;
   }
   return result;

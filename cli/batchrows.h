@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/csv.h"
 #include "cli/pressureoption.h"
@@ -19,16 +20,18 @@
 
 namespace moistair {
 
-/// Where the columns are that the tool reads.
+/// The columns that the tool reads, of however many there are.
 struct BatchColumns {
-  std::size_t count = 0;  ///< of all columns
-  std::array<std::optional<std::size_t>, kindcount> kinds;
+  CsvSelection selection;
+  std::array<std::optional<std::size_t>, kindcount> kinds;  ///< places among those selected
   std::array<std::optional<std::size_t>, pressurenames.size()> pressures;
+  std::vector<std::string> takennames;  ///< of columns that a result has as well
 };
 
 /// What is the same for all rows.
 struct BatchPlan {
   BatchColumns columns;
+  char delimiter = ',';
   std::string_view lineend = "\n";        ///< that of the first record
   double atm = defaultpressure;           ///< [in Hg], where a row gives none
   const RangeFinders* finders = nullptr;  ///< never changed, used from several threads
@@ -40,14 +43,15 @@ struct BatchResult {
   std::string text;
   std::size_t rows = 0;
   std::size_t failed = 0;
+  std::optional<std::size_t> openquote;  ///< if the last row has left a quote open: lines behind it that it took in
 };
 
 /// Finds the columns in the first record of a file. Bad usage for names that stand twice, for fewer than two properties
 /// and for what is no table.
-BatchColumns columnsof(const CsvRecord& header, const std::string& filename);
+BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter = ',');
 
 /// The names of the columns: those of the input, the state's with "out_" before them, and "status".
-std::string headerline(const CsvRecord& header, std::string_view lineend);
+std::string headerline(const CsvRecord& header, const BatchPlan& plan);
 
 /// Resolves a block of whole records. Blank lines are left out. A row that fails has an empty state and its reason in
 /// place of "ok"; one with too few fields is filled up and one with too many is cut, so that the columns stay columns.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "cli/fault.h"
 #include "cli/stream.h"
 
 namespace moistair {
@@ -22,7 +21,7 @@ bool RecordScanner::advance(char c) {
       break;
     case Place::plain: break;
   }
-  place_ = c == ',' || c == '\n' ? Place::fieldstart : Place::plain;
+  place_ = c == delimiter_ || c == '\n' ? Place::fieldstart : Place::plain;
   return c == '\n';
 }
 
@@ -48,13 +47,13 @@ std::optional<std::string> BlockReader::next() {
     const std::size_t end = scanner_.lastend(std::string_view(pending_).substr(known));
     if (end == 0) {
       if (pending_.size() <= longestrecord) continue;
-      throw failure(input_.name() + ", line " + std::to_string(line_) +
-                    ": more than 8 MB without the end of a row; a quote may have been left open");
+      gaveup_ = ended_ = true;
+      pending_.clear();
+      return std::nullopt;
     }
     std::string block = std::move(pending_);
     pending_ = block.substr(known + end);
     block.resize(known + end);
-    line_ += static_cast<std::size_t>(std::count(block.begin(), block.end(), '\n'));
     return block;
   }
   if (pending_.empty()) return std::nullopt;
@@ -63,8 +62,8 @@ std::optional<std::string> BlockReader::next() {
 
 namespace {
 
-/// Where the field that begins at `from` ends: at a comma, at a line end or at the end of the text.
-std::size_t fieldend(std::string_view text, std::size_t from, bool& quoteopen) {
+/// Where the field that begins at `from` ends: at a delimiter, at a line end or at the end of the text.
+std::size_t fieldend(std::string_view text, std::size_t from, char delimiter, bool& quoteopen) {
   std::size_t at = from;
   if (at < text.size() && text[at] == '"') {
     do {
@@ -76,34 +75,50 @@ std::size_t fieldend(std::string_view text, std::size_t from, bool& quoteopen) {
       ++at;
     } while (at < text.size() && text[at] == '"');
   }
-  while (at < text.size() && text[at] != ',' && text[at] != '\n') ++at;
+  while (at < text.size() && text[at] != delimiter && text[at] != '\n') ++at;
   return at;
 }
 
 }  // namespace
 
-bool takerecord(std::string_view& text, CsvRecord& record) {
+bool takerecord(std::string_view& text, CsvRecord& record, char delimiter, const CsvSelection& selection) {
   if (text.empty()) return false;
   record.fields.clear();
+  record.count = 0;
   record.quoteopen = false;
+  auto wanted = selection.wanted.begin();
   std::size_t begin = 0;
   std::size_t end = 0;
-  for (;;) {
-    end = fieldend(text, begin, record.quoteopen);
-    record.fields.push_back(text.substr(begin, end - begin));
+  std::size_t columnsend = std::string_view::npos;
+  for (;; begin = end + 1) {
+    end = fieldend(text, begin, delimiter, record.quoteopen);
+    if (wanted != selection.wanted.end() && *wanted == record.count) {
+      record.fields.push_back(text.substr(begin, end - begin));
+      ++wanted;
+    }
+    if (++record.count == selection.columns) columnsend = end;
     if (end == text.size() || text[end] == '\n') break;
-    begin = end + 1;
   }
   const std::size_t next = std::min(end + 1, text.size());
   const bool carriagereturn = end > 0 && text[end - 1] == '\r' && !record.quoteopen;
   if (carriagereturn) {
     --end;
-    record.fields.back().remove_suffix(1);
+    const bool lastwanted = !record.fields.empty() && selection.wanted[record.fields.size() - 1] + 1 == record.count;
+    if (lastwanted) record.fields.back().remove_suffix(1);
   }
   record.raw = text.substr(0, end);
+  record.columns = record.raw.substr(0, columnsend);
   record.lineend = text.substr(end, next - end);
   text.remove_prefix(next);
   return true;
+}
+
+void eachfield(std::string_view raw, char delimiter, const std::function<void(std::string_view field)>& see) {
+  for (std::size_t begin = 0, end = 0; begin <= raw.size(); begin = end + 1) {
+    bool ignored = false;
+    end = fieldend(raw, begin, delimiter, ignored);
+    see(raw.substr(begin, end - begin));
+  }
 }
 
 std::string_view fieldtext(std::string_view field, std::string& scratch) {

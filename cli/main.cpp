@@ -40,6 +40,13 @@ void checkcommand(const CLI::App& app, int argc, char** argv) {
   throw badusage("\"" + std::string(argv[1]) + "\" is no command (see moistair-cli --help)");
 }
 
+/// Bad usage for an option that there is not; the parser would first say which others are missing.
+void checkoptions(const CLI::App& app) {
+  for (const std::string& word : app.remaining(true)) {
+    if (word.size() > 1 && word.front() == '-') throw badusage(word + " is no option (see moistair-cli --help)");
+  }
+}
+
 /// What CLI11 prints for --help and --version.
 int printed(const CLI::App& app, const CLI::ParseError& request) {
   app.exit(request);
@@ -66,6 +73,7 @@ int run(int argc, char** argv) {
   } catch (const CLI::Success& request) {
     return printed(app, request);
   } catch (const CLI::ParseError& error) {
+    checkoptions(app);
     return ended(ExitCode::badusage, std::string(error.what()) + " (see moistair-cli --help)");
   }
   return static_cast<int>(ExitCode::success);

@@ -26,6 +26,7 @@ struct MixOptions {
 constexpr std::array<const char*, shownreadouts> rownames = {"flow", "pressure", "db", "wb", "rh",
                                                              "h",    "v",        "w",  "dp", "pv"};
 
+constexpr std::array<const char*, 3> columntitles = {"Stream 1", "Stream 2", "Mixed stream"};
 constexpr std::array<const char*, 3> columnnames = {"stream1", "stream2", "mixed"};
 
 using Columns = std::array<const AirStream*, 3>;
@@ -38,7 +39,7 @@ std::string astable(const MixingProblem& problem) {
   constexpr std::size_t pointcolumn = 6;
   std::string out;
   std::string line(captionwidth, ' ');
-  for (const char* head : columnheads) appendpadded(line, std::string("    ") + head, columnwidth);
+  for (const char* title : columntitles) appendpadded(line, std::string("    ") + title, columnwidth);
   appendtrimmed(out, line);
   for (std::size_t row = 0; row < shownreadouts; ++row) {
     line.clear();

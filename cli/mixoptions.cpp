@@ -5,6 +5,7 @@
 
 #include "cli/fault.h"
 #include "cli/properties.h"
+#include "engine/value.h"
 
 namespace moistair {
 
@@ -31,6 +32,13 @@ void givestream(AirStream& stream, const std::string& text) {
   stream.value2 = assignments[1].text;
 }
 
+/// Whether the sums that the mixture follows from can be worked out.
+bool canbesummed(const std::array<AirStream, 2>& streams) {
+  const auto flow = [](const AirStream& stream) { return lenientnumber(stream.flow); };
+  const auto heat = [](const AirStream& stream) { return lenientnumber(stream.h) * lenientnumber(stream.moistrate); };
+  return hasvalue(flow(streams[0]) + flow(streams[1])) && hasvalue(heat(streams[0]) + heat(streams[1]));
+}
+
 }  // namespace
 
 MixingProblem solvedmixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure) {
@@ -46,6 +54,7 @@ MixingProblem solvedmixing(const std::string& stream1, const std::string& stream
       throw Fault(fault.code(), "stream " + std::to_string(stream + 1) + ": " + fault.what());
     }
   }
+  if (!canbesummed(problem.streams)) throw failure("the flows are too large for a mixture");
   mixstreams(problem);
   if (!problem.savable) throw failure("the flows are too small for a mixture");
   return problem;

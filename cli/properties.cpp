@@ -51,7 +51,7 @@ Assignment assignmentof(std::string_view argument) {
   if (equals == std::string_view::npos) {
     throw badusage("\"" + std::string(argument) + "\" is no property with a value, such as db=75");
   }
-  return {std::string(argument.substr(0, equals)), std::string(argument.substr(equals + 1))};
+  return {lowercase(argument.substr(0, equals)), std::string(argument.substr(equals + 1))};
 }
 
 std::vector<Assignment> assignmentsof(std::string_view argument) {
@@ -74,7 +74,7 @@ double numberof(std::string_view text, std::string_view what) {
 GivenPair pairof(const std::vector<Assignment>& assignments) {
   std::vector<Given> given;
   for (const Assignment& assignment : assignments) {
-    const auto kind = kindnamed(lowercase(assignment.name));
+    const auto kind = kindnamed(assignment.name);
     if (!kind) throw badusage("\"" + assignment.name + "\" is none of " + kindnamelist);
     given.push_back({*kind, numberof(assignment.text, assignment.name)});
   }

@@ -38,7 +38,7 @@ const char* captionof(const StateColumn& column);
 /// A text with its letters of ASCII made small: kinds and pressures are known by their names in capitals too.
 std::string lowercase(std::string_view text);
 
-/// "NAME=TEXT" as typed; both sides may be anything.
+/// "NAME=TEXT": the name in small letters, the text as typed; both may be anything.
 struct Assignment {
   std::string name, text;
 };

@@ -27,13 +27,13 @@ fs::path home() {
   return user != nullptr ? fs::path(user->pw_dir) : fs::path("/");
 }
 
-/// Whether a program in this folder was put there for all users, or with its manual beside it.
+/// Whether a program in this folder was put there for all users, or with its entry in the menu of programs.
 bool isinstalled(const fs::path& folder) {
   constexpr std::array<const char*, 4> roots = {"usr", "opt", "bin", "sbin"};
   const fs::path first = *std::next(folder.begin(), folder.has_relative_path() ? 1 : 0);
   std::error_code ignored;
   return std::find(roots.begin(), roots.end(), first) != roots.end() ||
-         fs::exists(folder.parent_path() / "share" / "doc" / "moistair", ignored);
+         fs::exists(folder.parent_path() / "share" / "applications" / "moistair.desktop", ignored);
 }
 
 /// Whether this is a folder of the user's own, which the user may write.

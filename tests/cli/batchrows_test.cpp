@@ -19,7 +19,7 @@ public:
   }
 
   BatchResult rows(const std::string& text) const { return resolverows(text, plan_); }
-  std::string names() const { return headerline(record_, "\n"); }
+  std::string names() const { return headerline(record_, plan_); }
 
 private:
   std::string header_;

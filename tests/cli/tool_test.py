@@ -75,6 +75,12 @@ class Usage(ToolTest):
             ("bytes that are no text", 2, "is no number", ["state", b"db=\xff\xfe", "wb=62.5"]),
             ("w with dp", 2, "fix no state", ["state", "w=0.01", "dp=50"]),
             ("unknown option", 2, "--frob", ["state", "db=75", "wb=62.5", "--frob"]),
+            ("unknown option before one that is missing", 2, "--frob is no option", ["chart", "--frob", "3"]),
+            ("unknown short option", 2, "-x is no option", ["-x"]),
+            ("flows beyond all numbers", 1, "too large",
+             ["mix", "--stream1", "db=75,wb=62.5,flow=1e308", "--stream2", "db=95,wb=75,flow=1.7e308"]),
+            ("enthalpies beyond all numbers", 1, "too large",
+             ["mix", "--stream1", "db=75,wb=62.5,flow=7e307", "--stream2", "db=95,wb=75,flow=7e307"]),
             ("two pressures", 2, "excludes", ["state", "db=75", "wb=62.5", "--inhg", "30", "--psi", "14"]),
             ("pressure below its range", 2, "5.906", ["state", "db=75", "wb=62.5", "--inhg", "-1"]),
             ("no pressure", 2, "is no number", ["state", "db=75", "wb=62.5", "--inhg", ""]),
@@ -150,16 +156,58 @@ class Batch(ToolTest):
                 self.assertEqual(text.count(",ok"), count)
 
     def test_memory_stays_flat(self):
+        wide = "db,wb," + ",".join(map(str, range(20_000))) + "\n"
+        tables = [self.table(20_000), self.table(200_000), wide.encode() + b"75,62\n" * 4000]
         peaks = []
-        for rows in (20_000, 200_000):
-            (self.folder / "in.csv").write_bytes(self.table(rows))
+        for table in tables:
+            (self.folder / "in.csv").write_bytes(table)
             # Each in a process of its own: the peak of all children is what can be asked for.
-            code = ("import resource, subprocess, sys; subprocess.run(sys.argv[1:], check=True);"
+            code = ("import resource, subprocess, sys; subprocess.run(sys.argv[1:], stderr=subprocess.DEVNULL);"
                     "print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)")
-            done = subprocess.run([sys.executable, "-c", code, TOOL, "batch", "in.csv", "-o", "out.csv", "--jobs", "2"],
+            done = subprocess.run([sys.executable, "-c", code, TOOL, "batch", "in.csv", "-o", "/dev/null", "--jobs", "2"],
                                   cwd=self.folder, env=ENVIRONMENT, stdout=subprocess.PIPE, check=True)
             peaks.append(int(done.stdout))
-        self.assertLess(peaks[1], peaks[0] + 8192, f"peaks of {peaks} KB")
+        self.assertLess(peaks[1], peaks[0] + 8192, f"many rows: peaks of {peaks} KB")
+        self.assertLess(peaks[2], peaks[0] + 32768, f"many columns and short rows: peaks of {peaks} KB")
+
+    def test_delimiters(self):
+        state = "75.0000000;62.5000000;50.3032182;0.0092932;28.1695563;55.2457239;13.6751968;0.4404820;ok"
+        for given, delimiter in ((";", ";"), ("\t", "\t"), ("\\t", "\t"), ("|", "|")):
+            with self.subTest(delimiter):
+                table = delimiter.join(["note", "DB", "wb"]) + "\n" + delimiter.join(['"a,b;\t|"', "75", "62.5"]) + "\n"
+                text = self.output("batch", "--delimiter", given, given=table.encode())
+                self.assertEqual(text.splitlines()[1], table.splitlines()[1] + delimiter + state.replace(";", delimiter))
+        for wrong in ("", ";;", '"', "5", ".", "a", "\n", "§"):
+            self.assert_refused(self.run_tool("batch", "--delimiter", wrong, given=b"db,wb\n"), 2, "delimiter must be")
+
+    def test_columns_of_the_result_that_are_there_already(self):
+        done = self.run_tool("batch", given=b"db,wb,status,out_db\n75,62.5,,\n")
+        self.assert_refused(done, 0, "warning: standard input has columns of the result already: status, out_db")
+        self.assertEqual(done.stdout.count(b",ok"), 1)
+
+    def test_a_quote_left_open_is_told_with_its_row(self):
+        rows = b"75,62.5,\n" * 3
+        long = b"75,62.5,\n" * 1_000_000
+        for name, behind, words in (("at the end", rows, "1 of 5 rows failed; a quote was left open in row 5, which has "
+                                     "taken in 3 lines behind it"), ("too long", long, "row 5: more than 8 MB")):
+            with self.subTest(name):
+                done = self.run_tool("batch", "--jobs", "3", given=b"db,wb,note\n\n" + rows + b'75,62.5,"two\nlines"\n' +
+                                     b'75,62.5,"5 in\n' + behind)
+                self.assert_refused(done, 1, words)
+                self.assertEqual(done.stdout.count(b",ok"), 4)
+
+    def test_a_failure_leaves_the_old_table(self):
+        (self.folder / "t.csv").write_bytes(b"db,wb\n75,62.5\n" + b'75,"' + b"x" * (9 << 20))
+        (self.folder / "out.csv").write_bytes(b"old")
+        self.assert_refused(self.run_tool("batch", "t.csv", "-o", "out.csv"), 1, "more than 8 MB")
+        self.assertEqual((self.folder / "out.csv").read_bytes(), b"old")
+        table = self.table(15_000)
+        (self.folder / "t.csv").write_bytes(table)
+        code = 'cat t.csv | "$0" batch -o t.csv'  # the tool cannot see that it reads what it writes
+        subprocess.run(["bash", "-c", code, TOOL], cwd=self.folder, env=ENVIRONMENT, check=True, timeout=100)
+        written = (self.folder / "t.csv").read_bytes()
+        self.assertEqual((written.count(b"\n"), written.count(b",ok\n")), (15_001, 15_000))
+        self.assertEqual(sorted(os.listdir(self.folder)), ["out.csv", "t.csv"])
 
     def test_output_that_cannot_be_written(self):
         (self.folder / "in.csv").write_bytes(self.table(30000))
@@ -196,6 +244,10 @@ class Mix(ToolTest):
     def test_a_mixture_too_dry_for_a_dew_point_has_none(self):
         driest = "db=120,wb=63.33,flow=1"
         self.assertIsNone(json.loads(self.mix(driest, driest).stdout)["mixed"]["dp"])
+
+    def test_heads_are_spelled_right(self):
+        table = self.output("mix", "--stream1", "db=75,wb=62.5,flow=1000", "--stream2", "db=95,wb=75,flow=500")
+        self.assertEqual(table.splitlines()[0].split(), "Stream 1 Stream 2 Mixed stream".split())
 
     def test_the_first_stream_leaves_nothing_to_the_second(self):
         """No dry bulb is seen for the second one; over the range of the first the search would go on to a state."""

@@ -252,7 +252,8 @@ TEST(LogPlacesTest, FollowTheUserAndThePlaceOfTheProgram) {
   const fs::path home = place.path / "home";
   const fs::path tree = place.path / "tree" / "bin";
   const fs::path installed = place.path / "prefix" / "bin";
-  for (const fs::path& path : {home, tree, installed, place.path / "prefix" / "share" / "doc" / "moistair"}) {
+  for (const fs::path& path :
+       {home, tree, installed, place.path / "prefix" / "share" / "applications" / "moistair.desktop"}) {
     fs::create_directories(path);
   }
   const std::string elsewhere = place.path / "state";
@@ -263,7 +264,7 @@ TEST(LogPlacesTest, FollowTheUserAndThePlaceOfTheProgram) {
     std::vector<fs::path> folders;
   } rows[] = {
       {"in a folder of the user's", nullptr, tree, {tree, home / ".local/state/moistair"}},
-      {"with the manual beside it", nullptr, installed, {home / ".local/state/moistair"}},
+      {"installed for one user", nullptr, installed, {home / ".local/state/moistair"}},
       {"for all users", nullptr, "/usr/bin", {home / ".local/state/moistair"}},
       {"state elsewhere", elsewhere.c_str(), "/usr/bin", {place.path / "state" / "moistair"}},
       {"state that is no path", "state", "/usr/bin", {home / ".local/state/moistair"}},

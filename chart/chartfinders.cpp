@@ -26,7 +26,7 @@ std::optional<DryBulbRange> dbrangeofrh(double rh, double atm, const PlotArea& a
   if (!(rh >= 0 && rh <= 100)) return range;
   Position last;
   for (int db = 1; db <= 121; ++db) {
-    const double w = psychro_wrh(db, rh, atm);
+    const double w = ratioofrh(pvsat(db), rh, atm);
     const Position here = positionof(area, db, w, last);
     if (last.x > 0 && area.limits.contain(db, w)) {
       if (here.y > 0 && !range) range = DryBulbRange{db - 1.0, 0};
@@ -39,13 +39,14 @@ std::optional<DryBulbRange> dbrangeofrh(double rh, double atm, const PlotArea& a
 
 std::optional<DryBulbRange> dbrangeofh(double h, double atm, const PlotArea& area) {
   std::optional<DryBulbRange> range;
+  const WetBulbWalk wetbulb(h, atm);
   Position last;
   double db = walkstart(area.limits.highdb);
   do {
     db -= 1;
-    const double wb = psychro_wb(db, h, atm);
-    const double w = psychro_w(db, wb, atm);
-    const double rh = psychro_rh(db, wb, atm);
+    const double pv = psychro_pv1(db, wetbulb(db), atm);
+    const double w = ratioof(pv, atm);
+    const double rh = humidityof(pv, pvsat(db));
     const Position here = positionof(area, db, w, last);
     if (w <= 0.03 && rh >= 0 && counts(area.limits, db, w, rh, last, here)) {
       if (!range) range = DryBulbRange{0, db + 2};
@@ -65,8 +66,9 @@ std::optional<DryBulbRange> dbrangeofspvol(double v, double atm, const PlotArea&
     db -= 1;
     const SearchResult wb = wbwithdbandspvol(db, v, atm);
     if (wb.iterations > 0 && !wb.failed()) {
-      const double w = psychro_w(db, wb.x, atm);
-      const double rh = psychro_rh(db, wb.x, atm);
+      const double pv = psychro_pv1(db, wb.x, atm);
+      const double w = ratioof(pv, atm);
+      const double rh = humidityof(pv, pvsat(db));
       const Position here = positionof(area, db, w, last);
       if (counts(area.limits, db, w, rh, last, here)) {
         if (!range) range = DryBulbRange{0, db + 1};

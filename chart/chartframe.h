@@ -13,6 +13,7 @@
 #include "chart/canvas.h"
 #include "engine/moistair.h"
 #include "engine/numbertext.h"
+#include "engine/state.h"
 
 namespace moistair {
 
@@ -81,6 +82,7 @@ struct Chart {
   ChartCanvas& canvas;
   PlotArea area;
   double atmpressure = defaultpressure;  ///< [in Hg]
+  Way way = Way::quick;                  ///< of all searches
 };
 
 /// Reads the lists' texts strictly; a text that is no number leaves its limit as it was.

@@ -43,7 +43,7 @@ void drawbottomaxis(const Chart& chart) {
 void drawratiogridline(const Chart& chart, double rise) {
   const PlotArea& area = chart.area;
   const ChartLimits& limits = area.limits;
-  const double saturated = dbwithrhandhr(100, rise + limits.lowhr, chart.atmpressure);
+  const double saturated = dbwithrhandhr(100, rise + limits.lowhr, chart.atmpressure, chart.way);
   const double y = area.bottom() - quotient(area.window.height * rise, area.frame.hrscale);
   double start = 0;
   if (saturated >= limits.lowdb && saturated <= limits.highdb) assign(start, area.plotx(saturated));

@@ -28,10 +28,11 @@ bool tracevolline(const Chart& chart, double v) {
   Position last;
   do {
     db -= 0.1;
-    const SearchResult wb = wbwithdbandspvol(db, v, chart.atmpressure);
+    const SearchResult wb = wbwithdbandspvol(db, v, chart.atmpressure, chart.way);
     if (wb.iterations > 0 && !wb.failed()) {
-      assign(w, psychro_w(db, wb.x, chart.atmpressure));
-      assign(rh, psychro_rh(db, wb.x, chart.atmpressure));
+      const double pv = psychro_pv1(db, wb.x, chart.atmpressure);
+      assign(w, ratioof(pv, chart.atmpressure));
+      assign(rh, humidityof(pv, psychro_pvs(db)));
       const Position here = positionof(chart.area, db, w, last);
       if (issegment(limits, db, w, rh, last, here)) {
         chart.canvas.Line(last.x, last.y, here.x, here.y, colors::specificvolume);
@@ -50,7 +51,8 @@ bool tracevolline(const Chart& chart, double v) {
 /// drawn.
 void drawvollines(const Chart& chart) {
   constexpr double highest = 78;
-  const double largest = spvolwithdbandhr(chart.area.limits.highdb, chart.area.limits.highhr, chart.atmpressure);
+  const double largest =
+      spvolwithdbandhr(chart.area.limits.highdb, chart.area.limits.highhr, chart.atmpressure, chart.way);
   double v = std::nearbyint(largest) + 1;
   const double step = familystep(v);
   if (v > highest) v -= std::ceil((v - highest) / step) * step;

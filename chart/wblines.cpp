@@ -24,8 +24,9 @@ bool traceleftwards(const Chart& chart, Color color, const WetBulb& wetbulb, con
     db -= 1;
     const double wb = wetbulb(db);
     if (!hasvalue(wb)) continue;
-    assign(w, psychro_w(db, wb, chart.atmpressure));
-    assign(rh, psychro_rh(db, wb, chart.atmpressure));
+    const double pv = psychro_pv1(db, wb, chart.atmpressure);
+    assign(w, ratioof(pv, chart.atmpressure));
+    assign(rh, humidityof(pv, pvsat(db)));
     const Position here = positionof(chart.area, db, w, last);
     if (issegment(limits, db, w, rh, last, here)) {
       chart.canvas.Line(last.x, last.y, here.x, here.y, color);
@@ -46,7 +47,7 @@ bool tracewbline(const Chart& chart, double wb) {
 }
 
 bool traceenthline(const Chart& chart, double h) {
-  const auto wetbulb = [&](double db) { return psychro_wb(db, h, chart.atmpressure); };
+  const WetBulbWalk wetbulb(h, chart.atmpressure, chart.way);
   return traceleftwards(chart, colors::enthalpy, wetbulb, [&] { chart.canvas.Print("h=" + printednumber(h)); });
 }
 

@@ -278,8 +278,8 @@ void alonghumidity(Quest& quest, const Given& humidity, const Given& other) {
   const auto f = [&](double x) {
     const double pressure = pv(x);
     if (other.kind == w || other.kind == dp) return pressure;
-    const double ratio = ratioofpressure(pressure, quest.atm);
-    return other.kind == h ? enthalpyofratio(x, ratio) : volumeofratio(x, ratio, quest.atm);
+    const double ratio = ratioof(pressure, quest.atm);
+    return other.kind == h ? enthalpyof(x, ratio) : volumeof(volumefactor(x), ratio, quest.atm);
   };
   const bool ofpressure = other.kind == w || other.kind == dp;
   const double target = ofpressure ? pressureof(other, novalue, quest.atm) : other.value;
@@ -293,7 +293,7 @@ void alonghumidity(Quest& quest, const Given& humidity, const Given& other) {
 /// A humidity ratio or a dew point leaves one dry bulb to an enthalpy or a volume.
 void alongpressure(Quest& quest, const Given& moisture, const Given& other) {
   const double pv = pressureof(moisture, novalue, quest.atm);
-  const double ratio = ratioofpressure(pv, quest.atm);
+  const double ratio = ratioof(pv, quest.atm);
   const double drybulb =
       other.kind == h ? drybulbofenthalpy(other.value, ratio) : drybulbofvolume(other.value, ratio, quest.atm);
   takewetbulbs(quest, drybulb, pv);
@@ -301,7 +301,7 @@ void alongpressure(Quest& quest, const Given& moisture, const Given& other) {
 
 /// Along an enthalpy the volume rises with the dry bulb.
 void alongenthalpy(Quest& quest, const Given& enthalpy, double volume) {
-  const auto f = [&](double x) { return volumeofratio(x, ratioofenthalpy(x, enthalpy.value), quest.atm); };
+  const auto f = [&](double x) { return volumeof(volumefactor(x), ratioofenthalpy(x, enthalpy.value), quest.atm); };
   const double moist = drybulbofenthalpy(enthalpy.value, boundof(w).upto);
   const double dry = drybulbofenthalpy(enthalpy.value, 0);
   Stretch all{std::max(moist, 0.0), boundof(db).upto, moist > 0 ? toomoist : toocold, toohot};

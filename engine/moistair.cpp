@@ -1,6 +1,7 @@
 #include "engine/moistair.h"
 
-#include "engine/value.h"
+#include <cmath>
+
 #include "engine/vaporterms.h"
 
 namespace moistair {
@@ -35,15 +36,7 @@ double psychro_pvs(double temp) {
   return valueof(inhg_of_kpa(std::exp(lnp)));
 }
 
-double psychro_pv1(double db, double wb, double atm) {
-  const double ps = psychro_pvs(wb);
-  if (wb <= icewetbulb) return valueof(ps - (0.0005704 * atm * (db - wb)) / 1.8);
-  const double ws = quotient(ps, atm - ps) * massratio;
-  const double c = 0.24 + 0.441 * ws;
-  const double d = 1093.049 + 0.441 * (db - wb);
-  const double w = ws - quotient(c * (db - wb), d);
-  return valueof(atm * quotient(w, massratio + w));
-}
+double psychro_pv1(double db, double wb, double atm) { return vaporpressureof(db, wb, atm, psychro_pvs(wb)); }
 
 double psychro_dp(double this_pv) {
   if (!(this_pv > 0)) return novalue;
@@ -51,20 +44,15 @@ double psychro_dp(double this_pv) {
   return valueof((this_pv < formsmeet ? frostpoint : waterpoint).at(a));
 }
 
-double psychro_w(double db, double wb, double atm) { return ratioofpressure(psychro_pv1(db, wb, atm), atm); }
+double psychro_w(double db, double wb, double atm) { return ratioof(psychro_pv1(db, wb, atm), atm); }
 
-double psychro_h(double db, double wb, double atm) { return enthalpyofratio(db, psychro_w(db, wb, atm)); }
+double psychro_h(double db, double wb, double atm) { return enthalpyof(db, psychro_w(db, wb, atm)); }
 
-double psychro_rh(double db, double wb, double atm) {
-  return quotient(100 * psychro_pv1(db, wb, atm), psychro_pvs(db));
-}
+double psychro_rh(double db, double wb, double atm) { return humidityof(psychro_pv1(db, wb, atm), psychro_pvs(db)); }
 
-double psychro_v(double db, double wb, double atm) { return volumeofratio(db, psychro_w(db, wb, atm), atm); }
+double psychro_v(double db, double wb, double atm) { return volumeof(volumefactor(db), psychro_w(db, wb, atm), atm); }
 
-double psychro_wrh(double db, double rh, double atm) {
-  const double d = (psychro_pvs(db) * 0.03342105 * rh) / 100;
-  return quotient(d * massratio, atm * 0.03342105 - d);
-}
+double psychro_wrh(double db, double rh, double atm) { return ratioofrh(psychro_pvs(db), rh, atm); }
 
 double psychro_atm(double elev) {
   const double psi = 14.696 * std::pow(1 - 6.8754e-06 * elev, 5.2559);

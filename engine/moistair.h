@@ -14,6 +14,8 @@
 /// (value.h).
 #pragma once
 
+#include "engine/value.h"
+
 namespace moistair {
 
 /// The atmospheric pressure that the program starts with [in Hg].
@@ -69,5 +71,46 @@ double psychro_wrh(double db, double rh, double atm);
 /// Atmospheric pressure at an elevation [ft], in in Hg. No value from about 145446 ft up, where the base goes negative.
 /// Source: standard atmosphere, 14.696 (1 - 6.8754e-06 Z)^5.2559 pounds/sq inch.
 double psychro_atm(double elev);
+
+/// \name The same equations in steps
+/// For whoever has a term at hand already: a search the saturation pressure of a temperature that stays, a whole state
+/// its vapour pressure. Each function above is made of these, so they give the same digits.
+/// \{
+
+/// Molar mass of water over that of dry air.
+inline constexpr double massratio = 0.62198;
+
+/// The wet bulb up to which the psychrometer equation over ice holds [deg F].
+inline constexpr double icewetbulb = 32;
+
+/// psychro_pv1 by the saturation pressure ps [in Hg] at the wet bulb.
+inline double vaporpressureof(double db, double wb, double atm, double ps) {
+  if (wb <= icewetbulb) return valueof(ps - (0.0005704 * atm * (db - wb)) / 1.8);
+  const double ws = quotient(ps, atm - ps) * massratio;
+  const double c = 0.24 + 0.441 * ws;
+  const double d = 1093.049 + 0.441 * (db - wb);
+  const double w = ws - quotient(c * (db - wb), d);
+  return valueof(atm * quotient(w, massratio + w));
+}
+
+/// psychro_rh by the vapour pressure pv and the saturation pressure ps at the dry bulb [in Hg].
+inline double humidityof(double pv, double ps) { return quotient(100 * pv, ps); }
+
+/// psychro_w by the vapour pressure pv [in Hg].
+inline double ratioof(double pv, double atm) { return quotient(massratio * pv, atm - pv); }
+
+/// psychro_h by the humidity ratio w.
+inline double enthalpyof(double db, double w) { return valueof(0.24 * db + (1061 + 0.444 * db) * w); }
+
+/// psychro_v by the humidity ratio w; its first factor follows from the dry bulb alone.
+inline double volumefactor(double db) { return 0.754 * (db + 459.7); }
+inline double volumeof(double factor, double w, double atm) { return quotient(factor * (1 + (7000 * w) / 4360), atm); }
+
+/// psychro_wrh by the saturation pressure ps [in Hg] at the dry bulb.
+inline double ratioofrh(double ps, double rh, double atm) {
+  const double d = (ps * 0.03342105 * rh) / 100;
+  return quotient(d * massratio, atm * 0.03342105 - d);
+}
+/// \}
 
 }  // namespace moistair

@@ -12,24 +12,38 @@ namespace {
 
 /// Wet bulb of the candidate. A search that fails or may not run goes on with its present x: the outer search simply
 /// sees a value that does not fit.
-double completed(Completion completion, double db, double given, double atm) {
-  switch (completion) {
-    case Completion::rhsearch: {
-      const auto f = [&](double wb) { return psychro_rh(db, wb, atm); };
-      return bracketsearch(f, given, Bracket{.tolerance = 1e-06}, given <= 100 && given >= 0).x;
-    }
-    case Completion::vsearch: {
-      const auto f = [&](double wb) { return psychro_v(db, wb, atm); };
-      return bracketsearch(f, given, Bracket{}, given > f(0)).x;
-    }
-    case Completion::hwalk: break;
+class InnerSolver {
+public:
+  InnerSolver(Completion completion, double given, double atm, Way way)
+      : completion_(completion), given_(given), atm_(atm), way_(way) {
+    if (completion == Completion::hwalk) walk_.emplace(given, atm, way);
   }
-  return psychro_wb(db, given, atm);
-}
 
-void innersolve(const NestedSearch& search, double atm, SolverFields& fields) {
+  double wetbulb(double db) const {
+    switch (completion_) {
+      case Completion::rhsearch: {
+        const Bracket bracket{.tolerance = 1e-06};
+        return bracketsearch(RhOfWb(db, atm_), given_, bracket, given_ <= 100 && given_ >= 0, way_).x;
+      }
+      case Completion::vsearch: {
+        const VOfWb f(db, atm_);
+        return bracketsearch(f, given_, Bracket{}, given_ > f(0), way_).x;
+      }
+      case Completion::hwalk: break;
+    }
+    return (*walk_)(db);
+  }
+
+private:
+  Completion completion_;
+  double given_, atm_;
+  Way way_;
+  std::optional<WetBulbWalk> walk_;
+};
+
+void innersolve(const NestedSearch& search, const InnerSolver& solver, double atm, SolverFields& fields) {
   const double db = fields.candidate.strict();
-  const double wb = completed(search.completion, db, fields.given.strict(), atm);
+  const double wb = solver.wetbulb(db);
   fields.returned.set(search.returned(db, wb, atm));
   if (!search.wetbulbofh) fields.wetbulb.set(wb);
 }
@@ -71,15 +85,16 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
   };
   taketomiddle();
   fields.given.set(given);
+  const InnerSolver solver(search.completion, fields.given.strict(), atm, finders.way);
 
   double returned = 0;
   do {
     ++result.iterations;
-    innersolve(search, atm, fields);
+    innersolve(search, solver, atm, fields);
     returned = fields.returned.lenient();
     if (returned > target) {
       halve(true);
-      innersolve(search, atm, fields);
+      innersolve(search, solver, atm, fields);
       returned = fields.returned.lenient();
     }
     if (returned < target) halve(false);
@@ -89,7 +104,7 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
   if (result.failed) return result;
   point.db = db;
   if (search.wetbulbofh) {
-    assign(point.wb, psychro_wb(db, point.h, atm));
+    assign(point.wb, psychro_wb(db, point.h, atm, finders.way));
   } else {
     point.wb = fields.wetbulb.lenient();
   }

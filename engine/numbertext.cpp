@@ -300,7 +300,15 @@ std::string printednumber(double number) {
 }
 
 void NumberText::set(double number) {
-  if (hasvalue(number)) text_ = numbertext(number);
+  if (!hasvalue(number)) return;
+  isnumber_ = true;
+  number_ = number;
+  rounded_ = fifteendigits(number);
+}
+
+void NumberText::settext(std::string text) {
+  isnumber_ = false;
+  text_ = std::move(text);
 }
 
 }  // namespace moistair

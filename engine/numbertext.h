@@ -43,7 +43,8 @@ double fifteendigits(double number);
 /// it, no zero before a decimal point: " 100 ", " .015 ", "-.5 ".
 std::string printednumber(double number);
 
-/// A number stored as text: what reads it back gets it rounded to 15 significant digits.
+/// A number stored as text: what reads it back gets it rounded to 15 significant digits. The text of a number is made
+/// when someone looks at it; searches that pass numbers on only pay for the rounding.
 class NumberText {
 public:
   NumberText() = default;
@@ -51,13 +52,15 @@ public:
 
   /// Stores the number; one that has no value leaves the store as it was.
   void set(double number);
-  void settext(std::string text) { text_ = std::move(text); }
+  void settext(std::string text);
 
-  const std::string& text() const { return text_; }
-  double strict() const { return strictnumber(text_); }
-  double lenient() const { return lenientnumber(text_); }
+  std::string text() const { return isnumber_ ? numbertext(number_) : text_; }
+  double strict() const { return isnumber_ ? rounded_ : strictnumber(text_); }
+  double lenient() const { return isnumber_ ? rounded_ : lenientnumber(text_); }
 
 private:
+  bool isnumber_ = false;
+  double number_ = 0, rounded_ = 0;
   std::string text_;
 };
 

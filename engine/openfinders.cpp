@@ -13,7 +13,7 @@ std::optional<DryBulbRange> openrangeofrh(double rh, double atm) {
   std::optional<DryBulbRange> range;
   if (!(rh >= 0 && rh <= 100)) return range;
   for (int db = 1; db <= 120; ++db) {
-    const double w = psychro_wrh(db, rh, atm);
+    const double w = ratioofrh(pvsat(db), rh, atm);
     if (!(w >= 0 && w <= highestratio)) continue;
     if (!range) range = DryBulbRange{db - 1.0, 0};
     range->high = db;
@@ -21,12 +21,14 @@ std::optional<DryBulbRange> openrangeofrh(double rh, double atm) {
   return range;
 }
 
-std::optional<DryBulbRange> openrangeofh(double h, double atm) {
+std::optional<DryBulbRange> openrangeofh(double h, double atm, Way way) {
   std::optional<DryBulbRange> range;
+  const WetBulbWalk wetbulb(h, atm, way);
   for (int db = 119; db >= 0; --db) {
-    const double wb = psychro_wb(db, h, atm);
-    const double w = psychro_w(db, wb, atm);
-    const double rh = psychro_rh(db, wb, atm);
+    const double wb = wetbulb(db);
+    const double pv = psychro_pv1(db, wb, atm);
+    const double w = ratioof(pv, atm);
+    const double rh = humidityof(pv, pvsat(db));
     if (!(w > 0 && w <= highestratio && rh >= 0 && rh <= 100)) continue;
     if (!range) range = DryBulbRange{0, db + 2.0};
     range->low = db - 1;
@@ -34,15 +36,16 @@ std::optional<DryBulbRange> openrangeofh(double h, double atm) {
   return range;
 }
 
-std::optional<DryBulbRange> openrangeofspvol(double v, double atm) {
+std::optional<DryBulbRange> openrangeofspvol(double v, double atm, Way way) {
   std::optional<DryBulbRange> range;
   if (!(v > 0 && v <= 78)) return range;
   for (int db = 119; db >= 0; --db) {
-    const auto wet = wbwithdbandspvol(db, v, atm);
+    const auto wet = wbwithdbandspvol(db, v, atm, way);
     if (wet.iterations == iterationlimit) break;
     if (wet.iterations == 0) continue;
-    const double w = psychro_w(db, wet.x, atm);
-    const double rh = psychro_rh(db, wet.x, atm);
+    const double pv = psychro_pv1(db, wet.x, atm);
+    const double w = ratioof(pv, atm);
+    const double rh = humidityof(pv, pvsat(db));
     if (!(w > 0 && w <= highestratio && rh <= 100)) continue;
     if (!range) range = DryBulbRange{0, db + 1.0};
     range->low = db;
@@ -52,9 +55,14 @@ std::optional<DryBulbRange> openrangeofspvol(double v, double atm) {
 
 }  // namespace
 
-const RangeFinders& openrangefinders() {
-  static const RangeFinders finders{openrangeofrh, openrangeofh, openrangeofspvol};
-  return finders;
+const RangeFinders& openrangefinders(Way way) {
+  const auto finders = [](Way along) {
+    return RangeFinders{openrangeofrh, [=](double h, double atm) { return openrangeofh(h, atm, along); },
+                        [=](double v, double atm) { return openrangeofspvol(v, atm, along); }, along};
+  };
+  static const RangeFinders quick = finders(Way::quick);
+  static const RangeFinders plain = finders(Way::plain);
+  return way == Way::quick ? quick : plain;
 }
 
 }  // namespace moistair

@@ -37,91 +37,73 @@ constexpr Field v = &StatePoint::v;
 constexpr Field pv = &StatePoint::pv;
 }  // namespace field
 
-/// A property as a function of the one variable that is looked for, the rest of the state held fixed.
-using Property = double (*)(double x, const StatePoint& known, double atm);
-
-double rh_of_wb(double x, const StatePoint& known, double atm) { return psychro_rh(known.db, x, atm); }
-double w_of_wb(double x, const StatePoint& known, double atm) { return psychro_w(known.db, x, atm); }
-double pv_of_wb(double x, const StatePoint& known, double atm) { return psychro_pv1(known.db, x, atm); }
-double v_of_wb(double x, const StatePoint& known, double atm) { return psychro_v(known.db, x, atm); }
-double rh_of_db(double x, const StatePoint& known, double atm) { return psychro_rh(x, known.wb, atm); }
-double w_of_db(double x, const StatePoint& known, double atm) { return psychro_w(x, known.wb, atm); }
-double h_of_db(double x, const StatePoint& known, double atm) { return psychro_h(x, known.wb, atm); }
-double pv_of_db(double x, const StatePoint& known, double atm) { return psychro_pv1(x, known.wb, atm); }
-double v_of_db(double x, const StatePoint& known, double atm) { return psychro_v(x, known.wb, atm); }
-double wrh_of_db(double x, const StatePoint& known, double atm) { return psychro_wrh(x, known.rh, atm); }
-double dp_of_pv(double x, const StatePoint&, double) { return psychro_dp(x); }
-
 /// What is tested before a search runs: the target against the property at the ends of the bracket.
-struct Guard {
-  Property property = nullptr;
-  Field target = nullptr;
-  bool lowersideonly = false;
-};
+enum class Guard { none, between, abovelow };
 
-bool holds(const Guard& guard, const Run& run) {
-  if (guard.property == nullptr) return true;
-  const Bracket range;
-  const double target = run.point.*guard.target;
-  const auto f = [&](double x) { return guard.property(x, run.point, run.atm); };
-  return guard.lowersideonly ? target > f(range.low) : liesbetween(f, target, range);
-}
-
-/// One search of the pair table.
+/// One search of the pair table: F as a function of its variable, one property held fixed, takes a target. G is the
+/// property that the guard looks at.
+template <class F, class G = F>
 struct Search {
   Field finds;
-  Property f;
+  Field fixed;
   Field target;
   Bracket bracket;
   Guard guard;
+  Field guardtarget;
   bool mayfail;  ///< whether the row fails with it; if not, x counts as it stands after the last iteration
+
+  bool allowed(const Run& run) const {
+    if (guard == Guard::none) return true;
+    const G property(run.point.*fixed, run.atm);
+    const double value = run.point.*guardtarget;
+    return guard == Guard::between ? liesbetween(property, value) : value > property(Bracket{}.low);
+  }
+
+  /// False if the row fails with it.
+  bool operator()(Run& run) const {
+    const F f(run.point.*fixed, run.atm);
+    const SearchResult result = bracketsearch(f, run.point.*target, bracket, allowed(run), run.finders.way);
+    run.point.*finds = result.x;
+    run.iterations = result.iterations;
+    run.sought = finds == field::wb ? PropertyKind::wb : PropertyKind::db;
+    return !(mayfail && result.failed());
+  }
 };
 
 constexpr Bracket temperature{};
 constexpr Bracket temperaturefalling{.direction = Direction::falls};
 constexpr Bracket vaporpressure{.high = 1.628817};  // a dew point of about 94.4 deg F
 
-constexpr Search A{field::wb, rh_of_wb, field::rh, temperature, {rh_of_wb, field::rh}, true};
-constexpr Search B{field::wb, w_of_wb, field::w, temperature, {w_of_wb, field::w}, true};
-constexpr Search P{field::pv, dp_of_pv, field::dp, vaporpressure, {}, false};
-constexpr Search C{field::wb, pv_of_wb, field::pv, temperature, {pv_of_wb, field::pv}, true};
-constexpr Search D{field::wb, v_of_wb, field::v, temperature, {v_of_wb, field::v, true}, true};
-constexpr Search E{field::db, rh_of_db, field::rh, temperaturefalling, {}, true};
-constexpr Search F{field::db, w_of_db, field::w, temperature, {}, true};
-constexpr Search G{field::db, h_of_db, field::h, temperature, {}, true};
-constexpr Search H{field::db, pv_of_db, field::pv, temperature, {}, true};
-constexpr Search I{field::db, v_of_db, field::v, temperature, {}, true};
-constexpr Search J{field::db, wrh_of_db, field::w, temperature, {}, true};
-constexpr Search K{field::wb, rh_of_wb, field::rh, temperature, {w_of_wb, field::w}, true};
-
-/// Runs one search; false if the row fails with it.
-bool runsearch(const Search& search, Run& run) {
-  const auto f = [&](double x) { return search.f(x, run.point, run.atm); };
-  const double target = run.point.*search.target;
-  const SearchResult result = bracketsearch(f, target, search.bracket, holds(search.guard, run));
-  run.point.*search.finds = result.x;
-  run.iterations = result.iterations;
-  run.sought = search.finds == field::wb ? PropertyKind::wb : PropertyKind::db;
-  return !(search.mayfail && result.failed());
-}
+constexpr Search<RhOfWb> A{field::wb, field::db, field::rh, temperature, Guard::between, field::rh, true};
+constexpr Search<WOfWb> B{field::wb, field::db, field::w, temperature, Guard::between, field::w, true};
+constexpr Search<DpOfPv> P{field::pv, field::db, field::dp, vaporpressure, Guard::none, field::dp, false};
+constexpr Search<PvOfWb> C{field::wb, field::db, field::pv, temperature, Guard::between, field::pv, true};
+constexpr Search<VOfWb> D{field::wb, field::db, field::v, temperature, Guard::abovelow, field::v, true};
+constexpr Search<RhOfDb> E{field::db, field::wb, field::rh, temperaturefalling, Guard::none, field::rh, true};
+constexpr Search<WOfDb> F{field::db, field::wb, field::w, temperature, Guard::none, field::w, true};
+constexpr Search<HOfDb> G{field::db, field::wb, field::h, temperature, Guard::none, field::h, true};
+constexpr Search<PvOfDb> H{field::db, field::wb, field::pv, temperature, Guard::none, field::pv, true};
+constexpr Search<VOfDb> I{field::db, field::wb, field::v, temperature, Guard::none, field::v, true};
+constexpr Search<WrhOfDb> J{field::db, field::rh, field::w, temperature, Guard::none, field::w, true};
+constexpr Search<RhOfWb, WOfWb> K{field::wb, field::db, field::rh, temperature, Guard::between, field::w, true};
 
 /// How a row finds what its pair does not give: one or two searches, a direct equation, or a nested search.
 using Solve = bool (*)(Run&);
 
 bool nothing(Run&) { return true; }
 
-template <const Search&... searches>
+template <const auto&... searches>
 bool by(Run& run) {
-  return (runsearch(searches, run) && ...);
+  return (searches(run) && ...);
 }
 
 bool by_wrh_then_A(Run& run) {
   assign(run.point.w, psychro_wrh(run.point.db, run.point.rh, run.atm));
-  return runsearch(A, run);
+  return A(run);
 }
 
 bool by_psychro_wb(Run& run) {
-  assign(run.point.wb, psychro_wb(run.point.db, run.point.h, run.atm));
+  assign(run.point.wb, psychro_wb(run.point.db, run.point.h, run.atm, run.finders.way));
   return true;
 }
 
@@ -192,11 +174,14 @@ const PairRow* rowof(PropertyKind first, PropertyKind second) {
 /// so.
 void derive(const PairRow& row, StatePoint& point, double atm) {
   const auto derived = [&](PropertyKind kind) { return kind != row.first && kind != row.second; };
-  if (derived(rh)) assign(point.rh, psychro_rh(point.db, point.wb, atm));
-  if (derived(h)) assign(point.h, psychro_h(point.db, point.wb, atm));
-  if (derived(w) && row.solve != by_wrh_then_A) assign(point.w, psychro_w(point.db, point.wb, atm));
-  if (derived(v)) assign(point.v, psychro_v(point.db, point.wb, atm));
-  if (derived(dp)) assign(point.dp, dewpoint(point.db, point.wb, atm));
+  const double pv = psychro_pv1(point.db, point.wb, atm);
+  const double ratio = ratioof(pv, atm);
+  if (derived(rh)) assign(point.rh, humidityof(pv, psychro_pvs(point.db)));
+  if (derived(h)) assign(point.h, enthalpyof(point.db, ratio));
+  if (derived(w) && row.solve != by_wrh_then_A) assign(point.w, ratio);
+  if (derived(v)) assign(point.v, volumeof(volumefactor(point.db), ratio, atm));
+  if (derived(dp)) assign(point.dp, psychro_dp(pv));
+  assign(point.pv, pv);
 }
 
 }  // namespace
@@ -234,7 +219,6 @@ Resolution resolvepair(Given first, Given second, double atm, const RangeFinders
   resolution.unseenline = run.unseenline;
   if (!found) return unresolved(Unresolved::search, run.sought);
   derive(*row, point, atm);
-  assign(point.pv, psychro_pv1(point.db, point.wb, atm));
   if (const auto broken = brokenbound(point)) return unresolved(Unresolved::state, broken->kind, broken->limits);
   return resolution;
 }

@@ -10,7 +10,10 @@
 #pragma once
 
 #include <cmath>
+#include <utility>
 
+#include "engine/searched.h"
+#include "engine/state.h"
 #include "engine/value.h"
 
 namespace moistair {
@@ -39,31 +42,128 @@ struct SearchResult {
   bool failed() const { return iterations == iterationlimit; }
 };
 
+/// A property function as moistair.h has it and nothing else: a search with it is the plain one, the definition.
+template <class F>
+struct Plain {
+  const F& f;
+  double operator()(double x) const { return f.plainly(x); }
+};
+
+/// A function that can tell about where it takes a target.
+template <class F>
+concept Foretelling = requires(const F& f) {
+  f.window(0.0, 0.0);
+};
+
+/// A window whose ends f itself was asked at.
+struct Told {
+  Window window{-beyond, beyond};
+  double atlow = novalue, athigh = novalue;  ///< what f is there; no value at an infinite end
+
+  bool anything() const { return window.low > -beyond || window.high < beyond; }
+  bool below(double x) const { return x <= window.low; }
+  bool above(double x) const { return x >= window.high; }
+};
+
+/// The window of a function, once f itself lies beyond the tolerance at both ends; else nothing is told.
+template <class F>
+Told certified(const F& f, double target, const Bracket& bracket) {
+  if constexpr (Foretelling<F>) {
+    const Window window = f.window(target, bracket.tolerance);
+    const bool against = window.rises && bracket.direction == Direction::falls;
+    if (!(window.low <= window.high) || against) return {};
+    Told told{{-beyond, beyond, window.rises}};
+    const double clear = 1.01 * bracket.tolerance;
+    const auto clears = [&](double fx, bool above) { return above ? fx > target + clear : fx < target - clear; };
+    if (window.low > bracket.low) {
+      told.window.low = std::fmin(window.low, bracket.high);
+      told.atlow = f(told.window.low);
+      if (!clears(told.atlow, !window.rises)) return {};
+    }
+    if (window.high < bracket.high) {
+      told.window.high = std::fmax(window.high, bracket.low);
+      told.athigh = f(told.window.high);
+      if (!clears(told.athigh, window.rises)) return {};
+    }
+    return told;
+  }
+  return {};
+}
+
+/// What f is as far as a search asks: outside the window beyond the target, and within, where f is as good as straight,
+/// the chord between its ends. Only next to a value that decides, f itself is asked.
+template <class F>
+double valuetold(const F& f, double x, double target, double tolerance, const Told& told) {
+  if (told.below(x)) return told.window.rises ? -beyond : beyond;
+  if (told.above(x)) return told.window.rises ? beyond : -beyond;
+  const double rise = told.athigh - told.atlow;
+  const double chord = told.atlow + rise * ((x - told.window.low) / (told.window.high - told.window.low));
+  const double off = std::abs(chord - target);
+  const bool clear = off > 0.03 * tolerance && std::abs(off - tolerance) > 0.03 * tolerance;
+  return clear && std::abs(rise) < 4 * tolerance ? chord : f(x);
+}
+
+/// Where a bisection stands.
+struct Halving {
+  double low, high;
+  double x;
+  int iterations = 0;
+  bool above = false;  ///< the last halving was for an f above the target, so the iteration may hold another one
+};
+
+/// Carries out the halvings that a window decides, those before the first midpoint inside it. Not more than iterations
+/// are left, and none once midpoints no longer move.
+void halveoutside(Halving& at, const Window& window);
+
 /// Bisects for the x at which f takes the target value, moving up to twice in an iteration. It has converged when f(x)
 /// is within the tolerance; convergence in the hundredth iteration counts as failure. An f without a value moves
 /// nothing and never converges. A guard is a condition tested once, before the first iteration.
+///
+/// Away from the root of a monotonic function each halving follows from x alone. Where f foretells its root and is
+/// certified to lie beyond the tolerance on either side of it, only midpoints between these two are evaluated, and no
+/// probe is: the search begins where these midpoints begin.
 /// @param f property function of the search variable, all else held fixed
 template <class F>
 SearchResult bracketsearch(const F& f, double target, const Bracket& bracket, bool guard = true) {
   constexpr double probe = 0.01;
-  double low = bracket.low;
-  double high = bracket.high;
-  SearchResult result{(high + low) / 2, 0};
-  if (!guard) return result;
-  double& x = result.x;
-  double fx = f(x);
-  const auto halve = [&](bool above) {
-    const bool rising = bracket.direction == Direction::slopeprobe && f(x + probe) > fx;
-    (above == rising ? high : low) = x;
-    x = (high + low) / 2;
-    fx = f(x);
+  Halving at{bracket.low, bracket.high, (bracket.high + bracket.low) / 2};
+  if (!guard) return {at.x, 0};
+  const Told told = certified(f, target, bracket);
+  if (told.anything()) halveoutside(at, told.window);
+  const auto value = [&](double x) {
+    return told.anything() ? valuetold(f, x, target, bracket.tolerance, told) : f(x);
   };
+  double fx = value(at.x);
+  const auto rising = [&] {
+    if (told.anything()) return told.window.rises;
+    return bracket.direction == Direction::slopeprobe && f(at.x + probe) > fx;
+  };
+  const auto halve = [&](bool above) {
+    (above == rising() ? at.high : at.low) = at.x;
+    at.x = (at.high + at.low) / 2;
+    fx = value(at.x);
+  };
+  const auto converged = [&] { return std::abs(fx - target) < bracket.tolerance; };
+  const bool between = at.iterations > 0 && !at.above;
+  if (between && (converged() || at.iterations == iterationlimit)) return {at.x, at.iterations};
   do {
-    ++result.iterations;
-    if (fx > target) halve(true);
+    const double low = at.low;
+    const double high = at.high;
+    const bool whole = !std::exchange(at.above, false);
+    if (whole) ++at.iterations;
+    if (whole && fx > target) halve(true);
     if (fx < target) halve(false);
-  } while (!(std::abs(fx - target) < bracket.tolerance) && result.iterations < iterationlimit);
-  return result;
+    const bool stuck = whole && at.low == low && at.high == high && !converged();
+    if (Foretelling<F> && stuck) at.iterations = iterationlimit;
+  } while (!converged() && at.iterations < iterationlimit);
+  return {at.x, at.iterations};
+}
+
+/// The same, by the way that is asked for.
+template <class F>
+SearchResult bracketsearch(const F& f, double target, const Bracket& bracket, bool guard, Way way) {
+  return way == Way::plain ? bracketsearch(Plain<F>{f}, target, bracket, guard)
+                           : bracketsearch(f, target, bracket, guard);
 }
 
 /// Guard of a search whose target must lie strictly between what f gives at the bounds of the bracket.
@@ -71,6 +171,23 @@ template <class F>
 bool liesbetween(const F& f, double target, const Bracket& bracket = {}) {
   return target < f(bracket.high) && target > f(bracket.low);
 }
+
+/// The walks of psychro_wb at an enthalpy and a pressure, for one dry bulb after the other. Where the walks end depends
+/// on the dry bulb by the rounding of their steps only: the temperature at which saturated air has the enthalpy is
+/// looked for once, and a step that is clear of it is not evaluated.
+class WetBulbWalk {
+public:
+  WetBulbWalk(double h, double atm, Way way = Way::quick);
+  double operator()(double db) const;
+
+private:
+  /// Whether the saturation enthalpy at a temperature is below h.
+  bool below(double temp) const;
+  double walkdown(double temp, double step) const;
+
+  double h_, atm_;
+  Window crossing_{-beyond, beyond};  ///< holds up to `hottest`
+};
 
 /// Where a walk down from a temperature in steps of 1 arrives just above `stop`, or the temperature itself if it starts
 /// below that. Whole numbers come off exactly as one by one, so a walk whose steps above `stop` cannot end it may leap.
@@ -84,25 +201,25 @@ double leapdown(double temp, double stop);
 /// @param db dry bulb [deg F]
 /// @param h enthalpy [Btu/lb of dry air]
 /// @param atm atmospheric pressure [in Hg]
-double psychro_wb(double db, double h, double atm);
+double psychro_wb(double db, double h, double atm, Way way = Way::quick);
 
 /// Enthalpy [Btu/lb of dry air] of a dry bulb [deg F] and a relative humidity [percent]. No value if the search fails;
 /// computed from a wet bulb of 60 where the relative humidity is out of reach of wet bulbs from 0 to 120.
-double psychro_h1(double db, double rh, double atm);
+double psychro_h1(double db, double rh, double atm, Way way = Way::quick);
 
 /// Dry bulb [deg F, 0 to 120] at which a relative humidity [percent] has a humidity ratio hr.
 /// No value if there is none in that range; 60 for an rh outside 0 to 100.
-double dbwithrhandhr(double rh, double hr, double atm);
+double dbwithrhandhr(double rh, double hr, double atm, Way way = Way::quick);
 
 /// Wet bulb [deg F, 0 to 120] at which a dry bulb has the humidity ratio hr, and the iterations it took.
-SearchResult wbwithdbandhr(double db, double hr, double atm);
+SearchResult wbwithdbandhr(double db, double hr, double atm, Way way = Way::quick);
 
 /// Wet bulb [deg F, 0 to 120] at which a dry bulb has the specific volume v, and the iterations it took: 0 where v is
 /// out of reach of wet bulbs from 0 to 120.
-SearchResult wbwithdbandspvol(double db, double v, double atm);
+SearchResult wbwithdbandspvol(double db, double v, double atm, Way way = Way::quick);
 
 /// Specific volume [cu ft/lb of dry air] of a dry bulb [deg F] and a humidity ratio. No value if the search fails;
 /// computed from a wet bulb of 60 where hr is out of reach of wet bulbs from 0 to 120.
-double spvolwithdbandhr(double db, double hr, double atm);
+double spvolwithdbandhr(double db, double hr, double atm, Way way = Way::quick);
 
 }  // namespace moistair

@@ -80,10 +80,20 @@ struct DryBulbRange {
 /// volume [cu ft/lb] can be seen at the pressure atm [in Hg]; none if it cannot be seen at all.
 using RangeFinder = std::function<std::optional<DryBulbRange>(double line, double atm)>;
 
+/// How a search is carried out. Both ways give the same bits and the same count of iterations; the plain one is the
+/// definition, and what the quick one falls back to and is compared with.
+enum class Way {
+  quick,  ///< halvings whose outcome can be told beforehand are not evaluated
+  plain,  ///< each step is
+};
+
+/// What a caller brings along for a pair: where to look for the dry bulb of a nested search, and the way of all
+/// searches.
 struct RangeFinders {
   RangeFinder dbrangeofrh;
   RangeFinder dbrangeofh;
   RangeFinder dbrangeofspvol;
+  Way way = Way::quick;
 };
 
 /// What the steps of a nested search hand to each other, each rounded to 15 significant digits. A window owns one set

@@ -1,11 +1,14 @@
 /// \file
-/// The equations of moistair.h in terms of dry bulb and vapour pressure, and each of them run backwards.
+/// The equations of moistair.h in terms of dry bulb and vapour pressure, run backwards.
 ///
-/// All properties but the wet bulb follow from the dry bulb and the vapour pressure alone. The property functions are
-/// made of these terms, and `answers` solves them for what is not given, so no constant stands in two places. Units are
-/// those of moistair.h; there is no value for a division by zero.
+/// All properties but the wet bulb follow from the dry bulb and the vapour pressure alone, by the steps at the end of
+/// moistair.h. `answers` solves these for what is not given. Units are those of moistair.h; there is no value for a
+/// division by zero.
 #pragma once
 
+#include <cmath>
+
+#include "engine/moistair.h"
 #include "engine/value.h"
 
 namespace moistair {
@@ -14,24 +17,13 @@ namespace moistair {
 inline double kelvinof(double temp) { return (temp + 459.67) * 0.555556; }
 inline constexpr double icepoint = 273.15;
 
-/// The wet bulb up to which the psychrometer equation over ice holds [deg F].
-inline constexpr double icewetbulb = 32;
-
-/// Molar mass of water over that of dry air.
-inline constexpr double massratio = 0.62198;
-
-inline double ratioofpressure(double pv, double atm) { return quotient(massratio * pv, atm - pv); }
 inline double pressureofratio(double w, double atm) { return valueof(atm * quotient(w, massratio + w)); }
 
-inline double enthalpyofratio(double db, double w) { return valueof(0.24 * db + (1061 + 0.444 * db) * w); }
 inline double ratioofenthalpy(double db, double h) { return quotient(h - 0.24 * db, 1061 + 0.444 * db); }
 inline double drybulbofenthalpy(double h, double w) { return quotient(h - 1061 * w, 0.24 + 0.444 * w); }
 
-inline double volumeofratio(double db, double w, double atm) {
-  return quotient((0.754 * (db + 459.7)) * (1 + (7000 * w) / 4360), atm);
-}
 inline double ratioofvolume(double db, double v, double atm) {
-  return quotient((v * atm - 0.754 * (db + 459.7)) * 4360, (0.754 * (db + 459.7)) * 7000);
+  return quotient((v * atm - volumefactor(db)) * 4360, volumefactor(db) * 7000);
 }
 inline double drybulbofvolume(double v, double w, double atm) {
   return valueof(quotient(v * atm, 0.754 * (1 + (7000 * w) / 4360)) - 459.7);

@@ -84,11 +84,11 @@ double drybulb(double h, double w) { return quotient(h - 1061 * w, 0.24 + 0.444 
 
 /// The state of the mixture from its enthalpy and humidity ratio. The wet bulb lies on a grid of 0.1 below the dry
 /// bulb, and everything that follows from the two carries that grain.
-void showmixture(AirStream& mixed, double atm) {
+void showmixture(AirStream& mixed, double atm, Way way) {
   showmixed(mixed.db, drybulb(read(mixed.h), read(mixed.w)));
   const double db = read(mixed.db);
   showmixed(mixed.pvsat, psychro_pvs(db));
-  showmixed(mixed.wb, psychro_wb(db, read(mixed.h), atm));
+  showmixed(mixed.wb, psychro_wb(db, read(mixed.h), atm, way));
   const double wb = read(mixed.wb);
   showmixed(mixed.rh, psychro_rh(db, wb, atm));
   showmixed(mixed.v, psychro_v(db, wb, atm));
@@ -112,7 +112,7 @@ Resolution resolvestream(MixingProblem& problem, std::size_t number) {
   resolution.reason = inputfault(stream.kind1, stream.kind2, stream.value1, stream.value2);
   if (!resolution.resolved()) return resolution;
   const double atm = problem.pressure.atm;
-  resolution = resolvepair(stream.kind1, stream.value1, stream.kind2, stream.value2, atm, openrangefinders(),
+  resolution = resolvepair(stream.kind1, stream.value1, stream.kind2, stream.value2, atm, openrangefinders(problem.way),
                            problem.solverfields);
   if (!resolution.resolved()) return resolution;
   showstate(stream, resolution.point, atm);
@@ -132,7 +132,7 @@ void mixstreams(MixingProblem& problem) {
   mixed.pressure = pressureshown(problem.pressure.entry);
   showmixed(mixed.h, weightedmean(problem, &AirStream::h));
   showmixed(mixed.w, weightedmean(problem, &AirStream::w));
-  showmixture(mixed, problem.pressure.atm);
+  showmixture(mixed, problem.pressure.atm, problem.way);
   problem.savable = true;
 }
 

@@ -48,6 +48,7 @@ struct MixingProblem {
   std::string pressurecaption;  ///< empty until the first stream is resolved, and never blanked again
   bool savable = false;         ///< whether the mixed column is filled
   SolverFields solverfields;    ///< shared by both streams, and by nothing else
+  Way way = Way::quick;         ///< of all searches
 };
 
 /// One row of the table: a caption, the print-zone steps that bring its value to column 57 of the log, and the text.

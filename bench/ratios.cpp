@@ -1,0 +1,115 @@
+/// \file
+/// What the quick way of searching is worth: each work done plainly and quickly by turns in one run, and the ratio.
+///
+///   bench_ratios [WORD]      only works whose name holds the word
+///
+/// Processor times, the least of some rounds: a busy machine makes neither way look better than the other.
+#include <ctime>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "chart/drawchart.h"
+#include "chart/drawing.h"
+#include "engine/openfinders.h"
+#include "engine/resolver.h"
+#include "mixing/mixingproblem.h"
+
+namespace moistair {
+namespace {
+
+using Work = std::function<void(Way)>;
+
+double microseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) * 1e-3;
+}
+
+/// Time of one piece of work, from so many at a stretch.
+double timeof(const Work& work, Way way, int repeats) {
+  const double start = microseconds();
+  for (int i = 0; i < repeats; ++i) work(way);
+  return (microseconds() - start) / repeats;
+}
+
+void compare(const std::string& name, const Work& work) {
+  constexpr double stretch = 2000;
+  constexpr int rounds = 15;
+  const auto repeats = [&](Way way) {
+    return static_cast<int>(std::clamp(stretch / timeof(work, way, 1 + (way == Way::quick ? 20 : 0)), 1.0, 1e5));
+  };
+  const int atplain = repeats(Way::plain);
+  const int atquick = repeats(Way::quick);
+  double plain = 1e9, quick = 1e9;
+  for (int i = 0; i < rounds; ++i) {
+    plain = std::min(plain, timeof(work, Way::plain, atplain));
+    quick = std::min(quick, timeof(work, Way::quick, atquick));
+  }
+  std::printf("%-28s %10.3f %10.3f %7.1f\n", name.c_str(), plain, quick, plain / quick);
+}
+
+void drawstandardchart(Way way) {
+  constexpr ChartLimits limits{0, 120, 0, 0.03};
+  RecordingCanvas canvas;
+  drawchart({canvas, plotarea(limits, {1366 * 15, 768 * 15}), defaultpressure, way}, ChartType::standard, "");
+}
+
+/// A key press in one of two streams of the same pair.
+Work keystroke(PropertyKind kind1, const std::string& value1, PropertyKind kind2, const std::string& value2) {
+  MixingProblem problem;
+  problem.pressure = {defaultpressure, {}};
+  for (AirStream& stream : problem.streams) {
+    stream.kind1 = kind1;
+    stream.value1 = value1;
+    stream.kind2 = kind2;
+    stream.value2 = value2;
+    stream.flow = "1000";
+  }
+  resolvestream(problem, 1);
+  return [=](Way way) mutable {
+    problem.way = way;
+    resolvestream(problem, 0);
+    mixstreams(problem);
+  };
+}
+
+}  // namespace
+}  // namespace moistair
+
+using namespace moistair;
+using enum PropertyKind;
+
+int main(int argc, char** argv) {
+  const std::string word = argc > 1 ? argv[1] : "";
+  std::printf("%-28s %10s %10s %7s\n", "us", "plain", "now", "ratio");
+  const auto row = [&](const std::string& name, const Work& work) {
+    if (name.find(word) != std::string::npos) compare(name, work);
+  };
+
+  // A state that no search meets by luck at one of its first midpoints.
+  const double atm = defaultpressure;
+  const Given given[kindcount] = {{db, 77.3}, {wb, 62.4}, {rh, 0}, {w, 0}, {h, 0}, {dp, 0}, {v, 0}};
+  const char* names[kindcount] = {"db", "wb", "rh", "w", "h", "dp", "v"};
+  SolverFields fields;
+  const StatePoint state = resolvepair(given[0], given[1], atm, openrangefinders(), fields).point;
+  const auto resolve = [&](Given first, Given second) {
+    return [=, &fields](Way way) { resolvepair(first, second, atm, openrangefinders(way), fields); };
+  };
+  for (int i = 0; i < kindcount; ++i) {
+    for (int j = i + 1; j < kindcount; ++j) {
+      const auto one = *kindat(i), two = *kindat(j);
+      if (one == w && two == dp) continue;
+      const std::string pair = std::string(names[i]) + "," + names[j];
+      row("state " + pair, resolve({one, state.at(one)}, {two, state.at(two)}));
+      row("keystroke " + pair, keystroke(one, numbertext(state.at(one)), two, numbertext(state.at(two))));
+    }
+  }
+  row("state dp,v that none has", resolve({dp, 50}, {v, 78}));
+  row("keystroke rh,v that none has", keystroke(rh, "75", v, "0.001"));
+  row("standard chart", drawstandardchart);
+}

@@ -1,0 +1,62 @@
+/// \file
+/// Saturation pressures at hand: a table of psychro_pvs at every quarter of a degree.
+///
+/// A search spends its time on exponentials and logarithms. Where only the neighbourhood of its end is wanted, a cubic
+/// through two entries of the table does, and at the temperatures of the table itself the entry is the value.
+#pragma once
+
+#include <array>
+
+#include "engine/moistair.h"
+
+namespace moistair {
+
+struct SaturationTable {
+  static constexpr double lowest = -20;   ///< [deg F]
+  static constexpr double highest = 125;  ///< [deg F]
+  static constexpr double perdegree = 4;
+  static constexpr std::size_t size = static_cast<std::size_t>((highest - lowest) * perdegree) + 1;
+
+  struct Entry {
+    double pvs;   ///< psychro_pvs to the last bit [in Hg]
+    double rise;  ///< from the tangent here, over one step of the table [in Hg]
+  };
+  std::array<Entry, size> entries;
+
+  SaturationTable();
+};
+
+/// Filled before main begins, and of no use before that.
+extern const SaturationTable saturations;
+
+/// psychro_pvs, the same to the last bit.
+inline double pvsat(double temp) {
+  constexpr double last = SaturationTable::size - 1;
+  const double place = (temp - SaturationTable::lowest) * SaturationTable::perdegree;
+  if (!(place >= 0 && place <= last)) return psychro_pvs(temp);
+  const auto index = static_cast<std::size_t>(place);
+  const double nodetemp = SaturationTable::lowest + static_cast<double>(index) / SaturationTable::perdegree;
+  return nodetemp == temp ? saturations.entries[index].pvs : psychro_pvs(temp);
+}
+
+/// A saturation pressure [in Hg], its slope and its curvature by the temperature in deg F.
+struct Saturation {
+  double pvs, slope, curvature;
+};
+
+/// Near psychro_pvs, within some 1e-10 of it; within 1e-4 next to its step just below 32 deg F.
+/// @param temp within the table
+inline Saturation saturationnear(double temp) {
+  const double place = (temp - SaturationTable::lowest) * SaturationTable::perdegree;
+  const auto index = static_cast<std::size_t>(place);
+  const double s = place - static_cast<double>(index);
+  const SaturationTable::Entry* at = &saturations.entries[index];
+  const double difference = at[1].pvs - at[0].pvs;
+  const double c = 3 * difference - 2 * at[0].rise - at[1].rise;
+  const double d = at[0].rise + at[1].rise - 2 * difference;
+  constexpr double perdegree = SaturationTable::perdegree;
+  return {at[0].pvs + s * (at[0].rise + s * (c + s * d)), (at[0].rise + s * (2 * c + 3 * s * d)) * perdegree,
+          (2 * c + 6 * s * d) * (perdegree * perdegree)};
+}
+
+}  // namespace moistair

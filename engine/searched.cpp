@@ -1,0 +1,213 @@
+#include "engine/searched.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace moistair {
+
+namespace {
+
+/// How far from its root, in tolerances, a window ends: far enough to be clear of the tolerance.
+constexpr double reach = 1.2;
+
+/// Below the first, steam at 120 deg F is near to boiling; above the second lies no place on earth.
+bool ordinary(double atm) { return atm >= 4 && atm <= 200; }
+
+bool wellbehaved(const PvOfDb& pv) { return ordinary(pv.atm) && pv.wb >= 0 && pv.wb <= 120; }
+
+/// Holds the step of the saturation pressure below 32 deg F, so that nothing in it is straight.
+bool holdsstep(const Window& window) { return window.low < 32 && window.high > 31.999; }
+
+Window about(double root, double halfwidth, bool rises = true) {
+  return {root - std::abs(halfwidth), root + std::abs(halfwidth), rises};
+}
+
+/// One step towards a root from a function's value, slope and curvature, good to the third order (Halley's).
+double thirdorder(double value, double slope, double curvature) {
+  const double newton = value / slope;
+  return newton * (1 + newton * curvature / (2 * slope));
+}
+
+/// Steps towards a root. No value if they do not come to rest.
+/// @param step what leads from a place to the next, subtracted
+/// @param rest a step that is short enough to be the last
+template <class Step>
+double rootnear(double x, double low, double high, const Step& step, double rest = 0.01) {
+  constexpr int patience = 14;
+  for (int i = 0; i < patience; ++i) {
+    const double dx = step(x);
+    if (!hasvalue(dx)) break;
+    x = std::clamp(x - dx, low, high);
+    if (std::abs(dx) < rest) return x;
+  }
+  return novalue;
+}
+
+/// Root of a function of the dry bulb that is nearly straight and cheap, by secants from 0 and 120 deg F.
+template <class F>
+Window straightwindow(const F& f, double target, double tolerance) {
+  constexpr int patience = 8;
+  double x0 = 0, x1 = 120;
+  double y0 = f(x0) - target, y1 = f(x1) - target;
+  const bool rises = y1 > y0;
+  if (y0 * y1 > 0) return (y0 > 0) == rises ? Window{-beyond, -beyond, rises} : Window{beyond, beyond, rises};
+  for (int i = 0; i < patience; ++i) {
+    const double slope = (y1 - y0) / (x1 - x0);
+    x0 = std::exchange(x1, x1 - y1 / slope);
+    y0 = std::exchange(y1, f(x1) - target);
+    if (std::abs(y1) < tolerance / 8) return about(x1, reach * tolerance / slope, rises);
+  }
+  return {};
+}
+
+constexpr double lowest = SaturationTable::lowest + 1;
+constexpr double highest = SaturationTable::highest - 1;
+
+double dewpointnear(double pv) { return std::clamp(psychro_dp(std::max(pv, 1e-03)), lowest, highest); }
+
+/// Wet bulb at which pv = ps - slope (db - wb), the balance over ice.
+double wetbulboverice(double db, double pv, double slope, double start) {
+  return rootnear(std::min(start, 32.0), lowest, 32, [&](double wb) {
+    const Saturation near = saturationnear(wb);
+    return thirdorder(near.pvs - slope * (db - wb) - pv, near.slope + slope, near.curvature);
+  });
+}
+
+/// Wet bulb at which (ws - w) d = c (db - wb), the balance over water of psychro_pv1, multiplied by atm - ps.
+Window wetbulboverwater(double db, double atm, double pv, double tolerance, double start) {
+  const double w = massratio * pv / (atm - pv);
+  double halfwidth = 0;
+  const double wb = rootnear(std::clamp(start, 32.0, highest), 32, highest, [&](double x) {
+    const Saturation near = saturationnear(x);
+    const double depression = db - x;
+    const double dry = atm - near.pvs;
+    const double missing = massratio * near.pvs - w * dry;
+    const double c = 0.24 * dry + 0.441 * massratio * near.pvs;
+    const double d = 1093.049 + 0.441 * depression;
+    const double weight = (massratio + w) * d - (0.441 * massratio - 0.24) * depression;
+    const double slope = near.slope * weight + c - 0.441 * missing;
+    const double curvature = near.curvature * weight - 2 * near.slope * (0.24 + 0.441 * w);
+    halfwidth = dry * d / slope;
+    return thirdorder(missing * d - c * depression, slope, curvature);
+  });
+  return about(wb, reach * tolerance * (massratio + w) * halfwidth / (atm - pv));
+}
+
+}  // namespace
+
+/// psychro_pv1 rises with the wet bulb on either side of 32 deg F and steps down there if the dry bulb is above it. So
+/// a root on one side counts if the other side begins beyond the target. Up to 0.3 degrees from the step a probe could
+/// reach across.
+Window wetbulbwindow(double db, double atm, double pv, double tolerance) {
+  constexpr double step = 32;
+  constexpr double clear = 0.3;
+  if (!(ordinary(atm) && db >= -10 && db <= highest && pv < atm)) return {};
+  const double slope = 0.0005704 * atm / 1.8;
+  const double dp = dewpointnear(pv);
+  const double rise = saturationnear(dp).slope;
+  const double start = (slope * db + rise * dp) / (slope + rise);
+  if (pv < pvsat(step) - slope * (db - step)) {
+    const double above = vaporpressureof(db, step + 1e-12, atm, pvsat(step));
+    const double wb = wetbulboverice(db, pv, slope, start);
+    if (!(wb < step - clear && above > pv + 2 * tolerance)) return {};
+    return about(wb, reach * tolerance / (saturationnear(wb).slope + slope));
+  }
+  if (!(pv > pvsat(step) - slope * (db - step) + 2 * tolerance)) return {};
+  const Window window = wetbulboverwater(db, atm, pv, tolerance, start);
+  if (window.low > step + clear) return window;
+  const bool outofreach = pv > vaporpressureof(db, highest, atm, pvsat(highest));
+  return outofreach ? Window{beyond, beyond} : Window{};
+}
+
+/// Both branches rise above 1e-06 in Hg and leave a gap between them, at which a search for a dew point in the gap
+/// ends.
+Window vaporpressurewindow(double dp, double tolerance) {
+  constexpr double step = 0.18036;
+  static const double before = std::nextafter(step, 0.0);
+  static const double lowertop = psychro_dp(before);
+  static const double upperbottom = psychro_dp(step);
+  if (!(dp > -60 && dp < 150)) return {};
+  const bool lower = dp < lowertop - 2 * tolerance;
+  const bool upper = dp > upperbottom + 2 * tolerance;
+  if (!lower && !upper) return {before, step};
+  const double constant = lower ? 71.98 : 79.047;
+  const double linear = lower ? 24.873 : 30.579;
+  const double square = lower ? 0.8927 : 1.8893;
+  const double root = std::sqrt(linear * linear - 4 * square * (constant - dp));
+  const double pv = std::exp((root - linear) / (2 * square));
+  return about(pv, reach * tolerance * pv / root);
+}
+
+Window saturationwindow(double ps, double tolerance) {
+  if (ps > pvsat(highest)) return {beyond, beyond};
+  const double db = rootnear(dewpointnear(ps), lowest, highest, [&](double temp) {
+    const Saturation near = saturationnear(temp);
+    return thirdorder(near.pvs - ps, near.slope, near.curvature);
+  });
+  if (!hasvalue(db)) return {};
+  const Window window = about(db, reach * tolerance / saturationnear(db).slope);
+  return holdsstep(window) ? Window{} : window;
+}
+
+Window PvOfDb::window(double value, double tolerance) const {
+  if (!wellbehaved(*this)) return {};
+  return straightwindow(*this, value, tolerance);
+}
+
+Window WOfDb::window(double value, double tolerance) const {
+  if (!wellbehaved(pv)) return {};
+  return straightwindow(*this, value, tolerance);
+}
+
+/// The heat that dry air brings in a little outweighs the vapour that it costs.
+Window VOfDb::window(double v, double tolerance) const {
+  if (!wellbehaved(w.pv)) return {};
+  return straightwindow(*this, v, tolerance);
+}
+
+/// Enthalpy hardly changes along a wet bulb. Over water its second derivative by the dry bulb keeps one sign, so that
+/// it is monotonic if its slopes at both ends agree. Over ice it rises, at pressures that are not too low.
+Window HOfDb::window(double h, double tolerance) const {
+  constexpr double probe = 0.01;
+  constexpr double noise = 1e-09;
+  if (!wellbehaved(w.pv)) return {};
+  if (w.pv.wb > 32) {
+    const double atlow = (*this)(probe) - (*this)(0);
+    const double athigh = (*this)(120 + probe) - (*this)(120);
+    const bool monotonic = (atlow > noise && athigh > noise) || (atlow < -noise && athigh < -noise);
+    if (!monotonic) return {};
+  } else if (w.pv.atm < 10) {
+    return {};
+  }
+  return straightwindow(*this, h, tolerance);
+}
+
+/// It falls as long as there is vapour, and where there is none it is below any target above 0.
+Window RhOfDb::window(double rh, double tolerance) const {
+  if (!(wellbehaved(pv) && rh > 2 * tolerance)) return {};
+  const double share = rh / 100;
+  const double fall = (pv.ps - pv(pv.wb + 40)) / 40;
+  const double wet = std::log(100 / rh) / 0.034;  // where the air held all the vapour that it has at the wet bulb
+  const double dry = (1 - share) * pv.ps / fall;  // where air held as much as at the wet bulb
+  const double start = std::clamp(pv.wb + (rh < 100 ? wet * dry / (wet + dry) : 0), lowest, highest);
+  const double slope = (pv(start + 1) - pv(start - 1)) / 2;
+  double halfwidth = 0;
+  const auto step = [&](double x) {
+    const Saturation near = saturationnear(x);
+    halfwidth = near.pvs / (100 * (slope - share * near.slope));
+    return thirdorder(pv(x) - share * near.pvs, slope - share * near.slope, -share * near.curvature);
+  };
+  const double db = rootnear(start, lowest, highest, step, 1e-06);
+  const Window window = about(db, reach * tolerance * halfwidth, false);
+  if (hasvalue(db)) return holdsstep(window) ? Window{} : window;
+  return pv(highest) > share * pvsat(highest) ? Window{beyond, beyond, false} : Window{};
+}
+
+Window WrhOfDb::window(double w, double tolerance) const {
+  if (!(ordinary(atm) && rh > 0 && rh <= 100 && w > 0)) return {};
+  const double ps = atm * w / (massratio + w) * (100 / rh);
+  return saturationwindow(ps, tolerance * ps * massratio / (w * (massratio + w)));
+}
+
+}  // namespace moistair

@@ -162,7 +162,8 @@ TEST_P(Drawings, StandWhereTheyWereRecorded) {
 }
 
 INSTANTIATE_TEST_SUITE_P(OfCharts, Drawings,
-                         testing::Values("whole", "mountain", "additions", "cold", "close", "humid", "quarters"));
+                         testing::Values("whole", "mountain", "additions", "cold", "close", "humid", "quarters",
+                                         "high"));
 
 }  // namespace
 }  // namespace moistair::data

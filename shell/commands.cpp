@@ -319,7 +319,7 @@ void MainWindow::showhelp() {
 }
 
 void MainWindow::quitprogram() {
-  log_.end();
+  endsession();
   Q_EMIT ended();
 }
 

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "shell/mainwindow.h"
+#include "shell/signals.h"
 #include "shell/startup.h"
 
 int main(int argc, char** argv) {
@@ -22,5 +23,6 @@ int main(int argc, char** argv) {
   moistair::MainWindow window(moistair::logplaces(folder));
   // At once: quit() would first ask each window whether it may close.
   QObject::connect(&window, &moistair::MainWindow::ended, &application, [] { QApplication::exit(0); });
+  moistair::endbysignals(&window, [&window] { window.endsession(); });
   return window.start() ? QApplication::exec() : 0;
 }

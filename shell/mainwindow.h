@@ -33,6 +33,9 @@ public:
   /// Start-up: the pressure window comes first and loads this window. False if the user leaves for a larger screen.
   bool start();
 
+  /// The log goes, and what it held is kept.
+  void endsession() { log_.end(); }
+
 Q_SIGNALS:
   /// The program ends at once, with all windows.
   void ended();

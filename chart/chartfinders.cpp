@@ -64,7 +64,7 @@ std::optional<DryBulbRange> dbrangeofspvol(double v, double atm, const PlotArea&
   double db = walkstart(area.limits.highdb);
   do {
     db -= 1;
-    const SearchResult wb = wbwithdbandspvol(db, v, atm);
+    const SearchResult wb = wbofairwithdbandspvol(db, v, atm).wb;
     if (wb.iterations > 0 && !wb.failed()) {
       const double pv = psychro_pv1(db, wb.x, atm);
       const double w = ratioof(pv, atm);

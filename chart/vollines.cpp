@@ -16,6 +16,11 @@ double familystep(double first) {
   return 0.1;
 }
 
+Position exactposition(const Chart& chart, double db, double v, Position near) {
+  const SearchResult wb = wbwithdbandspvol(db, v, chart.atmpressure, chart.way);
+  return positionof(chart.area, db, psychro_w(db, wb.x, chart.atmpressure), near);
+}
+
 }  // namespace
 
 bool tracevolline(const Chart& chart, double v) {
@@ -26,21 +31,26 @@ bool tracevolline(const Chart& chart, double v) {
   double w = 0;
   double rh = 0;
   Position last;
+  double lastdb = db;
+  bool lastnear = false;  // only about there, since nothing is drawn from there
   do {
     db -= 0.1;
-    const SearchResult wb = wbwithdbandspvol(db, v, chart.atmpressure, chart.way);
+    const auto [wb, near] = wbofairwithdbandspvol(db, v, chart.atmpressure, chart.way);
     if (wb.iterations > 0 && !wb.failed()) {
       const double pv = psychro_pv1(db, wb.x, chart.atmpressure);
       assign(w, ratioof(pv, chart.atmpressure));
       assign(rh, humidityof(pv, psychro_pvs(db)));
       const Position here = positionof(chart.area, db, w, last);
       if (issegment(limits, db, w, rh, last, here)) {
+        if (lastnear) last = exactposition(chart, lastdb, v, last);
         chart.canvas.Line(last.x, last.y, here.x, here.y, colors::specificvolume);
         if (!drawn) chart.canvas.Print("v=" + printednumber(v));
         drawn = true;
         chart.canvas.Refresh();
       }
       last = here;
+      lastdb = db;
+      lastnear = near;
     }
     if (last.x > 0 && last.y > 0 && wb.failed()) break;
   } while (db >= limits.lowdb);

@@ -1,5 +1,6 @@
 #include "engine/nested.h"
 
+#include <array>
 #include <cmath>
 
 #include "engine/moistair.h"
@@ -88,8 +89,11 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
   const InnerSolver solver(search.completion, fields.given.strict(), atm, finders.way);
 
   double returned = 0;
+  const auto standing = [&] { return std::array{low, high, db, fields.returned.lenient(), fields.wetbulb.lenient()}; };
+  std::array<double, 5> before{};
   do {
     ++result.iterations;
+    before = standing();
     innersolve(search, solver, atm, fields);
     returned = fields.returned.lenient();
     if (returned > target) {
@@ -98,6 +102,8 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
       returned = fields.returned.lenient();
     }
     if (returned < target) halve(false);
+    const bool stuck = before == standing() && !(std::abs(returned - target) < search.tolerance);
+    if (finders.way == Way::quick && stuck) result.iterations = iterationlimit;
   } while (!(std::abs(returned - target) < search.tolerance) && result.iterations < iterationlimit);
 
   result.failed = search.acceptedwithin ? !(std::abs(returned - target) < 0.5) : result.iterations == iterationlimit;

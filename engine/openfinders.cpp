@@ -40,7 +40,7 @@ std::optional<DryBulbRange> openrangeofspvol(double v, double atm, Way way) {
   std::optional<DryBulbRange> range;
   if (!(v > 0 && v <= 78)) return range;
   for (int db = 119; db >= 0; --db) {
-    const auto wet = wbwithdbandspvol(db, v, atm, way);
+    const auto wet = wbofairwithdbandspvol(db, v, atm, way).wb;
     if (wet.iterations == iterationlimit) break;
     if (wet.iterations == 0) continue;
     const double pv = psychro_pv1(db, wet.x, atm);

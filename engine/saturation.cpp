@@ -7,7 +7,10 @@ SaturationTable::SaturationTable() {
   double temp = lowest;
   for (Entry& entry : entries) {
     entry.pvs = psychro_pvs(temp);
-    entry.rise = (psychro_pvs(temp + reach) - psychro_pvs(temp - reach)) / (2 * reach * perdegree);
+    const double change = temp == 32  // the step lies a hair below it
+                              ? 4 * psychro_pvs(temp + reach) - psychro_pvs(temp + 2 * reach) - 3 * entry.pvs
+                              : psychro_pvs(temp + reach) - psychro_pvs(temp - reach);
+    entry.rise = change / (2 * reach * perdegree);
     temp += 1 / perdegree;
   }
 }

@@ -17,6 +17,8 @@ struct SaturationTable {
   static constexpr double perdegree = 4;
   static constexpr std::size_t size = static_cast<std::size_t>((highest - lowest) * perdegree) + 1;
 
+  static constexpr std::size_t steps = static_cast<std::size_t>((32 - lowest) * perdegree) - 1;  ///< over the step
+
   struct Entry {
     double pvs;   ///< psychro_pvs to the last bit [in Hg]
     double rise;  ///< from the tangent here, over one step of the table [in Hg]
@@ -44,11 +46,12 @@ struct Saturation {
   double pvs, slope, curvature;
 };
 
-/// Near psychro_pvs, within some 1e-10 of it; within 1e-4 next to its step just below 32 deg F.
+/// Near psychro_pvs, within some 1e-10 of it. The cubic below the step at 32 deg F is carried on up to there.
 /// @param temp within the table
 inline Saturation saturationnear(double temp) {
   const double place = (temp - SaturationTable::lowest) * SaturationTable::perdegree;
-  const auto index = static_cast<std::size_t>(place);
+  auto index = static_cast<std::size_t>(place);
+  if (index == SaturationTable::steps) --index;
   const double s = place - static_cast<double>(index);
   const SaturationTable::Entry* at = &saturations.entries[index];
   const double difference = at[1].pvs - at[0].pvs;

@@ -102,7 +102,7 @@ Window wetbulboverwater(double db, double atm, double pv, double tolerance, doub
 Window wetbulbwindow(double db, double atm, double pv, double tolerance) {
   constexpr double step = 32;
   constexpr double clear = 0.3;
-  if (!(ordinary(atm) && db >= -10 && db <= highest && pv < atm)) return {};
+  if (!(atm >= 0.1 && atm <= 200 && db >= -10 && db <= highest && pv != atm)) return {};
   const double slope = 0.0005704 * atm / 1.8;
   const double dp = dewpointnear(pv);
   const double rise = saturationnear(dp).slope;

@@ -59,7 +59,9 @@ struct WOfWb {
   WOfWb(double db, double atm) : pv(db, atm) {}
   double operator()(double wb) const { return ratioof(pv(wb), pv.atm); }
   double plainly(double wb) const { return psychro_w(pv.db, wb, pv.atm); }
+  bool steady() const { return pv.atm >= 4; }  ///< no water of up to 120 deg F boils
   Window window(double w, double tolerance) const {
+    if (!steady()) return {};
     const double scale = pv.atm / (massratio + w);
     return pv.window(w * scale, tolerance * scale * massratio / (massratio + w));
   }
@@ -72,9 +74,9 @@ struct VOfWb {
   VOfWb(double db, double atm) : w(db, atm), factor(volumefactor(db)) {}
   double operator()(double wb) const { return volumeof(factor, w(wb), w.pv.atm); }
   double plainly(double wb) const { return psychro_v(w.pv.db, wb, w.pv.atm); }
+  double ratioat(double v) const { return (v * w.pv.atm / factor - 1) * (4360.0 / 7000); }
   Window window(double v, double tolerance) const {
-    const double scale = w.pv.atm / factor;
-    return w.window((v * scale - 1) * (4360.0 / 7000), tolerance * scale * (4360.0 / 7000));
+    return w.window(ratioat(v), tolerance * w.pv.atm / factor * (4360.0 / 7000));
   }
 };
 

@@ -12,15 +12,20 @@ namespace {
 
 double saturationenthalpy(double temp, double atm) { return psychro_h(temp, temp, atm); }
 
-/// Up to here the saturation enthalpy rises, at the pressures that a crossing is looked for.
-constexpr double hottest = 122;
+/// Up to here the saturation enthalpy rises: to where water boils, or to the end of the table. Further up it jumps to
+/// below 0.
+double hottestbelowboiling(double atm) {
+  constexpr double end = 122;
+  if (!(atm >= 0.1 && atm <= 200)) return -end;
+  return atm < 4 ? std::min(saturationwindow(atm, 0).low - 0.01, end) : end;
+}
 
 /// About where the saturation enthalpy reaches h, by Newton's steps. It rises with
 /// the temperature, also at its small step near 32 deg F, next to which the table is coarse.
-Window crossingnear(double h, double atm) {
+Window crossingnear(double h, double atm, double hottest) {
   constexpr double coldest = SaturationTable::lowest + 1;
   constexpr int patience = 14;
-  if (!(atm >= 4 && atm <= 200 && hasvalue(h))) return Window{-beyond, beyond};
+  if (!(hottest > coldest && hasvalue(h))) return Window{-beyond, beyond};
   double temp = std::clamp(49 * std::log(std::max(h, 0.0) + 8) - 114.5, coldest, hottest);  // at sea level
   double step = temp;
   for (int i = 0; i < patience && std::abs(step) > 1e-04; ++i) {
@@ -79,12 +84,14 @@ double leapdown(double temp, double stop) {
 }
 
 WetBulbWalk::WetBulbWalk(double h, double atm, Way way) : h_(h), atm_(atm) {
-  if (way == Way::quick) crossing_ = crossingnear(h, atm);
+  if (way == Way::plain) return;
+  hottest_ = hottestbelowboiling(atm);
+  crossing_ = crossingnear(h, atm, hottest_);
 }
 
 bool WetBulbWalk::below(double temp) const {
   if (temp <= crossing_.low) return true;
-  if (temp >= crossing_.high && temp <= hottest) return false;
+  if (temp >= crossing_.high && temp <= hottest_) return false;
   return saturationenthalpy(temp, atm_) < h_;
 }
 
@@ -105,7 +112,7 @@ double WetBulbWalk::walkdown(double temp, double step) const {
 double WetBulbWalk::operator()(double db) const {
   if (!hasvalue(db) || !hasvalue(h_) || !hasvalue(atm_)) return novalue;
   constexpr double dry = 10000;
-  const bool told = db <= hottest - 1 && crossing_.high < hottest;
+  const bool told = db <= hottest_ - 1 && crossing_.high < hottest_;
   const double start = told ? leapdown(db, std::max(crossing_.high, 0.0)) : leapdown(db, std::max(dry, h_ / 0.24) + 2);
   const double coarse = walkdown(start, 1) - 1;
   const double fine = walkdown(coarse + 2, 0.1) - 0.1;
@@ -134,6 +141,20 @@ SearchResult wbwithdbandhr(double db, double hr, double atm, Way way) {
 SearchResult wbwithdbandspvol(double db, double v, double atm, Way way) {
   const VOfWb f(db, atm);
   return bracketsearch(f, v, Bracket{}, liesbetween(f, v), way);
+}
+
+NearResult wbofairwithdbandspvol(double db, double v, double atm, Way way) {
+  const VOfWb f(db, atm);
+  const Bracket bracket;
+  if (!liesbetween(f, v)) return {{(bracket.low + bracket.high) / 2, 0}};
+  if (way == Way::quick) {
+    const Window window = f.window(v, bracket.tolerance);
+    const double w = f.ratioat(v);
+    const bool dry = w < -1e-05;
+    const bool oversaturated = humidityof(atm * w / (massratio + w), pvsat(db)) > 100.5;
+    if (hasvalue(window.low) && (dry || oversaturated)) return {{(window.low + window.high) / 2, 1}, true};
+  }
+  return {bracketsearch(f, v, bracket, true, way)};
 }
 
 double spvolwithdbandhr(double db, double hr, double atm, Way way) {

@@ -186,7 +186,8 @@ private:
   double walkdown(double temp, double step) const;
 
   double h_, atm_;
-  Window crossing_{-beyond, beyond};  ///< holds up to `hottest`
+  double hottest_ = -beyond;
+  Window crossing_{-beyond, beyond};  ///< of the saturation enthalpy with h; holds up to `hottest_`
 };
 
 /// Where a walk down from a temperature in steps of 1 arrives just above `stop`, or the temperature itself if it starts
@@ -217,6 +218,14 @@ SearchResult wbwithdbandhr(double db, double hr, double atm, Way way = Way::quic
 /// Wet bulb [deg F, 0 to 120] at which a dry bulb has the specific volume v, and the iterations it took: 0 where v is
 /// out of reach of wet bulbs from 0 to 120.
 SearchResult wbwithdbandspvol(double db, double v, double atm, Way way = Way::quick);
+
+/// The same for a walk that only counts states of air: not searched, but near enough, where the state is sure to be
+/// found and is sure to have no vapour or to lie above saturation.
+struct NearResult {
+  SearchResult wb;
+  bool near = false;
+};
+NearResult wbofairwithdbandspvol(double db, double v, double atm, Way way = Way::quick);
 
 /// Specific volume [cu ft/lb of dry air] of a dry bulb [deg F] and a humidity ratio. No value if the search fails;
 /// computed from a wet bulb of 60 where hr is out of reach of wet bulbs from 0 to 120.

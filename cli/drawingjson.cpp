@@ -1,58 +1,72 @@
 #include "cli/drawingjson.h"
 
-#include <array>
+#include <string_view>
 #include <variant>
 
 #include "document/jsonnode.h"
+#include "session/numberformat.h"
 
 namespace moistair {
 
 namespace {
 
-std::string codeof(const Color& color) {
-  constexpr const char* hexdigits = "0123456789abcdef";
-  std::string code = "#";
-  for (const std::uint8_t part : {color.red, color.green, color.blue}) {
-    code += hexdigits[part >> 4];
-    code += hexdigits[part & 15];
-  }
-  return code;
-}
-
-Json jsonof(float coordinate) { return jsonnumber(static_cast<double>(coordinate)); }
-
+/// Appends an operation member by member; a tree of values to be written later would take longer than the chart.
 struct OperationWriter {
-  Json operator()(const LineOperation& line) const {
-    Json json = {{"op", "line"},
-                 {"x1", jsonof(line.x1)},
-                 {"y1", jsonof(line.y1)},
-                 {"x2", jsonof(line.x2)},
-                 {"y2", jsonof(line.y2)}};
-    if (line.color) json["color"] = codeof(*line.color);
-    return json;
+  std::string& out;
+
+  void operator()(const LineOperation& line) const {
+    out += R"({"op":"line")";
+    number("x1", line.x1);
+    number("y1", line.y1);
+    number("x2", line.x2);
+    number("y2", line.y2);
+    if (line.color) color(*line.color);
   }
 
-  Json operator()(const CircleOperation& circle) const {
-    return {{"op", "circle"},
-            {"x", jsonof(circle.x)},
-            {"y", jsonof(circle.y)},
-            {"r", jsonof(circle.radius)},
-            {"color", codeof(circle.color)}};
+  void operator()(const CircleOperation& circle) const {
+    out += R"({"op":"circle")";
+    number("x", circle.x);
+    number("y", circle.y);
+    number("r", circle.radius);
+    color(circle.color);
   }
 
-  Json operator()(const TextOperation& text) const {
-    return {{"op", "text"}, {"x", jsonof(text.x)}, {"y", jsonof(text.y)}, {"text", text.text}};
+  void operator()(const TextOperation& text) const {
+    out += R"({"op":"text")";
+    number("x", text.x);
+    number("y", text.y);
+    out += R"(,"text":)" + jsontext(text.text);
+  }
+
+  void number(std::string_view name, float coordinate) const {
+    out.append(",\"").append(name).append("\":");
+    appendroundtrip(out, static_cast<double>(coordinate));
+  }
+
+  void color(const Color& color) const {
+    constexpr std::string_view hexdigits = "0123456789abcdef";
+    out += R"(,"color":"#)";
+    for (const std::uint8_t part : {color.red, color.green, color.blue}) {
+      out += hexdigits[part >> 4];
+      out += hexdigits[part & 15];
+    }
+    out += '"';
   }
 };
 
 }  // namespace
 
 std::string drawingjson(const Drawing& drawing, const WindowSize& size) {
-  std::string out = "{\"unit\":\"twip\",\"width\":" + jsonnumber(size.width).dump() +
-                    ",\"height\":" + jsonnumber(size.height).dump() + ",\"ops\":[";
+  std::string out = R"({"unit":"twip","width":)";
+  appendroundtrip(out, size.width);
+  out += R"(,"height":)";
+  appendroundtrip(out, size.height);
+  out += R"(,"ops":[)";
   const char* separator = "\n";
   for (const Operation& operation : drawing.operations) {
-    out += separator + jsontext(std::visit(OperationWriter{}, operation));
+    out += separator;
+    std::visit(OperationWriter{out}, operation);
+    out += '}';
     separator = ",\n";
   }
   return out + "\n]}\n";

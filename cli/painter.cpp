@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "cli/fault.h"
+#include "cli/paintfonts.h"
 #include "cli/picture.h"
 #include "paint/exports.h"
 
@@ -25,6 +26,7 @@ std::string contents(const FileFormat& format, const Drawing& drawing, PictureSi
   qInstallMessageHandler(quiet);
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication::setDesktopSettingsAware(false);
+  preparefonts(drawing);
   std::string name = "moistair-cli";
   std::array<char*, 2> arguments = {name.data(), nullptr};
   int count = 1;

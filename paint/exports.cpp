@@ -1,47 +1,42 @@
 #include "paint/exports.h"
 
+#include <png.h>
+
 #include <QBuffer>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 #include <algorithm>
 
 #include "paint/replay.h"
+#include "paint/svg.h"
 
 namespace moistair {
 
 namespace {
 
-QByteArray imagecontent(const QImage& image, const char* format) {
-  QByteArray content;
-  QBuffer buffer(&content);
-  const bool made = buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format);
-  return made ? content : QByteArray();
-}
-
 QByteArray bmpofdrawing(const Drawing& drawing, QSize size, double scale) {
   return bmpcontent(drawingimage(drawing, size, scale));
 }
 
+/// Qt's own writer tries five filters on every row, which takes longer than all else and gains a quarter of the size.
 QByteArray pngofdrawing(const Drawing& drawing, QSize size, double scale) {
-  return imagecontent(drawingimage(drawing, size, scale), "PNG");
+  const QImage picture = drawingimage(drawing, size, scale).convertToFormat(QImage::Format_RGB888);
+  if (picture.isNull()) return {};
+  png_image png{};
+  png.version = PNG_IMAGE_VERSION;
+  png.format = PNG_FORMAT_RGB;
+  png.flags = PNG_IMAGE_FLAG_FAST;
+  png.width = static_cast<png_uint_32>(picture.width());
+  png.height = static_cast<png_uint_32>(picture.height());
+  png_alloc_size_t bytes = PNG_IMAGE_PNG_SIZE_MAX(png);
+  QByteArray content(static_cast<qsizetype>(bytes), Qt::Uninitialized);
+  const auto row = static_cast<png_int_32>(picture.bytesPerLine());
+  if (png_image_write_to_memory(&png, content.data(), &bytes, 0, picture.constBits(), row, nullptr) == 0) return {};
+  content.truncate(static_cast<qsizetype>(bytes));
+  return content;
 }
 
-QByteArray svgofdrawing(const Drawing& drawing, QSize size, double) {
-  QByteArray content;
-  QBuffer buffer(&content);
-  QSvgGenerator generator;
-  generator.setOutputDevice(&buffer);
-  generator.setResolution(96);
-  generator.setSize(size);
-  generator.setViewBox(QRect(QPoint(0, 0), size));
-  generator.setTitle(QStringLiteral("Psychrometric chart"));
-  QPainter painter;
-  if (!painter.begin(&generator)) return {};
-  painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
-  replay(drawing, painter, size);
-  return painter.end() ? content : QByteArray();
-}
+QByteArray svgofdrawing(const Drawing& drawing, QSize size, double) { return svgcontent(drawing, size); }
 
 QByteArray pdfofdrawing(const Drawing& drawing, QSize size, double) {
   QByteArray content;
@@ -73,7 +68,11 @@ QImage drawingimage(const Drawing& drawing, QSize size, double scale) {
 }
 
 QByteArray bmpcontent(const QImage& picture) {
-  return imagecontent(picture.convertToFormat(QImage::Format_RGB888), "BMP");
+  QByteArray content;
+  QBuffer buffer(&content);
+  const bool made =
+      buffer.open(QIODevice::WriteOnly) && picture.convertToFormat(QImage::Format_RGB888).save(&buffer, "BMP");
+  return made ? content : QByteArray();
 }
 
 const std::array<FileFormat, 4> fileformats = {{

@@ -48,25 +48,31 @@ struct OperationPainter {
     return {centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius};
   }
 
-  QRectF operator()(const TextOperation& text) {
-    const QString characters = charactersof(text.text);
-    const QPointF corner = withinground(pixels(text.x, text.y), metrics.horizontalAdvance(characters));
+  QRectF operator()(const TextOperation& operation) {
+    const PaintedText text = paintedtext(operation, metrics, ground);
     painter.setPen(Qt::black);
-    painter.drawText(corner + QPointF(0, metrics.ascent()), characters);
-    return {corner, QSizeF(metrics.horizontalAdvance(characters), metrics.height())};
-  }
-
-  QPointF withinground(QPointF corner, double width) const {
-    const double overhang = corner.x() + width - ground.width();
-    const bool reachesedge = corner.x() < ground.width() && overhang > 0;
-    return reachesedge && width < ground.width() / 4 ? corner - QPointF(overhang, 0) : corner;
+    painter.drawText(text.baseline, text.characters);
+    return {text.baseline - QPointF(0, metrics.ascent()), QSizeF(text.width, metrics.height())};
   }
 };
 
+/// How far a text at `x` has to move to the left.
+double overhang(double x, double width, QSizeF ground) {
+  const bool reachesedge = x < ground.width() && x + width > ground.width();
+  return reachesedge && width < ground.width() / 4 ? x + width - ground.width() : 0;
+}
+
 }  // namespace
 
+PaintedText paintedtext(const TextOperation& text, const QFontMetricsF& metrics, QSizeF ground) {
+  const QString characters = charactersof(text.text);
+  const double width = metrics.horizontalAdvance(characters);
+  const QPointF corner = pixels(text.x, text.y);
+  return {characters, corner + QPointF(-overhang(corner.x(), width, ground), metrics.ascent()), width};
+}
+
 QFont canvasfont() {
-  QFont font(QStringLiteral("DejaVu Sans"));
+  QFont font{QLatin1String(canvasfamily)};
   font.setPixelSize(12);
   font.setHintingPreference(QFont::PreferNoHinting);
   return font;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QRectF>
 
@@ -14,13 +15,23 @@
 
 namespace moistair {
 
-/// Font of all text on the chart.
+/// Font of all text on the chart, and the name that its files have.
+inline constexpr const char* canvasfamily = "DejaVu Sans";
 QFont canvasfont();
 
-/// Paints the operations from index `first` on, in black on whatever is there. A short text that would run over the
-/// right edge of `ground`, the part that can be seen [logical pixels], is moved to end there: the titles are placed for
-/// a narrower font than most screens have. Returns the rectangle touched [logical pixels], empty if nothing was
-/// painted.
+/// A text as it is painted [logical pixels].
+struct PaintedText {
+  QString characters;  ///< those that no picture shows and no XML file may hold are made visible
+  QPointF baseline;    ///< its left end
+  double width;
+};
+
+/// Where a text goes. A short one that would run over the right edge of `ground`, the part that can be seen, is moved
+/// to end there: the titles are placed for a narrower font than most screens have.
+PaintedText paintedtext(const TextOperation& text, const QFontMetricsF& metrics, QSizeF ground);
+
+/// Paints the operations from index `first` on, in black on whatever is there. Returns the rectangle touched [logical
+/// pixels], empty if nothing was painted.
 QRectF replay(const Drawing& drawing, QPainter& painter, QSizeF ground, std::size_t first = 0);
 
 }  // namespace moistair

@@ -1,0 +1,17 @@
+/// \file
+/// The fonts that the headless tool paints with.
+///
+/// Fontconfig reads every file of the system's configuration before the first letter is measured, which takes longer
+/// than a chart takes to paint. The chart's own font has nearly all letters that anybody writes on a chart, so for a
+/// drawing that needs no other one the folder of that font is all that is set up.
+#pragma once
+
+#include "chart/drawing.h"
+
+namespace moistair {
+
+/// Sets up what the texts of a drawing need; to be called before the toolkit starts, once in a process. Where the
+/// chart's font does not stand where Debian puts it, or lacks a letter, the system's own configuration stays in force.
+void preparefonts(const Drawing& drawing);
+
+}  // namespace moistair

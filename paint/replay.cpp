@@ -1,6 +1,10 @@
 #include "paint/replay.h"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
+#include <algorithm>
+#include <cmath>
+#include <span>
 
 namespace moistair {
 
@@ -14,26 +18,84 @@ QColor screencolor(const std::optional<Color>& color) {
   return color ? QColor(color->red, color->green, color->blue) : QColor(Qt::black);
 }
 
-/// The characters of a text, with those that no picture shows and no XML file may hold made visible.
-QString charactersof(const std::string& text) {
-  QString characters = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-  for (QChar& character : characters) {
-    const bool forbidden = character.unicode() < 0x20 || character.unicode() >= 0xFFFE;
-    if (forbidden) character = QChar::ReplacementCharacter;
-  }
-  return characters;
+/// Whether a line is neither level nor upright.
+bool slanted(const LineOperation& line) { return line.x1 != line.x2 && line.y1 != line.y2; }
+
+/// The slanted line that an operation draws, if it does.
+const LineOperation* slantedline(const Operation& operation) {
+  const auto* line = std::get_if<LineOperation>(&operation);
+  return line != nullptr && slanted(*line) ? line : nullptr;
 }
 
-/// Paints one operation and returns the rectangle it touches.
+/// Whether a slanted line goes on where the operation before it ended, in the same colour.
+bool goeson(const Operation& before, const Operation& operation) {
+  const LineOperation* last = slantedline(before);
+  const LineOperation* line = slantedline(operation);
+  return last != nullptr && line != nullptr && last->color == line->color && last->x2 == line->x1 &&
+         last->y2 == line->y1;
+}
+
+/// The pixels of a picture, whatever the scale of its painter. A line is a whole number of them wide, or lines of one
+/// kind would differ. Elsewhere a line is a logical pixel wide.
+struct PixelGrid {
+  /// Smooth edges make a line look thinner than one that covers its pixels fully. (Not 1: QPainter has a quick way for
+  /// such lines, which paints twice where two segments meet.)
+  static constexpr double leastsmooth = 1.1;
+
+  explicit PixelGrid(const QPainter& painter) : transform(painter.deviceTransform()) {
+    pixels = painter.paintEngine()->type() == QPaintEngine::Raster && transform.type() <= QTransform::TxScale;
+    if (!pixels) return;
+    linepixels = std::max(1.0, std::round(transform.m11()));
+    linewidth = std::max(leastsmooth, linepixels / transform.m11());
+  }
+
+  /// The pixels that a level or upright line covers, its last one included [logical pixels].
+  QRectF crispline(QPointF from, QPointF to) const {
+    const auto firstpixel = [this](double place) {
+      constexpr double far = 1e6;  // beyond every picture, and small enough to be counted in pixels
+      return std::floor(std::clamp(place, -far, far) - (linepixels - 1) / 2);
+    };
+    const QRectF line = transform.mapRect(QRectF(from, to).normalized());
+    const QPointF first(firstpixel(line.left()), firstpixel(line.top()));
+    const QPointF last(firstpixel(line.right()), firstpixel(line.bottom()));
+    return transform.inverted().mapRect(QRectF(first, last + QPointF(linepixels, linepixels)));
+  }
+
+  QTransform transform;
+  bool pixels = false;
+  double linepixels = 1;
+  double linewidth = 1;  ///< of what is not level or upright [logical pixels]
+};
+
+/// Paints operations and returns the rectangle that each touches.
 struct OperationPainter {
   QPainter& painter;
   QFontMetricsF metrics;
   QSizeF ground;
+  PixelGrid grid;
+
+  /// A curve is one line, not many that overlap where they meet: smooth edges would count twice there.
+  QRectF curve(std::span<const Operation> segments) {
+    QPolygonF places;
+    for (const Operation& segment : segments) {
+      const auto& line = std::get<LineOperation>(segment);
+      if (places.isEmpty()) places.append(pixels(line.x1, line.y1));
+      places.append(pixels(line.x2, line.y2));
+    }
+    usepen(std::get<LineOperation>(segments.front()).color);
+    smoothly([&] { painter.drawPolyline(places); });
+    return places.boundingRect();
+  }
 
   QRectF operator()(const LineOperation& line) {
     const QPointF from = pixels(line.x1, line.y1);
     const QPointF to = pixels(line.x2, line.y2);
-    painter.setPen(QPen(screencolor(line.color), 1));
+    if (grid.pixels) {
+      const QRectF covered = grid.crispline(from, to);
+      painter.fillRect(covered, screencolor(line.color));
+      return covered;
+    }
+    usepen(line.color);
     painter.drawLine(from, to);
     return QRectF(from, to).normalized();
   }
@@ -41,10 +103,8 @@ struct OperationPainter {
   QRectF operator()(const CircleOperation& circle) {
     const double radius = static_cast<double>(circle.radius) / twipsperpixel;
     const QPointF centre = pixels(circle.x, circle.y);
-    painter.setPen(QPen(screencolor(circle.color), 1));
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.drawEllipse(centre, radius, radius);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    usepen(circle.color);
+    smoothly([&] { painter.drawEllipse(centre, radius, radius); });
     return {centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius};
   }
 
@@ -53,6 +113,15 @@ struct OperationPainter {
     painter.setPen(Qt::black);
     painter.drawText(text.baseline, text.characters);
     return {text.baseline - QPointF(0, metrics.ascent()), QSizeF(text.width, metrics.height())};
+  }
+
+  void usepen(const std::optional<Color>& color) { painter.setPen(QPen(screencolor(color), grid.linewidth)); }
+
+  template <class Painting>
+  void smoothly(Painting paint) {
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    paint();
+    painter.setRenderHint(QPainter::Antialiasing, false);
   }
 };
 
@@ -65,7 +134,7 @@ double overhang(double x, double width, QSizeF ground) {
 }  // namespace
 
 PaintedText paintedtext(const TextOperation& text, const QFontMetricsF& metrics, QSizeF ground) {
-  const QString characters = charactersof(text.text);
+  const QString characters = printable(QString::fromUtf8(text.text.data(), static_cast<qsizetype>(text.text.size())));
   const double width = metrics.horizontalAdvance(characters);
   const QPointF corner = pixels(text.x, text.y);
   return {characters, corner + QPointF(-overhang(corner.x(), width, ground), metrics.ascent()), width};
@@ -78,6 +147,22 @@ QFont canvasfont() {
   return font;
 }
 
+QString printable(QString text) {
+  for (QChar& character : text) {
+    const QChar::Category category = character.category();
+    const bool unseen =
+        category == QChar::Other_Control || category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
+    if (unseen) character = QLatin1Char(' ');
+    if (character.unicode() >= 0xFFFE) character = QChar::ReplacementCharacter;
+  }
+  return text;
+}
+
+bool cutscurve(const Drawing& drawing, std::size_t first) {
+  return first > 0 && first < drawing.operations.size() &&
+         goeson(drawing.operations[first - 1], drawing.operations[first]);
+}
+
 QRectF replay(const Drawing& drawing, QPainter& painter, QSizeF ground, std::size_t first) {
   constexpr double margin = 2;
   painter.save();
@@ -85,10 +170,19 @@ QRectF replay(const Drawing& drawing, QPainter& painter, QSizeF ground, std::siz
   painter.setRenderHint(QPainter::TextAntialiasing, true);
   painter.setBrush(Qt::NoBrush);
   painter.setFont(canvasfont());
-  OperationPainter paintoperation{painter, QFontMetricsF(canvasfont(), painter.device()), ground};
+  OperationPainter paintoperation{painter, QFontMetricsF(canvasfont(), painter.device()), ground, PixelGrid(painter)};
+  const std::span operations(drawing.operations);
   QRectF touched;
-  for (std::size_t i = first; i < drawing.operations.size(); ++i) {
-    const QRectF part = std::visit(paintoperation, drawing.operations[i]);
+  std::size_t next = first;
+  while (next < operations.size()) {
+    const std::size_t begin = next++;
+    QRectF part;
+    if (slantedline(operations[begin]) != nullptr) {
+      while (cutscurve(drawing, next)) ++next;
+      part = paintoperation.curve(operations.subspan(begin, next - begin));
+    } else {
+      part = std::visit(paintoperation, operations[begin]);
+    }
     touched |= part.adjusted(-margin, -margin, margin, margin);
   }
   painter.restore();

@@ -3,13 +3,16 @@
 ///
 /// The one way from a `Drawing` to anything that QPainter can paint on: the screen, a bitmap, a vector file, paper. The
 /// painter works in logical pixels of 15 twips; whoever wants another scale scales the painter. Lines are one logical
-/// pixel wide and not antialiased, so that axes and grid stay crisp; text is text wherever the device knows text.
+/// pixel wide; in a picture, whose pixels may be smaller, the nearest whole number of those. There a level or upright
+/// line covers them fully, so that axes and grid stay crisp and alike, and slanted lines and curves are smooth. Text is
+/// text wherever the device knows text.
 #pragma once
 
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QRectF>
+#include <QString>
 
 #include "chart/drawing.h"
 
@@ -19,9 +22,17 @@ namespace moistair {
 inline constexpr const char* canvasfamily = "DejaVu Sans";
 QFont canvasfont();
 
+/// A text as one line that every font can show: control characters, line breaks among them, become blanks, and what no
+/// XML file may hold the replacement character.
+QString printable(QString text);
+
+/// Whether a painting that begins with this operation would begin within a curve, so that its edges get two coats
+/// there.
+bool cutscurve(const Drawing& drawing, std::size_t first);
+
 /// A text as it is painted [logical pixels].
 struct PaintedText {
-  QString characters;  ///< those that no picture shows and no XML file may hold are made visible
+  QString characters;  ///< `printable`
   QPointF baseline;    ///< its left end
   double width;
 };

@@ -8,7 +8,6 @@
 
 #include "paint/exports.h"
 #include "session/outputfile.h"
-#include "toolkit/dialog.h"
 #include "toolkit/filename.h"
 #include "toolkit/messages.h"
 #include "toolkit/savedialog.h"
@@ -63,7 +62,6 @@ void printchart(QWidget* window, const Drawing& drawing, QSize size) {
   printer.setPageOrientation(QPageLayout::Landscape);
   printer.setDocName(QStringLiteral("Psychrometric chart"));
   QPrintDialog dialog(&printer, window);
-  keepabove(dialog);
   if (dialog.exec() != QDialog::Accepted) return;
   QPainter painter;
   if (!painter.begin(&printer)) {

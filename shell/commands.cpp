@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QMenu>
 #include <QUrl>
+#include <QWindow>
 
 #include "paint/exports.h"
 #include "session/outputfile.h"
@@ -47,11 +48,14 @@ void dismiss(QPointer<Window>& window) {
 void MainWindow::opendialog(Dialog* dialog) {
   dialog_ = dialog;
   dialog->show();
-  if (charttype_) charttype_->raise();
+  if (!charttype_) return;
+  standover(*charttype_, *dialog);
+  dialog->windowHandle()->installEventFilter(this);
 }
 
 /// Gives the input back to this window and destroys the dialog that took it.
 void MainWindow::closedialog() {
+  if (charttype_) standover(*charttype_, *this);
   dismiss(dialog_);
   activateWindow();
 }
@@ -78,6 +82,7 @@ void MainWindow::openpressure() {
   if (!loaded_) {
     if (!loadmain()) return;
     loaded_ = true;
+    resize(screen()->availableSize());  // what restoring gives: the whole chart shows there too
     showMaximized();
   }
   auto* window = new PressureWindow(this);
@@ -105,10 +110,11 @@ void MainWindow::startdraw() {
   }
   if (!charttype_) {
     charttype_ = new ChartTypeWindow;
+    standover(*charttype_, *this);
     connect(charttype_, &ChartTypeWindow::chosen, this, &MainWindow::drawchart);
     connect(charttype_, &ChartTypeWindow::left, this, [this] { dismiss(charttype_); });
   }
-  charttype_->show();
+  charttype_->showNormal();  // also from its icon
   charttype_->raise();
   charttype_->activateWindow();
 }

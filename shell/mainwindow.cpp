@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
+#include <QTimer>
+#include <QWindow>
 
 #include "chart/chartfinders.h"
 #include "session/pressureunits.h"
@@ -145,6 +147,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     arrange();
     chart_.layout(windowsize());
   }
+  // A window manager puts the dialog that is clicked above the chart type window.
+  const bool dialogcomesup = event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress;
+  if (dialogcomesup && charttype_ && dialog_ && watched == dialog_->windowHandle()) charttype_->raise();
   return QMainWindow::eventFilter(watched, event);
 }
 
@@ -174,6 +179,21 @@ PairInput MainWindow::pairinput() const {
 bool MainWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowActivate && dialog_) dialog_->activateWindow();
   return QMainWindow::event(event);
+}
+
+/// Restored for the first time, the window has the size that it was given at the start, that of the screen, and its
+/// frame reaches beyond.
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  constexpr int frametime = 100;  // ms: the window manager tells of the frame a moment later
+  if (loaded_ && !fitted_ && !isMaximized()) QTimer::singleShot(frametime, this, &MainWindow::fitonscreen);
+}
+
+void MainWindow::fitonscreen() {
+  if (fitted_ || isMaximized()) return;
+  fitted_ = true;
+  const QRect free = screen()->availableGeometry();
+  if (!free.contains(frameGeometry())) setGeometry(free.marginsRemoved(windowHandle()->frameMargins()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -42,6 +42,7 @@ Q_SIGNALS:
 
 protected:
   bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -51,6 +52,7 @@ private:
   bool loadmain();
   void filllists();
   void arrange();
+  void fitonscreen();
 
   WindowSize windowsize() const;
   PairInput pairinput() const;
@@ -104,6 +106,7 @@ private:
   QAction* undoaction_ = nullptr;
   QAction* redoaction_ = nullptr;
   bool loaded_ = false;
+  bool fitted_ = false;  ///< onto the screen, once restored from the maximised state
 };
 
 }  // namespace moistair

@@ -19,7 +19,8 @@ bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight
 }
 
 bool leavesforsmallscreen(QWidget* parent) {
-  const QSize screen = QGuiApplication::primaryScreen()->size() * static_cast<int>(twipsperpixel);
+  const QScreen& primary = *QGuiApplication::primaryScreen();
+  const QSize screen = primary.size() * primary.devicePixelRatio() * static_cast<int>(twipsperpixel);
   if (checkrez(neededwidth, neededheight, screen.width(), screen.height())) return false;
   return question(parent, QStringLiteral("DELETE"),
                   QStringLiteral("You must set screen size to 1024x768 or higher if your monitor size is less than 15 "

@@ -16,7 +16,8 @@ inline constexpr int neededheight = 728;
 /// @param screenwidth, screenheight [twips]
 bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight);
 
-/// The question for a smaller screen; true if the user wants to leave the program. No question for a larger one.
+/// The question for a smaller screen, by its own pixels whatever the scale of the desktop; true if the user wants to
+/// leave the program. No question for a larger one.
 bool leavesforsmallscreen(QWidget* parent);
 
 /// The compiled help file beside the program if there is one, else our own manual; empty if neither is there.

@@ -6,6 +6,7 @@
 
 #include "engine/numbertext.h"
 #include "toolkit/controls.h"
+#include "toolkit/valuebox.h"
 
 namespace moistair {
 
@@ -124,7 +125,7 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
     nameinput(*made, made->text().simplified());  // a wrapped caption is read as one line
     return made;
   };
-  const auto box = [&](const Control& control) { return make.add<QLineEdit>(grid, control); };
+  const auto box = [&](const Control& control) { return make.add<ValueBox>(grid, control); };
   const auto captionedbox = [&](const Control& control, const Control& caption) {
     auto* made = box(control);
     captionfor(make, grid, caption, *made);
@@ -179,7 +180,7 @@ void Strip::makereadouts(QGridLayout& grid, ControlMaker& make) {
 
 void Strip::makebottomrow(QGridLayout& grid, ControlMaker& make) {
   const auto button = [&](const Control& control) { return make.add<QPushButton>(grid, control); };
-  pointid = make.add<QLineEdit>(grid, row("Text7"));
+  pointid = make.add<ValueBox>(grid, row("Text7"));
   captionfor(make, grid, row("Label6"), *pointid);
   exitbutton = button(row("Command8"));
   viewlogbutton = button(row("Command1"));

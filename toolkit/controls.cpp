@@ -1,5 +1,7 @@
 #include "toolkit/controls.h"
 
+#include <QPushButton>
+#include <QShortcut>
 #include <QVariant>
 #include <algorithm>
 
@@ -11,6 +13,7 @@ void ControlMaker::setup(QWidget& control, const Control& row) {
   if (!tooltip.isEmpty()) control.setToolTip(tooltip);
   const QString caption = QString::fromUtf8(row.caption);
   if (!caption.isEmpty()) control.setProperty("text", caption);
+  if (auto* button = qobject_cast<QPushButton*>(&control)) pressbyreturn(*button);
   placed_.push_back({&control, row.tab});
 }
 
@@ -21,6 +24,15 @@ void ControlMaker::settaborder() {
     if ((placed.control->focusPolicy() & Qt::TabFocus) == 0) continue;
     if (last != nullptr) QWidget::setTabOrder(last, placed.control);
     last = placed.control;
+  }
+}
+
+void pressbyreturn(QPushButton& button) {
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    auto* shortcut = new QShortcut(key, &button);
+    shortcut->setContext(Qt::WidgetShortcut);
+    shortcut->setAutoRepeat(false);
+    QObject::connect(shortcut, &QShortcut::activated, &button, &QPushButton::click);
   }
 }
 

@@ -13,6 +13,8 @@
 #include <QWidget>
 #include <vector>
 
+class QPushButton;
+
 namespace moistair {
 
 struct Cell {
@@ -58,6 +60,10 @@ private:
   QWidget& window_;
   std::vector<Placed> placed_;
 };
+
+/// Has Return press the button that has the focus, as the space bar does. A dialog's buttons know that by themselves,
+/// but only in exchange for one that Return presses from every box.
+void pressbyreturn(QPushButton& button);
 
 /// Gives a control its name for a screen reader.
 void nameinput(QWidget& input, const QString& name);

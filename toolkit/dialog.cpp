@@ -2,10 +2,14 @@
 
 #include <QScreen>
 #include <QStyle>
+#include <QWindow>
 
 namespace moistair {
 
-void keepabove(QWidget& window) { window.setWindowFlag(Qt::WindowStaysOnTopHint); }
+void standover(QWidget& window, QWidget& below) {
+  window.winId();  // from here on there is a window to speak of
+  window.windowHandle()->setTransientParent(below.windowHandle());
+}
 
 Dialog::Dialog(QWidget* main, const QString& layoutname, const QString& title) : QDialog(main) {
   setObjectName(layoutname);

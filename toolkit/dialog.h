@@ -7,9 +7,9 @@
 
 namespace moistair {
 
-/// Keeps a window above those that are not kept so. The chart type window stands beside all others and must not be
-/// buried; whatever blocks it has to come up above it in turn, or the program looks frozen.
-void keepabove(QWidget& window);
+/// Has a window stand above another one that is up, and above no other program. It is not shut out by a dialog above
+/// which it stands, but by one above which the other stands.
+void standover(QWidget& window, QWidget& below);
 
 /// A dialog that does not block the code that shows it, and keeps the user out of the window behind it: that window
 /// neither greys nor closes meanwhile. Esc and the window manager do what the way back does, so a dialog cannot vanish

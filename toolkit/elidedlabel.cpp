@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "paint/replay.h"
+
 namespace moistair {
 
 namespace {
@@ -26,8 +28,9 @@ QSize ElidedLabel::minimumSizeHint() const { return sizeHint(); }
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QRect room = contentsRect();
-  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width(), Qt::TextSingleLine);
-  const QString tip = shown == text() ? QString() : text();
+  const QString whole = printable(text());
+  const QString shown = fontMetrics().elidedText(whole, Qt::ElideRight, room.width(), Qt::TextSingleLine);
+  const QString tip = shown == whole ? QString() : whole;
   if (tip != toolTip()) setToolTip(tip);
   painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }

@@ -2,6 +2,7 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include "paint/replay.h"
 
@@ -24,23 +25,29 @@ void GraphView::onchange() {
 void GraphView::onrefresh() {
   constexpr qint64 displayperiod = 16;  // ms
   if (sincerefresh_.elapsed() < displayperiod) return;
+  refreshing_ = true;
   const QRect changed = bringuptodate();
   if (!changed.isEmpty()) repaint(changed);
+  refreshing_ = false;
   sincerefresh_.restart();
 }
 
-/// Paints what the image does not show yet and returns where it did so.
+/// Paints what the image does not show yet and returns where it did so. During a refresh a curve may come in parts;
+/// once it is whole it is painted whole, as every other picture of the drawing shows it.
 QRect GraphView::bringuptodate() {
   const double ratio = devicePixelRatio();
-  const QSize size = this->size() * ratio;
-  const bool afresh = image_.size() != size;
+  const QSize size(qCeil(width() * ratio), qCeil(height() * ratio));
+  const QSize visible = parentWidget() != nullptr ? parentWidget()->size() : this->size();
+  if (cutscurve(drawing(), painted_)) inparts_ = true;
+  const bool afresh = image_.size() != size || visible != visible_ || (inparts_ && !refreshing_);
   if (afresh) {
     image_ = QImage(size, QImage::Format_RGB32);
     image_.fill(Qt::white);
+    visible_ = visible;
     painted_ = 0;
+    inparts_ = false;
   }
   if (image_.isNull() || (!afresh && painted_ == drawing().operations.size())) return {};
-  const QSize visible = parentWidget() != nullptr ? parentWidget()->size() : this->size();
   QPainter painter(&image_);
   painter.scale(ratio, ratio);
   const QRectF touched = replay(drawing(), painter, visible, painted_);
@@ -53,14 +60,17 @@ QImage GraphView::picture() {
   return image_;
 }
 
+/// A pixel of the image is a pixel of the screen: where the two scales differ, the widget may begin between two.
 void GraphView::paintEvent(QPaintEvent* event) {
   const QRect changed = bringuptodate();
   if (!event->region().contains(changed)) update(changed);
   QPainter painter(this);
-  const double ratio = devicePixelRatio();
-  for (const QRect& part : event->region()) {
-    painter.drawImage(QRectF(part), image_, QRectF(part.topLeft() * ratio, QSizeF(part.size()) * ratio));
-  }
+  painter.fillRect(event->rect(), Qt::white);
+  const QTransform todevice = painter.deviceTransform();
+  const QPointF corner = todevice.map(QPointF());
+  painter.translate(todevice.inverted().map(QPointF(corner.toPoint())));
+  painter.scale(1 / devicePixelRatio(), 1 / devicePixelRatio());
+  painter.drawImage(0, 0, image_);
 }
 
 }  // namespace moistair

@@ -35,7 +35,10 @@ private:
 
   RecordingCanvas canvas_;
   QImage image_;
+  QSize visible_;            ///< room for the chart when the image was painted
   std::size_t painted_ = 0;  ///< operations that the image shows
+  bool refreshing_ = false;
+  bool inparts_ = false;  ///< the image shows a curve that was painted in parts
   QElapsedTimer sincerefresh_;
 };
 

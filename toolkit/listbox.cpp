@@ -2,6 +2,9 @@
 
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+
+#include "toolkit/valuebox.h"
 
 namespace moistair {
 
@@ -26,6 +29,11 @@ void ListBox::append(const char* item) {
   const QSignalBlocker silent(this);  // the first item of an empty list would select itself
   addItem(QString::fromUtf8(item));
   setCurrentIndex(-1);
+}
+
+void ListBox::initStyleOption(QStyleOptionComboBox* option) const {
+  QComboBox::initStyleOption(option);
+  option->palette = framepalette(option->palette);
 }
 
 void ListBox::choose(int index) {

@@ -28,6 +28,9 @@ public:
 Q_SIGNALS:
   void chosen();
 
+protected:
+  void initStyleOption(QStyleOptionComboBox* option) const override;
+
 private:
   void append(const char* item);
   void choose(int index);

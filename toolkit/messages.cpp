@@ -2,8 +2,6 @@
 
 #include <QMessageBox>
 
-#include "toolkit/dialog.h"
-
 namespace moistair {
 
 namespace {
@@ -11,7 +9,6 @@ namespace {
 QMessageBox::StandardButton ask(QWidget* parent, const QString& title, const QString& text, QMessageBox::Icon icon,
                                 QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, title, text, buttons, parent);
-  keepabove(box);
   box.setTextFormat(Qt::PlainText);  // a file name may hold what looks like markup
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -3,27 +3,60 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
-#include "toolkit/dialog.h"
+#include "toolkit/messages.h"
 
 namespace moistair {
 
+namespace {
+
+/// Does not go away over a folder that is not there. A dialog of the desktop's own has gone by then and is shown again.
+class FileDialog final : public QFileDialog {
+public:
+  using QFileDialog::QFileDialog;
+
+  QString path() const { return selectedFiles().value(0); }
+  bool folderexists() const { return QFileInfo(path()).absoluteDir().exists(); }
+
+  void accept() override {
+    const bool ofdesktop = testAttribute(Qt::WA_DontShowOnScreen);
+    if (!folderexists()) {
+      message(this, QStringLiteral("There is no folder ") + QFileInfo(path()).absolutePath());
+      if (!ofdesktop) return;
+    }
+    QFileDialog::accept();
+  }
+};
+
+/// Gives each filter once more the pattern that its text ends with, for the dialog to use and not to show. "*.*" stands
+/// for all names, as it always did, where the dialog would leave out those without a dot.
+QStringList withpatterns(QStringList filters) {
+  for (QString& filter : filters) {
+    const QString pattern = filter.mid(filter.lastIndexOf(u'('));
+    filter += pattern == QStringLiteral("(*.*)") ? QStringLiteral("(*)") : pattern;
+  }
+  return filters;
+}
+
+}  // namespace
+
 std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& request) {
-  QFileDialog dialog(parent, request.title);
-  keepabove(dialog);
+  FileDialog dialog(parent, request.title);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters(request.filters);
-  dialog.selectNameFilter(request.filters.value(0));
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setNameFilters(withpatterns(request.filters));
   if (!path_.isEmpty()) {
     dialog.setDirectory(QFileInfo(path_).absolutePath());
     dialog.selectFile(QFileInfo(path_).fileName());
   }
-  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  const QString path = dialog.selectedFiles().value(0);
-  if (path.isEmpty() || !QFileInfo(path).absoluteDir().exists()) return std::nullopt;
-  path_ = path;
-  filter_ = dialog.selectedNameFilter();
-  return path;
+  do {
+    if (dialog.exec() != QDialog::Accepted || dialog.path().isEmpty()) return std::nullopt;
+  } while (!dialog.folderexists());
+  path_ = dialog.path();
+  for (const QString& filter : request.filters) {
+    if (dialog.selectedNameFilter().startsWith(filter)) filter_ = filter;
+  }
+  return path_;
 }
 
 }  // namespace moistair

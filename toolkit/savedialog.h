@@ -16,7 +16,7 @@ struct SaveRequest {
 };
 
 /// The system's save dialog, one for all uses: it opens with the name of its last use. It asks before overwriting,
-/// requires an existing folder and adds no ending of its own.
+/// stays open until the folder exists and adds no ending of its own.
 class SaveDialog {
 public:
   /// The path chosen, none if the user cancelled.

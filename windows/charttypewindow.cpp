@@ -20,7 +20,6 @@ constexpr Control leavecommand{"Command2", "Exit and return to main chart", "", 
 }  // namespace
 
 ChartTypeWindow::ChartTypeWindow() : Dialog(nullptr, QStringLiteral("Form6"), QStringLiteral("Chart type option")) {
-  keepabove(*this);
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(24, 20, 24, 20);
   grid->setSpacing(16);

@@ -9,8 +9,8 @@
 
 namespace moistair {
 
-/// Stands beside the main window, which stays usable, and beside any dialog: it has no parent, since a dialog over its
-/// parent would shut it out too, and stays on top, since the main window would bury it.
+/// Leaves the main window usable, and any dialog too: it has no parent, since a dialog over its parent would shut it
+/// out. Whoever shows it says what it stands over, lest that bury it.
 class ChartTypeWindow final : public Dialog {
   Q_OBJECT
 

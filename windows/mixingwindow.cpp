@@ -6,6 +6,7 @@
 
 #include "mixing/mixingblock.h"
 #include "toolkit/messages.h"
+#include "toolkit/valuebox.h"
 
 namespace moistair {
 
@@ -152,10 +153,10 @@ void MixingWindow::makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_
   Inputs& inputs = inputs_[stream];
   addhead(maker, grid, controls.head);
   inputs.kind1 = maker.add<ListBox>(grid, controls.kind1);
-  inputs.value1 = maker.add<QLineEdit>(grid, controls.value1);
+  inputs.value1 = maker.add<ValueBox>(grid, controls.value1);
   inputs.kind2 = maker.add<ListBox>(grid, controls.kind2);
-  inputs.value2 = maker.add<QLineEdit>(grid, controls.value2);
-  inputs.flow = maker.add<QLineEdit>(grid, controls.flow);
+  inputs.value2 = maker.add<ValueBox>(grid, controls.value2);
+  inputs.flow = maker.add<ValueBox>(grid, controls.flow);
   for (ListBox* list : {inputs.kind1, inputs.kind2}) list->fill(kindtexts);
   const QString name = QStringLiteral("Stream %1, ").arg(stream + 1);
   namelist(*inputs.kind1, name + QStringLiteral("first property"));

@@ -9,6 +9,7 @@
 #include "toolkit/elidedlabel.h"
 #include "toolkit/listbox.h"
 #include "toolkit/messages.h"
+#include "toolkit/valuebox.h"
 
 namespace moistair {
 
@@ -79,7 +80,7 @@ void PressureWindow::makeentry(ControlMaker& maker, QGridLayout& grid) {
   unit_ = maker.add<ListBox>(grid, unitlist);
   for (const PressureUnitRow& unit : pressureunits) unit_->fill(std::array{unit.listtext});
   unitname->setBuddy(unit_);
-  entry_ = maker.add<QLineEdit>(grid, entrybox);
+  entry_ = maker.add<ValueBox>(grid, entrybox);
   nameinput(*entry_, entryname->text());
   entryunit_ = maker.add<QLabel>(grid, entryunit);
   for (const PressureUnitRow& unit : pressureunits) keeproom(*entryunit_, unit.entryunit);

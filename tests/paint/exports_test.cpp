@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QXmlStreamReader>
+#include <cmath>
 
 #include "paint/replay.h"
 
@@ -52,6 +53,37 @@ TEST(Picture, HasCrispLinesAtEveryScale) {
     EXPECT_EQ(count(image, acrossthehorizontal, Qt::black), scale);
     EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
   }
+}
+
+TEST(Picture, HasLinesOfOneWidthAtScalesBetween) {
+  for (const double scale : {1.0, 1.25, 1.5, 1.75}) {
+    RecordingCanvas canvas;
+    for (int i = 0; i < 20; ++i) canvas.Line(100 + 203.7 * i, 150, 100 + 203.7 * i, 1500);
+    const QImage image = drawingimage(canvas.drawing(), size, scale);
+    const auto black = [&](int x) { return image.pixelColor(x, image.height() / 4) == Qt::black; };
+    int pixels = 0;
+    for (int x = 0; x < image.width(); ++x) {
+      pixels = black(x) ? pixels + 1 : 0;
+      EXPECT_TRUE(pixels == 0 || black(x + 1) || pixels == std::lround(scale)) << scale << " at " << x;
+    }
+  }
+}
+
+TEST(Picture, SmoothsACurveAsOneLine) {
+  RecordingCanvas whole, parts;
+  whole.Line(150, 150, 3030, 2454);
+  for (const double x : {150, 870, 1590, 2310}) parts.Line(x, 0.8 * x + 30, x + 720, 0.8 * (x + 720) + 30);
+  const QImage image = drawingimage(whole.drawing(), size), joined = drawingimage(parts.drawing(), size);
+  for (int x = 0; x < 300; ++x) {
+    for (int y = 0; y < 200; ++y)
+      ASSERT_NEAR(qGray(joined.pixel(x, y)), qGray(image.pixel(x, y)), 20) << x << ", " << y;
+  }
+  EXPECT_GT(300 * 200 - count(image, image.rect(), Qt::black) - count(image, image.rect(), Qt::white), 300);
+}
+
+TEST(Picture, ShowsOneLineOfAnIdentification) {
+  EXPECT_EQ(printable(QStringLiteral(u"K\u00FC\r\nb\t\x01\x7F\u0085\u2028\u2029\uFFFF")),
+            QStringLiteral(u"K\u00FC  b      \uFFFD"));
 }
 
 TEST(Picture, KeepsATextAtTheRightEdgeWhole) {

@@ -71,6 +71,13 @@ inline std::string taborder(QWidget& window) {
   return order;
 }
 
+/// Presses Return on the control that has the focus.
+inline void pressreturn(QWidget& window, const char* name) {
+  QApplication::setActiveWindow(&window);
+  control<QWidget>(window, name).setFocus();
+  QTest::keyClick(&control<QWidget>(window, name), Qt::Key_Return);
+}
+
 /// Calls something with the window of a kind that takes the input, as soon as there is one and until this goes.
 template <class Window>
 class Watch {
@@ -109,7 +116,8 @@ class SaveAnswer {
 public:
   explicit SaveAnswer(const QString& path)
       : watch_([this, path](QFileDialog& dialog) {
-          filters = dialog.nameFilters().join(QLatin1Char('|')).toStdString();
+          auto& kinds = control<QComboBox>(dialog, "fileTypeCombo");
+          filters = (kinds.itemText(0) + QLatin1Char('|') + kinds.itemText(1)).toStdString();
           auto& name = control<QLineEdit>(dialog, "fileNameEdit");
           if (path.isEmpty()) return dialog.reject();
           name.setText(path);

@@ -1,0 +1,23 @@
+/// \file
+/// A box for a value.
+#pragma once
+
+#include <QLineEdit>
+#include <QPalette>
+
+namespace moistair {
+
+/// The palette in which the frame of a box stands out. Styles make it darker than the window, so that on a dark window
+/// it would not be seen; there it is made from a colour nearer to that of the text. A light scheme stays as it is.
+QPalette framepalette(QPalette palette);
+
+/// A text box whose frame stands out in every colour scheme, also in one that comes while the program runs.
+class ValueBox final : public QLineEdit {
+public:
+  using QLineEdit::QLineEdit;
+
+protected:
+  void initStyleOption(QStyleOptionFrame* option) const override;
+};
+
+}  // namespace moistair

@@ -8,6 +8,7 @@ import json
 import os
 import pathlib
 import resource
+import shutil
 import struct
 import subprocess
 import sys
@@ -258,6 +259,10 @@ class Mix(ToolTest):
 class Chart(ToolTest):
     ADDITIONS = ["--h", "30", "--rh", "55", "--point", 'db=75,wb=62.5,id=A "é"',
                  "--mix", "db=75,wb=62.5,flow=1000;db=95,wb=75,flow=500"]
+
+    def drawing(self, *arguments):
+        self.output("chart", "-o", "c.json", *arguments)
+        return json.loads((self.folder / "c.json").read_text(encoding="utf-8"))
 
     def test_drawings_are_those_recorded(self):
         for name in ("additions", "cold"):

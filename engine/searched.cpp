@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "engine/vaporterms.h"
+
 namespace moistair {
 
 namespace {
@@ -35,9 +37,8 @@ double thirdorder(double value, double slope, double curvature) {
 template <class Step>
 double rootnear(double x, double low, double high, const Step& step, double rest = 0.01) {
   constexpr int patience = 14;
-  for (int i = 0; i < patience; ++i) {
+  for (int i = 0; i < patience && x >= low && x <= high; ++i) {
     const double dx = step(x);
-    if (!hasvalue(dx)) break;
     x = std::clamp(x - dx, low, high);
     if (std::abs(dx) < rest) return x;
   }
@@ -102,7 +103,7 @@ Window wetbulboverwater(double db, double atm, double pv, double tolerance, doub
 Window wetbulbwindow(double db, double atm, double pv, double tolerance) {
   constexpr double step = 32;
   constexpr double clear = 0.3;
-  if (!(atm >= 0.1 && atm <= 200 && db >= -10 && db <= highest && pv != atm)) return {};
+  if (!(atm >= 0.1 && atm <= 200 && db >= -10 && db <= highest && hasvalue(pv) && pv != atm)) return {};
   const double slope = 0.0005704 * atm / 1.8;
   const double dp = dewpointnear(pv);
   const double rise = saturationnear(dp).slope;
@@ -123,20 +124,17 @@ Window wetbulbwindow(double db, double atm, double pv, double tolerance) {
 /// Both branches rise above 1e-06 in Hg and leave a gap between them, at which a search for a dew point in the gap
 /// ends.
 Window vaporpressurewindow(double dp, double tolerance) {
-  constexpr double step = 0.18036;
-  static const double before = std::nextafter(step, 0.0);
+  static const double before = std::nextafter(formsmeet, 0.0);
   static const double lowertop = psychro_dp(before);
-  static const double upperbottom = psychro_dp(step);
+  static const double upperbottom = psychro_dp(formsmeet);
   if (!(dp > -60 && dp < 150)) return {};
   const bool lower = dp < lowertop - 2 * tolerance;
   const bool upper = dp > upperbottom + 2 * tolerance;
-  if (!lower && !upper) return {before, step};
-  const double constant = lower ? 71.98 : 79.047;
-  const double linear = lower ? 24.873 : 30.579;
-  const double square = lower ? 0.8927 : 1.8893;
-  const double root = std::sqrt(linear * linear - 4 * square * (constant - dp));
-  const double pv = std::exp((root - linear) / (2 * square));
-  return about(pv, reach * tolerance * pv / root);
+  if (!lower && !upper) return {before, formsmeet};
+  const DewPointForm& form = lower ? frostpoint : waterpoint;
+  const double a = form.of(dp);
+  const double pv = std::exp(a);
+  return about(pv, reach * tolerance * pv / (form.linear + 2 * form.square * a));
 }
 
 Window saturationwindow(double ps, double tolerance) {

@@ -51,7 +51,10 @@ Window crossingnear(double h, double atm, double hottest) {
 /// is a halving by an f above the target or one by an f below it, or both in that order.
 void halveoutside(Halving& at, const Window& window) {
   constexpr int digits = 44;
-  if (at.low == 0 && at.high == 120) {
+  if (at.low == 0 && at.high == 120 && window.high <= 0) {
+    const double end = std::ldexp(120, -iterationlimit);
+    at = {0, end, end / 2, iterationlimit, window.rises};
+  } else if (at.low == 0 && at.high == 120) {
     const auto fraction = [](double x) {
       return static_cast<std::int64_t>(std::clamp(x / 120, 0.0, 1 - 0x1p-44) * 0x1p44);
     };

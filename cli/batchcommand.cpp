@@ -31,6 +31,7 @@ struct BatchOptions {
   LimitsOption limits;
   std::string delimiter = ",";
   bool full = false;
+  bool check = false;
   std::string jobs = "1";
 };
 
@@ -186,7 +187,8 @@ void runbatch(const BatchOptions& options) {
                        .lineend = header.lineend.starts_with('\r') ? "\r\n" : "\n",
                        .atm = atm,
                        .finders = &finders,
-                       .full = options.full};
+                       .full = options.full,
+                       .check = options.check};
   Output output(options.output, &input);
   warn(plan.columns, input.name());
   output.write(headerline(header, plan));
@@ -223,6 +225,8 @@ void addbatchcommand(CLI::App& app) {
       ->add_option("--delimiter", options->delimiter, "what separates the fields; a comma if not given, \\t for a tab")
       ->type_name("CHARACTER");
   command->add_flag("--full", options->full, "write numbers in full instead of with seven decimals");
+  command->add_flag("--check", options->check,
+                    "add how far the state misses the given values, and the number of exact answers");
   command->add_option("--jobs", options->jobs, "threads to work on, 1 to 256; 1 if not given")->type_name("N");
   command->callback([options] { runbatch(*options); });
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <variant>
 
+#include "cli/check.h"
 #include "cli/fault.h"
 #include "cli/properties.h"
 #include "engine/value.h"
@@ -125,12 +126,18 @@ void appendstate(std::string& out, const StatePoint& point, const BatchPlan& pla
 }
 
 /// The reason why a row has no state, empty if it has one.
-std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan) {
+/// @param check the cells of a check, if there is to be one and the row gives a pair
+std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan, std::string& check) {
   appendrecord(out, record, plan);
   RowOrReason row = givenrow(record, plan);
   if (auto* reason = std::get_if<std::string>(&row)) return std::move(*reason);
   const auto& [pair, atm] = std::get<GivenRow>(row);
   const Resolution resolution = resolve(pair, atm, *plan.finders);
+  if (plan.check) {
+    check.clear();
+    appendcells(check, checkof(pair, atm, resolution), plan.full ? appendroundtrip : appendsevendecimals,
+                plan.delimiter);
+  }
   if (!resolution.resolved()) return whynot(resolution);
   appendstate(out, resolution.point, plan);
   return {};
@@ -169,6 +176,9 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename, cha
 std::string headerline(const CsvRecord& header, const BatchPlan& plan) {
   std::string out(header.raw);
   for (const std::string& name : resultnames()) out += plan.delimiter + name;
+  for (const char* name : checkcolumns) {
+    if (plan.check) out += plan.delimiter + std::string(name);
+  }
   out += plan.lineend;
   return out;
 }
@@ -183,13 +193,15 @@ BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
       const std::string_view lines = record.raw.substr(0, record.raw.size() - (record.raw.ends_with('\n') ? 1 : 0));
       result.openquote = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
     }
-    const std::string reason = appendrow(result.text, record, plan);
+    std::string check(plan.check ? checkcolumns.size() : 0, plan.delimiter);
+    const std::string reason = appendrow(result.text, record, plan, check);
     if (!reason.empty()) {
       ++result.failed;
       result.text.append(statecolumns.size(), plan.delimiter);
     }
     result.text += plan.delimiter;
     appendfield(result.text, reason.empty() ? "ok" : reason, plan.delimiter);
+    result.text += check;
     result.text += plan.lineend;
   }
   return result;

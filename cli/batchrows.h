@@ -36,6 +36,7 @@ struct BatchPlan {
   double atm = defaultpressure;           ///< [in Hg], where a row gives none
   const RangeFinders* finders = nullptr;  ///< never changed, used from several threads
   bool full = false;                      ///< round-trip numbers instead of seven decimals
+  bool check = false;                     ///< whether the residuals and the number of answers stand behind
 };
 
 /// Rows with their states, as text to be written.
@@ -50,7 +51,7 @@ struct BatchResult {
 /// and for what is no table.
 BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter = ',');
 
-/// The names of the columns: those of the input, the state's with "out_" before them, and "status".
+/// The names of the columns: those of the input, the state's with "out_" before them, "status", and those of a check.
 std::string headerline(const CsvRecord& header, const BatchPlan& plan);
 
 /// Resolves a block of whole records. Blank lines are left out. A row that fails has an empty state and its reason in

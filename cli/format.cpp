@@ -30,7 +30,12 @@ void appendpadded(std::string& out, const std::string& text, std::size_t width) 
   if (text.size() < width) out.append(width - text.size(), ' ');
 }
 
-void appendtrimmed(std::string& out, const std::string& line) {
+void appendcolumns(std::string& out, const std::string& caption, const std::vector<std::string>& cells) {
+  constexpr std::size_t captionwidth = 30;
+  constexpr std::size_t columnwidth = 18;
+  std::string line;
+  appendpadded(line, caption, captionwidth);
+  for (const std::string& cell : cells) appendpadded(line, cell, columnwidth);
   out.append(line, 0, line.find_last_not_of(' ') + 1);
   out += '\n';
 }

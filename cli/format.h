@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -25,7 +26,10 @@ void appendaligned(std::string& out, const std::string& text, std::size_t column
 /// Appends a text and blanks behind it, up to so many characters.
 void appendpadded(std::string& out, const std::string& text, std::size_t width);
 
-/// Appends a line without the blanks at its end.
-void appendtrimmed(std::string& out, const std::string& line);
+/// Where a number's decimal point comes in a column of a table to read.
+inline constexpr std::size_t pointcolumn = 6;
+
+/// Appends a line of a table to read: its caption and the columns behind it, without blanks at its end.
+void appendcolumns(std::string& out, const std::string& caption, const std::vector<std::string>& cells);
 
 }  // namespace moistair

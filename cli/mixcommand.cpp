@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "cli/command.h"
 #include "cli/format.h"
@@ -34,22 +35,16 @@ using Columns = std::array<const AirStream*, 3>;
 Columns columnsof(const MixingProblem& problem) { return {&problem.streams[0], &problem.streams[1], &problem.mixed}; }
 
 std::string astable(const MixingProblem& problem) {
-  constexpr std::size_t captionwidth = 30;
-  constexpr std::size_t columnwidth = 18;
-  constexpr std::size_t pointcolumn = 6;
   std::string out;
-  std::string line(captionwidth, ' ');
-  for (const char* title : columntitles) appendpadded(line, std::string("    ") + title, columnwidth);
-  appendtrimmed(out, line);
+  std::vector<std::string> cells;
+  for (const char* title : columntitles) cells.push_back(std::string("    ") + title);
+  appendcolumns(out, "", cells);
   for (std::size_t row = 0; row < shownreadouts; ++row) {
-    line.clear();
-    appendpadded(line, captionof(readoutrows[row], problem), captionwidth);
+    cells.clear();
     for (const AirStream* column : columnsof(problem)) {
-      std::string cell;
-      appendaligned(cell, column->*readoutrows[row].text, pointcolumn);
-      appendpadded(line, cell, columnwidth);
+      appendaligned(cells.emplace_back(), column->*readoutrows[row].text, pointcolumn);
     }
-    appendtrimmed(out, line);
+    appendcolumns(out, captionof(readoutrows[row], problem), cells);
   }
   return out;
 }

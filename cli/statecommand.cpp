@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "cli/check.h"
 #include "cli/command.h"
 #include "cli/fault.h"
 #include "cli/format.h"
@@ -26,38 +28,48 @@ struct StateOptions {
   PressureOption pressure;
   LimitsOption limits;
   Format format = Format::text;
+  bool check = false;
 };
 
 void appendline(std::string& out, const std::string& caption, const std::string& value) {
-  constexpr std::size_t captionwidth = 30;
-  constexpr std::size_t pointcolumn = 6;
-  appendpadded(out, caption, captionwidth);
-  appendaligned(out, value, pointcolumn);
-  out += '\n';
+  std::string cell;
+  appendaligned(cell, value, pointcolumn);
+  appendcolumns(out, caption, {cell});
 }
 
-std::string astable(const StatePoint& point, const Pressure& pressure) {
+std::string astable(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
   std::string out;
   appendline(out, pressurecaption(pressure.entry), pressure.entry.text);
-  for (const StateColumn& column : statecolumns) appendline(out, captionof(column), shown(point.*column.value));
-  return out;
+  for (const StateColumn& column : statecolumns) {
+    if (resolution.resolved()) appendline(out, captionof(column), shown(resolution.point.*column.value));
+  }
+  return check ? out + checktable(*check) : out;
 }
 
-std::string asjson(const Resolution& resolution) {
+std::string asjson(const Resolution& resolution, const std::optional<Check>& check) {
   Json json;
-  for (const StateColumn& column : statecolumns) json[column.name] = jsonnumber(resolution.point.*column.value);
-  json["iterations"] = resolution.iterations;
+  if (resolution.resolved()) {
+    json = statejson(resolution.point);
+    json["iterations"] = resolution.iterations;
+  }
+  if (check) json["check"] = checkjson(*check);
   return jsontext(json) + "\n";
 }
 
-std::string ascsv(const StatePoint& point) {
+std::string ascsv(const Resolution& resolution, const std::optional<Check>& check) {
   std::string names;
   std::string values;
   for (const StateColumn& column : statecolumns) {
-    if (!names.empty()) names += ',';
-    if (!values.empty()) values += ',';
+    if (!names.empty()) {
+      names += ',';
+      values += ',';
+    }
     names += column.name;
-    appendsevendecimals(values, point.*column.value);
+    if (resolution.resolved()) appendsevendecimals(values, resolution.point.*column.value);
+  }
+  if (check) {
+    for (const char* name : checkcolumns) names += std::string(",") + name;
+    appendcells(values, *check, appendsevendecimals);
   }
   return names + "\n" + values + "\n";
 }
@@ -68,12 +80,16 @@ void runstate(const StateOptions& options) {
   const GivenPair pair = pairof(assignments);
   const Pressure pressure = pressureof(options.pressure);
   const Resolution resolution = resolve(pair, pressure.atm, findersof(options.limits));
-  if (!resolution.resolved()) throw failure(whynot(resolution));
-  switch (options.format) {
-    case Format::text: writeresult(astable(resolution.point, pressure)); break;
-    case Format::json: writeresult(asjson(resolution)); break;
-    case Format::csv: writeresult(ascsv(resolution.point)); break;
+  std::optional<Check> check;
+  if (options.check) check = checkof(pair, pressure.atm, resolution);
+  if (resolution.resolved() || check) {
+    switch (options.format) {
+      case Format::text: writeresult(astable(resolution, check, pressure)); break;
+      case Format::json: writeresult(asjson(resolution, check)); break;
+      case Format::csv: writeresult(ascsv(resolution, check)); break;
+    }
   }
+  if (!resolution.resolved()) throw failure(whynot(resolution));
 }
 
 }  // namespace
@@ -87,6 +103,8 @@ void addstatecommand(CLI::App& app) {
   addpressure(*command, options->pressure);
   addlimits(*command, options->limits, "find pairs without a temperature on the chart with these limits only");
   addformat(*command, options->format);
+  command->add_flag("--check", options->check,
+                    "tell by how much the state misses the given values, and every exact answer or why there is none");
   command->callback([options] { runstate(*options); });
 }
 

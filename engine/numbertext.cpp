@@ -283,9 +283,9 @@ std::string showvalue(double number) {
   return text;
 }
 
-std::string fourdecimals(double number) {
+std::string fixeddecimals(double number, int decimals) {
   std::string text;
-  appendfixed(text, number, 4, "0");
+  appendfixed(text, number, decimals, "0");
   return text;
 }
 

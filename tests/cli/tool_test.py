@@ -58,6 +58,37 @@ class State(ToolTest):
         self.assertEqual((free["iterations"], round(free["db"], 5)), (12, 75.00071))
         self.assertEqual((charted["iterations"], round(charted["db"], 5)), (14, 75.00003))
 
+    def test_check_tells_what_is_missed_and_what_there_is(self):
+        kinds = ["db", "wb", "rh", "w", "h", "dp", "v", "pv"]
+        rows = [
+            ("missed", ["dp=27.65", "h=13.68"], 0, {"h": 0.0115411, "dp": 1.0711329}, [(43.1289323, 36.5554906)], None),
+            ("two", ["db=40", "w=0.00205"], 0, {"db": 0, "w": 0}, [(40, 31.6419729), (40, 32.1027739)], None),
+            ("one, not found", ["w=0.003", "v=12.5"], 1, {}, [(33.9643675, 30.9622758)], None),
+            ("none", ["db=75", "wb=80"], 1, {}, [], "above saturation"),
+            ("none, found all the same", ["db=2", "rh=30"], 0, {"db": 0, "rh": 2665.5617957}, [],
+             "wet bulb would not be above 0"),
+        ]
+        for name, pair, code, residuals, answers, reason in rows:
+            with self.subTest(name):
+                done = self.run_tool("state", *pair, "--check", "--format", "json")
+                self.assertEqual(done.returncode, code)
+                state = json.loads(done.stdout)
+                self.assertEqual(list(state), [*kinds, "iterations"] * (code == 0) + ["check"])
+                check = state["check"]
+                self.assertEqual(list(check), ["residuals", "answers", "reason"])
+                self.assertEqual({kind: round(value, 7) for kind, value in check["residuals"].items()}, residuals)
+                self.assertEqual([(round(a["db"], 7), round(a["wb"], 7)) for a in check["answers"]], answers)
+                self.assertTrue(all(list(answer) == kinds for answer in check["answers"]))
+                self.assertEqual(check["reason"], reason)
+                header, row = self.run_tool("state", *pair, "--check", "--format", "csv").stdout.decode().splitlines()
+                row = dict(zip(header.split(","), row.split(","), strict=True))
+                self.assertEqual([float(row[name]) for name in ("residual1", "residual2") if row[name]],
+                                 list(residuals.values()))
+                self.assertEqual(row["answers"], str(len(answers)))
+                text = self.run_tool("state", *pair, "--check").stdout.decode()
+                self.assertEqual(text.count("Exact answer"), len(answers))
+                self.assertIn(reason or "Exact answer", text)
+
 class Usage(ToolTest):
     def test_help_and_version_everywhere(self):
         for command in ([], ["state"], ["batch"], ["mix"], ["chart"]):
@@ -129,6 +160,13 @@ class Batch(ToolTest):
         for jobs in ("2", "7"):
             self.output("batch", "in.csv", "-o", "out.csv", "--jobs", jobs)
             self.assertTrue((self.folder / "out.csv").read_bytes() == one.encode(), f"{jobs} jobs")
+
+    def test_check_adds_its_columns_to_every_row(self):
+        given = b"db,w,h,dp\n,,13.68,27.65\n40,0.00205,,\n75,x,,\n"
+        rows = [row.split(",") for row in self.run_tool("batch", "--check", given=given).stdout.decode().splitlines()]
+        self.assertEqual([row[12:] for row in rows],
+                         [["status", "residual1", "residual2", "answers"], ["ok", "0.0115411", "1.0711329", "1"],
+                          ["ok", "0.0000000", "0.0000000", "2"], ["w is no number", "", "", ""]])
 
     def test_tables_that_are_none(self):
         rows = [

@@ -92,8 +92,16 @@ Found polished(const Square& square, const Square& region, const Query& query) {
   const auto off = [&](std::size_t i, double x, double y) {
     return valueat(query.given[i].kind, x, y, query.atm) - query.given[i].value;
   };
-  if (!hasvalue(off(0, point.drybulb, point.wetbulb) + off(1, point.drybulb, point.wetbulb)))
-    point = {square.left, square.top};
+  const auto faroff = [&] {
+    double worst = 0;
+    for (std::size_t i = 0; i < 2; ++i) {
+      const double error =
+          off(i, point.drybulb, point.wetbulb) / visible[static_cast<std::size_t>(query.given[i].kind)];
+      worst = error == error ? std::max(worst, std::abs(error)) : std::numeric_limits<double>::infinity();
+    }
+    return worst;
+  };
+  if (!hasvalue(faroff())) point = {square.left, square.top};
   double errors[2];
   bool arrived = false;
   for (int step = 0; step < 40; ++step) {
@@ -112,14 +120,16 @@ Found polished(const Square& square, const Square& region, const Query& query) {
     const double movey = (errors[1] * slope[0][0] - errors[0] * slope[1][0]) / determinant;
     if (!hasvalue(movex) || !hasvalue(movey)) break;
     arrived = std::abs(movex) < 1e-6 && std::abs(movey) < 1e-6;
-    point.drybulb = std::clamp(x - std::clamp(movex, -1.0, 1.0), region.left, region.right);
-    point.wetbulb = std::clamp(y - std::clamp(movey, -1.0, 1.0), region.bottom, region.top);
+    // A step that leads away, or into air so dry that it has no dew point, is cut short.
+    const double before = faroff();
+    double part = 1;
+    do {
+      point.drybulb = std::clamp(x - part * std::clamp(movex, -1.0, 1.0), region.left, region.right);
+      point.wetbulb = std::clamp(y - part * std::clamp(movey, -1.0, 1.0), region.bottom, region.top);
+      part /= 2;
+    } while (!(faroff() < before) && part > 1e-4);
   }
-  for (std::size_t i = 0; i < 2; ++i) {
-    const double finest = 1e-7 * visible[static_cast<std::size_t>(query.given[i].kind)];
-    if (!arrived || !(std::abs(off(i, point.drybulb, point.wetbulb)) < finest)) return {novalue, novalue};
-  }
-  return point;
+  return arrived && faroff() < 1e-7 ? point : Found{novalue, novalue};
 }
 
 void scan(const Square& square, const Square& region, const Query& query, std::vector<Found>& found) {

@@ -1,0 +1,45 @@
+/// \file
+/// What is said beside the state that a search found: how far it is off, what else there is, why there is nothing.
+///
+/// The row, the report and the log show the state of the prescribed search with the two values as they were given.
+/// Where that state has a visibly different value, where another state has both, or where there is none, the windows
+/// and the headless tool say so in the words of this file. It judges `resolvepair` by `answers` and changes neither.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "engine/answers.h"
+#include "engine/resolver.h"
+#include "session/locate.h"
+
+namespace moistair {
+
+/// "dry bulb", "dew point": the property within a sentence.
+const char* propertyname(PropertyKind kind);
+
+/// Why no state has both values: "above saturation", "wet bulb would not be above 0". Empty if one has.
+std::string whynone(const Answers& answers);
+
+/// A dry bulb and a wet bulb to put into the two boxes [deg F], rounded to as many decimals as are shown and such that
+/// the pair resolves.
+struct Bulbs {
+  double db, wb;
+};
+
+struct Remark {
+  std::string words;           ///< one line without a full stop; empty if there is nothing to say
+  std::optional<Bulbs> exact;  ///< of the answer that the words name first
+};
+
+/// What there is to say of a pair:
+/// - of a state that visibly misses a given value: what it has for it, and the exact answers, the nearest first
+/// - of a state that does not, but is not the only one: the others
+/// - of no state: the exact answers that the search did not find, or the reason
+/// Nothing of a pair that the input rules refuse.
+Remark remarkon(Given first, Given second, double atm, const Resolution& resolution);
+
+/// The same for what the lists and boxes of a window hold. A text that is no number gets no remark.
+Remark remarkon(const PairInput& input, double atm, const Resolution& resolution);
+
+}  // namespace moistair

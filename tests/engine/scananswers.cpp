@@ -107,13 +107,13 @@ Found polished(const Square& square, const Square& region, const Query& query) {
   for (int step = 0; step < 40; ++step) {
     const double x = point.drybulb;
     const double y = point.wetbulb;
-    const double dx = x + 1e-5 > region.right ? -1e-5 : 1e-5;
-    const double dy = y + 1e-5 > region.top ? -1e-5 : 1e-5;
+    const Square near{std::max(x - 1e-6, region.left), std::min(x + 1e-6, region.right),
+                      std::max(y - 1e-6, region.bottom), std::min(y + 1e-6, region.top)};
     double slope[2][2];
     for (std::size_t i = 0; i < 2; ++i) {
       errors[i] = off(i, x, y);
-      slope[i][0] = (off(i, x + dx, y) - errors[i]) / dx;
-      slope[i][1] = (off(i, x, y + dy) - errors[i]) / dy;
+      slope[i][0] = (off(i, near.right, y) - off(i, near.left, y)) / (near.right - near.left);
+      slope[i][1] = (off(i, x, near.top) - off(i, x, near.bottom)) / (near.top - near.bottom);
     }
     const double determinant = slope[0][0] * slope[1][1] - slope[0][1] * slope[1][0];
     const double movex = (errors[0] * slope[1][1] - errors[1] * slope[0][1]) / determinant;

@@ -1,0 +1,56 @@
+#include "svg.h"
+
+#include "engine/numbertext.h"
+
+namespace moistair::validation {
+
+namespace {
+
+std::string attribute(std::string_view name, std::string_view value) {
+  return " " + std::string(name) + "=\"" + std::string(value) + "\"";
+}
+
+std::string attribute(std::string_view name, double value) { return attribute(name, fixeddecimals(value, 2)); }
+
+}  // namespace
+
+Svg::Svg(double width, double height, std::string_view title)
+    : picture_("<svg xmlns=\"http://www.w3.org/2000/svg\"" + attribute("width", width) + attribute("height", height) +
+               attribute("viewBox", "0 0 " + fixeddecimals(width, 1) + " " + fixeddecimals(height, 1)) +
+               " font-family=\"DejaVu Sans, sans-serif\" role=\"img\">\n<title>" + std::string(title) + "</title>\n") {
+  box({0, 0}, width, height, "white");
+}
+
+void Svg::line(Spot from, Spot to, std::string_view color, double width) {
+  picture_ += "<line" + attribute("x1", from.x) + attribute("y1", from.y) + attribute("x2", to.x) +
+              attribute("y2", to.y) + attribute("stroke", color) + attribute("stroke-width", width) + "/>\n";
+}
+
+void Svg::curve(const std::vector<Spot>& spots, std::string_view color) {
+  std::string points;
+  for (const Spot& spot : spots) points += fixeddecimals(spot.x, 2) + "," + fixeddecimals(spot.y, 2) + " ";
+  picture_ +=
+      "<polyline fill=\"none\" stroke-width=\"2\"" + attribute("stroke", color) + attribute("points", points) + "/>\n";
+}
+
+void Svg::box(Spot corner, double width, double height, std::string_view color) {
+  picture_ += "<rect" + attribute("x", corner.x) + attribute("y", corner.y) + attribute("width", width) +
+              attribute("height", height) + attribute("fill", color) + "/>\n";
+}
+
+void Svg::dot(Spot at, double radius, std::string_view color) {
+  picture_ += "<circle" + attribute("cx", at.x) + attribute("cy", at.y) + attribute("r", radius) +
+              attribute("fill", color) + "/>\n";
+}
+
+void Svg::cross(Spot at, double radius, std::string_view color) {
+  line({at.x - radius, at.y - radius}, {at.x + radius, at.y + radius}, color, 1.4);
+  line({at.x - radius, at.y + radius}, {at.x + radius, at.y - radius}, color, 1.4);
+}
+
+void Svg::text(Spot at, std::string_view text, std::string_view anchor, double size) {
+  picture_ += "<text" + attribute("x", at.x) + attribute("y", at.y) + attribute("text-anchor", anchor) +
+              attribute("font-size", size) + ">" + std::string(text) + "</text>\n";
+}
+
+}  // namespace moistair::validation

@@ -26,23 +26,23 @@ constexpr const char* timeform = "%Y-%m-%dT%H-%M-%SZ";  // sorts by time
 constexpr off_t emptyline = 2;                          // bytes
 
 /// "2026-11-22T14-30-05Z.txt", with a number for a further log of that second.
-std::string nameof(std::time_t lastsaved, int number) {
+std::string nameof(std::time_t lastsaved, int number, std::string_view ending) {
   std::tm utc{};
   ::gmtime_r(&lastsaved, &utc);
   std::array<char, 64> text{};
   const std::size_t length = std::strftime(text.data(), text.size(), timeform, &utc);
-  return std::string(text.data(), length) + (number > 1 ? "-" + std::to_string(number) : "") + ".txt";
+  return std::string(text.data(), length) + (number > 1 ? "-" + std::to_string(number) : "").append(ending);
 }
 
-std::optional<std::time_t> timeofname(const std::string& name) {
+std::optional<std::time_t> timeofname(const std::string& name, std::string_view ending) {
   std::tm utc{};
   const char* rest = ::strptime(name.c_str(), timeform, &utc);
-  if (rest == nullptr || !name.ends_with(".txt")) return std::nullopt;
+  if (rest == nullptr || !name.ends_with(ending)) return std::nullopt;
   return ::timegm(&utc);
 }
 
-void dropoldest(const fs::path& folder) {
-  const std::vector<EarlierSession> sessions = earliersessions(folder);
+void dropoldest(const fs::path& folder, std::string_view ending) {
+  const std::vector<EarlierSession> sessions = earliersessions(folder, ending);
   std::error_code ignored;
   for (std::size_t i = keptsessions; i < sessions.size(); ++i) fs::remove(sessions[i].file, ignored);
 }
@@ -63,12 +63,12 @@ bool moveaway(const fs::path& log, const fs::path& target) {
 
 }  // namespace
 
-std::vector<EarlierSession> earliersessions(const fs::path& folder) {
+std::vector<EarlierSession> earliersessions(const fs::path& folder, std::string_view ending) {
   std::vector<EarlierSession> sessions;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     std::error_code gone;
-    const auto lastsaved = timeofname(entry->path().filename());
+    const auto lastsaved = timeofname(entry->path().filename(), ending);
     if (lastsaved && entry->symlink_status(gone).type() == fs::file_type::regular) {
       sessions.push_back({entry->path(), *lastsaved});
     }
@@ -78,18 +78,26 @@ std::vector<EarlierSession> earliersessions(const fs::path& folder) {
 }
 
 bool keepsession(const fs::path& log, const fs::path& folder) {
-  constexpr int mostinasecond = 100;
   struct stat held;
   if (::lstat(log.c_str(), &held) != 0) return errno == ENOENT;
   if (held.st_size <= emptyline) return ::unlink(log.c_str()) == 0;
+  return !keepwork(log, folder, logending).empty();
+}
+
+fs::path keepwork(const fs::path& work, const fs::path& folder, std::string_view ending) {
+  constexpr int mostinasecond = 100;
+  struct stat held;
+  if (::lstat(work.c_str(), &held) != 0) return {};
   makefolders(folder);
-  bool kept = false;
-  errno = EEXIST;
-  for (int number = 1; !kept && errno == EEXIST && number <= mostinasecond; ++number) {
-    kept = moveaway(log, folder / nameof(held.st_mtime, number));
+  for (int number = 1; number <= mostinasecond; ++number) {
+    const fs::path target = folder / nameof(held.st_mtime, number, ending);
+    if (moveaway(work, target)) {
+      dropoldest(folder, ending);
+      return target;
+    }
+    if (errno != EEXIST) break;
   }
-  if (kept) dropoldest(folder);
-  return kept;
+  return {};
 }
 
 }  // namespace moistair

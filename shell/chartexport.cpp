@@ -1,14 +1,12 @@
 #include "shell/chartexport.h"
 
-#include <QFileInfo>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <optional>
 
 #include "paint/exports.h"
-#include "session/outputfile.h"
-#include "toolkit/filename.h"
+#include "shell/filewriting.h"
 #include "toolkit/messages.h"
 #include "toolkit/savedialog.h"
 
@@ -27,12 +25,9 @@ const FileFormat& formatoffilter(const QString& filter) {
 
 /// Why the file was not written, nothing if it was.
 std::optional<QString> write(const Drawing& drawing, QSize size, const FileFormat& format, const QString& path) {
-  const auto name = nativename(path);
-  if (!name) return QStringLiteral("Its name holds characters that cannot be shown.");
   const QByteArray content = format.content(drawing, size, exportscale);
   if (content.isEmpty()) return QStringLiteral("There is not enough memory for it.");
-  const auto failure = writefile(*name, {content.data(), static_cast<std::size_t>(content.size())});
-  return failure ? std::optional(QString::fromStdString(failure->reason())) : std::nullopt;
+  return writebytes(path, {content.data(), static_cast<std::size_t>(content.size())});
 }
 
 }  // namespace
@@ -46,11 +41,8 @@ void exportchart(QWidget* window, const Drawing& drawing, QSize size) {
   const FileFormat* format = formatofname(path->toStdString());
   if (format == nullptr) {
     format = &formatoffilter(dialog.lastfilter());
-    *path += QLatin1String(format->ending);
-    if (QFileInfo::exists(*path) &&
-        !question(window, request.title, *path + QStringLiteral(" already exists. Do you want to replace it?"))) {
-      return;
-    }
+    path = completename(window, request.title, *path, {QLatin1String(format->ending)});
+    if (!path) return;
   }
   if (const auto reason = write(drawing, size, *format, *path)) {
     message(window, QStringLiteral("The chart could not be written to ") + *path + QStringLiteral("\n") + *reason);

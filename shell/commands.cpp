@@ -2,10 +2,13 @@
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QMenu>
+#include <QTimer>
 #include <QUrl>
 #include <QWindow>
 
+#include "document/documentfile.h"
 #include "paint/exports.h"
+#include "session/earliersessions.h"
 #include "session/outputfile.h"
 #include "session/pointmark.h"
 #include "session/pointreport.h"
@@ -63,6 +66,15 @@ void MainWindow::closedialog() {
 void MainWindow::leavedialog() {
   closedialog();
   focusgraph();
+  if (!begun_) QTimer::singleShot(0, this, &MainWindow::beginwork);
+  begun_ = true;
+}
+
+/// The pressure window of the start is left: now for the file that the program was started with, and for what a session
+/// before may have left behind.
+void MainWindow::beginwork() {
+  if (!firstfile_.isEmpty()) files_->open(firstfile_);
+  files_->offerleftwork();
 }
 
 void MainWindow::focusgraph() { graph_->setFocus(); }
@@ -200,6 +212,23 @@ void MainWindow::step(const std::function<void()>& change) {
   focusgraph();
 }
 
+/// Another document in place of what stands: its chart's limits go into the lists, its pressure comes in force.
+void MainWindow::showdocument(Document document, bool fresh) {
+  const Entry* chart = lastchart(document);
+  if (chart != nullptr) values_.charttype = std::get<DrawnChart>(chart->content).type;
+  const auto limits = standinglimits(document);
+  if (limits) {
+    strip_->setlimits(*limits);
+  } else if (chart != nullptr) {
+    strip_->setlimits(chart->setting.limits);
+  }
+  if (fresh) {
+    strip_->emptyinputs();
+    strip_->emptyreadouts(true);
+  }
+  step([&] { chart_.open(std::move(document), windowsize()); });
+}
+
 /// Says in the menu what could be undone and done again.
 void MainWindow::showhistory() {
   const auto show = [](QAction& action, const QString& word, const std::string& name) {
@@ -255,6 +284,9 @@ void MainWindow::listsessions() {
   earlier_->clear();
   for (const EarlierSession& session : earliersessions(log_.sessions())) {
     earlier_->addAction(timeof(session), this, [this, session] { viewsession(session); });
+  }
+  for (const EarlierSession& work : earliersessions(log_.sessions(), documentending)) {
+    earlier_->addAction(timeof(work) + tr(", unsaved chart"), this, [this, work] { files_->openkept(work.file); });
   }
   earlier_->setEnabled(!earlier_->isEmpty());
 }
@@ -322,6 +354,11 @@ void MainWindow::showhelp() {
   const QString path = helppath();
   if (!path.isEmpty()) QDesktopServices::openUrl(QUrl::fromLocalFile(path));
   focusgraph();
+}
+
+void MainWindow::endsession() {
+  files_->end();
+  log_.end();
 }
 
 void MainWindow::quitprogram() {

@@ -24,5 +24,5 @@ int main(int argc, char** argv) {
   // At once: quit() would first ask each window whether it may close.
   QObject::connect(&window, &moistair::MainWindow::ended, &application, [] { QApplication::exit(0); });
   moistair::endbysignals(&window, [&window] { window.endsession(); });
-  return window.start() ? QApplication::exec() : 0;
+  return window.start(QApplication::arguments().value(1)) ? QApplication::exec() : 0;
 }

@@ -6,10 +6,12 @@
 #include <QScreen>
 #include <QTimer>
 #include <QWindow>
+#include <QStatusBar>
 
 #include "chart/chartfinders.h"
 #include "session/pressureunits.h"
 #include "shell/startup.h"
+#include "toolkit/elidedlabel.h"
 #include "toolkit/messages.h"
 
 namespace moistair {
@@ -27,6 +29,8 @@ MainWindow::MainWindow(LogPlaces logplaces)
       graph_(new GraphView),
       lifecycle_(graph_->canvas(), values_),
       chart_(graph_->canvas(), values_, lifecycle_),
+      files_(new DocumentFiles(*this, chart_, log_,
+                               [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
       finders_(chartrangefinders([this] {
         lifecycle_.readlimits(strip_->limittexts());
         return lifecycle_.plotarea(windowsize());
@@ -45,11 +49,25 @@ MainWindow::MainWindow(LogPlaces logplaces)
   QWidget::setTabOrder(strip_->lowdb, graph_);
   QWidget::setTabOrder(graph_, strip_->locatebutton);
   makemenus();
+  makestatusbar();
   connectstrip();
+}
+
+/// The document's name has its place at the bottom, since the caption of the window says what the program is.
+void MainWindow::makestatusbar() {
+  caption_ = new ElidedLabel;
+  caption_->setObjectName(QStringLiteral("document"));
+  caption_->setTextFormat(Qt::PlainText);
+  statusBar()->addWidget(caption_, 1);
+  statusBar()->setSizeGripEnabled(false);
+  connect(files_, &DocumentFiles::captionchanged, this, [this] { caption_->setText(files_->caption()); });
+  files_->follow();
 }
 
 void MainWindow::makemenus() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
+  files_->fillmenu(*file);
+  file->addSeparator();
   file->addAction(tr("&Export chart..."), this, &MainWindow::exportchart);
   file->addAction(tr("&Print..."), this, &MainWindow::printchart);
   file->addSeparator();
@@ -62,7 +80,10 @@ void MainWindow::makemenus() {
   undoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
   redoaction_ = edit->addAction(QString(), this, &MainWindow::redo);
   redoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
-  chart_.changed = [this] { showhistory(); };
+  chart_.changed = [this] {
+    showhistory();
+    files_->follow();
+  };
   showhistory();
   QMenu* help = menuBar()->addMenu(tr("&Help"));
   help->addAction(tr("&Help"), this, &MainWindow::showhelp);
@@ -95,7 +116,8 @@ void MainWindow::connectstrip() {
   }
 }
 
-bool MainWindow::start() {
+bool MainWindow::start(const QString& file) {
+  firstfile_ = file;
   openpressure();
   return loaded_;
 }
@@ -111,6 +133,7 @@ bool MainWindow::loadmain() {
   screen_ = QGuiApplication::primaryScreen()->size();
   arrange();
   if (!log_.newlog()) message(this, QString::fromUtf8(logfailed));
+  files_->collectleftwork();
   strip_->savelogbutton->setEnabled(false);
   return true;
 }

@@ -11,10 +11,10 @@
 #include <QPointer>
 
 #include "document/chartcommands.h"
-#include "session/earliersessions.h"
 #include "session/locate.h"
 #include "session/sessionlog.h"
 #include "session/sessionvalues.h"
+#include "shell/documentfiles.h"
 #include "shell/strip.h"
 #include "toolkit/graphview.h"
 #include "toolkit/savedialog.h"
@@ -23,6 +23,7 @@
 namespace moistair {
 
 class ReportWindow;
+struct EarlierSession;
 
 class MainWindow final : public QMainWindow {
   Q_OBJECT
@@ -31,10 +32,11 @@ public:
   explicit MainWindow(LogPlaces logplaces);
 
   /// Start-up: the pressure window comes first and loads this window. False if the user leaves for a larger screen.
-  bool start();
+  /// @param file a document that is then opened, once the pressure window is left; empty for none
+  bool start(const QString& file = {});
 
-  /// The log goes, and what it held is kept.
-  void endsession() { log_.end(); }
+  /// The log goes, and what it held and what was unsaved is kept.
+  void endsession();
 
 Q_SIGNALS:
   /// The program ends at once, with all windows.
@@ -48,6 +50,7 @@ protected:
 
 private:
   void makemenus();
+  void makestatusbar();
   void connectstrip();
   bool loadmain();
   void filllists();
@@ -78,6 +81,8 @@ private:
   void undo();
   void redo();
   void step(const std::function<void()>& change);
+  void showdocument(Document document, bool fresh);
+  void beginwork();
   void showhistory();
   void savechart();
   void viewlog();
@@ -93,11 +98,13 @@ private:
 
   SessionValues values_;
   SessionLog log_;
-  QMenu* earlier_;  ///< menu of the earlier sessions
+  QMenu* earlier_;   ///< menu of the earlier sessions
+  QLabel* caption_;  ///< in the status bar: the document's name
   Strip* strip_;
   GraphView* graph_;
   ChartLifecycle lifecycle_;
   ChartCommands chart_;
+  DocumentFiles* files_;
   RangeFinders finders_;
   SaveDialog savedialog_;
   QPointer<Dialog> dialog_;
@@ -105,8 +112,10 @@ private:
   QSize screen_;  ///< size of the screen at start-up [pixels]
   QAction* undoaction_ = nullptr;
   QAction* redoaction_ = nullptr;
+  QString firstfile_;  ///< to be opened once the pressure window is left
   bool loaded_ = false;
   bool fitted_ = false;  ///< onto the screen, once restored from the maximised state
+  bool begun_ = false;  ///< whether that window has been left
 };
 
 }  // namespace moistair

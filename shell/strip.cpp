@@ -200,6 +200,19 @@ LimitTexts Strip::limittexts() const {
   return {text(lowdb), text(highdb), text(lowhr), text(highhr)};
 }
 
+void Strip::setlimits(const ChartLimits& limits) {
+  const auto set = [](ListBox& list, double limit) {
+    int item = 0;
+    while (item < list.count() && lenientnumber(list.itemText(item).toStdString()) != limit) ++item;
+    list.select(item < list.count() ? item : -1);
+    if (item == list.count()) list.setEditText(QString::fromStdString(numbertext(limit)));
+  };
+  set(*lowdb, limits.lowdb);
+  set(*highdb, limits.highdb);
+  set(*lowhr, limits.lowhr);
+  set(*highhr, limits.highhr);
+}
+
 void Strip::show(const StatePoint& point) {
   for (std::size_t i = 0; i < readoutfields.size(); ++i) {
     readouts[i]->setText(QString::fromStdString(showvalue(point.*readoutfields[i].value)));

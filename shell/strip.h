@@ -63,6 +63,7 @@ public:
   std::array<QLabel*, readoutfields.size()> readouts;
 
   LimitTexts limittexts() const;
+  void setlimits(const ChartLimits& limits);
 
   /// Fills the read-outs of the live row.
   void show(const StatePoint& point);

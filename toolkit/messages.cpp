@@ -32,4 +32,11 @@ bool question(QWidget* parent, const QString& title, const QString& text) {
   return ask(parent, title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
+Unsaved asktosave(QWidget* parent, const QString& text) {
+  const auto answer = ask(parent, applicationtitle(), text, QMessageBox::Question,
+                          QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+  if (answer == QMessageBox::Save) return Unsaved::save;
+  return answer == QMessageBox::Discard ? Unsaved::discard : Unsaved::cancel;
+}
+
 }  // namespace moistair

@@ -16,4 +16,10 @@ void messageokcancel(QWidget* parent, const QString& text);
 /// Asks a question under a title of its own; true for Yes. Esc and the window manager answer No.
 bool question(QWidget* parent, const QString& title, const QString& text);
 
+/// What the user wants with work that is not saved.
+enum class Unsaved { save, discard, cancel };
+
+/// Asks for it. Esc and the window manager answer Cancel.
+Unsaved asktosave(QWidget* parent, const QString& text);
+
 }  // namespace moistair

@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "toolkit/messages.h"
 
@@ -57,6 +58,17 @@ std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& reque
     if (dialog.selectedNameFilter().startsWith(filter)) filter_ = filter;
   }
   return path_;
+}
+
+std::optional<QString> completename(QWidget* parent, const QString& title, QString path, const QStringList& endings) {
+  const auto ends = [&](const QString& ending) { return path.endsWith(ending, Qt::CaseInsensitive); };
+  if (std::any_of(endings.begin(), endings.end(), ends)) return path;
+  path += endings.value(0);
+  if (QFileInfo::exists(path) &&
+      !question(parent, title, path + QStringLiteral(" already exists. Do you want to replace it?"))) {
+    return std::nullopt;
+  }
+  return path;
 }
 
 }  // namespace moistair

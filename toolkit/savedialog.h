@@ -29,4 +29,8 @@ private:
   QString filter_;
 };
 
+/// Gives a name chosen in the dialog its ending, if it has none of these: the first. The dialog has not asked about the
+/// name so made, so a file of that name is asked about here; none if it is to stay.
+std::optional<QString> completename(QWidget* parent, const QString& title, QString path, const QStringList& endings);
+
 }  // namespace moistair

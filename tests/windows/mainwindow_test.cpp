@@ -219,7 +219,7 @@ TEST(EarlierSessions, AreListedAndRead) {
   auto& menu = *program.window.menuBar()->actions().first()->menu();
   const auto sessions = [&] {
     Q_EMIT menu.aboutToShow();
-    return menu.findChild<QMenu*>()->actions();
+    return menu.findChildren<QMenu*>().last()->actions();
   };
   EXPECT_TRUE(sessions().isEmpty());
   const auto folder = std::filesystem::path(program.path("sessions").toStdString());
@@ -268,13 +268,6 @@ TEST(Windows, AreLeftByTheirWayBack) {
   EXPECT_EQ(program.file("temp.txt"), "none");
 }
 
-QAction& edit(MainWindow& window, const char* word) {
-  for (QAction* action : window.findChildren<QAction*>()) {
-    if (action->text().startsWith(QLatin1String(word))) return *action;
-  }
-  throw std::runtime_error(word);
-}
-
 TEST(Chart, FollowsTheWindowAndEachStepCanBeUndone) {
   Program program(Program::OnChart);
   type(program.window, "Text1", "50");
@@ -293,7 +286,7 @@ TEST(Chart, FollowsTheWindowAndEachStepCanBeUndone) {
   click(program.window, "Command12");
   const char* names[] = {"Clear chart", "Point", "Relative humidity line 50", "Draw chart"};
   for (const char* name : names) {
-    QAction& undo = edit(program.window, "&Undo");
+    QAction& undo = action(program.window, "&Undo");
     EXPECT_EQ(undo.text().toStdString(), std::string("&Undo ") + name);
     undo.trigger();
     if (undo.text().contains(QLatin1String("Point"))) {
@@ -301,8 +294,8 @@ TEST(Chart, FollowsTheWindowAndEachStepCanBeUndone) {
     }
   }
   EXPECT_EQ(program.lastprint(), "Atmos. pr= 29.92126  In Hg");
-  EXPECT_FALSE(edit(program.window, "&Undo").isEnabled());
-  for (int step = 0; step < 3; ++step) edit(program.window, "&Redo").trigger();
+  EXPECT_FALSE(action(program.window, "&Undo").isEnabled());
+  for (int step = 0; step < 3; ++step) action(program.window, "&Redo").trigger();
   EXPECT_EQ(program.operations(), before);
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
@@ -76,6 +77,14 @@ inline void pressreturn(QWidget& window, const char* name) {
   QApplication::setActiveWindow(&window);
   control<QWidget>(window, name).setFocus();
   QTest::keyClick(&control<QWidget>(window, name), Qt::Key_Return);
+}
+
+/// A command of the menus by the beginning of its text.
+inline QAction& action(QWidget& window, const char* text) {
+  for (QAction* action : window.findChildren<QAction*>()) {
+    if (action->text().startsWith(QLatin1String(text))) return *action;
+  }
+  throw std::runtime_error(std::string("no command ") + text);
 }
 
 /// Calls something with the window of a kind that takes the input, as soon as there is one and until this goes.
@@ -194,6 +203,15 @@ public:
   std::string file(const char* name) const {
     QFile file(path(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "none";
+  }
+
+  /// A line, a point with a name, the pressure as it is.
+  void addlineandpoint() {
+    type(window, "Text1", "50");
+    click(window, "Command5");
+    typepoint("75", "62.5");
+    type(window, "Text7", "A");
+    click(open("Command14", "Form3"), "Command1");
   }
 
   QTemporaryDir folder;

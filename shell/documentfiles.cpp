@@ -1,0 +1,290 @@
+#include "shell/documentfiles.h"
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QMimeData>
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "document/documentfile.h"
+#include "session/earliersessions.h"
+#include "session/outputfile.h"
+#include "shell/filewriting.h"
+#include "toolkit/dialog.h"
+#include "toolkit/messages.h"
+
+namespace moistair {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int keptevery = 5000;                    // ms
+constexpr qint64 largestfile = qint64{256} << 20;  // bytes
+constexpr qsizetype mostrecent = 10;
+constexpr const char* filter = "Moistair document (*.moistair)";
+constexpr const char* holdsthelog = "This file holds the saved data of this session. The document was not saved.";
+constexpr const char* leftwork =
+    "The last session did not end in order and left work that was not saved. Do you want to open it? With No it is "
+    "kept among the earlier sessions.";
+
+struct FileText {
+  std::string bytes;
+  QString fault;  ///< empty if it was read
+};
+
+/// A regular file, whole. Anything else, as a pipe, could hold the window up for ever.
+FileText readwhole(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {{}, file.errorString()};
+  if (!QFileInfo(path).isFile()) return {{}, QStringLiteral("It is no regular file.")};
+  if (file.size() > largestfile) return {{}, QStringLiteral("It is too large for a document.")};
+  return {file.readAll().toStdString(), {}};
+}
+
+QString pathof(const fs::path& name) { return QFile::decodeName(name.c_str()); }
+
+bool isleftover(const fs::path& file) {
+  std::error_code gone;
+  return file.extension() == documentending && file.stem().string().starts_with("temp") &&
+         !fs::exists(fs::path(file).replace_extension(".txt"), gone);
+}
+
+/// What was left beside the log by sessions that are gone, the latest first. The log is this session's own now, and a
+/// session that is alive has a log.
+std::vector<fs::path> leftovers(const fs::path& log, const fs::path& own) {
+  std::vector<fs::path> files;
+  std::error_code error;
+  for (fs::directory_iterator entry(log.parent_path(), error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code gone;
+    if ((entry->path() == own || isleftover(entry->path())) && entry->is_regular_file(gone)) {
+      files.push_back(entry->path());
+    }
+  }
+  const auto time = [](const fs::path& file) {
+    std::error_code gone;
+    return fs::last_write_time(file, gone);
+  };
+  std::sort(files.begin(), files.end(), [&](const auto& a, const auto& b) { return time(a) > time(b); });
+  return files;
+}
+
+void removefile(const fs::path& file) {
+  std::error_code ignored;
+  if (!file.empty()) fs::remove(file, ignored);
+}
+
+/// The one file of a drag; empty for anything else.
+QString draggedfile(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+}  // namespace
+
+DocumentFiles::DocumentFiles(QWidget& window, ChartCommands& chart, const SessionLog& log, Show show)
+    : QObject(&window), window_(window), chart_(chart), log_(log), show_(std::move(show)), timer_(this) {
+  connect(&timer_, &QTimer::timeout, this, &DocumentFiles::keepwork);
+  timer_.start(keptevery);
+  window.setAcceptDrops(true);
+  window.installEventFilter(this);
+}
+
+void DocumentFiles::fillmenu(QMenu& file) {
+  const auto add = [&](const QString& text, const QKeySequence& keys, auto run) {
+    file.addAction(text, this, run)->setShortcut(keys);
+  };
+  add(tr("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startanew(); });
+  add(tr("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askopen(); });
+  recent_ = file.addMenu(tr("Open &recent"));
+  connect(&file, &QMenu::aboutToShow, this, &DocumentFiles::listrecent);
+  add(tr("Sa&ve"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save(); });
+  add(tr("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveas(); });
+}
+
+bool DocumentFiles::eventFilter(QObject* watched, QEvent* event) {
+  const bool drag = event->type() == QEvent::DragEnter || event->type() == QEvent::Drop;
+  if (watched != &window_ || !drag) return QObject::eventFilter(watched, event);
+  auto& drop = *static_cast<QDropEvent*>(event);
+  const QString file = draggedfile(drop);
+  if (file.isEmpty() || QApplication::activeModalWidget() != nullptr) return false;
+  drop.acceptProposedAction();
+  // After the event: a question must not hold up whoever the file was dragged from.
+  if (event->type() == QEvent::Drop) QTimer::singleShot(0, this, [this, file] { open(file); });
+  return true;
+}
+
+void DocumentFiles::startanew() {
+  if (!mayreplace()) return;
+  show_(newdocument(chart_.document().pressure), true);
+  settle({});
+}
+
+void DocumentFiles::askopen() {
+  if (!mayreplace()) return;
+  QFileDialog dialog(&window_, tr("Open"));
+  keepabove(dialog);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilters({QLatin1String(filter), QStringLiteral("All files (*)")});
+  if (!path_.isEmpty()) dialog.setDirectory(QFileInfo(path_).absolutePath());
+  if (dialog.exec() == QDialog::Accepted) read(dialog.selectedFiles().value(0), false);
+}
+
+void DocumentFiles::open(const QString& path) {
+  if (mayreplace()) read(QFileInfo(path).absoluteFilePath(), false);
+}
+
+void DocumentFiles::openkept(const fs::path& kept) {
+  if (mayreplace()) read(pathof(kept), true);
+}
+
+/// @param kept whether it is unsaved work, which belongs to another file or to none
+bool DocumentFiles::read(const QString& path, bool kept) {
+  auto [bytes, fault] = readwhole(path);
+  ReadDocument document;
+  if (fault.isEmpty()) {
+    document = readdocument(bytes);
+    fault = QString::fromStdString(document.fault);
+  }
+  if (!document.document) {
+    message(&window_, QStringLiteral("The document could not be opened: ") + path + QStringLiteral("\n") + fault);
+    return false;
+  }
+  show_(std::move(*document.document), false);
+  if (kept) {
+    settle(pathof(document.file));
+    chart_.markunsaved();
+    return true;
+  }
+  settle(path);
+  remember(path);
+  return true;
+}
+
+/// The document that stands now belongs to this file.
+void DocumentFiles::settle(const QString& path) {
+  path_ = path;
+  stale_ = true;
+  keepwork();
+  Q_EMIT captionchanged();
+}
+
+bool DocumentFiles::save() { return path_.isEmpty() ? saveas() : writeto(path_); }
+
+bool DocumentFiles::saveas() {
+  const QString title = tr("Save as");
+  const auto chosen = savedialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}});
+  if (!chosen) return false;
+  const auto path = completename(&window_, title, *chosen, {QLatin1String(documentending)});
+  return path && writeto(*path);
+}
+
+bool DocumentFiles::writeto(const QString& path) {
+  const auto fail = [&](const QString& reason) {
+    message(&window_, QStringLiteral("The document could not be written to ") + path + QStringLiteral("\n") + reason);
+    return false;
+  };
+  const auto name = nativename(path);
+  if (name && log_.isat(*name)) return fail(QString::fromUtf8(holdsthelog));
+  if (const auto reason = writebytes(path, filetext(chart_.document()))) return fail(*reason);
+  chart_.marksaved();
+  settle(path);
+  remember(path);
+  return true;
+}
+
+/// Whether there is nothing that the user would lose with what stands, or wants to.
+bool DocumentFiles::mayreplace() {
+  if (!unsaved()) return true;
+  const QString name = path_.isEmpty() ? QStringLiteral("the chart") : QFileInfo(path_).fileName();
+  switch (asktosave(&window_, QStringLiteral("Do you want to save the changes of ") + name + QLatin1Char('?'))) {
+    case Unsaved::save: return save();
+    case Unsaved::discard: return true;
+    case Unsaved::cancel: break;
+  }
+  return false;
+}
+
+/// A line that states the pressure, alone, is no work, unless it has taken the place of a file's content.
+bool DocumentFiles::unsaved() const {
+  const auto& entries = chart_.document().entries;
+  const auto iswork = [](const Entry& entry) { return !std::holds_alternative<HeaderLine>(entry.content); };
+  return chart_.history().changed() && (!path_.isEmpty() || std::any_of(entries.begin(), entries.end(), iswork));
+}
+
+QString DocumentFiles::caption() const {
+  const QString name = path_.isEmpty() ? tr("Untitled") : QFileInfo(path_).fileName();
+  return unsaved() ? name + QStringLiteral(" *") : name;
+}
+
+void DocumentFiles::follow() {
+  stale_ = true;
+  Q_EMIT captionchanged();
+}
+
+fs::path DocumentFiles::workfile() const {
+  const fs::path& log = log_.path();
+  return log.empty() ? log : fs::path(log).replace_extension(documentending);
+}
+
+void DocumentFiles::keepwork() {
+  if (!stale_ || log_.path().empty()) return;
+  stale_ = false;
+  if (unsaved()) {
+    const std::string file = QFile::encodeName(path_).toStdString();
+    stale_ = writefile(workfile(), recoverytext(chart_.document(), file)).has_value();
+  } else {
+    removefile(workfile());
+  }
+}
+
+void DocumentFiles::collectleftwork() {
+  if (log_.path().empty()) return;
+  for (const fs::path& file : leftovers(log_.path(), workfile())) {
+    const fs::path kept = moistair::keepwork(file, log_.sessions(), documentending);
+    if (leftwork_.empty()) leftwork_ = kept;
+  }
+}
+
+void DocumentFiles::offerleftwork() {
+  const fs::path work = std::exchange(leftwork_, {});
+  if (!work.empty() && question(&window_, QStringLiteral("Moistair"), QString::fromUtf8(leftwork))) openkept(work);
+}
+
+void DocumentFiles::end() {
+  timer_.stop();
+  stale_ = true;
+  keepwork();
+  moistair::keepwork(workfile(), log_.sessions(), documentending);
+}
+
+fs::path DocumentFiles::recentfile() const { return log_.sessions().parent_path() / "recent.txt"; }
+
+/// Paths of the documents last opened or saved, the latest first.
+QStringList DocumentFiles::recent() const {
+  const QString list = QString::fromStdString(readwhole(pathof(recentfile())).bytes);
+  return list.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, mostrecent);
+}
+
+/// A name with a line end would be two of the list.
+void DocumentFiles::remember(const QString& path) {
+  if (path.contains(QLatin1Char('\n'))) return;
+  QStringList paths = recent();
+  paths.removeAll(path);
+  paths.prepend(path);
+  const std::string list = paths.mid(0, mostrecent).join(QLatin1Char('\n')).toStdString() + '\n';
+  writefile(recentfile(), list);  // nothing is lost but convenience
+}
+
+void DocumentFiles::listrecent() {
+  recent_->clear();
+  for (const QString& path : recent()) {
+    QString caption = path;
+    recent_->addAction(caption.replace(QLatin1Char('&'), QStringLiteral("&&")), this, [this, path] { open(path); });
+  }
+  recent_->setEnabled(!recent_->isEmpty());
+}
+
+}  // namespace moistair

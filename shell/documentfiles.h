@@ -1,0 +1,92 @@
+/// \file
+/// The document of the main window and its file.
+///
+/// Knows where the document belongs and whether it is saved; reads, writes and remembers files, and asks before unsaved
+/// work would go. What is not saved is also kept beside the session log every few seconds, under the log's name, and
+/// with it goes where the log goes: it is there for the next start after a crash, and among the earlier sessions after
+/// an end in order. The main window owns one, gives it the File menu, and shows what it opens.
+#pragma once
+
+#include <QMenu>
+#include <QTimer>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+#include "document/chartcommands.h"
+#include "session/sessionlog.h"
+#include "toolkit/savedialog.h"
+
+namespace moistair {
+
+class DocumentFiles final : public QObject {
+  Q_OBJECT
+
+public:
+  /// What opening a document is to the window: chart, lists and pressure in force. `fresh` for one that begins anew.
+  using Show = std::function<void(Document document, bool fresh)>;
+
+  DocumentFiles(QWidget& window, ChartCommands& chart, const SessionLog& log, Show show);
+
+  /// New, Open, Open recent, Save and Save as.
+  void fillmenu(QMenu& file);
+
+  /// Reads a file in place of what stands, with a question if that is not saved. A file that cannot be read is told,
+  /// with place and reason, and changes nothing.
+  void open(const QString& path);
+
+  /// "room.moistair *", or "Untitled"; the star says that it is not saved.
+  QString caption() const;
+
+  /// To be called after every change of the document.
+  void follow();
+
+  /// Takes what sessions left behind that did not end in order, before this one's own work takes its name, and keeps
+  /// it among the earlier sessions. To be called once there is a log.
+  void collectleftwork();
+
+  /// Offers to open the latest of it, if there was any.
+  void offerleftwork();
+
+  /// The program ends and asks nothing: what is not saved is kept among the earlier sessions.
+  void end();
+
+  /// Reads one of those that were kept so. It is unsaved as it was.
+  void openkept(const std::filesystem::path& kept);
+
+Q_SIGNALS:
+  void captionchanged();
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void startanew();
+  void askopen();
+  bool save();
+  bool saveas();
+  bool writeto(const QString& path);
+  bool mayreplace();
+  bool unsaved() const;
+  bool read(const QString& path, bool kept);
+  void settle(const QString& path);
+  void keepwork();
+  std::filesystem::path workfile() const;
+  std::filesystem::path recentfile() const;
+  QStringList recent() const;
+  void remember(const QString& path);
+  void listrecent();
+
+  QWidget& window_;
+  ChartCommands& chart_;
+  const SessionLog& log_;
+  Show show_;
+  SaveDialog savedialog_;
+  QMenu* recent_ = nullptr;
+  QString path_;                    ///< of the document's file; empty for none
+  std::filesystem::path leftwork_;  ///< to be offered; empty for none
+  QTimer timer_;
+  bool stale_ = false;  ///< whether the work kept beside the log is not what stands
+};
+
+}  // namespace moistair

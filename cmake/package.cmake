@@ -16,6 +16,7 @@ foreach(program moistair moistair-cli)
 endforeach()
 install(FILES ${packaging}/moistair.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/moistair.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES ${packaging}/moistair-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME moistair.xml)
 install(FILES ${packaging}/moistair.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo
   RENAME example.noreply.users.moistair.metainfo.xml)
 install(FILES ${packaging}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -1,11 +1,17 @@
 #include "shell/chartexport.h"
 
+#include <QImage>
+#include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <algorithm>
 #include <optional>
+#include <variant>
 
+#include "chart/scales.h"
 #include "paint/exports.h"
+#include "paint/replay.h"
 #include "shell/filewriting.h"
 #include "toolkit/messages.h"
 #include "toolkit/savedialog.h"
@@ -14,7 +20,34 @@ namespace moistair {
 
 namespace {
 
+constexpr int picturedpi = 96;     // logical pixels to the inch of paper
 constexpr double exportscale = 2;  // sharp when a report enlarges it
+
+/// The rectangle that a document laid out for a window touches there [logical pixels], from the line that states the
+/// pressure downwards: lines of a chart are also recorded above the window, where nobody sees them.
+QRectF touchedby(const Drawing& drawing, QSizeF window) {
+  constexpr double boundless = 4;  // no text is to be moved away from an edge
+  QImage pixel(1, 1, QImage::Format_RGB32);
+  QPainter painter(&pixel);
+  const QRectF touched = replay(drawing, painter, window * boundless);
+  const double top = window.height() * 50 / 6000;
+  return touched & QRectF(touched.left(), top, touched.width(), window.height() - top);
+}
+
+WindowSize twips(QSizeF size) { return {size.width() * twipsperpixel, size.height() * twipsperpixel}; }
+
+struct Mover {
+  float dx, dy;  // twips
+
+  void operator()(LineOperation& line) const {
+    line.x1 += dx, line.x2 += dx;
+    line.y1 += dy, line.y2 += dy;
+  }
+  template <class Placed>
+  void operator()(Placed& placed) const {
+    placed.x += dx, placed.y += dy;
+  }
+};
 
 const FileFormat& formatoffilter(const QString& filter) {
   for (const FileFormat& format : fileformats) {
@@ -32,7 +65,31 @@ std::optional<QString> write(const Drawing& drawing, QSize size, const FileForma
 
 }  // namespace
 
-void exportchart(QWidget* window, const Drawing& drawing, QSize size) {
+/// The scales grow in proportion to the window and their labels do not, so the window for which all of it has the size
+/// wanted is found in a few steps.
+Drawing fittedto(const Document& document, QSize size) {
+  constexpr double margin = 24;  // logical pixels
+  constexpr int steps = 6;
+  const QRectF wanted = QRectF(QPointF(0, 0), size).adjusted(margin, margin, -margin, -margin);
+  QSizeF window = size;
+  Drawing drawing = drawingof(document, twips(window));
+  if (lastchart(document) == nullptr || wanted.isEmpty()) return drawing;
+  QRectF touched = touchedby(drawing, window);
+  for (int step = 0; step < steps; ++step) {
+    window = {
+        std::clamp(window.width() * wanted.width() / touched.width(), wanted.width() / 2, size.width() * 2.0),
+        std::clamp(window.height() * wanted.height() / touched.height(), wanted.height() / 2, size.height() * 3.0)};
+    drawing = drawingof(document, twips(window));
+    touched = touchedby(drawing, window);
+  }
+  const QPointF move = (wanted.center() - touched.center()) * twipsperpixel;
+  for (Operation& operation : drawing.operations) {
+    std::visit(Mover{static_cast<float>(move.x()), static_cast<float>(move.y())}, operation);
+  }
+  return drawing;
+}
+
+void exportchart(QWidget* window, const Document& document, QSize size) {
   SaveDialog dialog;
   SaveRequest request{QStringLiteral("Export chart"), {}};
   for (const FileFormat& format : fileformats) request.filters.append(QLatin1String(format.filter));
@@ -44,24 +101,39 @@ void exportchart(QWidget* window, const Drawing& drawing, QSize size) {
     path = completename(window, request.title, *path, {QLatin1String(format->ending)});
     if (!path) return;
   }
-  if (const auto reason = write(drawing, size, *format, *path)) {
+  if (const auto reason = write(fittedto(document, size), size, *format, *path)) {
     message(window, QStringLiteral("The chart could not be written to ") + *path + QStringLiteral("\n") + *reason);
   }
 }
 
-void printchart(QWidget* window, const Drawing& drawing, QSize size) {
-  QPrinter printer(QPrinter::HighResolution);
+QPageLayout firstpage() {
+  QPrinter printer;
   printer.setPageOrientation(QPageLayout::Landscape);
+  return printer.pageLayout();
+}
+
+QPageLayout askpage(QWidget* window, const QPageLayout& page) {
+  QPrinter printer;
+  printer.setPageLayout(page);
+  QPageSetupDialog dialog(&printer, window);
+  return dialog.exec() == QDialog::Accepted ? printer.pageLayout() : page;
+}
+
+QPageLayout printchart(QWidget* window, const Document& document, const QPageLayout& page) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageLayout(page);
   printer.setDocName(QStringLiteral("Psychrometric chart"));
   QPrintDialog dialog(&printer, window);
-  if (dialog.exec() != QDialog::Accepted) return;
+  if (dialog.exec() != QDialog::Accepted) return page;
   QPainter painter;
   if (!painter.begin(&printer)) {
     message(window, QStringLiteral("The chart could not be printed."));
-    return;
+    return page;
   }
-  paintfitted(drawing, size, painter,
-              QRectF(QPointF(0, 0), printer.pageLayout().paintRectPixels(printer.resolution()).size()));
+  const QSize paper = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+  const QSize size = paper * (static_cast<double>(picturedpi) / printer.resolution());
+  paintfitted(fittedto(document, size), size, painter, QRectF(QPointF(0, 0), paper));
+  return printer.pageLayout();
 }
 
 }  // namespace moistair

@@ -1,21 +1,35 @@
 /// \file
 /// The chart in vector files, as a picture and on paper.
+///
+/// Both are laid out for the size that they get: the chart fills it with even margins, without the room that the strip
+/// of controls takes in the window.
 #pragma once
 
+#include <QPageLayout>
 #include <QSize>
 #include <QWidget>
 
-#include "chart/drawing.h"
+#include "document/document.h"
 
 namespace moistair {
 
-/// Asks for a path and writes the part of the drawing that the window shows, in the format of the path's ending or,
-/// where it has none of these, of the filter chosen, whose ending is then added. Tells the user of a file that could
-/// not be written, and why.
-/// @param size inner size of the main window [logical pixels]
-void exportchart(QWidget* window, const Drawing& drawing, QSize size);
+/// A document laid out so that what it draws fills a picture with even margins. Without a chart there is nothing that
+/// could fill it, and it is laid out as in a window of that size.
+/// @param size [logical pixels]
+Drawing fittedto(const Document& document, QSize size);
 
-/// The system's print dialog; the chart as large as it fits on the page, landscape.
-void printchart(QWidget* window, const Drawing& drawing, QSize size);
+/// Asks for a path and writes the chart in the format of the path's ending or, where it has none of these, of the
+/// filter chosen, whose ending is then added. Tells the user of a file that could not be written, and why.
+/// @param size of the picture [logical pixels]
+void exportchart(QWidget* window, const Document& document, QSize size);
+
+/// The page of the next printing; landscape at first.
+QPageLayout firstpage();
+
+/// The system's dialog for the page. Returns the page as it then is.
+QPageLayout askpage(QWidget* window, const QPageLayout& page);
+
+/// The system's print dialog; the chart on one page. Returns the page as it then is.
+QPageLayout printchart(QWidget* window, const Document& document, const QPageLayout& page);
 
 }  // namespace moistair

@@ -5,7 +5,9 @@
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
+#include <algorithm>
 
+#include "document/again.h"
 #include "document/documentfile.h"
 #include "paint/exports.h"
 #include "session/earliersessions.h"
@@ -14,6 +16,7 @@
 #include "session/pointreport.h"
 #include "session/pressureunits.h"
 #include "shell/chartexport.h"
+#include "shell/filewriting.h"
 #include "shell/mainwindow.h"
 #include "shell/startup.h"
 #include "toolkit/filename.h"
@@ -35,6 +38,18 @@ constexpr const char* viewfailed = "The saved data cannot be shown: the log file
 /// When something was last saved in a session, by the clock on the wall.
 QString timeof(const EarlierSession& session) {
   return QDateTime::fromSecsSinceEpoch(session.lastsaved).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+/// What could not be put on a chart again, as many as a message has room for.
+QString leftouttext(const std::vector<LeftOut>& leftout) {
+  constexpr std::size_t most = 15;
+  QString text = QStringLiteral("Not on this chart:");
+  for (std::size_t i = 0; i < std::min(most, leftout.size()); ++i) {
+    text += QLatin1Char('\n') + QString::fromStdString(captionof(leftout[i].entry)) + QStringLiteral(": ") +
+            QString::fromStdString(leftout[i].reason);
+  }
+  if (leftout.size() > most) text += QStringLiteral("\nand %1 more").arg(leftout.size() - most);
+  return text;
 }
 
 /// Takes a window away. It is destroyed once its own event is over.
@@ -204,6 +219,22 @@ void MainWindow::redo() {
   step([this] { chart_.redo(windowsize()); });
 }
 
+/// The lines and points of the chart before, worked out anew for the one that stands. What does not come through is
+/// told, with its reason.
+void MainWindow::again() {
+  const auto limits = standinglimits(chart_.document());
+  if (!limits) return;
+  const Setting setting{*limits, {values_.pressureentry, lifecycle_.atmpressure()}};
+  strip_->waitcue(true);
+  Again found = moistair::again(chart_.history().chartbefore(), setting, windowsize());
+  strip_->waitcue(false);
+  if (!found.entries.empty()) {
+    step([&] { chart_.change(additions(chart_.document(), std::move(found.entries), againname), windowsize()); });
+  }
+  if (!found.leftout.empty()) message(this, leftouttext(found.leftout));
+  focusgraph();
+}
+
 /// A step through what was done to the chart. It can bring another pressure in force, which the live row then shows.
 void MainWindow::step(const std::function<void()>& change) {
   const std::string pressure = values_.pressure.text();
@@ -229,6 +260,49 @@ void MainWindow::showdocument(Document document, bool fresh) {
   step([&] { chart_.open(std::move(document), windowsize()); });
 }
 
+/// The table stands beside the chart where the window is wide enough for both, and else over the part of the chart
+/// where no air is.
+void MainWindow::placepanel(bool shown) {
+  if (!shown) {
+    lift({});
+    return;
+  }
+  constexpr QSize overchart(480, 260);
+  const bool room = width() >= centralWidget()->minimumWidth() + overchart.width();
+  panel_->setFloating(!room);
+  if (room) {
+    resizeDocks({panel_}, {width() - centralWidget()->minimumWidth()}, Qt::Horizontal);
+  } else {
+    constexpr QPoint margin(90, 40);
+    panel_->setGeometry(QRect(graph_->mapToGlobal(QPoint(0, 0)) + margin, overchart));
+  }
+  panel_->show(chart_.document());
+}
+
+/// Lifts entries of the document out on the chart; a chart itself would be all of it.
+void MainWindow::lift(const std::vector<std::size_t>& entries) {
+  lifted_ = entries;
+  RecordingCanvas canvas;
+  for (const std::size_t place : entries) {
+    const Entry& entry = chart_.document().entries[place];
+    const bool part =
+        !std::holds_alternative<DrawnChart>(entry.content) && !std::holds_alternative<HeaderLine>(entry.content);
+    if (part) draw(entry, canvas, windowsize());
+  }
+  graph_->lift(canvas.drawing());
+}
+
+void MainWindow::writecsv(const std::string& table) {
+  SaveDialog dialog;
+  const QString title = tr("Write as CSV");
+  const auto chosen = dialog.ask(this, {title, {tr("CSV file (*.csv)"), tr("All files (*)")}});
+  if (!chosen) return;
+  const auto path = completename(this, title, *chosen, {QStringLiteral(".csv")});
+  if (!path) return;
+  const auto reason = writebytes(*path, table);
+  if (reason) message(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
+}
+
 /// Says in the menu what could be undone and done again.
 void MainWindow::showhistory() {
   const auto show = [](QAction& action, const QString& word, const std::string& name) {
@@ -239,6 +313,8 @@ void MainWindow::showhistory() {
   };
   show(*undoaction_, tr("&Undo"), chart_.history().undoname());
   show(*redoaction_, tr("&Redo"), chart_.history().redoname());
+  againaction_->setEnabled(standinglimits(chart_.document()) && !chart_.history().chartbefore().empty() &&
+                           chart_.history().undoname() != againname);
 }
 
 /// Asks for a path; none, and the answer to it, if the user cancels.
@@ -341,12 +417,20 @@ void MainWindow::openmixing() {
 }
 
 void MainWindow::exportchart() {
-  moistair::exportchart(this, graph_->drawing(), centralWidget()->size());
+  moistair::exportchart(this, chart_.document(), centralWidget()->size());
+  focusgraph();
+}
+
+/// Asked of the system at the first use: to look for a printer takes its time.
+QPageLayout MainWindow::page() const { return page_ ? *page_ : firstpage(); }
+
+void MainWindow::setuppage() {
+  page_ = askpage(this, page());
   focusgraph();
 }
 
 void MainWindow::printchart() {
-  moistair::printchart(this, graph_->drawing(), centralWidget()->size());
+  page_ = moistair::printchart(this, chart_.document(), page());
   focusgraph();
 }
 

@@ -31,6 +31,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
       chart_(graph_->canvas(), values_, lifecycle_),
       files_(new DocumentFiles(*this, chart_, log_,
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
+      panel_(new EntriesPanel(this)),
       finders_(chartrangefinders([this] {
         lifecycle_.readlimits(strip_->limittexts());
         return lifecycle_.plotarea(windowsize());
@@ -69,6 +70,7 @@ void MainWindow::makemenus() {
   files_->fillmenu(*file);
   file->addSeparator();
   file->addAction(tr("&Export chart..."), this, &MainWindow::exportchart);
+  file->addAction(tr("Page set&up..."), this, &MainWindow::setuppage);
   file->addAction(tr("&Print..."), this, &MainWindow::printchart);
   file->addSeparator();
   earlier_ = file->addMenu(tr("Earlier &sessions"));
@@ -80,13 +82,35 @@ void MainWindow::makemenus() {
   undoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
   redoaction_ = edit->addAction(QString(), this, &MainWindow::redo);
   redoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+  edit->addSeparator();
+  againaction_ = edit->addAction(tr("&Again on this chart"), this, &MainWindow::again);
   chart_.changed = [this] {
     showhistory();
     files_->follow();
+    if (!panel_->isHidden()) panel_->show(chart_.document());
   };
   showhistory();
+  makepanel(*menuBar()->addMenu(tr("&View")));
   QMenu* help = menuBar()->addMenu(tr("&Help"));
   help->addAction(tr("&Help"), this, &MainWindow::showhelp);
+}
+
+void MainWindow::makepanel(QMenu& view) {
+  addDockWidget(Qt::RightDockWidgetArea, panel_);
+  panel_->hide();
+  QAction* toggle = panel_->toggleViewAction();
+  toggle->setText(tr("&Points and lines"));
+  toggle->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+  view.addAction(toggle);
+  connect(toggle, &QAction::toggled, this, &MainWindow::placepanel);
+  connect(panel_, &EntriesPanel::selected, this, &MainWindow::lift);
+  connect(panel_, &EntriesPanel::csvchosen, this, &MainWindow::writecsv);
+  connect(panel_, &EntriesPanel::deletechosen, this, [this](const std::vector<std::size_t>& entries) {
+    if (!entries.empty()) step([&] { chart_.change(deletion(chart_.document(), entries), windowsize()); });
+  });
+  connect(panel_, &EntriesPanel::renamed, this, [this](std::size_t entry, const QString& identification) {
+    chart_.change(renaming(chart_.document(), entry, identification.toStdString()), windowsize());
+  });
 }
 
 void MainWindow::connectstrip() {
@@ -169,6 +193,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == centralWidget() && event->type() == QEvent::Resize) {
     arrange();
     chart_.layout(windowsize());
+    lift(lifted_);
   }
   // A window manager puts the dialog that is clicked above the chart type window.
   const bool dialogcomesup = event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress;

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPageLayout>
 #include <QPointer>
 
 #include "document/chartcommands.h"
@@ -19,6 +20,7 @@
 #include "toolkit/graphview.h"
 #include "toolkit/savedialog.h"
 #include "windows/charttypewindow.h"
+#include "windows/entriespanel.h"
 
 namespace moistair {
 
@@ -51,6 +53,7 @@ protected:
 private:
   void makemenus();
   void makestatusbar();
+  void makepanel(QMenu& view);
   void connectstrip();
   bool loadmain();
   void filllists();
@@ -83,6 +86,10 @@ private:
   void step(const std::function<void()>& change);
   void showdocument(Document document, bool fresh);
   void beginwork();
+  void placepanel(bool shown);
+  void lift(const std::vector<std::size_t>& entries);
+  void writecsv(const std::string& table);
+  void again();
   void showhistory();
   void savechart();
   void viewlog();
@@ -93,6 +100,8 @@ private:
   void openmixing();
   void exportchart();
   void printchart();
+  void setuppage();
+  QPageLayout page() const;
   void showhelp();
   void quitprogram();
 
@@ -105,14 +114,18 @@ private:
   ChartLifecycle lifecycle_;
   ChartCommands chart_;
   DocumentFiles* files_;
+  EntriesPanel* panel_;  ///< table beside the chart
   RangeFinders finders_;
   SaveDialog savedialog_;
   QPointer<Dialog> dialog_;
   QPointer<ChartTypeWindow> charttype_;
-  QSize screen_;  ///< size of the screen at start-up [pixels]
+  QSize screen_;                     ///< size of the screen at start-up [pixels]
+  std::optional<QPageLayout> page_;  ///< of printing, once it has been asked for
   QAction* undoaction_ = nullptr;
   QAction* redoaction_ = nullptr;
-  QString firstfile_;  ///< to be opened once the pressure window is left
+  QAction* againaction_ = nullptr;
+  std::vector<std::size_t> lifted_;  ///< entries lifted out on the chart
+  QString firstfile_;                ///< to be opened once the pressure window is left
   bool loaded_ = false;
   bool fitted_ = false;  ///< onto the screen, once restored from the maximised state
   bool begun_ = false;  ///< whether that window has been left

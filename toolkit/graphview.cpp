@@ -3,10 +3,43 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QtMath>
+#include <QPainterPath>
+#include <utility>
 
 #include "paint/replay.h"
 
 namespace moistair {
+
+namespace {
+
+/// What a drawing's lines and circles run along [logical pixels]; its texts have no part in it.
+struct Course {
+  QPainterPath& path;
+
+  static QPointF pixels(float x, float y) { return QPointF(double{x}, double{y}) / twipsperpixel; }
+
+  void operator()(const LineOperation& line) const {
+    const QPointF from = pixels(line.x1, line.y1);
+    if (path.currentPosition() != from) path.moveTo(from);
+    path.lineTo(pixels(line.x2, line.y2));
+  }
+  void operator()(const CircleOperation& circle) const {
+    const double radius = double{circle.radius} / twipsperpixel;
+    path.addEllipse(pixels(circle.x, circle.y), radius, radius);
+  }
+  void operator()(const TextOperation&) const {}
+};
+
+void painthalo(QPainter& painter, const Drawing& drawing) {
+  constexpr double width = 9;
+  const QColor amber(255, 170, 0, 130);
+  QPainterPath path;
+  for (const Operation& operation : drawing.operations) std::visit(Course{path}, operation);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.strokePath(path, QPen(amber, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+}  // namespace
 
 GraphView::GraphView(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -55,6 +88,11 @@ QRect GraphView::bringuptodate() {
   return afresh ? rect() : touched.toAlignedRect() & rect();
 }
 
+void GraphView::lift(Drawing part) {
+  lifted_ = std::move(part);
+  update();
+}
+
 QImage GraphView::picture() {
   bringuptodate();
   return image_;
@@ -68,9 +106,12 @@ void GraphView::paintEvent(QPaintEvent* event) {
   painter.fillRect(event->rect(), Qt::white);
   const QTransform todevice = painter.deviceTransform();
   const QPointF corner = todevice.map(QPointF());
+  painter.save();
   painter.translate(todevice.inverted().map(QPointF(corner.toPoint())));
   painter.scale(1 / devicePixelRatio(), 1 / devicePixelRatio());
   painter.drawImage(0, 0, image_);
+  painter.restore();
+  if (!lifted_.operations.empty()) painthalo(painter, lifted_);
 }
 
 }  // namespace moistair

@@ -22,6 +22,10 @@ public:
   RecordingCanvas& canvas() { return canvas_; }
   const Drawing& drawing() const { return canvas_.drawing(); }
 
+  /// Shows a part of what is drawn lifted out, by a wide translucent line along it: above the drawing and never in it
+  /// or in its picture. An empty one ends that.
+  void lift(Drawing part);
+
   /// The persistent image as it stands, in device pixels.
   QImage picture();
 
@@ -36,6 +40,7 @@ private:
   RecordingCanvas canvas_;
   QImage image_;
   QSize visible_;            ///< room for the chart when the image was painted
+  Drawing lifted_;
   std::size_t painted_ = 0;  ///< operations that the image shows
   bool refreshing_ = false;
   bool inparts_ = false;  ///< the image shows a curve that was painted in parts

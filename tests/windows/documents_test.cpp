@@ -1,11 +1,15 @@
 // Documents in the window: their files, and what becomes of unsaved work.
+#include <QClipboard>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QStatusBar>
+#include <QTableView>
+#include <algorithm>
 #include <fstream>
 
+#include "paint/exports.h"
+#include "shell/chartexport.h"
 #include "support.h"
 
 namespace moistair {
@@ -203,6 +207,103 @@ TEST(UnsavedWork, IsKeptAtTheEndAndNoLongerOnceItIsSaved) {
   ASSERT_EQ(earlier.menu()->actions().size(), 1);
   earlier.menu()->actions().first()->trigger();
   EXPECT_EQ(unsaved.operations(), drawn);
+}
+
+/// The program with a line and a point, and the table beside the chart.
+struct WithTable : Program {
+  WithTable() : Program(OnChart) {
+    addlineandpoint();
+    action(window, "&Points and lines").trigger();
+    QApplication::processEvents();
+  }
+  QTableView& table() { return *window.findChild<QTableView*>(); }
+  std::string cell(int row, int column) { return table().model()->index(row, column).data().toString().toStdString(); }
+};
+
+TEST(Table, ShowsWhatStandsAndFollowsIt) {
+  WithTable program;
+  ASSERT_EQ(program.table().model()->rowCount(), 3);
+  EXPECT_EQ(program.cell(2, 0) + "|" + program.cell(2, 1) + "|" + program.cell(2, 8), "Point|A|0.0092932");
+  action(program.window, "&Undo").trigger();
+  EXPECT_EQ(program.table().model()->rowCount(), 2);
+}
+
+TEST(Table, RenamesAPointInItsPlace) {
+  WithTable program;
+  QAbstractItemModel& model = *program.table().model();
+  EXPECT_FALSE(model.setData(model.index(1, 1), QStringLiteral("x"))) << "a line has no name";
+  EXPECT_TRUE(model.setData(model.index(2, 1), QStringLiteral("Office")));
+  QApplication::processEvents();
+  EXPECT_EQ(program.cell(2, 1), "Office");
+  EXPECT_EQ(program.lastprint(), "Office");
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Rename Point A");
+}
+
+TEST(Table, LiftsOutDeletesAndCopiesWhatIsSelected) {
+  WithTable program;
+  auto& graph = control<GraphView>(program.window, "graph");
+  const auto seen = [&] { return graph.grab(QRect(QPoint(0, 0), program.window.size())).toImage(); };
+  const QImage before = seen();
+  const QImage picture = graph.picture();
+  program.table().selectRow(1);
+  EXPECT_NE(seen(), before);
+  EXPECT_EQ(graph.picture(), picture) << "above the drawing, never in it";
+  action(program.window, "&Copy").trigger();
+  const QString copied = QGuiApplication::clipboard()->text();
+  EXPECT_TRUE(copied.startsWith(QStringLiteral("Kind\tIdentification\t"))) << copied.toStdString();
+  EXPECT_EQ(copied.count(QLatin1Char('\n')), 2) << "the heads and one row";
+  const auto all = program.operations();
+  action(program.window, "&Delete").trigger();
+  EXPECT_EQ(program.table().model()->rowCount(), 2);
+  EXPECT_LT(program.operations().size(), all.size());
+  action(program.window, "&Undo").trigger();
+  EXPECT_EQ(program.operations(), all);
+  EXPECT_EQ(seen(), before) << "nothing is selected any more";
+}
+
+TEST(Table, IsWrittenAsCsv) {
+  WithTable program;
+  const SaveAnswer save(program.path("all"));
+  action(program.window, "&Write as CSV").trigger();
+  const std::string csv = program.file("all.csv");
+  EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 4);
+  EXPECT_NE(csv.find("Point,A,29.92126"), std::string::npos) << csv;
+}
+
+TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
+  Program program(Program::OnChart);
+  program.addlineandpoint();
+  EXPECT_FALSE(action(program.window, "&Again").isEnabled());
+  select(program.window, "Combo4", 7);
+  program.drawchart(true);
+  const std::size_t bare = program.operations().size();
+  BoxAnswers answers;
+  ASSERT_TRUE(action(program.window, "&Again").isEnabled());
+  action(program.window, "&Again").trigger();
+  EXPECT_GT(program.operations().size(), bare);
+  EXPECT_NE(answers.lasttext().find("Point A: The point"), std::string::npos) << answers.lasttext();
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Again on this chart");
+  EXPECT_FALSE(action(program.window, "&Again").isEnabled()) << "once is enough";
+}
+
+TEST(Fitted, FillsEveryPictureWithEvenMargins) {
+  for (const QSize size : {QSize(1123, 794), QSize(794, 1123), QSize(600, 400)}) {
+    Document document = newdocument({});
+    document.entries = {{{}, DrawnChart{ChartType::standard}}};
+    document.entries.front().setting.limits = {0, 120, 0, 0.030};
+    const QImage picture = drawingimage(fittedto(document, size), size);
+    QRect ink;
+    for (int y = 0; y < size.height(); ++y) {
+      for (int x = 0; x < size.width(); ++x) {
+        if (picture.pixel(x, y) != qRgb(255, 255, 255)) ink |= QRect(x, y, 1, 1);
+      }
+    }
+    const QRect wanted = QRect(QPoint(0, 0), size).adjusted(24, 24, -24, -24);
+    const int furthest = std::max({std::abs(ink.left() - wanted.left()), std::abs(ink.right() - wanted.right()),
+                                   std::abs(ink.top() - wanted.top()), std::abs(ink.bottom() - wanted.bottom())});
+    EXPECT_LE(furthest, 8) << size.width() << ": " << ink.left() << " " << ink.top() << " " << ink.right() << " "
+                           << ink.bottom();
+  }
 }
 
 }  // namespace

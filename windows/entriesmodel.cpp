@@ -1,0 +1,55 @@
+#include "windows/entriesmodel.h"
+
+#include <utility>
+
+namespace moistair {
+
+namespace {
+
+constexpr int identificationcolumn = 1;
+constexpr int firstnumber = 2;  // column
+
+}  // namespace
+
+void EntriesModel::setrows(std::vector<TableRow> rows) {
+  beginResetModel();
+  rows_ = std::move(rows);
+  endResetModel();
+}
+
+int EntriesModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int EntriesModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(tablecolumns);
+}
+
+QVariant EntriesModel::data(const QModelIndex& index, int role) const {
+  if (role == Qt::DisplayRole || role == Qt::EditRole) {
+    return QString::fromStdString(celltext(rowof(index), static_cast<std::size_t>(index.column())));
+  }
+  if (role == Qt::TextAlignmentRole && index.column() >= firstnumber) return int{Qt::AlignRight | Qt::AlignVCenter};
+  return {};
+}
+
+QVariant EntriesModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+  return QString::fromUtf8(tablehead(static_cast<std::size_t>(section)));
+}
+
+Qt::ItemFlags EntriesModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+  const bool editable = index.isValid() && index.column() == identificationcolumn && rowof(index).renamable;
+  return editable ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool EntriesModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (role != Qt::EditRole || (flags(index) & Qt::ItemIsEditable) == 0) return false;
+  const QString identification = value.toString();
+  if (identification == data(index, role).toString()) return false;
+  Q_EMIT renamed(rowof(index).entry, identification);
+  return true;
+}
+
+}  // namespace moistair

@@ -1,0 +1,39 @@
+/// \file
+/// The table of all that stands on the chart, as Qt's views take it.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <vector>
+
+#include "document/table.h"
+
+namespace moistair {
+
+/// Shows rows that are worked out elsewhere and changes none of them: a point's identification can be typed over, and
+/// what was typed is told. Whoever owns the document changes that and hands in the rows that follow from it.
+class EntriesModel final : public QAbstractTableModel {
+  Q_OBJECT
+
+public:
+  using QAbstractTableModel::QAbstractTableModel;
+
+  void setrows(std::vector<TableRow> rows);
+  const std::vector<TableRow>& rows() const { return rows_; }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+Q_SIGNALS:
+  void renamed(std::size_t entry, const QString& identification);
+
+private:
+  const TableRow& rowof(const QModelIndex& index) const { return rows_[static_cast<std::size_t>(index.row())]; }
+
+  std::vector<TableRow> rows_;
+};
+
+}  // namespace moistair

@@ -1,0 +1,79 @@
+#include "windows/entriespanel.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace moistair {
+
+EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), main), table_(new QTableView) {
+  setObjectName(QStringLiteral("entries"));
+  table_->setModel(&model_);
+  table_->setAccessibleName(windowTitle());
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setTabKeyNavigation(false);
+  table_->setWordWrap(false);
+  table_->verticalHeader()->hide();
+  table_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  auto* panel = new QWidget;
+  auto* rows = new QVBoxLayout(panel);
+  auto* buttons = new QHBoxLayout;
+  rows->addWidget(table_);
+  rows->addLayout(buttons);
+  const auto command = [&](const QString& text, const QKeySequence& key, auto run) {
+    auto* action = new QAction(text, table_);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, run);
+    table_->addAction(action);
+    auto* button = new QPushButton(text);
+    connect(button, &QPushButton::clicked, action, &QAction::trigger);
+    buttons->addWidget(button);
+  };
+  command(tr("&Copy"), QKeySequence::Copy, [this] { copy(); });
+  command(tr("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
+  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(tabletext(chosenrows(), ',')); });
+  buttons->addStretch();
+  setWidget(panel);
+  connect(&model_, &EntriesModel::renamed, this, &EntriesPanel::renamed, Qt::QueuedConnection);
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this] { Q_EMIT selected(selectedentries()); });
+}
+
+void EntriesPanel::show(const Document& document) {
+  model_.setrows(tablerows(document));
+  table_->resizeColumnsToContents();
+  Q_EMIT selected({});
+}
+
+/// The rows selected, or all of them if none is.
+std::vector<TableRow> EntriesPanel::chosenrows() const {
+  std::vector<TableRow> chosen;
+  for (int row = 0; row < model_.rowCount(); ++row) {
+    if (table_->selectionModel()->isRowSelected(row, {}))
+      chosen.push_back(model_.rows()[static_cast<std::size_t>(row)]);
+  }
+  return chosen.empty() ? model_.rows() : chosen;
+}
+
+/// A mixture has three rows and is one entry.
+std::vector<std::size_t> EntriesPanel::selectedentries() const {
+  std::vector<std::size_t> entries;
+  for (const QModelIndex& row : table_->selectionModel()->selectedRows()) {
+    entries.push_back(model_.rows()[static_cast<std::size_t>(row.row())].entry);
+  }
+  std::sort(entries.begin(), entries.end());
+  entries.erase(std::unique(entries.begin(), entries.end()), entries.end());
+  return entries;
+}
+
+void EntriesPanel::copy() const {
+  QGuiApplication::clipboard()->setText(QString::fromStdString(tabletext(chosenrows(), '\t')));
+}
+
+}  // namespace moistair

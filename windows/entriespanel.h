@@ -1,0 +1,39 @@
+/// \file
+/// The table beside the chart, "Points and lines".
+#pragma once
+
+#include <QDockWidget>
+#include <QTableView>
+#include <vector>
+
+#include "windows/entriesmodel.h"
+
+namespace moistair {
+
+/// Lists all that stands on the chart, in the order in which it was drawn. What the user wants done with it is told by
+/// signals: the main window changes the document and hands it back.
+class EntriesPanel final : public QDockWidget {
+  Q_OBJECT
+
+public:
+  explicit EntriesPanel(QWidget* main);
+
+  void show(const Document& document);
+  using QDockWidget::show;
+
+Q_SIGNALS:
+  void renamed(std::size_t entry, const QString& identification);
+  void deletechosen(const std::vector<std::size_t>& entries);
+  void selected(const std::vector<std::size_t>& entries);  ///< by their places in the document; may be none
+  void csvchosen(const std::string& table);                ///< the table is to be written to a file
+
+private:
+  std::vector<TableRow> chosenrows() const;
+  std::vector<std::size_t> selectedentries() const;
+  void copy() const;
+
+  EntriesModel model_;
+  QTableView* table_;
+};
+
+}  // namespace moistair

@@ -242,7 +242,7 @@ TEST(Table, RenamesAPointInItsPlace) {
 TEST(Table, LiftsOutDeletesAndCopiesWhatIsSelected) {
   WithTable program;
   auto& graph = control<GraphView>(program.window, "graph");
-  const auto seen = [&] { return graph.grab(QRect(QPoint(0, 0), program.window.size())).toImage(); };
+  const auto seen = [&] { return graph.grab().toImage(); };
   const QImage before = seen();
   const QImage picture = graph.picture();
   program.table().selectRow(1);

@@ -125,7 +125,6 @@ void DocumentFiles::startanew() {
 void DocumentFiles::askopen() {
   if (!mayreplace()) return;
   QFileDialog dialog(&window_, tr("Open"));
-  keepabove(dialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters({QLatin1String(filter), QStringLiteral("All files (*)")});
   if (!path_.isEmpty()) dialog.setDirectory(QFileInfo(path_).absolutePath());

@@ -4,9 +4,9 @@
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStatusBar>
 #include <QTimer>
 #include <QWindow>
-#include <QStatusBar>
 
 #include "chart/chartfinders.h"
 #include "session/pressureunits.h"

@@ -128,7 +128,7 @@ private:
   QString firstfile_;                ///< to be opened once the pressure window is left
   bool loaded_ = false;
   bool fitted_ = false;  ///< onto the screen, once restored from the maximised state
-  bool begun_ = false;  ///< whether that window has been left
+  bool begun_ = false;   ///< whether that window has been left
 };
 
 }  // namespace moistair

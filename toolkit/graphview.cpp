@@ -2,8 +2,8 @@
 
 #include <QPaintEvent>
 #include <QPainter>
-#include <QtMath>
 #include <QPainterPath>
+#include <QtMath>
 #include <utility>
 
 #include "paint/replay.h"

@@ -39,7 +39,7 @@ private:
 
   RecordingCanvas canvas_;
   QImage image_;
-  QSize visible_;            ///< room for the chart when the image was painted
+  QSize visible_;  ///< room for the chart when the image was painted
   Drawing lifted_;
   std::size_t painted_ = 0;  ///< operations that the image shows
   bool refreshing_ = false;

@@ -109,7 +109,7 @@ void MainWindow::openpressure() {
   if (!loaded_) {
     if (!loadmain()) return;
     loaded_ = true;
-    resize(screen()->availableSize());  // what restoring gives: the whole chart shows there too
+    resize(screen()->availableSize() * 0.9);  // what restoring gives
     showMaximized();
   }
   auto* window = new PressureWindow(this);

@@ -229,21 +229,6 @@ bool MainWindow::event(QEvent* event) {
   return QMainWindow::event(event);
 }
 
-/// Restored for the first time, the window has the size that it was given at the start, that of the screen, and its
-/// frame reaches beyond.
-void MainWindow::resizeEvent(QResizeEvent* event) {
-  QMainWindow::resizeEvent(event);
-  constexpr int frametime = 100;  // ms: the window manager tells of the frame a moment later
-  if (loaded_ && !fitted_ && !isMaximized()) QTimer::singleShot(frametime, this, &MainWindow::fitonscreen);
-}
-
-void MainWindow::fitonscreen() {
-  if (fitted_ || isMaximized()) return;
-  fitted_ = true;
-  const QRect free = screen()->availableGeometry();
-  if (!free.contains(frameGeometry())) setGeometry(free.marginsRemoved(windowHandle()->frameMargins()));
-}
-
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(!dialog_);
   if (!dialog_) quitprogram();

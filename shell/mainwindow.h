@@ -46,7 +46,6 @@ Q_SIGNALS:
 
 protected:
   bool event(QEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -58,7 +57,6 @@ private:
   bool loadmain();
   void filllists();
   void arrange();
-  void fitonscreen();
 
   WindowSize windowsize() const;
   PairInput pairinput() const;
@@ -127,7 +125,6 @@ private:
   std::vector<std::size_t> lifted_;  ///< entries lifted out on the chart
   QString firstfile_;                ///< to be opened once the pressure window is left
   bool loaded_ = false;
-  bool fitted_ = false;  ///< onto the screen, once restored from the maximised state
   bool begun_ = false;   ///< whether that window has been left
 };
 

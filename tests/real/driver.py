@@ -6,6 +6,7 @@ pointer and the keys go through the X server, so that a window which takes no in
 waited for has a time limit, and its end is a `Failure` that says what was waited for.
 """
 
+import contextlib
 import os
 import re
 import shutil
@@ -75,12 +76,30 @@ def screenshot(path, area=None):
     subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", *crop, path], check=True)
 
 
+#: The colours of slanted lines
+INKS = ["#FF0000", "#008000", "#FF00FF", "#800000", "#808080", "#000000"]
+
+
+def ink(colour):
+    """The colour of the line that covers at least half of a pixel, white showing through; else that of the pixel."""
+    pixel = bytes.fromhex(colour[1:])
+    for line in INKS:
+        full = bytes.fromhex(line[1:])
+        share = max((255 - a) / (255 - b) for a, b in zip(pixel, full) if b < 255)
+        if 0.5 <= share <= 1 and all(abs(255 - share * (255 - b) - a) < 2 for a, b in zip(pixel, full)):
+            return line
+    return colour
+
+
 def colours(picture, *part):
     """How many pixels of each colour a picture has, or a part of it: x, y, width, height."""
     crop = ["-crop", "{2}x{3}+{0}+{1}".format(*part), "+repage"] if part else []
     histogram = subprocess.run(["convert", picture, *crop, "-depth", "8", "-format", "%c", "histogram:info:-"], check=True,
                                capture_output=True, text=True).stdout
-    return Counter({colour: int(count) for count, colour in re.findall(r"(\d+): .*?(#[0-9A-F]{6})", histogram)})
+    found = Counter()
+    for count, colour in re.findall(r"(\d+): .*?(#[0-9A-F]{6})", histogram):
+        found[ink(colour)] += int(count)
+    return found
 
 
 def oneline(text):
@@ -134,7 +153,7 @@ class Control:
     def rect(self):
         """Where it is on the screen [pixels]."""
         extents = Atspi.Component.get_extents(self.now(), Atspi.CoordType.SCREEN)
-        return Rect(*(round(n * self.scale) for n in (extents.x, extents.y, extents.width, extents.height)))
+        return Rect(*(int(n * self.scale + 0.5) for n in (extents.x, extents.y, extents.width, extents.height)))
 
     def has(self, state):
         return self.now().get_state_set().contains(state)
@@ -248,7 +267,6 @@ class Program:
     """The program from its start to its end, in a folder of its own: the log lies beside the executable."""
 
     def __init__(self, executable, folder, screen, scale):
-        self.screenwidth = int(screen.split("x")[0])
         self.scale = scale
         self.binaries = os.path.join(folder, "bin")
         os.makedirs(self.binaries)
@@ -316,6 +334,20 @@ class Program:
         """What it wrote to its standard error."""
         with open(self.errors, encoding="utf-8", errors="replace") as errors:
             return errors.read()
+
+
+@contextlib.contextmanager
+def otherscreen(size):
+    """A desktop with a screen of another size, on which programs start meanwhile."""
+    usual = os.environ["DISPLAY"]
+    server, number = desktop.start_server(size)
+    os.environ["DISPLAY"] = ":" + number
+    startmanager()
+    try:
+        yield
+    finally:
+        os.environ["DISPLAY"] = usual
+        desktop.stop(server)
 
 
 def startmanager():

@@ -9,7 +9,7 @@ import re
 import struct
 import subprocess
 
-from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, wait
+from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, otherscreen, wait
 from session import (BLACK, BLUE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE, RED,
                      REPORT, WHITE, logtext)
 
@@ -140,6 +140,8 @@ def charttypebeside(session):
     session.answer(DRAWFIRST, clickwhereboth)
     session.backonchart()
     window = session.opened("Mixing problem", MIXING)
+    window.need(BOX, "Stream 1, value of the first property").click()  # which brings up that window
+    expect(b"ABOVE" not in subprocess.check_output(["xprop", "-name", CHARTTYPE, "_NET_WM_STATE"]), "above all programs")
     chosen.click("Draw chart")
     chosen.gone()
     wait(lambda: MIXING in session.titles(), "the mixing window to stay")
@@ -277,9 +279,10 @@ def exports(session):
     expect(width > height, f"the page stands upright: {width} x {height} points")
 
 
+@otherscreen("1024x727")
 def smallscreen(session):
     """On a screen below the limit a question comes first, at the start and at each mixing problem."""
-    wholescreen, session.scale = session.scale, session.screenwidth / 1000
+    session.scale = 1
     session.launch()
     session.answer(SMALLSCREEN, "alt+y", "DELETE")
     equal(session.waitended(), 0, "exit code after Yes at the start")
@@ -294,7 +297,19 @@ def smallscreen(session):
             session.escape(session.window(MIXING))
     equal(session.waitended(), 0, "exit code after Yes at the mixing problem")
     expect(os.path.exists(session.log), "the log went although nobody pressed Exit")
-    session.scale = wholescreen
+
+
+@otherscreen("1920x1080")
+def scaledscreen(session):
+    """A screen with pixels enough is not asked about at 150 per cent; the whole chart shows in the restored window."""
+    session.scale = 1.5
+    main = session.begin()
+    session.draw()
+    before = session.colours()[BLACK]
+    subprocess.run(["wmctrl", "-F", "-r", MAIN, "-b", "remove,maximized_vert,maximized_horz"], check=True)
+    wait(lambda: main.rect().width < 1900 and abs(session.colours()[BLACK] - before) < before / 5, "texts and axes")
+    main.click("Exit")
+    session.waitended()
 
 
 def ends(session):
@@ -357,4 +372,4 @@ def read(path):
         return file.read()
 
 
-ALL = [pressure, point, chart, charttypebeside, mixing, dialogs, picture, exports, smallscreen, ends]
+ALL = [pressure, point, chart, charttypebeside, mixing, dialogs, picture, exports, smallscreen, scaledscreen, ends]

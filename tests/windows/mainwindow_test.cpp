@@ -263,6 +263,10 @@ TEST(Windows, AreLeftByTheirWayBack) {
     pressreturn(window, dialog.wayback);
     EXPECT_FALSE(program.isopen(dialog.name)) << "Return presses the button";
   }
+  select(program.window, "Combo4", 8);
+  program.open("Command3", "Form6").showMinimized();
+  pressreturn(program.window, "Command3");
+  EXPECT_FALSE(program.dialog("Form6").isMinimized()) << "Draw chart brings it back";
   program.window.close();
   EXPECT_TRUE(program.ended) << "closing does what Exit does";
   EXPECT_EQ(program.file("temp.txt"), "none");

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
+#include <future>
 #include <map>
 #include <memory>
 #include <optional>
@@ -170,15 +171,17 @@ std::string picture(const Painter& painter, const Drawing& drawing, PictureSize 
 }
 
 void runchart(const CLI::App& command, const ChartOptions& options) {
-  const OutputFormat format = formatof(options.output);
   const PictureSize size = pixelsof(options.size);
-  const double scale = scaleof(options.scale, format.picture && format.picture->pixels, size);
   const WindowSize window = windowof(size);
   std::optional<Input> input;
   if (options.fromoption->count() > 0) input.emplace(options.from);
   Document document = input ? opened(*input, options) : newchart(options);
   RecordingCanvas canvas;
-  const std::vector<LeftOut> leftout = drawfitting(document, canvas, window);
+  // What paints is loaded meanwhile: that takes about as long as to trace the chart.
+  auto drawn = std::async(std::launch::async, [&] { return drawfitting(document, canvas, window); });
+  const OutputFormat format = formatof(options.output);
+  const double scale = scaleof(options.scale, format.picture && format.picture->pixels, size);
+  const std::vector<LeftOut> leftout = drawn.get();
   addentries(document, canvas, window, command, options);
   if (input) tell(leftout, *input);
   const std::string bytes = format.text != nullptr ? format.text->text(document, canvas.drawing(), window)

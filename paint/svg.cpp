@@ -69,6 +69,7 @@ public:
   void operator()(const TextOperation& operation) {
     endpath();
     const PaintedText text = paintedtext(operation, metrics_, ground_);
+    if (text.characters.isEmpty()) return;
     out_ += "<text fill=\"#000000\"";
     appendattribute(out_, "x", text.baseline.x());
     appendattribute(out_, "y", text.baseline.y());

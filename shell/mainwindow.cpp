@@ -5,7 +5,6 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
-#include <QTimer>
 #include <QWindow>
 
 #include "chart/chartfinders.h"

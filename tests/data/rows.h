@@ -15,6 +15,7 @@
 #include "engine/resolver.h"
 #include "engine/value.h"
 #include "mixing/mixingproblem.h"
+#include "session/numberformat.h"
 
 namespace moistair::data {
 
@@ -137,14 +138,21 @@ inline void completenumber(Fields& row) {
     text << std::setprecision(17) << number;
     return hasvalue(number) ? text.str() : "none";
   };
+  const auto written = [](void (*append)(std::string&, double), double value) {
+    std::string text = "=";
+    append(text, value);
+    return text;
+  };
   const std::string& way = row[0];
   const double number = strictnumber(row[1]);
-  row.push_back(way == "strict"    ? precise(number)
-                : way == "lenient" ? precise(lenientnumber(row[1]))
-                : way == "shown"   ? showvalue(number)
-                : way == "text"    ? numbertext(number)
-                : way == "four"    ? fourdecimals(number)
-                                   : printednumber(number));
+  row.push_back(way == "strict"      ? precise(number)
+                : way == "lenient"   ? precise(lenientnumber(row[1]))
+                : way == "shown"     ? showvalue(number)
+                : way == "text"      ? numbertext(number)
+                : way == "four"      ? fourdecimals(number)
+                : way == "seven"     ? written(appendsevendecimals, number)
+                : way == "roundtrip" ? written(appendroundtrip, number)
+                                     : printednumber(number));
 }
 
 /// What the pressure window shows of an entry whose read-outs were "a", "b" and "c" before, and what it comes to.

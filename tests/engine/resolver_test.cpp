@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "pairs.h"
+#include "engine/openfinders.h"
 
 using namespace moistair;
 using enum PropertyKind;
@@ -26,14 +26,20 @@ TEST(NestedPairs, TheFinderSeesFifteenDigits) {
   double seen = 0;
   RangeFinders finders;
   finders.dbrangeofh = [&](double line, double) { return seen = line, std::nullopt; };
-  resolved({h, 28.000000000000004}, {v, 13.7}, atm, finders);
+  SolverFields fields;
+  resolvepair({h, 28.000000000000004}, {v, 13.7}, atm, finders, fields);
   EXPECT_EQ(seen, 28);
 }
 
 TEST(NestedPairs, KeepToTheRangeTheyAreGiven) {
-  EXPECT_FALSE(resolved({rh, 50.3032182}, {v, 13.6751968}, atm, {80, 120}).resolved()) << "a state beside the range";
+  const auto within = [](double low, double high, Given first, Given second) {
+    const RangeFinder fixed = [=](double, double) { return DryBulbRange{low, high}; };
+    SolverFields fields;
+    return resolvepair(first, second, atm, {fixed, fixed, fixed}, fields).resolved();
+  };
+  EXPECT_FALSE(within(80, 120, {rh, 50.3032182}, {v, 13.6751968})) << "a state beside the range";
   // Were the search for the wet bulb kept from running above its reach too, its midpoint of 60 would do here.
-  EXPECT_FALSE(resolved({dp, 50}, {v, 30}, atm, {40, 100}).resolved());
+  EXPECT_FALSE(within(40, 100, {dp, 50}, {v, 30}));
 }
 
 TEST(Kinds, AreCountedFromTheTopOfTheirList) {

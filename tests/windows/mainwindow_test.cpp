@@ -201,19 +201,6 @@ TEST(Point, IsMarkedWithWhatWasTypedOrNotAtAll) {
   EXPECT_EQ(program.row(), "|||||||.4404820|");
 }
 
-TEST(SavedChart, IsABitmapAndBecomesTheBackground) {
-  Program program(Program::OnChart);
-  const std::size_t chart = program.operations().size();
-  const BoxAnswers answers;
-  const SaveAnswer save(program.path("chart.png"));
-  click(program.window, "Command11");
-  EXPECT_EQ(save.filters, "BMP File (*.bmp)|AllFiles (*.*)");
-  EXPECT_EQ(QImage(program.path("chart.png"), "BMP").size(), control<GraphView>(program.window, "graph").size());
-  select(program.window, "Combo4", 8);
-  program.open("Command3", "Form6").close();
-  EXPECT_EQ(program.operations().size(), chart) << "clearing returns to the saved chart";
-}
-
 TEST(EarlierSessions, AreListedAndRead) {
   Program program;
   auto& menu = *program.window.menuBar()->actions().first()->menu();

@@ -125,7 +125,7 @@ private:
   std::vector<std::size_t> lifted_;  ///< entries lifted out on the chart
   QString firstfile_;                ///< to be opened once the pressure window is left
   bool loaded_ = false;
-  bool begun_ = false;   ///< whether that window has been left
+  bool begun_ = false;  ///< whether that window has been left
 };
 
 }  // namespace moistair

@@ -1,27 +1,19 @@
-// What each button and menu entry of the main window runs.
-#include <QDateTime>
+// What each button and menu entry of the main window runs, and the windows they open.
 #include <QDesktopServices>
-#include <QMenu>
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
-#include <algorithm>
 
-#include "document/again.h"
-#include "document/documentfile.h"
 #include "paint/exports.h"
-#include "session/earliersessions.h"
 #include "session/outputfile.h"
 #include "session/pointmark.h"
 #include "session/pointreport.h"
 #include "session/pressureunits.h"
 #include "shell/chartexport.h"
-#include "shell/filewriting.h"
 #include "shell/mainwindow.h"
 #include "shell/startup.h"
 #include "toolkit/filename.h"
 #include "toolkit/messages.h"
-#include "windows/logwindow.h"
 #include "windows/mixingwindow.h"
 #include "windows/pressurewindow.h"
 #include "windows/reportwindow.h"
@@ -30,27 +22,7 @@ namespace moistair {
 
 namespace {
 
-constexpr const char* appendfailed = "The data could not be saved: the log file cannot be written.";
 constexpr const char* holdsthelog = "This file holds the saved data of this session. The chart was not saved.";
-constexpr const char* sessiongone = "The data of this session cannot be shown: its file cannot be read.";
-constexpr const char* viewfailed = "The saved data cannot be shown: the log file cannot be read.";
-
-/// When something was last saved in a session, by the clock on the wall.
-QString timeof(const EarlierSession& session) {
-  return QDateTime::fromSecsSinceEpoch(session.lastsaved).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
-}
-
-/// What could not be put on a chart again, as many as a message has room for.
-QString leftouttext(const std::vector<LeftOut>& leftout) {
-  constexpr std::size_t most = 15;
-  QString text = QStringLiteral("Not on this chart:");
-  for (std::size_t i = 0; i < std::min(most, leftout.size()); ++i) {
-    text += QLatin1Char('\n') + QString::fromStdString(captionof(leftout[i].entry)) + QStringLiteral(": ") +
-            QString::fromStdString(leftout[i].reason);
-  }
-  if (leftout.size() > most) text += QStringLiteral("\nand %1 more").arg(leftout.size() - most);
-  return text;
-}
 
 /// Takes a window away. It is destroyed once its own event is over.
 template <class Window>
@@ -211,112 +183,6 @@ void MainWindow::clearchart() {
   focusgraph();
 }
 
-void MainWindow::undo() {
-  step([this] { chart_.undo(windowsize()); });
-}
-
-void MainWindow::redo() {
-  step([this] { chart_.redo(windowsize()); });
-}
-
-/// The lines and points of the chart before, worked out anew for the one that stands. What does not come through is
-/// told, with its reason.
-void MainWindow::again() {
-  const auto limits = standinglimits(chart_.document());
-  if (!limits) return;
-  const Setting setting{*limits, {values_.pressureentry, lifecycle_.atmpressure()}};
-  strip_->waitcue(true);
-  Again found = moistair::again(chart_.history().chartbefore(), setting, windowsize());
-  strip_->waitcue(false);
-  if (!found.entries.empty()) {
-    step([&] { chart_.change(additions(chart_.document(), std::move(found.entries), againname), windowsize()); });
-  }
-  if (!found.leftout.empty()) message(this, leftouttext(found.leftout));
-  focusgraph();
-}
-
-/// A step through what was done to the chart. It can bring another pressure in force, which the live row then shows.
-void MainWindow::step(const std::function<void()>& change) {
-  const std::string pressure = values_.pressure.text();
-  change();
-  if (values_.pressure.text() != pressure) previewpoint();
-  focusgraph();
-}
-
-/// Another document in place of what stands: its chart's limits go into the lists, its pressure comes in force.
-void MainWindow::showdocument(Document document, bool fresh) {
-  const Entry* chart = lastchart(document);
-  if (chart != nullptr) values_.charttype = std::get<DrawnChart>(chart->content).type;
-  const auto limits = standinglimits(document);
-  if (limits) {
-    strip_->setlimits(*limits);
-  } else if (chart != nullptr) {
-    strip_->setlimits(chart->setting.limits);
-  }
-  if (fresh) {
-    strip_->emptyinputs();
-    strip_->emptyreadouts(true);
-  }
-  step([&] { chart_.open(std::move(document), windowsize()); });
-}
-
-/// The table stands beside the chart where the window is wide enough for both, and else over the part of the chart
-/// where no air is.
-void MainWindow::placepanel(bool shown) {
-  if (!shown) {
-    lift({});
-    return;
-  }
-  constexpr QSize overchart(480, 260);
-  const bool room = width() >= centralWidget()->minimumWidth() + overchart.width();
-  panel_->setFloating(!room);
-  if (room) {
-    resizeDocks({panel_}, {width() - centralWidget()->minimumWidth()}, Qt::Horizontal);
-  } else {
-    constexpr QPoint margin(90, 40);
-    panel_->setGeometry(QRect(graph_->mapToGlobal(QPoint(0, 0)) + margin, overchart));
-  }
-  panel_->show(chart_.document());
-}
-
-/// Lifts entries of the document out on the chart; a chart itself would be all of it.
-void MainWindow::lift(const std::vector<std::size_t>& entries) {
-  lifted_ = entries;
-  RecordingCanvas canvas;
-  for (const std::size_t place : entries) {
-    const Entry& entry = chart_.document().entries[place];
-    const bool part =
-        !std::holds_alternative<DrawnChart>(entry.content) && !std::holds_alternative<HeaderLine>(entry.content);
-    if (part) draw(entry, canvas, windowsize());
-  }
-  graph_->lift(canvas.drawing());
-}
-
-void MainWindow::writecsv(const std::string& table) {
-  SaveDialog dialog;
-  const QString title = tr("Write as CSV");
-  const auto chosen = dialog.ask(this, {title, {tr("CSV file (*.csv)"), tr("All files (*)")}});
-  if (!chosen) return;
-  const auto path = completename(this, title, *chosen, {QStringLiteral(".csv")});
-  if (!path) return;
-  const auto reason = writebytes(*path, table);
-  if (reason) message(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
-}
-
-/// Says in the menu what could be undone and done again.
-void MainWindow::showhistory() {
-  const auto show = [](QAction& action, const QString& word, const std::string& name) {
-    action.setEnabled(!name.empty());
-    action.setText(name.empty() ? word
-                                : word + QLatin1Char(' ') +
-                                      QString::fromStdString(name).replace(QLatin1Char('&'), QStringLiteral("&&")));
-  };
-  show(*undoaction_, tr("&Undo"), chart_.history().undoname());
-  show(*redoaction_, tr("&Redo"), chart_.history().redoname());
-  againaction_->setEnabled(standinglimits(chart_.document()) && !chart_.history().chartbefore().empty() &&
-                           chart_.history().undoname() != againname);
-}
-
 /// Asks for a path; none, and the answer to it, if the user cancels.
 std::optional<QString> MainWindow::asksavepath(const SaveRequest& request) {
   auto path = savedialog_.ask(this, request);
@@ -341,59 +207,6 @@ void MainWindow::savechart() {
     }
   }
   focusgraph();
-}
-
-void MainWindow::viewlog() {
-  const auto text = log_.read();
-  if (!text) {
-    message(this, QString::fromUtf8(viewfailed));
-    focusgraph();
-    return;
-  }
-  auto* window = new LogWindow(this, QString::fromStdString(*text));
-  connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
-  opendialog(window);
-}
-
-/// The menu holds what is there when it opens: other copies of the program add to it.
-void MainWindow::listsessions() {
-  earlier_->clear();
-  for (const EarlierSession& session : earliersessions(log_.sessions())) {
-    earlier_->addAction(timeof(session), this, [this, session] { viewsession(session); });
-  }
-  for (const EarlierSession& work : earliersessions(log_.sessions(), documentending)) {
-    earlier_->addAction(timeof(work) + tr(", unsaved chart"), this, [this, work] { files_->openkept(work.file); });
-  }
-  earlier_->setEnabled(!earlier_->isEmpty());
-}
-
-void MainWindow::viewsession(const EarlierSession& session) {
-  const auto text = readlog(session.file);
-  if (!text) {
-    message(this, QString::fromUtf8(sessiongone));
-    focusgraph();
-    return;
-  }
-  auto* window = new LogWindow(this, QString::fromStdString(*text));
-  window->setWindowTitle(QStringLiteral("Saved data of ") + timeof(session));
-  connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
-  opendialog(window);
-}
-
-void MainWindow::savelog() {
-  if (const auto path = asksavepath({QStringLiteral("Save Pont data in File"),
-                                     {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
-    if (const auto name = nativename(*path)) log_.copyto(*name);
-  }
-  focusgraph();
-}
-
-void MainWindow::appendtolog(const std::vector<std::string>& lines) {
-  if (log_.append(lines)) {
-    strip_->savelogbutton->setEnabled(true);
-  } else {
-    message(dialog_, QString::fromUtf8(appendfailed));
-  }
 }
 
 void MainWindow::openmixing() {
@@ -438,11 +251,6 @@ void MainWindow::showhelp() {
   const QString path = helppath();
   if (!path.isEmpty()) QDesktopServices::openUrl(QUrl::fromLocalFile(path));
   focusgraph();
-}
-
-void MainWindow::endsession() {
-  files_->end();
-  log_.end();
 }
 
 void MainWindow::quitprogram() {

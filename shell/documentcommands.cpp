@@ -1,0 +1,134 @@
+// Commands of the main window about the document: its steps, its table, the chart before.
+#include <algorithm>
+
+#include "document/again.h"
+#include "shell/filewriting.h"
+#include "shell/mainwindow.h"
+#include "toolkit/filename.h"
+#include "toolkit/messages.h"
+
+namespace moistair {
+
+namespace {
+
+/// What could not be put on a chart again, as many as a message has room for.
+QString leftouttext(const std::vector<LeftOut>& leftout) {
+  constexpr std::size_t most = 15;
+  QString text = QStringLiteral("Not on this chart:");
+  for (std::size_t i = 0; i < std::min(most, leftout.size()); ++i) {
+    text += QLatin1Char('\n') + QString::fromStdString(captionof(leftout[i].entry)) + QStringLiteral(": ") +
+            QString::fromStdString(leftout[i].reason);
+  }
+  if (leftout.size() > most) text += QStringLiteral("\nand %1 more").arg(leftout.size() - most);
+  return text;
+}
+
+}  // namespace
+
+void MainWindow::undo() {
+  step([this] { chart_.undo(windowsize()); });
+}
+
+void MainWindow::redo() {
+  step([this] { chart_.redo(windowsize()); });
+}
+
+/// The lines and points of the chart before, worked out anew for the one that stands. What does not come through is
+/// told, with its reason.
+void MainWindow::again() {
+  const auto limits = standinglimits(chart_.document());
+  if (!limits) return;
+  const Setting setting{*limits, {values_.pressureentry, lifecycle_.atmpressure()}};
+  strip_->waitcue(true);
+  Again found = moistair::again(chart_.history().chartbefore(), setting, windowsize());
+  strip_->waitcue(false);
+  if (!found.entries.empty()) {
+    step([&] { chart_.change(additions(chart_.document(), std::move(found.entries), againname), windowsize()); });
+  }
+  if (!found.leftout.empty()) message(this, leftouttext(found.leftout));
+  focusgraph();
+}
+
+/// A step through what was done to the chart. It can bring another pressure in force, which the live row then shows.
+void MainWindow::step(const std::function<void()>& change) {
+  const std::string pressure = values_.pressure.text();
+  change();
+  if (values_.pressure.text() != pressure) previewpoint();
+  focusgraph();
+}
+
+/// Another document in place of what stands: its chart's limits go into the lists, its pressure comes in force.
+void MainWindow::showdocument(Document document, bool fresh) {
+  const Entry* chart = lastchart(document);
+  if (chart != nullptr) values_.charttype = std::get<DrawnChart>(chart->content).type;
+  const auto limits = standinglimits(document);
+  if (limits) {
+    strip_->setlimits(*limits);
+  } else if (chart != nullptr) {
+    strip_->setlimits(chart->setting.limits);
+  }
+  if (fresh) {
+    strip_->emptyinputs();
+    strip_->emptyreadouts(true);
+  }
+  step([&] { chart_.open(std::move(document), windowsize()); });
+}
+
+/// The table stands beside the chart where the window is wide enough for both, and else over the part of the chart
+/// where no air is.
+void MainWindow::placepanel(bool shown) {
+  if (!shown) {
+    lift({});
+    return;
+  }
+  constexpr QSize overchart(480, 260);
+  const bool room = width() >= centralWidget()->minimumWidth() + overchart.width();
+  panel_->setFloating(!room);
+  if (room) {
+    resizeDocks({panel_}, {width() - centralWidget()->minimumWidth()}, Qt::Horizontal);
+  } else {
+    constexpr QPoint margin(90, 40);
+    panel_->setGeometry(QRect(graph_->mapToGlobal(QPoint(0, 0)) + margin, overchart));
+  }
+  panel_->show(chart_.document());
+}
+
+/// Lifts entries of the document out on the chart; a chart itself would be all of it.
+void MainWindow::lift(const std::vector<std::size_t>& entries) {
+  lifted_ = entries;
+  RecordingCanvas canvas;
+  for (const std::size_t place : entries) {
+    const Entry& entry = chart_.document().entries[place];
+    const bool part =
+        !std::holds_alternative<DrawnChart>(entry.content) && !std::holds_alternative<HeaderLine>(entry.content);
+    if (part) draw(entry, canvas, windowsize());
+  }
+  graph_->lift(canvas.drawing());
+}
+
+void MainWindow::writecsv(const std::string& table) {
+  SaveDialog dialog;
+  const QString title = tr("Write as CSV");
+  const auto chosen = dialog.ask(this, {title, {tr("CSV file (*.csv)"), tr("All files (*)")}});
+  if (!chosen) return;
+  const auto path = completename(this, title, *chosen, {QStringLiteral(".csv")});
+  if (!path) return;
+  const auto reason = writebytes(*path, table);
+  if (reason) message(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
+}
+
+/// Says in the menu what could be undone and done again.
+void MainWindow::showhistory() {
+  const auto show = [](QAction& action, const QString& word, const std::string& name) {
+    action.setEnabled(!name.empty());
+    action.setText(name.empty() ? word
+                                : word + QLatin1Char(' ') +
+                                      QString::fromStdString(name).replace(QLatin1Char('&'), QStringLiteral("&&")));
+  };
+  show(*undoaction_, tr("&Undo"), chart_.history().undoname());
+  show(*redoaction_, tr("&Redo"), chart_.history().redoname());
+  againaction_->setEnabled(standinglimits(chart_.document()) && !chart_.history().chartbefore().empty() &&
+                           chart_.history().undoname() != againname);
+}
+
+}  // namespace moistair

@@ -1,0 +1,85 @@
+// Commands of the main window about the log, of this session and of earlier ones.
+#include <QDateTime>
+#include <QMenu>
+
+#include "document/documentfile.h"
+#include "session/earliersessions.h"
+#include "shell/mainwindow.h"
+#include "toolkit/filename.h"
+#include "toolkit/messages.h"
+#include "windows/logwindow.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr const char* appendfailed = "The data could not be saved: the log file cannot be written.";
+constexpr const char* sessiongone = "The data of this session cannot be shown: its file cannot be read.";
+constexpr const char* viewfailed = "The saved data cannot be shown: the log file cannot be read.";
+
+/// When something was last saved in a session, by the clock on the wall.
+QString timeof(const EarlierSession& session) {
+  return QDateTime::fromSecsSinceEpoch(session.lastsaved).toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+}
+
+}  // namespace
+
+void MainWindow::viewlog() {
+  const auto text = log_.read();
+  if (!text) {
+    message(this, QString::fromUtf8(viewfailed));
+    focusgraph();
+    return;
+  }
+  auto* window = new LogWindow(this, QString::fromStdString(*text));
+  connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
+  opendialog(window);
+}
+
+/// The menu holds what is there when it opens: other copies of the program add to it.
+void MainWindow::listsessions() {
+  earlier_->clear();
+  for (const EarlierSession& session : earliersessions(log_.sessions())) {
+    earlier_->addAction(timeof(session), this, [this, session] { viewsession(session); });
+  }
+  for (const EarlierSession& work : earliersessions(log_.sessions(), documentending)) {
+    earlier_->addAction(timeof(work) + tr(", unsaved chart"), this, [this, work] { files_->openkept(work.file); });
+  }
+  earlier_->setEnabled(!earlier_->isEmpty());
+}
+
+void MainWindow::viewsession(const EarlierSession& session) {
+  const auto text = readlog(session.file);
+  if (!text) {
+    message(this, QString::fromUtf8(sessiongone));
+    focusgraph();
+    return;
+  }
+  auto* window = new LogWindow(this, QString::fromStdString(*text));
+  window->setWindowTitle(QStringLiteral("Saved data of ") + timeof(session));
+  connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
+  opendialog(window);
+}
+
+void MainWindow::savelog() {
+  if (const auto path = asksavepath({QStringLiteral("Save Pont data in File"),
+                                     {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
+    if (const auto name = nativename(*path)) log_.copyto(*name);
+  }
+  focusgraph();
+}
+
+void MainWindow::appendtolog(const std::vector<std::string>& lines) {
+  if (log_.append(lines)) {
+    strip_->savelogbutton->setEnabled(true);
+  } else {
+    message(dialog_, QString::fromUtf8(appendfailed));
+  }
+}
+
+void MainWindow::endsession() {
+  files_->end();
+  log_.end();
+}
+
+}  // namespace moistair

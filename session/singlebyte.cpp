@@ -8,7 +8,7 @@ namespace {
 
 unsigned byteat(std::string_view text, std::size_t at) { return static_cast<unsigned char>(text[at]); }
 
-bool prints(unsigned character) { return (character >= 0x20 && character < 0x7F) || character >= 0xA0; }
+bool iscontrol(unsigned character) { return character < 0x20 || (character >= 0x7F && character < 0xA0); }
 
 }  // namespace
 
@@ -19,10 +19,10 @@ std::string tosinglebyte(std::string_view utf8) {
   for (std::size_t at = 0; at < utf8.size(); at += length) {
     length = firstpiece(utf8.substr(at)).length;
     const unsigned lead = byteat(utf8, at);
-    unsigned character = 0;
+    unsigned character = '?';
     if (length == 1 && lead < 0x80) character = lead;
     if (length == 2 && lead <= 0xC3) character = ((lead & 0x1FU) << 6U) | (byteat(utf8, at + 1) & 0x3FU);
-    bytes += prints(character) ? static_cast<char>(character) : '?';
+    bytes += iscontrol(character) ? ' ' : static_cast<char>(character);
   }
   return bytes;
 }

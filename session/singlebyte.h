@@ -10,8 +10,8 @@
 
 namespace moistair {
 
-/// One byte for each character: Latin-1's printing characters as they are, a "?" for every other character, for every
-/// control character, line breaks included, and for every byte that is no UTF-8.
+/// One byte for each character: Latin-1's printing characters as they are, a blank for every control character, line
+/// breaks included, as on the chart, and a "?" for every other character and every byte that is no UTF-8.
 std::string tosinglebyte(std::string_view utf8);
 
 /// UTF-8 of a text of one byte a character.

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 
@@ -56,6 +57,19 @@ namespace {
 using namespace moistair::faults;
 
 extern "C" {
+
+int open(const char* name, int flags, ...) {
+  std::va_list further;
+  va_start(further, flags);
+  const bool makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+  const unsigned mode = makes ? va_arg(further, unsigned) : 0;
+  va_end(further);
+  if ((flags & O_TMPFILE) == O_TMPFILE && std::getenv("NOTMPFILE") != nullptr) {
+    errno = EOPNOTSUPP;
+    return -1;
+  }
+  return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, name, flags, mode));
+}
 
 ssize_t write(int file, const void* bytes, size_t size) {
   const int before = isplain(file) ? left("write") : 1;

@@ -1,7 +1,7 @@
 // Failures of the disk on demand: what calls of the system on plain files do from the n-th of a kind on.
 //
 // Linked into a test program it is told by `failfrom`; loaded in front of another program (LD_PRELOAD) it is told by
-// the variable FAULT, such as "write 3".
+// the variable FAULT, such as "write 3". With NOTMPFILE no disk can make a file without a name.
 #pragma once
 
 #include <string>

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace moistair {
 
@@ -64,6 +65,14 @@ void RecordingCanvas::DropPicture() {
   const auto first = drawing_.operations.begin();
   drawing_.operations.erase(first, first + static_cast<std::ptrdiff_t>(drawing_.background));
   drawing_.background = 0;
+  tell();
+}
+
+/// Whoever paints what is new finds first that all is gone, even if the new drawing has as many operations.
+void RecordingCanvas::show(Drawing drawing) {
+  drawing_ = {};
+  tell();
+  drawing_ = std::move(drawing);
   tell();
 }
 

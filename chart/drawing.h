@@ -66,6 +66,9 @@ public:
   void KeepPicture() override;
   void DropPicture() override;
 
+  /// Another drawing in place of this one, told as one change.
+  void show(Drawing drawing);
+
 private:
   void tell() const;
 

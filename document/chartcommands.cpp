@@ -84,7 +84,7 @@ void ChartCommands::keeppicture() {
   tell();
 }
 
-void ChartCommands::layout(WindowSize window) { draw(document(), canvas_, window); }
+void ChartCommands::layout(WindowSize window) { canvas_.show(drawingof(document(), window)); }
 
 void ChartCommands::undo(WindowSize window) {
   const Pressure earlier = document().pressure;

@@ -23,7 +23,7 @@ public:
   std::function<void()> changed;  ///< after everything that changes the document or what could be undone
 
   /// @param lifecycle works on the same canvas and the same values
-  ChartCommands(ChartCanvas& canvas, SessionValues& values, ChartLifecycle& lifecycle)
+  ChartCommands(RecordingCanvas& canvas, SessionValues& values, ChartLifecycle& lifecycle)
       : canvas_(canvas), values_(values), lifecycle_(lifecycle) {}
 
   const Document& document() const { return history_.document(); }
@@ -54,7 +54,7 @@ public:
   /// "Save chart": all that is drawn becomes the background picture.
   void keeppicture();
 
-  /// Draws all of the document anew, for a window of another size.
+  /// Draws all of the document anew, for a window of another size; the canvas hears of it once it is whole.
   void layout(WindowSize window);
 
   void undo(WindowSize window);
@@ -76,7 +76,7 @@ private:
   void bringback(const Pressure& earlier, WindowSize window);
   void tell() const;
 
-  ChartCanvas& canvas_;
+  RecordingCanvas& canvas_;
   SessionValues& values_;
   ChartLifecycle& lifecycle_;
   History history_;

@@ -113,6 +113,11 @@ void MainWindow::writecsv(const std::string& table) {
   if (!chosen) return;
   const auto path = completename(this, title, *chosen, {QStringLiteral(".csv")});
   if (!path) return;
+  const auto name = nativename(*path);
+  if (name && log_.isat(*name)) {
+    message(this, tr("This file holds the saved data of this session. The table was not written."));
+    return;
+  }
   const auto reason = writebytes(*path, table);
   if (reason) message(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
 }

@@ -279,12 +279,12 @@ class Program:
         self._items = {}
         self.process = None
 
-    def launch(self):
+    def launch(self, *arguments):
         """Starts it and returns as soon as it is on the accessibility bus."""
         variables = dict(os.environ, QT_SCALE_FACTOR=f"{self.scale:g}", HOME=self.home,
                          XDG_STATE_HOME=self.state, PATH=self.binaries + ":" + os.environ["PATH"])
         with open(self.errors, "a") as errors:
-            self.process = desktop.start(self._executable, cwd=self.home, env=variables, stderr=errors)
+            self.process = desktop.start(self._executable, *arguments, cwd=self.home, env=variables, stderr=errors)
         self._root = wait(self._find, "the program on the accessibility bus")
         return self
 

@@ -1,4 +1,4 @@
-"""What people do with the program, from start to end: ten journeys through real windows.
+"""What people do with the program, from start to end: twelve journeys through real windows.
 
 They look at what only a real window has: that windows come and go, take the keys or do not, and show what was drawn.
 Digits, texts and the order of messages are tested without a window.
@@ -6,12 +6,13 @@ Digits, texts and the order of messages are tested without a window.
 
 import os
 import re
+import signal
 import struct
 import subprocess
 
 from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, otherscreen, wait
-from session import (BLACK, BLUE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE, RED,
-                     REPORT, WHITE, logtext)
+from session import (BLACK, BLUE, BOXTITLE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE,
+                     RED, REPORT, WHITE, logtext)
 
 DRAWFIRST = "First draw axis as per latest chart limits"
 SMALLSCREEN = ("You must set screen size to 1024x768 or higher if your monitor size is less than 15 inch. Do you want to "
@@ -318,10 +319,11 @@ def ends(session):
         session.opened("Draw chart", CHARTTYPE)
         main.click("Exit")
 
-    for leave in (lambda main: main.click("Exit"), lambda main: session.menu("Exit", "x"),
-                  lambda main: main.closebymanager(), besidecharttype):
+    for leave, code in ((lambda main: main.click("Exit"), 0), (lambda main: session.menu("Exit", "x"), 0),
+                        (lambda main: main.closebymanager(), 0), (besidecharttype, 0),
+                        (lambda main: session.process.terminate(), -signal.SIGTERM)):
         leave(session.begin())
-        equal(session.waitended(), 0, "exit code")
+        equal(session.waitended(), code, "exit code")
         expect(not os.path.exists(session.log), "the log is still there after the end")
     session.begin()
     session.kill()
@@ -342,6 +344,54 @@ def ends(session):
         wanted = os.path.basename(path).replace(" ", "%20").encode()
         wait(lambda: os.path.exists(opened) and wanted in read(opened).replace(b" ", b"%20"), f"{path} to be opened")
         session.backonchart()
+
+
+def document(session):
+    """What stands follows the window, is taken back and done again, survives a kill, and is opened from its file."""
+    main = session.begin()
+    session.draw()
+    main.typein("Rel Hum, %", "35")
+    main.click("Rel. Humidity line")
+    main.typein("Point", "A")
+    session.enter("75", "62.5")
+    session.opened("Locate point", REPORT).click("Locate point on the chart")
+    session.backonchart()
+    session.waitspot(75, 0.0092932, RED)
+    before = main.rect()
+    subprocess.run(["wmctrl", "-F", "-r", MAIN, "-b", "remove,maximized_vert,maximized_horz"], check=True)
+    wait(lambda: main.rect().width < before.width, "the restored window")
+    session.waitspot(75, 0.0092932, RED)
+
+    table = "Points and lines"
+    key("ctrl+l")
+    wait(lambda: table in session.titles(), "the table over the chart")
+    key("ctrl+l")
+    wait(lambda: table not in session.titles(), "the table to go")
+    key("ctrl+z", "ctrl+z", "ctrl+z")
+    wait(lambda: session.colours()[GREEN] + session.colours()[RED] == 0, "point, line and chart to be taken back")
+    key("ctrl+shift+z", "ctrl+shift+z", "ctrl+shift+z")
+    session.waitspot(75, 0.0092932, RED)
+    session.expecttexts("A", "Rh= 35")
+
+    unsaved = session.log.replace("temp.txt", "temp.moistair")
+    wait(lambda: os.path.exists(unsaved), "the unsaved work to be kept")
+    session.process.kill()
+    session.waitended()
+    session.launch()
+    session.escape(session.window(PRESSURE))
+    session.window(BOXTITLE, Role.ALERT)
+    key("alt+y")
+    session.waitspot(75, 0.0092932, RED)
+    saved = os.path.join(session.home, "room.moistair")
+    key("ctrl+s")
+    session.choosefile("Save as", saved)
+    session.backonchart()
+    session.process.terminate()
+    session.waitended()
+    session.launch(saved)
+    session.escape(session.window(PRESSURE))
+    session.waitspot(75, 0.0092932, RED)
+    session.expecttexts("A", "Rh= 35")
 
 
 def savefile(session, button, title, path):
@@ -372,4 +422,4 @@ def read(path):
         return file.read()
 
 
-ALL = [pressure, point, chart, charttypebeside, mixing, dialogs, picture, exports, smallscreen, scaledscreen, ends]
+ALL = [pressure, point, chart, charttypebeside, mixing, dialogs, picture, exports, document, smallscreen, scaledscreen, ends]

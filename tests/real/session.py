@@ -43,9 +43,9 @@ class Session(Program):
         wait(self._main.active, "the input in the main window")
         return self._main
 
-    def launch(self):
+    def launch(self, *arguments):
         self._main = None
-        return super().launch()
+        return super().launch(*arguments)
 
     def opened(self, button, title):
         """Presses a button of the main window and returns the window that it opens."""

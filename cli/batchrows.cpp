@@ -8,6 +8,7 @@
 #include "cli/properties.h"
 #include "engine/value.h"
 #include "session/numberformat.h"
+#include "session/refusalwords.h"
 #include "session/tablefield.h"
 
 namespace moistair {
@@ -98,7 +99,7 @@ RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
     const std::string_view cell = cells.at(plan.columns.kinds[i]);
     if (cell.empty()) continue;
     const double value = strictnumber(cell);
-    if (!hasvalue(value)) return std::string(kindnames[i]) + " is no number";
+    if (!hasvalue(value)) return kindnames[i] + std::string(isnonumber);
     given[count++] = {static_cast<PropertyKind>(i), value};
   }
   if (count != 2) {

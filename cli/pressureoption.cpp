@@ -5,6 +5,7 @@
 #include "cli/fault.h"
 #include "engine/numbertext.h"
 #include "engine/value.h"
+#include "session/refusalwords.h"
 
 namespace moistair {
 
@@ -16,9 +17,9 @@ std::string rangeof(const PressureName& name) { return rowof(name.unit).rangehin
 
 PressureOrReason pressureof(const PressureName& name, std::string_view text) {
   const double number = strictnumber(text);
-  if (!hasvalue(number)) return std::string(name.name) + " is no number";
+  if (!hasvalue(number)) return name.name + std::string(isnonumber);
   const std::optional<double> inhg = pressureof(name.unit, number);
-  if (!inhg) return std::string(name.name) + " is outside its range " + rangeof(name);
+  if (!inhg) return std::string(name.name) + " is " + outsiderange(rowof(name.unit).rangehint);
   return *inhg;
 }
 

@@ -5,24 +5,9 @@
 #include "cli/fault.h"
 #include "engine/value.h"
 #include "session/pointreport.h"
+#include "session/refusalwords.h"
 
 namespace moistair {
-
-namespace {
-
-std::string rangetext(const Limits& limits) {
-  return "above " + numbertext(limits.above) + " and up to " + numbertext(limits.upto);
-}
-
-/// What a state that was found has that no state may have.
-std::string boundtext(const Resolution& resolution) {
-  const bool above = resolution.point.at(resolution.kind) > resolution.limits.upto;
-  const std::string name = nameof(resolution.kind);
-  return name + (above ? " would be above " + numbertext(resolution.limits.upto)
-                       : " would not be above " + numbertext(resolution.limits.above));
-}
-
-}  // namespace
 
 const char* captionof(const StateColumn& column) {
   const auto same = [&](const ReportRow& row) { return row.value == column.value; };
@@ -67,7 +52,7 @@ std::vector<Assignment> assignmentsof(std::string_view argument) {
 
 double numberof(std::string_view text, std::string_view what) {
   const double number = strictnumber(text);
-  if (!hasvalue(number)) throw badusage(std::string(what) + ": \"" + std::string(text) + "\" is no number");
+  if (!hasvalue(number)) throw badusage(std::string(what) + ": \"" + std::string(text) + "\"" + isnonumber);
   return number;
 }
 
@@ -94,17 +79,6 @@ Resolution resolve(const GivenPair& pair, double atm, const RangeFinders& finder
   return resolvepair(pair.first, pair.second, atm, finders, fields);
 }
 
-std::string whynot(const Resolution& resolution) {
-  switch (resolution.reason) {
-    case Unresolved::samekind: return std::string(nameof(resolution.kind)) + " is given twice";
-    case Unresolved::humidityratiowithdewpoint: return "w and dp say the same thing and fix no state";
-    case Unresolved::givenvalue:
-      return std::string(nameof(resolution.kind)) + " must be " + rangetext(resolution.limits);
-    case Unresolved::search: return "no such state: the search found none";
-    case Unresolved::state: return "no such state: " + boundtext(resolution);
-    default: break;
-  }
-  return "no such state";
-}
+std::string whynot(const Resolution& resolution) { return whynot(resolution, toolwording); }
 
 }  // namespace moistair

@@ -51,6 +51,11 @@ void ChartCommands::changepressure(const PressureEntry& entry, WindowSize window
   record(repressuring(document(), {entry, lifecycle_.atmpressure()}));
 }
 
+void ChartCommands::takeheaderpressure() {
+  values_.pressure.settext(textinforce(document().pressure));
+  tell();
+}
+
 std::optional<Refusal> ChartCommands::drawline(LineKind kind, const LimitTexts& texts, std::string_view value,
                                                WindowSize window) {
   const auto refusal = lifecycle_.drawline(kind, texts, value, window);

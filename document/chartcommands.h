@@ -39,6 +39,9 @@ public:
   /// A new pressure, which is in force already: the canvas is cleared for its header line.
   void changepressure(const PressureEntry& entry, WindowSize window);
 
+  /// Puts the pressure that the header states in force again, where it is not.
+  void takeheaderpressure();
+
   std::optional<Refusal> drawline(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window);
 
   /// Marks the point of a report; false, and nothing drawn, outside the limits of the lists.

@@ -13,37 +13,8 @@ namespace moistair {
 
 namespace {
 
-/// A property in a sentence: its name and the decimals that it is told with.
-struct PropertyWords {
-  const char* name;
-  int decimals;
-};
-
-constexpr std::array<PropertyWords, kindcount> properties = {{
-    {"dry bulb", 2},
-    {"wet bulb", 2},
-    {"relative humidity", 2},
-    {"humidity ratio", 5},
-    {"enthalpy", 2},
-    {"dew point", 2},
-    {"volume", 3},
-}};
-
-struct ReasonWords {
-  NoAnswer reason;
-  const char* words;
-};
-
-/// A reason that ends with a blank is one of a bound: the property stands before it and the bound behind.
-constexpr std::array<ReasonWords, 7> reasons = {{
-    {NoAnswer::nopair, "the two properties fix no state"},
-    {NoAnswer::pressure, "no air at this pressure"},
-    {NoAnswer::belowbound, " would not be above "},
-    {NoAnswer::abovebound, " would be above "},
-    {NoAnswer::saturation, "above saturation"},
-    {NoAnswer::dewpointgap, "no air has a dew point from 31.996 to 32.214"},
-    {NoAnswer::freezingstep, "in the step of the equations at freezing"},
-}};
+/// Decimals that a property is told with.
+constexpr std::array<int, kindcount> decimals = {2, 2, 2, 5, 2, 2, 3};
 
 constexpr const char* thisstatehas = "this state has ";
 constexpr const char* exactly = "exact: ";
@@ -52,11 +23,9 @@ constexpr const char* nonehasboth = "no state has both values: ";
 constexpr const char* nonefound = "no state found: ";
 constexpr const char* notfound = "no state found by the search; ";
 
-const PropertyWords& wordsof(PropertyKind kind) { return properties[static_cast<std::size_t>(kind)]; }
-
 /// "dew point 28.72"
 std::string told(PropertyKind kind, double value) {
-  return std::string(wordsof(kind).name) + ' ' + fixeddecimals(value, wordsof(kind).decimals);
+  return std::string(propertyname(kind)) + ' ' + fixeddecimals(value, decimals[static_cast<std::size_t>(kind)]);
 }
 
 std::string told(const std::vector<StatePoint>& states) {
@@ -75,7 +44,7 @@ std::string misses(std::array<Given, 2> pair, const StatePoint& found, double at
     const double off = residual(given, found, atm);
     if (!canbeseen(given.kind, off)) continue;
     if (!text.empty()) text += " and ";
-    text += hasvalue(off) ? told(given.kind, given.value + off) : std::string("no ") + wordsof(given.kind).name;
+    text += hasvalue(off) ? told(given.kind, given.value + off) : std::string("no ") + propertyname(given.kind);
     text += " for the " + numbertext(given.value) + " given";
   }
   return text;
@@ -84,25 +53,15 @@ std::string misses(std::array<Given, 2> pair, const StatePoint& found, double at
 /// Seven decimals, as shown. Saturated air can come out a hair above saturation by that, and is then taken a little
 /// drier.
 Bulbs bulbsof(const StatePoint& state, double atm) {
-  constexpr double decimals = 1e7;
-  Bulbs bulbs{std::round(state.db * decimals) / decimals, std::round(state.wb * decimals) / decimals};
+  constexpr double shown = 1e7;
+  Bulbs bulbs{std::round(state.db * shown) / shown, std::round(state.wb * shown) / shown};
   for (int step = 1; step <= 2 && brokenbound(stateat(bulbs.db, bulbs.wb, atm)); ++step) {
-    bulbs.wb = (std::round(state.wb * decimals) - step) / decimals;
+    bulbs.wb = (std::round(state.wb * shown) - step) / shown;
   }
   return bulbs;
 }
 
 }  // namespace
-
-const char* propertyname(PropertyKind kind) { return wordsof(kind).name; }
-
-std::string whynone(const Answers& answers) {
-  const auto row = std::find_if(reasons.begin(), reasons.end(),
-                                [&](const ReasonWords& reason) { return reason.reason == answers.reason; });
-  if (row == reasons.end()) return {};
-  const bool ofbound = answers.reason == NoAnswer::belowbound || answers.reason == NoAnswer::abovebound;
-  return ofbound ? propertyname(answers.kind) + (row->words + numbertext(answers.bound)) : row->words;
-}
 
 Remark remarkon(Given first, Given second, double atm, const Resolution& resolution) {
   const Answers found = answers(first, second, atm);

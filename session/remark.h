@@ -12,14 +12,9 @@
 #include "engine/answers.h"
 #include "engine/resolver.h"
 #include "session/locate.h"
+#include "session/refusalwords.h"
 
 namespace moistair {
-
-/// "dry bulb", "dew point": the property within a sentence.
-const char* propertyname(PropertyKind kind);
-
-/// Why no state has both values: "above saturation", "wet bulb would not be above 0". Empty if one has.
-std::string whynone(const Answers& answers);
 
 /// A dry bulb and a wet bulb to put into the two boxes [deg F], rounded to as many decimals as are shown and such that
 /// the pair resolves.

@@ -160,10 +160,15 @@ bool SessionLog::append(const std::vector<std::string>& lines) {
   struct stat before;
   if ((!existed && !claim()) || ::fstat(file_.number(), &before) != 0) return false;
   OutputFile file = OutputFile::through(file_.number());
-  if (file.write(block) && ::fsync(file_.number()) == 0) return true;
+  if (file.write(block) && ::fsync(file_.number()) == 0) {
+    records_ = existed ? records_ + 1 : 1;
+    return true;
+  }
   if (::ftruncate(file_.number(), before.st_size) == 0 && !existed) ::unlink(path_.c_str());
   return false;
 }
+
+std::size_t SessionLog::records() { return hold() ? records_ : 0; }
 
 std::optional<std::string> SessionLog::read() { return hold() ? readlog(path_) : std::nullopt; }
 

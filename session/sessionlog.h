@@ -37,6 +37,9 @@ public:
   /// @param lines UTF-8, without line ends
   bool append(const std::vector<std::string>& lines);
 
+  /// How many blocks the file holds: those appended since it was made.
+  std::size_t records();
+
   /// The whole file as UTF-8, every line with its line end; none if the file cannot be read.
   std::optional<std::string> read();
 
@@ -59,6 +62,7 @@ private:
   LogPlaces places_;
   std::filesystem::path path_;
   Descriptor file_;  ///< the file, locked, while there is one
+  std::size_t records_ = 0;
 };
 
 /// The bytes of a log; none if it is no plain file or cannot be read.

@@ -89,21 +89,23 @@ Drawing fittedto(const Document& document, QSize size) {
   return drawing;
 }
 
-void exportchart(QWidget* window, const Document& document, QSize size) {
+std::optional<QString> exportchart(QWidget* window, const Document& document, QSize size) {
   SaveDialog dialog;
   SaveRequest request{QStringLiteral("Export chart"), {}};
   for (const FileFormat& format : fileformats) request.filters.append(QLatin1String(format.filter));
   auto path = dialog.ask(window, request);
-  if (!path) return;
+  if (!path) return path;
   const FileFormat* format = formatofname(path->toStdString());
   if (format == nullptr) {
     format = &formatoffilter(dialog.lastfilter());
     path = completename(window, request.title, *path, {QLatin1String(format->ending)});
-    if (!path) return;
+    if (!path) return path;
   }
   if (const auto reason = write(fittedto(document, size), size, *format, *path)) {
     message(window, QStringLiteral("The chart could not be written to ") + *path + QStringLiteral("\n") + *reason);
+    return std::nullopt;
   }
+  return path;
 }
 
 QPageLayout firstpage() {

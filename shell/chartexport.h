@@ -8,6 +8,7 @@
 #include <QPageLayout>
 #include <QSize>
 #include <QWidget>
+#include <optional>
 
 #include "document/document.h"
 
@@ -19,9 +20,10 @@ namespace moistair {
 Drawing fittedto(const Document& document, QSize size);
 
 /// Asks for a path and writes the chart in the format of the path's ending or, where it has none of these, of the
-/// filter chosen, whose ending is then added. Tells the user of a file that could not be written, and why.
+/// filter chosen, whose ending is then added. Tells the user of a file that could not be written, and why. Returns the
+/// path of one that was.
 /// @param size of the picture [logical pixels]
-void exportchart(QWidget* window, const Document& document, QSize size);
+std::optional<QString> exportchart(QWidget* window, const Document& document, QSize size);
 
 /// The page of the next printing; landscape at first.
 QPageLayout firstpage();

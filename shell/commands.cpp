@@ -5,11 +5,11 @@
 #include <QWindow>
 
 #include "paint/exports.h"
-#include "session/outputfile.h"
 #include "session/pointmark.h"
 #include "session/pointreport.h"
 #include "session/pressureunits.h"
 #include "shell/chartexport.h"
+#include "shell/filewriting.h"
 #include "shell/mainwindow.h"
 #include "shell/startup.h"
 #include "toolkit/filename.h"
@@ -85,9 +85,12 @@ void MainWindow::openpressure() {
     showMaximized();
   }
   auto* window = new PressureWindow(this);
-  values_.pressure.settext(defaultpressuretext);
-  connect(window, &PressureWindow::pressurewritten, this,
-          [this](const std::string& inhg) { values_.pressure.settext(inhg); });
+  const auto putinforce = [this](const std::string& inhg) {
+    values_.pressure.settext(inhg);
+    notes_->follow();
+  };
+  putinforce(defaultpressuretext);
+  connect(window, &PressureWindow::pressurewritten, this, putinforce);
   connect(window, &PressureWindow::pressureset, this, &MainWindow::changepressure);
   connect(window, &PressureWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
@@ -201,9 +204,13 @@ void MainWindow::savechart() {
     const auto name = nativename(*path);
     if (name && log_.isat(*name)) {
       message(this, QString::fromUtf8(holdsthelog));
-    } else if (name) {
+      status_->answerfile(tr("chart"), *path, tr("The file holds the saved data."));
+    } else {
       const QByteArray picture = bmpcontent(graph_->picture());
-      if (!picture.isEmpty()) writefile(*name, {picture.data(), static_cast<std::size_t>(picture.size())});
+      status_->answerfile(tr("chart"), *path,
+                          picture.isEmpty()
+                              ? tr("There is not enough memory for it.")
+                              : writebytes(*path, {picture.data(), static_cast<std::size_t>(picture.size())}));
     }
   }
   focusgraph();
@@ -230,7 +237,8 @@ void MainWindow::openmixing() {
 }
 
 void MainWindow::exportchart() {
-  moistair::exportchart(this, chart_.document(), centralWidget()->size());
+  const auto path = moistair::exportchart(this, chart_.document(), centralWidget()->size());
+  if (path) status_->answerfile(tr("chart"), *path);
   focusgraph();
 }
 

@@ -120,6 +120,7 @@ void MainWindow::writecsv(const std::string& table) {
   }
   const auto reason = writebytes(*path, table);
   if (reason) message(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
+  status_->answerfile(tr("table"), *path, reason);
 }
 
 /// Says in the menu what could be undone and done again.

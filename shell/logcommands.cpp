@@ -64,7 +64,10 @@ void MainWindow::viewsession(const EarlierSession& session) {
 void MainWindow::savelog() {
   if (const auto path = asksavepath({QStringLiteral("Save Pont data in File"),
                                      {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
-    if (const auto name = nativename(*path)) log_.copyto(*name);
+    const auto name = nativename(*path);
+    const bool copied = name && log_.copyto(*name);
+    status_->answerfile(tr("saved data"), *path,
+                        copied ? std::nullopt : std::optional(tr("The file cannot be written.")));
   }
   focusgraph();
 }
@@ -72,6 +75,8 @@ void MainWindow::savelog() {
 void MainWindow::appendtolog(const std::vector<std::string>& lines) {
   if (log_.append(lines)) {
     strip_->savelogbutton->setEnabled(true);
+    status_->answer(tr("record %1 saved").arg(log_.records()));
+    notes_->follow();
   } else {
     message(dialog_, QString::fromUtf8(appendfailed));
   }

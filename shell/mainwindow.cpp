@@ -4,13 +4,11 @@
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
-#include <QStatusBar>
 #include <QWindow>
 
 #include "chart/chartfinders.h"
 #include "session/pressureunits.h"
 #include "shell/startup.h"
-#include "toolkit/elidedlabel.h"
 #include "toolkit/messages.h"
 
 namespace moistair {
@@ -30,6 +28,8 @@ MainWindow::MainWindow(LogPlaces logplaces)
       chart_(graph_->canvas(), values_, lifecycle_),
       files_(new DocumentFiles(*this, chart_, log_,
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
+      status_(new StatusLine),
+      notes_(new StripNotes(*strip_, *status_, chart_, values_, log_)),
       panel_(new EntriesPanel(this)),
       finders_(chartrangefinders([this] {
         lifecycle_.readlimits(strip_->limittexts());
@@ -54,14 +54,12 @@ MainWindow::MainWindow(LogPlaces logplaces)
   connectstrip();
 }
 
-/// The document's name has its place at the bottom, since the caption of the window says what the program is.
+/// Here, since the caption of the window says what the program is.
 void MainWindow::makestatusbar() {
-  caption_ = new ElidedLabel;
-  caption_->setObjectName(QStringLiteral("document"));
-  caption_->setTextFormat(Qt::PlainText);
-  statusBar()->addWidget(caption_, 1);
-  statusBar()->setSizeGripEnabled(false);
-  connect(files_, &DocumentFiles::captionchanged, this, [this] { caption_->setText(files_->caption()); });
+  setStatusBar(status_);
+  connect(files_, &DocumentFiles::captionchanged, this, [this] { status_->showdocument(files_->caption()); });
+  connect(status_, &StatusLine::headerchosen, this, [this] { step([this] { chart_.takeheaderpressure(); }); });
+  connect(status_, &StatusLine::exactchosen, this, [this] { notes_->useexact(); });
   files_->follow();
 }
 
@@ -87,6 +85,7 @@ void MainWindow::makemenus() {
   chart_.changed = [this] {
     showhistory();
     files_->follow();
+    notes_->follow();
     if (!panel_->isHidden()) panel_->show(chart_.document());
   };
   showhistory();
@@ -209,9 +208,9 @@ WindowSize MainWindow::windowsize() const {
 void MainWindow::previewpoint() {
   strip_->emptyreadouts(true);
   const PairInput input = pairinput();
-  if (inputfault(input.kind1, input.kind2, input.value1, input.value2) != Unresolved::none) return;
-  const Resolution resolution = resolvepair(input.kind1, input.value1, input.kind2, input.value2,
-                                            lifecycle_.atmpressure(), finders_, values_.solverfields);
+  const double atm = lifecycle_.atmpressure();
+  const Resolution resolution = resolveinput(input, atm, finders_, values_.solverfields);
+  notes_->showpair(pairnotes(input, atm, resolution));
   telloutofsight(resolution);
   if (!resolution.resolved()) return;
   strip_->show(resolution.point);

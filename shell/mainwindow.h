@@ -17,6 +17,7 @@
 #include "session/sessionvalues.h"
 #include "shell/documentfiles.h"
 #include "shell/strip.h"
+#include "shell/stripnotes.h"
 #include "toolkit/graphview.h"
 #include "toolkit/savedialog.h"
 #include "windows/charttypewindow.h"
@@ -105,13 +106,14 @@ private:
 
   SessionValues values_;
   SessionLog log_;
-  QMenu* earlier_;   ///< menu of the earlier sessions
-  QLabel* caption_;  ///< in the status bar: the document's name
+  QMenu* earlier_;  ///< menu of the earlier sessions
   Strip* strip_;
   GraphView* graph_;
   ChartLifecycle lifecycle_;
   ChartCommands chart_;
   DocumentFiles* files_;
+  StatusLine* status_;
+  StripNotes* notes_;    ///< what is said in it and marked in the strip
   EntriesPanel* panel_;  ///< table beside the chart
   RangeFinders finders_;
   SaveDialog savedialog_;

@@ -1,0 +1,110 @@
+#include "session/pairnotes.h"
+
+#include <utility>
+
+#include "engine/numbertext.h"
+#include "engine/value.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr const char* wetbulbabove = "wet bulb above dry bulb";
+
+bool isnumber(std::string_view text) { return hasvalue(strictnumber(text)); }
+
+std::string readas(double number) { return "read as " + numbertext(number); }
+
+/// A text that is no number counts as 0, which a dew point may be and nothing else.
+void notetexts(PairNotes& notes, const PairInput& input) {
+  const std::array<std::optional<PropertyKind>, 2> kinds = {input.kind1, input.kind2};
+  const std::array<std::string_view, 2> values = {input.value1, input.value2};
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (!kinds[i]) notes.kinds[i] = {nopropertychosen, true};
+    if (values[i].empty() || isnumber(values[i])) continue;
+    const bool counts = kinds[i] == PropertyKind::dp;
+    const std::string name = kinds[i] ? propertyname(*kinds[i]) : "the value";
+    notes.values[i] = counts ? BoxNote{readas(0)} : BoxNote{name + isnonumber, true};
+    if (notes.remark.words.empty()) notes.remark.words = counts ? name + ": " + readas(0) : notes.values[i].words;
+  }
+}
+
+bool wetbulbabovedrybulb(const PairInput& input) {
+  using enum PropertyKind;
+  const double one = strictnumber(input.value1);
+  const double two = strictnumber(input.value2);
+  return (input.kind1 == db && input.kind2 == wb && two > one) || (input.kind1 == wb && input.kind2 == db && one > two);
+}
+
+/// The two kinds do not go together, or neither list has one.
+void notekinds(PairNotes& notes, const PairInput& input, Resolution resolution) {
+  if (input.kind1) resolution.kind = *input.kind1;
+  notes.remark.words = input.kind1 ? whynot(resolution, windowwording) : nopropertychosen;
+  notes.kinds.fill({notes.remark.words, true});
+}
+
+/// The box at fault where it is one of them alone, with the reason.
+void notevalue(PairNotes& notes, const PairInput& input, PropertyKind kind, const std::string& words) {
+  BoxNote& note = notes.values[input.kind1 == kind ? 0 : 1];
+  if (note.empty()) note = {words, true};
+  if (notes.remark.words.empty()) notes.remark.words = note.words;
+}
+
+/// The two values do not go together.
+void notepair(PairNotes& notes, const PairInput& input, double atm, const Resolution& resolution) {
+  if (wetbulbabovedrybulb(input)) return notevalue(notes, input, PropertyKind::wb, wetbulbabove);
+  if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution);
+  if (notes.remark.words.empty()) notes.remark.words = whynot(resolution, windowwording);
+  for (BoxNote& note : notes.values) {
+    if (note.empty()) note = {notes.remark.words, true};
+  }
+}
+
+}  // namespace
+
+BoxNote lenientnote(std::string_view text) {
+  return text.empty() || isnumber(text) ? BoxNote{} : BoxNote{readas(lenientnumber(text))};
+}
+
+BoxNote zeronote(std::string_view text) { return text.empty() || isnumber(text) ? BoxNote{} : BoxNote{readas(0)}; }
+
+BoxNote pressurenote(const PressureEntry& entry) {
+  if (!entry.unit || entry.unit == PressureUnit::standard) return {};
+  BoxNote note = lenientnote(entry.text);
+  if (entry.text.empty() || pressurefor(entry).accepted) return note;
+  if (!note.empty()) note.words += ", ";
+  return {note.words + outsiderange(rowof(*entry.unit).rangehint), true};
+}
+
+PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolution) {
+  PairNotes notes;
+  notetexts(notes, input);
+  notes.refused = !resolution.resolved() && resolution.reason != Unresolved::blankvalue;
+  switch (resolution.reason) {
+    case Unresolved::none:
+      if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution);
+      break;
+    case Unresolved::blankvalue: break;
+    case Unresolved::nokind: notes.remark.words = nopropertychosen; break;
+    case Unresolved::samekind:
+    case Unresolved::humidityratiowithdewpoint: notekinds(notes, input, resolution); break;
+    case Unresolved::givenvalue: {
+      Remark remark = remarkon(input, atm, resolution);
+      if (remark.exact && notes.remark.words.empty()) notes.remark = std::move(remark);
+      notevalue(notes, input, resolution.kind, whynot(resolution, windowwording));
+      break;
+    }
+    case Unresolved::search:
+    case Unresolved::state: notepair(notes, input, atm, resolution); break;
+  }
+  return notes;
+}
+
+Resolution resolveinput(const PairInput& input, double atm, const RangeFinders& finders, SolverFields& fields) {
+  Resolution resolution;
+  resolution.reason = inputfault(input.kind1, input.kind2, input.value1, input.value2);
+  if (!resolution.resolved()) return resolution;
+  return resolvepair(input.kind1, input.value1, input.kind2, input.value2, atm, finders, fields);
+}
+
+}  // namespace moistair

@@ -1,0 +1,45 @@
+/// \file
+/// Why a pair of properties has no state, in words.
+///
+/// The windows and the headless tool refuse in the same words, from the tables of this file. They differ in what they
+/// call a property: `dp` has to be typed on a command line, a person reads "dew point".
+#pragma once
+
+#include <string>
+
+#include "engine/answers.h"
+#include "engine/resolver.h"
+
+namespace moistair {
+
+/// "dry bulb", "dew point": the property within a sentence.
+const char* propertyname(PropertyKind kind);
+
+/// How somebody is spoken to.
+struct Wording {
+  const char* (*name)(PropertyKind kind);
+  const char* mustbe;  ///< between a property and what is accepted
+};
+
+inline constexpr Wording toolwording{nameof, " must be "};
+inline constexpr Wording windowwording{propertyname, ": "};
+
+/// "above 0 and up to 100"
+std::string rangewords(const Limits& limits);
+
+/// "dry bulb would be above 120": a property beyond a bound, whatever it is called.
+std::string boundwords(const std::string& name, bool above, double bound);
+
+/// Why a pair was not resolved: a text without commas and quotes.
+std::string whynot(const Resolution& resolution, const Wording& wording);
+
+/// Why no state has both values: "above saturation", "wet bulb would not be above 0". Empty if one has.
+std::string whynone(const Answers& answers);
+
+/// "outside its range (0 - 38650)": of a pressure or an elevation.
+std::string outsiderange(const char* rangehint);
+
+/// "is no number"
+inline constexpr const char* isnonumber = " is no number";
+
+}  // namespace moistair

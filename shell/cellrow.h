@@ -1,0 +1,41 @@
+/// \file
+/// Texts side by side in one line, in as much room as there is.
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+namespace moistair {
+
+/// One text of a row.
+struct RowCell {
+  QWidget* widget;  ///< with a property "text"
+  int giveway;      ///< the lowest gives way first; 0 for one that never does
+};
+
+/// Gives each text the room that it wants, the first one what is left over, and those that may give way less where
+/// there is not enough, one after the other. An empty text takes no room. Between two texts there is a rule.
+class CellRow final : public QWidget {
+public:
+  explicit CellRow(std::vector<RowCell> cells);
+
+  /// To be called once a text has changed.
+  void place();
+
+  QSize sizeHint() const override;
+
+protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  std::vector<RowCell> cells_;
+};
+
+/// The widths of texts that want so much and give way in an order, in a room too small or too large for them.
+/// @param giveway as in `RowCell`
+/// @param least what one that gives way keeps, if it wants that much
+std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int room);
+
+}  // namespace moistair

@@ -1,0 +1,101 @@
+#include "shell/statusline.h"
+
+#include <QFileInfo>
+
+#include "shell/cellrow.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr int answertime = 10000;  // ms
+
+QString shown(const std::string& words) { return QString::fromStdString(words); }
+
+}  // namespace
+
+StatusLine::StatusLine(QWidget* parent)
+    : QStatusBar(parent),
+      voice_(new TellingLine),
+      pressure_(new TellingLine),
+      header_(new TellingLine),
+      changes_(new TellingLine),
+      chart_(new ElidedLabel),
+      records_(new ElidedLabel),
+      document_(new ElidedLabel),
+      row_(new CellRow(
+          {{voice_, 3}, {pressure_, 0}, {header_, 0}, {changes_, 0}, {chart_, 2}, {records_, 0}, {document_, 1}})) {
+  setObjectName(QStringLiteral("statusline"));
+  setSizeGripEnabled(false);
+  voice_->setObjectName(QStringLiteral("voice"));
+  pressure_->setObjectName(QStringLiteral("inforce"));
+  header_->setObjectName(QStringLiteral("header"));
+  changes_->setObjectName(QStringLiteral("changes"));
+  chart_->setObjectName(QStringLiteral("standing"));
+  records_->setObjectName(QStringLiteral("records"));
+  document_->setObjectName(QStringLiteral("document"));
+  addWidget(row_, 1);
+  answered_.setSingleShot(true);
+  connect(&answered_, &QTimer::timeout, this, [this] { answer({}); });
+  connect(voice_, &TellingLine::clicked, this, [this] {
+    if (answer_.isEmpty() && remark_.exact) Q_EMIT exactchosen();
+  });
+  for (TellingLine* line : {pressure_, header_}) {
+    connect(line, &TellingLine::clicked, this, [this] {
+      if (!header_->text().isEmpty()) Q_EMIT headerchosen();
+    });
+  }
+}
+
+void StatusLine::show(const Standing& standing, std::size_t records) {
+  const bool differ = !standing.header.empty();
+  const QString tip = tr("All is calculated with the pressure in force. Click to put the header's in force again.");
+  const Mark mark = differ ? Mark::fault : Mark::none;
+  pressure_->tell(shown(standing.pressure), mark, differ, differ ? tip : tr("Pressure in force"));
+  header_->tell(shown(standing.header), mark, differ, tip);
+  changes_->tell(shown(standing.changes), Mark::note, false, tr("Draw the chart anew to have it as it says."));
+  chart_->setText(shown(standing.chart));
+  records_->setText(shown(recordswords(records)));
+  row_->place();
+}
+
+void StatusLine::showdocument(const QString& caption) {
+  document_->setText(caption);
+  row_->place();
+}
+
+void StatusLine::remark(const Remark& remark, Mark mark) {
+  remark_ = remark;
+  remarkmark_ = mark;
+  answer({});
+}
+
+void StatusLine::answerfile(const QString& what, const QString& path, const std::optional<QString>& failure) {
+  const QString name = QFileInfo(path).fileName();
+  if (failure) {
+    answer(tr("%1 not written to %2: %3").arg(what, name, *failure), Mark::fault, path);
+  } else {
+    answer(tr("%1 written to %2").arg(what, name), Mark::none, path);
+  }
+}
+
+void StatusLine::answer(const QString& words, Mark mark, const QString& tip) {
+  answer_ = words;
+  answertip_ = tip;
+  answermark_ = mark;
+  answered_.start(answertime);
+  speak();
+}
+
+void StatusLine::speak() {
+  if (!answer_.isEmpty()) {
+    voice_->tell(answer_, answermark_, false, answertip_);
+  } else {
+    const bool exact = remark_.exact.has_value();
+    voice_->tell(shown(remark_.words), remark_.words.empty() ? Mark::none : remarkmark_, exact,
+                 exact ? tr("Click to put the exact dry and wet bulb into the boxes.") : QString());
+  }
+  row_->place();
+}
+
+}  // namespace moistair

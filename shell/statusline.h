@@ -1,0 +1,61 @@
+/// \file
+/// The status line at the bottom of the main window.
+#pragma once
+
+#include <QStatusBar>
+#include <QTimer>
+
+#include "document/standing.h"
+#include "session/remark.h"
+#include "toolkit/elidedlabel.h"
+#include "toolkit/tellingline.h"
+
+namespace moistair {
+
+class CellRow;
+
+/// Says at every moment what is in force and what stands: the pressure, the chart, the records of the log, the
+/// document's name. To the left of them it speaks: a remark on the pair in the boxes, and for a while the answer to a
+/// command. It shows what it is told and decides nothing.
+///
+/// Where there is not room for all, the document's name gives way first, then the chart, then what is said; the
+/// pressure in force, a header that states another one, and limits that are not drawn stay readable.
+class StatusLine final : public QStatusBar {
+  Q_OBJECT
+
+public:
+  explicit StatusLine(QWidget* parent = nullptr);
+
+  void show(const Standing& standing, std::size_t records);
+  using QStatusBar::show;
+
+  void showdocument(const QString& caption);
+
+  /// What is to be said of the boxes, until the next remark.
+  void remark(const Remark& remark, Mark mark);
+
+  /// The answer to a command, until the next key in a box or for some seconds.
+  void answer(const QString& words, Mark mark = Mark::none, const QString& tip = {});
+
+  /// The same of a file: "chart written to room.png", or why it was not.
+  void answerfile(const QString& what, const QString& path, const std::optional<QString>& failure = {});
+
+Q_SIGNALS:
+  void headerchosen();  ///< the pressure that the header states is to be in force again
+  void exactchosen();   ///< the exact state of the remark is to go into the boxes
+
+private:
+  void speak();
+
+  TellingLine *voice_, *pressure_, *header_, *changes_;
+  ElidedLabel *chart_, *records_, *document_;
+  CellRow* row_;
+  Remark remark_;
+  Mark remarkmark_ = Mark::none;
+  QString answer_;
+  QString answertip_;
+  Mark answermark_ = Mark::none;
+  QTimer answered_;
+};
+
+}  // namespace moistair

@@ -1,0 +1,67 @@
+#include "toolkit/tellingline.h"
+
+#include <QPainter>
+
+#include "paint/replay.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr int margin = 3;  // pixels, on both sides
+
+}  // namespace
+
+TellingLine::TellingLine(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::NoFocus);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  connect(this, &QAbstractButton::pressed, this, [this] {
+    if (!clickable_) setDown(false);
+  });
+}
+
+void TellingLine::tell(const QString& words, Mark mark, bool clickable, const QString& tip) {
+  if (words == text() && mark == mark_ && clickable == clickable_ && tip == tip_) return;
+  mark_ = mark;
+  clickable_ = clickable;
+  tip_ = tip;
+  setText(words);
+  setAccessibleName(words);
+  setAccessibleDescription(tip);
+  setCursor(clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  updateGeometry();
+  update();
+}
+
+int TellingLine::textleft() const { return margin + (mark_ == Mark::none ? 0 : fontMetrics().ascent() + margin); }
+
+QSize TellingLine::sizeHint() const {
+  if (text().isEmpty()) return {0, fontMetrics().height()};
+  return {textleft() + fontMetrics().horizontalAdvance(text()) + margin + 1, fontMetrics().height()};
+}
+
+QSize TellingLine::minimumSizeHint() const { return {0, fontMetrics().height()}; }
+
+void TellingLine::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QRect room = rect().adjusted(textleft(), 0, -margin, 0);
+  const QString whole = printable(text());
+  const QString shown = fontMetrics().elidedText(whole, Qt::ElideRight, room.width(), Qt::TextSingleLine);
+  QString tip = tip_;
+  if (shown != whole) tip = tip.isEmpty() ? whole : whole + QLatin1Char('\n') + tip;
+  if (tip != toolTip()) setToolTip(tip);
+  if (mark_ != Mark::none) {
+    QColor tint = markcolor(mark_, palette());
+    tint.setAlphaF(0.14F);
+    painter.fillRect(rect(), tint);
+    const int side = fontMetrics().ascent();
+    paintsign(painter, QRectF(margin, (height() - side) / 2.0, side, side), mark_, palette());
+  }
+  QFont font = this->font();
+  font.setUnderline(clickable_);
+  painter.setFont(font);
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+}  // namespace moistair

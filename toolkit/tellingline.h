@@ -1,0 +1,36 @@
+/// \file
+/// One line of words that can be marked and clicked.
+#pragma once
+
+#include <QAbstractButton>
+
+#include "toolkit/mark.h"
+
+namespace moistair {
+
+/// Shows as much of its words as it has room for, with the sign of a mark before them. Where a click does something the
+/// words are underlined. It never takes the focus, so it is no tab stop; assistive technology gets all of the words.
+class TellingLine final : public QAbstractButton {
+  Q_OBJECT
+
+public:
+  explicit TellingLine(QWidget* parent = nullptr);
+
+  /// @param tip what else there is to say; the words themselves where there is nothing and they are cut
+  void tell(const QString& words, Mark mark = Mark::none, bool clickable = false, const QString& tip = {});
+
+  QSize sizeHint() const override;  ///< room for all of the words
+  QSize minimumSizeHint() const override;
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  int textleft() const;
+
+  Mark mark_ = Mark::none;
+  bool clickable_ = false;
+  QString tip_;
+};
+
+}  // namespace moistair

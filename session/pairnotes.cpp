@@ -70,8 +70,9 @@ BoxNote zeronote(std::string_view text) { return text.empty() || isnumber(text) 
 
 BoxNote pressurenote(const PressureEntry& entry) {
   if (!entry.unit || entry.unit == PressureUnit::standard) return {};
+  if (entry.text.empty()) return pressurefor(entry).accepted ? BoxNote{readas(0)} : BoxNote{};
   BoxNote note = lenientnote(entry.text);
-  if (entry.text.empty() || pressurefor(entry).accepted) return note;
+  if (pressurefor(entry).accepted) return note;
   if (!note.empty()) note.words += ", ";
   return {note.words + outsiderange(rowof(*entry.unit).rangehint), true};
 }

@@ -29,7 +29,9 @@ BoxNote lenientnote(std::string_view text);
 /// Of a box that is read strictly, and counts as 0 where its text is no number.
 BoxNote zeronote(std::string_view text);
 
-/// Of the box of the pressure window.
+inline constexpr const char* nounitchosen = "no unit is chosen, no pressure will be set";
+
+/// Of the box of the pressure window. An elevation that is left empty counts as 0.
 BoxNote pressurenote(const PressureEntry& entry);
 
 inline constexpr const char* nopropertychosen = "no property is chosen";

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "shell/cellrow.h"
+#include "windows/notes.h"
 
 namespace moistair {
 
@@ -38,7 +39,7 @@ StatusLine::StatusLine(QWidget* parent)
   answered_.setSingleShot(true);
   connect(&answered_, &QTimer::timeout, this, [this] { answer({}); });
   connect(voice_, &TellingLine::clicked, this, [this] {
-    if (answer_.isEmpty() && remark_.exact) Q_EMIT exactchosen();
+    if (answer_.isEmpty() && notes_.remark.exact) Q_EMIT exactchosen();
   });
   for (TellingLine* line : {pressure_, header_}) {
     connect(line, &TellingLine::clicked, this, [this] {
@@ -64,9 +65,8 @@ void StatusLine::showdocument(const QString& caption) {
   row_->place();
 }
 
-void StatusLine::remark(const Remark& remark, Mark mark) {
-  remark_ = remark;
-  remarkmark_ = mark;
+void StatusLine::remark(const PairNotes& notes) {
+  notes_ = notes;
   answer({});
 }
 
@@ -88,12 +88,10 @@ void StatusLine::answer(const QString& words, Mark mark, const QString& tip) {
 }
 
 void StatusLine::speak() {
-  if (!answer_.isEmpty()) {
-    voice_->tell(answer_, answermark_, false, answertip_);
+  if (answer_.isEmpty()) {
+    tellremark(*voice_, notes_);
   } else {
-    const bool exact = remark_.exact.has_value();
-    voice_->tell(shown(remark_.words), remark_.words.empty() ? Mark::none : remarkmark_, exact,
-                 exact ? tr("Click to put the exact dry and wet bulb into the boxes.") : QString());
+    voice_->tell(answer_, answermark_, false, answertip_);
   }
   row_->place();
 }

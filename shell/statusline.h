@@ -6,7 +6,7 @@
 #include <QTimer>
 
 #include "document/standing.h"
-#include "session/remark.h"
+#include "session/pairnotes.h"
 #include "toolkit/elidedlabel.h"
 #include "toolkit/tellingline.h"
 
@@ -32,7 +32,7 @@ public:
   void showdocument(const QString& caption);
 
   /// What is to be said of the boxes, until the next remark.
-  void remark(const Remark& remark, Mark mark);
+  void remark(const PairNotes& notes);
 
   /// The answer to a command, until the next key in a box or for some seconds.
   void answer(const QString& words, Mark mark = Mark::none, const QString& tip = {});
@@ -50,8 +50,7 @@ private:
   TellingLine *voice_, *pressure_, *header_, *changes_;
   ElidedLabel *chart_, *records_, *document_;
   CellRow* row_;
-  Remark remark_;
-  Mark remarkmark_ = Mark::none;
+  PairNotes notes_;
   QString answer_;
   QString answertip_;
   Mark answermark_ = Mark::none;

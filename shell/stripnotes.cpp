@@ -1,14 +1,13 @@
 #include "shell/stripnotes.h"
 
-#include <utility>
+#include "windows/notes.h"
 
 namespace moistair {
 
 namespace {
 
-void setnote(QWidget& control, const BoxNote& note) {
-  const Mark mark = note.empty() ? Mark::none : note.fault ? Mark::fault : Mark::note;
-  setmark(control, mark, QString::fromStdString(note.words));
+PairBoxes pairboxes(const Strip& strip) {
+  return {strip.firstkind, strip.firstvalue, strip.secondkind, strip.secondvalue};
 }
 
 /// In the order of `LineKind`.
@@ -21,9 +20,7 @@ std::array<QLineEdit*, 4> lineboxes(const Strip& strip) {
 StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SessionValues& values,
                        SessionLog& log)
     : QObject(&strip), strip_(strip), line_(line), chart_(chart), values_(values), log_(log) {
-  for (const ListBox* list : {strip.firstkind, strip.secondkind}) {
-    connect(list, &QComboBox::editTextChanged, this, &StripNotes::markkinds);
-  }
+  watchkinds(pairboxes(strip), pair_);
   for (const ListBox* list : {strip.lowdb, strip.highdb, strip.lowhr, strip.highhr}) {
     connect(list, &QComboBox::editTextChanged, this, &StripNotes::follow);
   }
@@ -34,18 +31,8 @@ StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& char
 
 void StripNotes::showpair(const PairNotes& notes) {
   pair_ = notes;
-  setnote(*strip_.firstvalue, notes.values[0]);
-  setnote(*strip_.secondvalue, notes.values[1]);
-  markkinds();
+  setnotes(pairboxes(strip_), pair_);
   speak();
-}
-
-/// A text that is typed into a list runs nothing, so that the row may still show another property.
-void StripNotes::markkinds() {
-  const std::array<ListBox*, 2> lists = {strip_.firstkind, strip_.secondkind};
-  for (std::size_t i = 0; i < lists.size(); ++i) {
-    setnote(*lists[i], lists[i]->selected() < 0 ? BoxNote{nopropertychosen, true} : pair_.kinds[i]);
-  }
 }
 
 void StripNotes::marklines() {
@@ -62,9 +49,10 @@ void StripNotes::marklines() {
 }
 
 void StripNotes::speak() {
-  Remark remark = pair_.remark;
-  if (!linewords_.empty()) remark.words = linewords_ + (remark.words.empty() ? "" : "; ") + remark.words;
-  line_.remark(remark, pair_.refused ? Mark::fault : Mark::note);
+  PairNotes all = pair_;
+  std::string& words = all.remark.words;
+  if (!linewords_.empty()) words = linewords_ + (words.empty() ? "" : "; ") + words;
+  line_.remark(all);
 }
 
 void StripNotes::follow() {
@@ -88,11 +76,7 @@ void StripNotes::tellempty() {
 
 void StripNotes::useexact() {
   const auto exact = pair_.remark.exact;
-  if (!exact) return;
-  strip_.firstkind->select(static_cast<int>(PropertyKind::db));
-  strip_.secondkind->select(static_cast<int>(PropertyKind::wb));
-  strip_.firstvalue->setText(QString::fromStdString(numbertext(exact->db)));
-  strip_.secondvalue->setText(QString::fromStdString(numbertext(exact->wb)));
+  if (exact) putexact(*exact, pairboxes(strip_));
 }
 
 }  // namespace moistair

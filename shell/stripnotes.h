@@ -32,7 +32,6 @@ public:
   void useexact();
 
 private:
-  void markkinds();
   void marklines();
   void speak();
   void tellempty();

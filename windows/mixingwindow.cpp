@@ -125,6 +125,7 @@ MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, QWid
   layout->setSpacing(margin);
   layout->addLayout(maketable(maker));
   layout->addStretch(1);
+  layout->addLayout(makenotes());
   layout->addLayout(makebuttons(maker));
   maker.settaborder();
   for (std::size_t stream = 0; stream < inputs_.size(); ++stream) {
@@ -192,6 +193,19 @@ QLabel* MixingWindow::addreadout(ControlMaker& maker, QGridLayout& grid, const c
   return readout;
 }
 
+/// Their room is kept while there is nothing to say.
+QLayout* MixingWindow::makenotes() {
+  auto* lines = new QVBoxLayout;
+  lines->setSpacing(2);
+  for (std::size_t stream = 0; stream < noteslines_.size(); ++stream) {
+    noteslines_[stream] = new TellingLine(this);
+    noteslines_[stream]->setObjectName(QStringLiteral("note%1").arg(stream + 1));
+    lines->addWidget(noteslines_[stream]);
+    connect(noteslines_[stream], &TellingLine::clicked, this, [this, stream] { useexact(stream); });
+  }
+  return lines;
+}
+
 QLayout* MixingWindow::makebuttons(ControlMaker& maker) {
   auto* grid = new QGridLayout;
   auto* drawbutton = maker.add<QPushButton>(*grid, drawcontrol);
@@ -208,6 +222,7 @@ void MixingWindow::connectinputs(std::size_t stream) {
   const Inputs& inputs = inputs_[stream];
   const auto change = [this, stream] { onchange(stream); };
   for (ListBox* list : {inputs.kind1, inputs.kind2}) connect(list, &ListBox::chosen, this, change);
+  watchkinds(inputs, notes_[stream].pair);
   for (QLineEdit* box : {inputs.flow, inputs.value1, inputs.value2}) {
     connect(box, &QLineEdit::textChanged, this, change);
   }
@@ -221,9 +236,22 @@ void MixingWindow::onchange(std::size_t number) {
   stream.value1 = inputs.value1->text().toStdString();
   stream.value2 = inputs.value2->text().toStdString();
   stream.flow = inputs.flow->text().toStdString();
-  resolvestream(problem_, number);
+  const Resolution resolution = resolvestream(problem_, number);
   mixstreams(problem_);
   showproblem();
+  shownotes(number, resolution);
+}
+
+void MixingWindow::shownotes(std::size_t number, const Resolution& resolution) {
+  const StreamNotes& notes = notes_[number] = streamnotes(problem_, number, resolution);
+  setnotes(inputs_[number], notes.pair);
+  setnote(*inputs_[number].flow, notes.flow);
+  tellremark(*noteslines_[number], notes.pair);
+}
+
+void MixingWindow::useexact(std::size_t number) {
+  const auto exact = notes_[number].pair.remark.exact;
+  if (exact) putexact(*exact, inputs_[number]);
 }
 
 void MixingWindow::showproblem() {

@@ -17,10 +17,13 @@
 
 #include "chart/chartframe.h"
 #include "mixing/mixingproblem.h"
+#include "mixing/streamnotes.h"
 #include "session/sessionvalues.h"
 #include "toolkit/controls.h"
 #include "toolkit/dialog.h"
 #include "toolkit/listbox.h"
+#include "toolkit/tellingline.h"
+#include "windows/notes.h"
 
 namespace moistair {
 
@@ -50,11 +53,7 @@ protected:
   void leave() override;
 
 private:
-  struct Inputs {
-    ListBox* kind1;
-    QLineEdit* value1;
-    ListBox* kind2;
-    QLineEdit* value2;
+  struct Inputs : PairBoxes {
     QLineEdit* flow;
   };
   using Readouts = std::array<QLabel*, readoutcount>;  ///< null where the stream has an input instead
@@ -63,11 +62,14 @@ private:
   void makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_t stream);
   void makereadouts(ControlMaker& maker, QGridLayout& grid);
   QLabel* addreadout(ControlMaker& maker, QGridLayout& grid, const char* name, std::size_t row, std::size_t column);
+  QLayout* makenotes();
   QLayout* makebuttons(ControlMaker& maker);
 
   void connectinputs(std::size_t stream);
   void onchange(std::size_t stream);
   void showproblem();
+  void shownotes(std::size_t stream, const Resolution& resolution);
+  void useexact(std::size_t stream);
   void onsave();
   void ondraw();
 
@@ -78,6 +80,8 @@ private:
   std::array<Readouts, 3> readouts_{};  ///< of the streams and the mixture
   QLabel* pressurecaption_ = nullptr;
   QPushButton* savebutton_ = nullptr;
+  std::array<StreamNotes, 2> notes_;
+  std::array<TellingLine*, 2> noteslines_{};  ///< below the table
 };
 
 }  // namespace moistair

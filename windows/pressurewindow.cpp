@@ -9,7 +9,9 @@
 #include "toolkit/elidedlabel.h"
 #include "toolkit/listbox.h"
 #include "toolkit/messages.h"
+#include "toolkit/tellingline.h"
 #include "toolkit/valuebox.h"
+#include "windows/notes.h"
 
 namespace moistair {
 
@@ -22,6 +24,7 @@ constexpr Control unitlist{"Combo1", "", "", {2, 0}, 0};
 constexpr Control entrybox{"Text1", "", "", {2, 1}, 1};
 constexpr Control entryunit{"Label4", "", "", {2, 2}, 5};
 constexpr Control rangehint{"Label11", "", "", {3, 1}, 13};
+constexpr Control entrynote{"note", "", "", {7, 0, 1, 3}, 15};
 constexpr Control inhgcaption{"Label5", "Inches of Hg", "", {4, 0}, 7};
 constexpr Control inhgreadout{"Label8", "", "", {4, 1, 1, 2}, 10};
 constexpr Control psicaption{"Label6", "Pound/sq inch", "", {5, 0}, 8};
@@ -61,12 +64,15 @@ PressureWindow::PressureWindow(QWidget* main)
   maker.add<QLabel>(*grid, title)->setAlignment(Qt::AlignCenter);
   makeentry(maker, *grid);
   makereadouts(maker, *grid);
+  note_ = maker.add<TellingLine>(*grid, entrynote);
   auto* set = maker.add<QPushButton>(*grid, setbutton);
   auto* back = maker.add<QPushButton>(*grid, returnbutton);
   set->setDefault(true);
   maker.settaborder();
   connect(unit_, &ListBox::chosen, this, &PressureWindow::showunit);
   connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::showreadouts);
+  connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::shownotes);
+  connect(unit_, &QComboBox::editTextChanged, this, &PressureWindow::shownotes);
   connect(set, &QPushButton::clicked, this, &PressureWindow::setpressure);
   connect(back, &QPushButton::clicked, this, &PressureWindow::leave);
   unit_->select(static_cast<int>(PressureUnit::standard));
@@ -121,6 +127,16 @@ void PressureWindow::showreadouts() {
   inhg_->setText(QString::fromStdString(now.inhg));
   psi_->setText(QString::fromStdString(now.psi));
   feet_->setText(QString::fromStdString(now.feet));
+}
+
+/// What the entry counts as where that is not what it looks like, and a unit that is none of the list.
+void PressureWindow::shownotes() {
+  const PressureEntry typed = entry();
+  const BoxNote unit = typed.unit ? BoxNote{} : BoxNote{nounitchosen, true};
+  const BoxNote note = pressurenote(typed);
+  setnote(*unit_, unit);
+  setnote(*entry_, note);
+  tellnote(*note_, unit.empty() ? note : unit);
 }
 
 void PressureWindow::setpressure() {

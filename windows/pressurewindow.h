@@ -15,6 +15,7 @@ namespace moistair {
 
 class ControlMaker;
 class ListBox;
+class TellingLine;
 
 /// The first window of the program, and back at each "Set/reset atmos pressure", always with the default chosen. An
 /// opening puts the default pressure back in force: whoever opens it does so (`defaultpressuretext`), since nobody can
@@ -42,6 +43,7 @@ private:
   PressureEntry entry() const;
   void showunit();
   void showreadouts();
+  void shownotes();
   void setpressure();
 
   ListBox* unit_ = nullptr;
@@ -51,6 +53,7 @@ private:
   QLabel* inhg_ = nullptr;
   QLabel* psi_ = nullptr;
   QLabel* feet_ = nullptr;
+  TellingLine* note_ = nullptr;  ///< what the entry is read as, or why it is refused
 };
 
 }  // namespace moistair

@@ -1,0 +1,21 @@
+/// \file
+/// What is said beside the inputs of a stream.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "mixing/mixingproblem.h"
+#include "session/pairnotes.h"
+
+namespace moistair {
+
+struct StreamNotes {
+  PairNotes pair;  ///< its remark is all that there is to say, "Stream 1: air flow: read as 12; ..."
+  BoxNote flow;
+};
+
+/// @param resolution what `resolvestream` made of it
+StreamNotes streamnotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
+
+}  // namespace moistair

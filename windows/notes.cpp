@@ -1,0 +1,52 @@
+#include "windows/notes.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr const char* exacttip = "Click to put the exact dry and wet bulb into the boxes.";
+
+Mark markof(const BoxNote& note) {
+  if (note.empty()) return Mark::none;
+  return note.fault ? Mark::fault : Mark::note;
+}
+
+void markkind(ListBox& list, const BoxNote& note) {
+  setnote(list, list.selected() < 0 ? BoxNote{nopropertychosen, true} : note);
+}
+
+}  // namespace
+
+void setnote(QWidget& control, const BoxNote& note) {
+  setmark(control, markof(note), QString::fromStdString(note.words));
+}
+
+void setnotes(const PairBoxes& boxes, const PairNotes& notes) {
+  markkind(*boxes.kind1, notes.kinds[0]);
+  markkind(*boxes.kind2, notes.kinds[1]);
+  setnote(*boxes.value1, notes.values[0]);
+  setnote(*boxes.value2, notes.values[1]);
+}
+
+void watchkinds(const PairBoxes& boxes, const PairNotes& notes) {
+  for (ListBox* list : {boxes.kind1, boxes.kind2}) {
+    QObject::connect(list, &QComboBox::editTextChanged, list, [boxes, &notes] { setnotes(boxes, notes); });
+  }
+}
+
+void tellnote(TellingLine& line, const BoxNote& note) { line.tell(QString::fromStdString(note.words), markof(note)); }
+
+void tellremark(TellingLine& line, const PairNotes& notes) {
+  const bool exact = notes.remark.exact.has_value();
+  line.tell(QString::fromStdString(notes.remark.words), markof({notes.remark.words, notes.refused}), exact,
+            exact ? QString::fromUtf8(exacttip) : QString());
+}
+
+void putexact(const Bulbs& bulbs, const PairBoxes& boxes) {
+  boxes.kind1->select(static_cast<int>(PropertyKind::db));
+  boxes.kind2->select(static_cast<int>(PropertyKind::wb));
+  boxes.value1->setText(QString::fromStdString(numbertext(bulbs.db)));
+  boxes.value2->setText(QString::fromStdString(numbertext(bulbs.wb)));
+}
+
+}  // namespace moistair

@@ -1,0 +1,36 @@
+/// \file
+/// How the windows show what is said of their boxes.
+#pragma once
+
+#include <QLineEdit>
+
+#include "session/pairnotes.h"
+#include "toolkit/listbox.h"
+#include "toolkit/tellingline.h"
+
+namespace moistair {
+
+/// The lists and boxes in which a pair is given.
+struct PairBoxes {
+  ListBox* kind1;
+  QLineEdit* value1;
+  ListBox* kind2;
+  QLineEdit* value2;
+};
+
+void setnote(QWidget& control, const BoxNote& note);
+void setnotes(const PairBoxes& boxes, const PairNotes& notes);
+
+/// A text typed into a list runs nothing, so that what is shown may still be of another property: the list is marked at
+/// once. To be called once for each pair.
+/// @param notes of the pair, as last shown; they outlive the boxes
+void watchkinds(const PairBoxes& boxes, const PairNotes& notes);
+
+void tellnote(TellingLine& line, const BoxNote& note);
+/// Words, and a click where they offer the exact state.
+void tellremark(TellingLine& line, const PairNotes& notes);
+
+/// Puts a dry and a wet bulb into the boxes, as if they had been chosen and typed.
+void putexact(const Bulbs& bulbs, const PairBoxes& boxes);
+
+}  // namespace moistair

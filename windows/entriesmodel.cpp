@@ -33,9 +33,11 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
   return {};
 }
 
+/// A head has its unit below it, lest a column be wider than its figures.
 QVariant EntriesModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
-  return QString::fromUtf8(tablehead(static_cast<std::size_t>(section)));
+  return QString::fromUtf8(tablehead(static_cast<std::size_t>(section)))
+      .replace(QStringLiteral(" ("), QStringLiteral("\n("));
 }
 
 Qt::ItemFlags EntriesModel::flags(const QModelIndex& index) const {

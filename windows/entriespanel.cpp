@@ -11,6 +11,12 @@
 
 namespace moistair {
 
+namespace {
+
+constexpr int rowspacing = 6;  // logical pixels
+
+}  // namespace
+
 EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), main), table_(new QTableView) {
   setObjectName(QStringLiteral("entries"));
   table_->setModel(&model_);
@@ -19,6 +25,7 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
   table_->setTabKeyNavigation(false);
   table_->setWordWrap(false);
   table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + rowspacing);
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   auto* panel = new QWidget;
   auto* rows = new QVBoxLayout(panel);

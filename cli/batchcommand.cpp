@@ -182,7 +182,7 @@ void runbatch(const BatchOptions& options) {
   BlockReader reader(input, delimiter);
   Rows rows(reader, delimiter);
   const CsvRecord header = rows.header(input.name());
-  const BatchPlan plan{.columns = columnsof(header, input.name(), delimiter),
+  const BatchPlan plan{.columns = columnsof(header, input.name(), delimiter, options.check),
                        .delimiter = delimiter,
                        .lineend = header.lineend.starts_with('\r') ? "\r\n" : "\n",
                        .atm = atm,

@@ -146,7 +146,7 @@ std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan
 
 }  // namespace
 
-BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter) {
+BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter, bool check) {
   if (header.quoteopen) throw badusage(filename + ": the first line leaves a quote open");
   if (header.raw.find('\0') != std::string_view::npos) {
     throw badusage(filename + ": the first line holds zero bytes, so this is no table in UTF-8");
@@ -162,8 +162,8 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename, cha
     for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
       if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], columns.selection, name);
     }
-    const auto taken = std::find(resultnames().begin(), resultnames().end(), name);
-    if (taken != resultnames().end()) columns.takennames.push_back(name);
+    const auto named = [&](const auto& names) { return std::find(names.begin(), names.end(), name) != names.end(); };
+    if (named(resultnames()) || (check && named(checkcolumns))) columns.takennames.push_back(name);
     ++columns.selection.columns;
   });
   const auto named = std::count_if(columns.kinds.begin(), columns.kinds.end(), [](const auto& c) { return !!c; });

@@ -49,7 +49,8 @@ struct BatchResult {
 
 /// Finds the columns in the first record of a file. Bad usage for names that stand twice, for fewer than two properties
 /// and for what is no table.
-BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter = ',');
+/// @param check whether the result has the columns of a check too
+BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter = ',', bool check = false);
 
 /// The names of the columns: those of the input, the state's with "out_" before them, "status", and those of a check.
 std::string headerline(const CsvRecord& header, const BatchPlan& plan);

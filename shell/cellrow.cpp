@@ -59,7 +59,7 @@ void CellRow::place() {
   }
   if (!cells_.empty() && empty(cells_.front())) ++rules;  // the first one stands for the room that is left over
   const auto widths = sharedwidths(wanted, giveway, leastletters * fontMetrics().averageCharWidth(),
-                                   width() - gap * std::max(0, rules));
+                                   width() - gap * std::max(0, rules) - gap / 2);
   int left = 0;
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const bool shown = i == 0 || !empty(cells_[i]);

@@ -1,5 +1,6 @@
 #include "toolkit/valuebox.h"
 
+#include <QEvent>
 #include <QStyleOptionFrame>
 
 namespace moistair {
@@ -21,6 +22,24 @@ QPalette framepalette(QPalette palette) {
   const QColor text = palette.color(QPalette::WindowText);
   if (text.lightness() > window.lightness()) palette.setColor(QPalette::Window, mixed(text, window, textpart));
   return palette;
+}
+
+ValueBox::ValueBox(QWidget* parent) : QLineEdit(parent) { fadeplaceholder(); }
+
+void ValueBox::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) fadeplaceholder();
+  QLineEdit::changeEvent(event);
+}
+
+/// A platform's dark palette may leave this colour at that of a light one.
+void ValueBox::fadeplaceholder() {
+  constexpr float textpart = 0.6F;
+  const QPalette now = palette();
+  const QColor faded = mixed(now.color(QPalette::Text), now.color(QPalette::Base), textpart);
+  if (now.color(QPalette::PlaceholderText) == faded) return;
+  QPalette own;
+  own.setColor(QPalette::PlaceholderText, faded);
+  setPalette(own);
 }
 
 void ValueBox::initStyleOption(QStyleOptionFrame* option) const {

@@ -11,13 +11,18 @@ namespace moistair {
 /// it would not be seen; there it is made from a colour nearer to that of the text. A light scheme stays as it is.
 QPalette framepalette(QPalette palette);
 
-/// A text box whose frame stands out in every colour scheme, also in one that comes while the program runs.
+/// A text box whose frame and placeholder stand out in every colour scheme, also in one that comes while the program
+/// runs.
 class ValueBox final : public QLineEdit {
 public:
-  using QLineEdit::QLineEdit;
+  explicit ValueBox(QWidget* parent = nullptr);
 
 protected:
+  void changeEvent(QEvent* event) override;
   void initStyleOption(QStyleOptionFrame* option) const override;
+
+private:
+  void fadeplaceholder();
 };
 
 }  // namespace moistair

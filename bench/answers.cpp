@@ -1,0 +1,106 @@
+/// \file
+/// What it costs to judge a pair at a key press: `answers`, and all the words said of it beside the prescribed search.
+///
+/// For each pair 3000 inputs at three pressures; of every other one the two values are those of a state, of the rest
+/// they are anything within their limits, so that most have no state. Processor time of one call, the least of three.
+#include <ctime>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "engine/answers.h"
+#include "engine/openfinders.h"
+#include "session/pairnotes.h"
+
+namespace moistair {
+namespace {
+
+double microseconds() {
+  timespec now{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) * 1e6 + static_cast<double>(now.tv_nsec) * 1e-3;
+}
+
+double least(const std::function<void()>& work) {
+  double time = 1e9;
+  for (int round = 0; round < 3; ++round) {
+    const double start = microseconds();
+    work();
+    time = std::min(time, microseconds() - start);
+  }
+  return time;
+}
+
+struct Times {
+  std::vector<double> all;
+
+  double at(double share) {
+    const auto place = all.begin() + static_cast<std::ptrdiff_t>(share * static_cast<double>(all.size() - 1));
+    std::nth_element(all.begin(), place, all.end());
+    return *place;
+  }
+};
+
+class Inputs {
+public:
+  /// A pair of values, of a state or of none.
+  std::array<double, 2> next(PropertyKind first, PropertyKind second, double atm, bool state) {
+    const double drybulb = within(1, 120);
+    const StatePoint point = stateat(drybulb, within(1, drybulb), atm);
+    if (state) return {point.at(first), point.at(second)};
+    return {anyvalue(first), anyvalue(second)};
+  }
+
+private:
+  double within(double low, double high) { return std::uniform_real_distribution<>(low, high)(random_); }
+
+  double anyvalue(PropertyKind kind) {
+    constexpr std::array<Limits, kindcount> ranges = {
+        {{1, 120}, {1, 120}, {0, 100}, {0, 0.03}, {0, 61.9}, {-55, 120}, {11, 20}}};
+    const Limits& range = ranges[static_cast<std::size_t>(kind)];
+    return within(range.above, range.upto);
+  }
+
+  std::mt19937 random_{14};
+};
+
+void measure(PropertyKind first, PropertyKind second) {
+  constexpr int inputs = 3000;
+  constexpr std::array<double, 3> pressures = {29.92126, 24.896, 20.58};
+  Inputs random;
+  Times judging, words;
+  for (int i = 0; i < inputs; ++i) {
+    const double atm = pressures[static_cast<std::size_t>(i) % pressures.size()];
+    const auto values = random.next(first, second, atm, i % 2 == 0);
+    const PairInput input{first, second, numbertext(values[0]), numbertext(values[1])};
+    SolverFields fields;
+    const Resolution resolution = resolveinput(input, atm, openrangefinders(), fields);
+    std::size_t kept = 0;  // so that nothing is left out
+    judging.all.push_back(least([&] { kept += answers({first, values[0]}, {second, values[1]}, atm).states.size(); }));
+    words.all.push_back(least([&] { kept += pairnotes(input, atm, resolution).remark.words.size(); }));
+    if (kept == ~std::size_t{0}) std::puts("");
+  }
+  const std::string name = std::string(nameof(first)) + "," + nameof(second);
+  std::printf("%-8s %10.2f %10.2f %10.2f %10.2f %10.2f %10.2f\n", name.c_str(), judging.at(0.5), judging.at(0.99),
+              judging.at(1), words.at(0.5), words.at(0.99), words.at(1));
+}
+
+}  // namespace
+}  // namespace moistair
+
+int main() {
+  using namespace moistair;
+  std::printf("%-8s %32s %32s\n%-8s %10s %10s %10s %10s %10s %10s\n", "us", "answers", "with all words", "pair",
+              "median", "99 %", "worst", "median", "99 %", "worst");
+  for (int i = 0; i < kindcount * kindcount; ++i) {
+    const PropertyKind first = *kindat(i / kindcount);
+    const PropertyKind second = *kindat(i % kindcount);
+    const bool samething = first == PropertyKind::w && second == PropertyKind::dp;
+    if (first < second && !samething) measure(first, second);
+  }
+}

@@ -42,7 +42,8 @@ MainWindow::MainWindow(LogPlaces logplaces)
   strip_->setParent(area);
   strip_->fit(0, 0);
   area->setMinimumSize(strip_->minimumSizeHint().width(), 4 * strip_->minimumSizeHint().height());
-  for (QLineEdit* box : strip_->findChildren<QLineEdit*>()) box->setAcceptDrops(false);  // a file is opened, not spelled
+  for (QLineEdit* box : strip_->findChildren<QLineEdit*>())
+    box->setAcceptDrops(false);  // a file is opened, not spelled
   graph_->setParent(area);
   graph_->setObjectName(QStringLiteral("graph"));
   graph_->setAccessibleName(tr("Psychrometric chart"));

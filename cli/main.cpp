@@ -62,6 +62,7 @@ int run(int argc, char** argv) {
   addbatchcommand(app);
   addmixcommand(app);
   addchartcommand(app);
+  addsheetcommand(app);
   const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;
   app.set_version_flag("--version", version, "Print the version and exit");
   for (CLI::App* command : app.get_subcommands({})) {

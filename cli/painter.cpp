@@ -4,11 +4,15 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
+#include <variant>
+#include <vector>
 
 #include "cli/fault.h"
 #include "cli/paintfonts.h"
 #include "cli/picture.h"
 #include "paint/exports.h"
+#include "paint/sheetpaint.h"
 
 namespace moistair {
 
@@ -22,16 +26,38 @@ void quiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
 }
 
 /// Text is painted with the fonts of a platform that needs no display.
+class Application {
+public:
+  explicit Application(const std::vector<std::string>& texts) {
+    qInstallMessageHandler(quiet);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication::setDesktopSettingsAware(false);
+    preparefonts(texts);
+    application_.emplace(count_, arguments_.data());
+  }
+
+private:
+  std::string name_ = "moistair-cli";
+  std::array<char*, 2> arguments_ = {name_.data(), nullptr};
+  int count_ = 1;
+  std::optional<QGuiApplication> application_;
+};
+
 std::string contents(const FileFormat& format, const Drawing& drawing, PictureSize size, double scale) {
-  qInstallMessageHandler(quiet);
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QGuiApplication::setDesktopSettingsAware(false);
-  preparefonts(drawing);
-  std::string name = "moistair-cli";
-  std::array<char*, 2> arguments = {name.data(), nullptr};
-  int count = 1;
-  const QGuiApplication application(count, arguments.data());
+  std::vector<std::string> texts;
+  for (const Operation& operation : drawing.operations) {
+    if (const auto* text = std::get_if<TextOperation>(&operation)) texts.push_back(text->text);
+  }
+  const Application application(texts);
   return format.content(drawing, QSize(size.width, size.height), scale).toStdString();
+}
+
+std::string sheet(const FileFormat& format, const SheetContent& content, const SheetOptions& options, double scale) {
+  std::vector<std::string> texts = typedtexts(content);
+  texts.insert(texts.end(), {options.title, options.project, options.drawnby, options.date});
+  const Application application(texts);
+  const SheetDrawing drawing = layoutsheet(content, options, sheetextents());
+  return sheetcontent(format.ending, drawing, options.title, scale).toStdString();
 }
 
 }  // namespace
@@ -40,5 +66,6 @@ std::string contents(const FileFormat& format, const Drawing& drawing, PictureSi
 
 extern "C" Q_DECL_EXPORT moistair::Painter moistair_painterofname(std::string_view name) {
   const moistair::FileFormat* format = moistair::formatofname(name);
-  return format == nullptr ? moistair::Painter{} : moistair::Painter{format, format->pixels, moistair::contents};
+  return format == nullptr ? moistair::Painter{}
+                           : moistair::Painter{format, format->pixels, moistair::contents, moistair::sheet};
 }

@@ -5,7 +5,6 @@
 #include <QString>
 #include <algorithm>
 #include <memory>
-#include <variant>
 
 #include "paint/replay.h"
 
@@ -39,27 +38,24 @@ Pattern canvaspattern(FcConfig* config) {
   return right ? std::move(found) : nullptr;
 }
 
-bool hasletters(const FcCharSet* letters, const Operation& operation) {
-  const auto* text = std::get_if<TextOperation>(&operation);
-  if (text == nullptr) return true;
-  const auto characters = QString::fromStdString(text->text).toUcs4();
+bool hasletters(const FcCharSet* letters, const std::string& text) {
+  const auto characters = QString::fromStdString(text).toUcs4();
   return std::all_of(characters.begin(), characters.end(),
                      [&](uint c) { return FcCharSetHasChar(letters, c) == FcTrue; });
 }
 
 }  // namespace
 
-void preparefonts(const Drawing& drawing) {
+void preparefonts(const std::vector<std::string>& texts) {
   const Config config(FcConfigCreate());
-  const auto* text = reinterpret_cast<const FcChar8*>(configuration);
-  if (!config || !FcConfigParseAndLoadFromMemory(config.get(), text, FcTrue) || !FcConfigBuildFonts(config.get()))
+  const auto* read = reinterpret_cast<const FcChar8*>(configuration);
+  if (!config || !FcConfigParseAndLoadFromMemory(config.get(), read, FcTrue) || !FcConfigBuildFonts(config.get()))
     return;
   const Pattern font = canvaspattern(config.get());
   FcCharSet* letters = nullptr;
   if (!font || FcPatternGetCharSet(font.get(), FC_CHARSET, 0, &letters) != FcResultMatch) return;
-  const auto& operations = drawing.operations;
-  const bool enough = std::all_of(operations.begin(), operations.end(),
-                                  [&](const Operation& operation) { return hasletters(letters, operation); });
+  const bool enough =
+      std::all_of(texts.begin(), texts.end(), [&](const std::string& text) { return hasletters(letters, text); });
   if (enough) FcConfigSetCurrent(config.get());  // which takes a reference of its own
 }
 

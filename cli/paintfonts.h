@@ -2,16 +2,17 @@
 /// The fonts that the headless tool paints with.
 ///
 /// Fontconfig reads every file of the system's configuration before the first letter is measured, which takes longer
-/// than a chart takes to paint. The chart's own font has nearly all letters that anybody writes on a chart, so for a
-/// drawing that needs no other one the folder of that font is all that is set up.
+/// than a chart takes to paint. The chart's own font has nearly all letters that anybody writes on a chart, so for
+/// texts that need no other one the folder of that font is all that is set up.
 #pragma once
 
-#include "chart/drawing.h"
+#include <string>
+#include <vector>
 
 namespace moistair {
 
-/// Sets up what the texts of a drawing need; to be called before the toolkit starts, once in a process. Where the
+/// Sets up what some texts need; to be called before the toolkit starts, once in a process. Where the
 /// chart's font does not stand where Debian puts it, or lacks a letter, the system's own configuration stays in force.
-void preparefonts(const Drawing& drawing);
+void preparefonts(const std::vector<std::string>& texts);
 
 }  // namespace moistair

@@ -9,6 +9,8 @@
 #include <string_view>
 
 #include "chart/drawing.h"
+#include "sheet/content.h"
+#include "sheet/options.h"
 
 namespace moistair {
 
@@ -24,6 +26,9 @@ struct Painter {
   bool pixels = false;  ///< whether `scale` counts
   /// The contents of the file; empty if they could not be made.
   std::string (*contents)(const FileFormat& format, const Drawing& drawing, PictureSize size, double scale) = nullptr;
+  /// The same for a sheet, which is laid out there, since that takes its fonts.
+  std::string (*sheet)(const FileFormat& format, const SheetContent& content, const SheetOptions& options,
+                       double scale) = nullptr;
 };
 
 /// What the module exports: a painter by the ending of a file's name, one without a format for any other ending.

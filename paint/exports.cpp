@@ -18,41 +18,15 @@ QByteArray bmpofdrawing(const Drawing& drawing, QSize size, double scale) {
   return bmpcontent(drawingimage(drawing, size, scale));
 }
 
-/// Qt's own writer tries five filters on every row, which takes longer than all else and gains a quarter of the size.
 QByteArray pngofdrawing(const Drawing& drawing, QSize size, double scale) {
-  const QImage picture = drawingimage(drawing, size, scale).convertToFormat(QImage::Format_RGB888);
-  if (picture.isNull()) return {};
-  png_image png{};
-  png.version = PNG_IMAGE_VERSION;
-  png.format = PNG_FORMAT_RGB;
-  png.flags = PNG_IMAGE_FLAG_FAST;
-  png.width = static_cast<png_uint_32>(picture.width());
-  png.height = static_cast<png_uint_32>(picture.height());
-  png_alloc_size_t bytes = PNG_IMAGE_PNG_SIZE_MAX(png);
-  QByteArray content(static_cast<qsizetype>(bytes), Qt::Uninitialized);
-  const auto row = static_cast<png_int_32>(picture.bytesPerLine());
-  if (png_image_write_to_memory(&png, content.data(), &bytes, 0, picture.constBits(), row, nullptr) == 0) return {};
-  content.truncate(static_cast<qsizetype>(bytes));
-  return content;
+  return pngcontent(drawingimage(drawing, size, scale));
 }
 
 QByteArray svgofdrawing(const Drawing& drawing, QSize size, double) { return svgcontent(drawing, size); }
 
 QByteArray pdfofdrawing(const Drawing& drawing, QSize size, double) {
-  QByteArray content;
-  QBuffer buffer(&content);
-  if (!buffer.open(QIODevice::WriteOnly)) return {};
-  QPdfWriter writer(&buffer);
-  writer.setTitle(QStringLiteral("Psychrometric chart"));
-  writer.setCreator(QStringLiteral("Moistair"));
-  writer.setPageSize(QPageSize(QSizeF(size) * 72 / 96, QPageSize::Point, QString(), QPageSize::ExactMatch));
-  writer.setPageMargins(QMarginsF());
-  QPainter painter;
-  if (!painter.begin(&writer)) return {};
-  const double scale = writer.resolution() / 96.0;
-  painter.scale(scale, scale);
-  replay(drawing, painter, size);
-  return painter.end() ? content : QByteArray();
+  return pdfcontent(size, QStringLiteral("Psychrometric chart"),
+                    [&](QPainter& painter, QPdfWriter&) { replay(drawing, painter, size); });
 }
 
 }  // namespace
@@ -73,6 +47,41 @@ QByteArray bmpcontent(const QImage& picture) {
   const bool made =
       buffer.open(QIODevice::WriteOnly) && picture.convertToFormat(QImage::Format_RGB888).save(&buffer, "BMP");
   return made ? content : QByteArray();
+}
+
+/// Qt's own writer tries five filters on every row, which takes longer than all else and gains a quarter of the size.
+QByteArray pngcontent(const QImage& image) {
+  const QImage picture = image.convertToFormat(QImage::Format_RGB888);
+  if (picture.isNull()) return {};
+  png_image png{};
+  png.version = PNG_IMAGE_VERSION;
+  png.format = PNG_FORMAT_RGB;
+  png.flags = PNG_IMAGE_FLAG_FAST;
+  png.width = static_cast<png_uint_32>(picture.width());
+  png.height = static_cast<png_uint_32>(picture.height());
+  png_alloc_size_t bytes = PNG_IMAGE_PNG_SIZE_MAX(png);
+  QByteArray content(static_cast<qsizetype>(bytes), Qt::Uninitialized);
+  const auto row = static_cast<png_int_32>(picture.bytesPerLine());
+  if (png_image_write_to_memory(&png, content.data(), &bytes, 0, picture.constBits(), row, nullptr) == 0) return {};
+  content.truncate(static_cast<qsizetype>(bytes));
+  return content;
+}
+
+QByteArray pdfcontent(QSizeF size, const QString& title, const std::function<void(QPainter&, QPdfWriter&)>& paint) {
+  QByteArray content;
+  QBuffer buffer(&content);
+  if (!buffer.open(QIODevice::WriteOnly)) return {};
+  QPdfWriter writer(&buffer);
+  writer.setTitle(title);
+  writer.setCreator(QStringLiteral("Moistair"));
+  writer.setPageSize(QPageSize(size * 72 / 96, QPageSize::Point, QString(), QPageSize::ExactMatch));
+  writer.setPageMargins(QMarginsF());
+  QPainter painter;
+  if (!painter.begin(&writer)) return {};
+  const double scale = writer.resolution() / 96.0;
+  painter.scale(scale, scale);
+  paint(painter, writer);
+  return painter.end() ? content : QByteArray();
 }
 
 const std::array<FileFormat, 4> fileformats = {{

@@ -10,10 +10,15 @@
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
+#include <QString>
 #include <array>
+#include <functional>
 #include <string_view>
 
 #include "chart/drawing.h"
+
+class QPainter;
+class QPdfWriter;
 
 namespace moistair {
 
@@ -22,6 +27,13 @@ QImage drawingimage(const Drawing& drawing, QSize size, double scale = 1);
 
 /// A 24-bit Windows bitmap of any picture.
 QByteArray bmpcontent(const QImage& picture);
+
+/// A PNG picture, without transparency.
+QByteArray pngcontent(const QImage& picture);
+
+/// A PDF document with a page of so many pixels of 1/96 inch, in which the painter works; the writer begins further
+/// pages.
+QByteArray pdfcontent(QSizeF size, const QString& title, const std::function<void(QPainter&, QPdfWriter&)>& paint);
 
 /// A kind of file that a drawing can be written to.
 struct FileFormat {

@@ -1,36 +1,15 @@
 #include "paint/svg.h"
 
-#include <cmath>
 #include <string>
-#include <string_view>
 
-#include "engine/numbertext.h"
 #include "paint/replay.h"
+#include "paint/svgwriting.h"
 
 namespace moistair {
 
 namespace {
 
-/// To the thousandth, which nobody sees.
-void appendnumber(std::string& out, double number) { out += numbertext(std::round(number * 1000) / 1000); }
-
 void appendpixels(std::string& out, float twips) { appendnumber(out, static_cast<double>(twips) / twipsperpixel); }
-
-void appendattribute(std::string& out, std::string_view name, double value) {
-  out.append(" ").append(name).append("=\"");
-  appendnumber(out, value);
-  out += '"';
-}
-
-void appendstroke(std::string& out, const Color& color) {
-  constexpr std::string_view hexdigits = "0123456789abcdef";
-  out += " stroke=\"#";
-  for (const std::uint8_t part : {color.red, color.green, color.blue}) {
-    out += hexdigits[part >> 4];
-    out += hexdigits[part & 15];
-  }
-  out += '"';
-}
 
 /// Writes one operation after the other. A path goes on as long as lines of its colour come.
 class OperationWriter {
@@ -42,7 +21,7 @@ public:
     if (!samepath) {
       endpath();
       out_ += "<path";
-      appendstroke(out_, line.color.value_or(Color{0, 0, 0}));
+      appendattribute(out_, "stroke", line.color.value_or(Color{0, 0, 0}));
       out_ += " d=\"";
     }
     if (samepath && last_->x2 == line.x1 && last_->y2 == line.y1) {
@@ -62,7 +41,7 @@ public:
     appendattribute(out_, "cx", static_cast<double>(circle.x) / twipsperpixel);
     appendattribute(out_, "cy", static_cast<double>(circle.y) / twipsperpixel);
     appendattribute(out_, "r", static_cast<double>(circle.radius) / twipsperpixel);
-    appendstroke(out_, circle.color);
+    appendattribute(out_, "stroke", circle.color);
     out_ += "/>\n";
   }
 
@@ -97,15 +76,12 @@ private:
 }  // namespace
 
 QByteArray svgcontent(const Drawing& drawing, QSize size) {
-  constexpr double millimetres = 25.4 / 96;  // to the pixel
   const std::string width = std::to_string(size.width());
   const std::string height = std::to_string(size.height());
-  std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"";
-  appendnumber(out, size.width() * millimetres);
-  out += "mm\" height=\"";
-  appendnumber(out, size.height() * millimetres);
-  out += "mm\" viewBox=\"0 0 " + width + ' ' + height + "\">\n<title>Psychrometric chart</title>\n<rect width=\"" +
-         width + "\" height=\"" + height + "\" fill=\"#ffffff\"/>\n";
+  std::string out;
+  appendhead(out, size.width(), size.height());
+  out += "<title>Psychrometric chart</title>\n<rect width=\"" + width + "\" height=\"" + height +
+         "\" fill=\"#ffffff\"/>\n";
   const QFont font = canvasfont();
   out += "<g fill=\"none\" stroke-linecap=\"square\" stroke-linejoin=\"bevel\" xml:space=\"preserve\" font-family=\"" +
          font.family().toStdString() + "\" font-size=\"" + std::to_string(font.pixelSize()) + "\">\n";

@@ -8,8 +8,7 @@ namespace moistair {
 
 namespace {
 
-/// The two factors are rounded each for itself and are not inverses to the last digit.
-constexpr double psiperinhg = 0.4911541;
+/// Rounded for itself: it and `psiperinhg` are not inverses to the last digit.
 constexpr double inhgperpsi = 2.036021;
 
 bool accepts(const PressureUnitRow& row, double number) { return number >= row.low && number <= row.high; }

@@ -19,6 +19,9 @@ namespace moistair {
 /// In the order of the list.
 enum class PressureUnit { standard, inhg, psi, elevation };
 
+/// Pounds/sq inch to the inch of mercury.
+inline constexpr double psiperinhg = 0.4911541;
+
 inline constexpr const char* defaultpressuretext = "29.92126";  ///< what the program starts with [in Hg]
 
 struct PressureUnitRow {

@@ -1,0 +1,153 @@
+#include "cli/chartdocument.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "cli/fault.h"
+#include "cli/picture.h"
+#include "cli/properties.h"
+#include "document/documentfile.h"
+
+namespace moistair {
+
+namespace {
+
+/// A chart as the options ask for it, before anything is added.
+Document newchart(const ChartDocumentOptions& options) {
+  Document document;
+  document.pressure = pressureof(options.pressure);
+  const ChartLimits limits = limitsof(options.limits);
+  document.stand = standof(limits);
+  document.entries.push_back({{limits, document.pressure}, DrawnChart{options.type}});
+  return document;
+}
+
+std::string contentof(Input& input) {
+  constexpr std::size_t readsize = 64u << 10;
+  std::string content;
+  while (input.read(content, readsize)) {
+  }
+  return content;
+}
+
+/// A document from a file, on the limits and with the type that the options ask for.
+Document opened(Input& input, const ChartDocumentOptions& options) {
+  for (const CLI::Option* pressure : options.pressure.options) {
+    if (pressure->count() > 0) throw badusage(pressure->get_name() + ": a document stands for its own pressure");
+  }
+  ReadDocument read = readdocument(contentof(input));
+  if (!read.document) throw failure(input.name() + ": " + read.fault);
+  Document& document = *read.document;
+  if (options.limits.option->count() > 0) relimit(document, limitsof(options.limits));
+  for (Entry& entry : document.entries) {
+    auto* chart = std::get_if<DrawnChart>(&entry.content);
+    if (chart != nullptr && options.typeoption->count() > 0) chart->type = options.type;
+  }
+  return std::move(document);
+}
+
+/// What is out of the limits that were asked for is told, and the rest goes on.
+void tell(const std::vector<LeftOut>& leftout, const Input& input) {
+  for (const LeftOut& left : leftout) {
+    std::string text = input.name() + ": " + captionof(left.entry) + ": " + left.reason;
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
+    std::cerr << "moistair-cli: " << text << std::endl;
+  }
+}
+
+void addentries(Document& document, ChartCanvas& canvas, WindowSize window, const CLI::App& command,
+                const ChartDocumentOptions& options) {
+  std::map<const CLI::Option*, std::size_t> done;
+  for (const CLI::Option* option : command.parse_order()) {
+    const auto found = options.entries.find(option);
+    if (found == options.entries.end()) continue;
+    const EntryOption& kind = *found->second;
+    const std::string& value = option->results()[done[option]++];
+    try {
+      const Entry* chart = lastchart(document);
+      if (chart == nullptr) throw failure("there is no chart to add it to");
+      Entry entry = kind.make(chart->setting, window, value);
+      if (const char* message = draw(entry, canvas, window)) {
+        throw failure(kind.outside != nullptr ? kind.outside : message);
+      }
+      document.entries.push_back(std::move(entry));
+    } catch (const Fault& fault) {
+      throw Fault(fault.code(), std::string(kind.option) + " " + value + ": " + fault.what());
+    }
+  }
+}
+
+CLI::Option* addtype(CLI::App& command, ChartType& type) {
+  static const std::map<std::string, ChartType> names = {{"standard", ChartType::standard},
+                                                         {"blank", ChartType::blank}};
+  const auto choose = [&type](const std::string& name) { type = names.at(name); };
+  return command
+      .add_option_function<std::string>("--type", choose,
+                                        "with its families of lines or without; standard if not given")
+      ->check(CLI::IsMember({"standard", "blank"}))
+      ->type_name("TYPE");
+}
+
+}  // namespace
+
+ChartDocument begundocument(const ChartDocumentOptions& options) {
+  ChartDocument begun;
+  if (options.fromoption->count() > 0) begun.input = std::make_unique<Input>(options.from);
+  begun.document = begun.input ? opened(*begun.input, options) : newchart(options);
+  return begun;
+}
+
+void completedocument(ChartDocument& begun, const std::vector<LeftOut>& leftout, ChartCanvas& canvas, WindowSize window,
+                      const CLI::App& command, const ChartDocumentOptions& options) {
+  addentries(begun.document, canvas, window, command, options);
+  if (begun.input) tell(leftout, *begun.input);
+}
+
+void addchartdocument(CLI::App& command, ChartDocumentOptions& options) {
+  options.fromoption = command.add_option(
+      "--from", options.from, "a .moistair file to begin with in place of a new chart; - for standard input");
+  options.fromoption->type_name("FILE");
+  options.typeoption = addtype(command, options.type);
+  addlimits(command, options.limits, "what the chart shows; 0,120,0,0.030 if not given");
+  for (const EntryOption& entry : entryoptions) {
+    CLI::Option* option = command.add_option(
+        entry.option, [](const CLI::results_t&) { return true; }, entry.description);
+    option->take_all()->allow_extra_args(false)->type_name(entry.valuename);
+    option->group("Lines and points (any number of each, drawn in the order given)");
+    options.entries[option] = &entry;
+  }
+  addpressure(command, options.pressure);
+}
+
+PictureSize pixelsof(const std::string& text) {
+  const auto parts = splitat(text, 'x');
+  const auto side = [](std::string_view part) {
+    const double number = strictnumber(part);
+    return number >= 1 && number <= 10000 && number == std::floor(number) ? static_cast<int>(number) : 0;
+  };
+  const PictureSize size = parts.size() == 2 ? PictureSize{side(parts[0]), side(parts[1])} : PictureSize{0, 0};
+  if (size.width == 0 || size.height == 0) {
+    throw badusage("size must be two whole numbers from 1 to 10000 such as 1366x768");
+  }
+  return size;
+}
+
+double scaleof(const std::string& text, bool pixels, double width, double height) {
+  constexpr double mostpixels = 100e6;
+  const double scale = numberof(text, "scale");
+  if (!pixels && scale != 1) throw badusage("scale is for .png and .bmp; the others are sharp at any size");
+  if (!(scale >= 0.1 && scale <= 10)) throw badusage("scale must be from 0.1 to 10");
+  if (pixels && width * scale * height * scale > mostpixels) {
+    throw badusage("a picture of more than 100 million pixels is too large");
+  }
+  if (pixels && std::min(width, height) * scale < 0.5) throw badusage("a picture of no pixels is too small");
+  return scale;
+}
+
+}  // namespace moistair

@@ -1,0 +1,52 @@
+/// \file
+/// The options that say what stands on a chart, and the document that they make: for the chart and for the sheet.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "cli/chartentries.h"
+#include "cli/limitsoption.h"
+#include "cli/pressureoption.h"
+#include "cli/stream.h"
+#include "document/document.h"
+
+namespace moistair {
+
+struct ChartDocumentOptions {
+  std::string from;
+  CLI::Option* fromoption = nullptr;
+  ChartType type = ChartType::standard;
+  CLI::Option* typeoption = nullptr;
+  LimitsOption limits;
+  PressureOption pressure;
+  std::map<const CLI::Option*, const EntryOption*> entries;
+};
+
+/// Adds --from, --type, --limits, what can be added to a chart, and the pressure.
+void addchartdocument(CLI::App& command, ChartDocumentOptions& options);
+
+/// A document and the file that it was read from, if it was.
+struct ChartDocument {
+  Document document;
+  std::unique_ptr<Input> input;  ///< null for a new chart
+};
+
+/// A new chart, or what a file holds, on the limits and with the type that the options ask for.
+ChartDocument begundocument(const ChartDocumentOptions& options);
+
+/// Adds what was asked for beyond that, in the order of the command line, draws it over what is there, and tells of
+/// what the limits have left out.
+void completedocument(ChartDocument& begun, const std::vector<LeftOut>& leftout, ChartCanvas& canvas, WindowSize window,
+                      const CLI::App& command, const ChartDocumentOptions& options);
+
+/// "1366x768" [pixels].
+struct PictureSize;
+PictureSize pixelsof(const std::string& text);
+
+/// Picture pixels to the pixel. Bad usage for a kind of file that has no pixels, and for a picture that would have too
+/// many or none.
+double scaleof(const std::string& text, bool pixels, double width, double height);
+
+}  // namespace moistair

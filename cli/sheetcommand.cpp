@@ -1,0 +1,144 @@
+/// \file
+/// `moistair-cli sheet -o report.pdf`: a chart laid out for print, with what stands on it, its states in a table and a
+/// title block.
+#include <CLI/CLI.hpp>
+#include <ctime>
+#include <future>
+#include <memory>
+#include <string>
+
+#include "chart/drawing.h"
+#include "cli/chartdocument.h"
+#include "cli/command.h"
+#include "cli/fault.h"
+#include "cli/picture.h"
+#include "cli/properties.h"
+#include "session/utf8.h"
+#include "sheet/content.h"
+#include "sheet/options.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr double pixelsperpoint = pixelsperinch / 72;
+
+struct SheetCommandOptions {
+  std::string output;
+  ChartDocumentOptions document;
+  std::string page = "letter";
+  bool portrait = false;
+  std::string size;
+  std::string lettersize;
+  std::string scale = "1";
+  SheetOptions sheet;
+};
+
+std::string today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  ::localtime_r(&now, &local);
+  std::array<char, 32> text{};
+  return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d", &local)};
+}
+
+SheetOptions sheetof(const SheetCommandOptions& options) {
+  SheetOptions sheet = options.sheet;
+  const auto page = pagenamed(options.size.empty() ? options.page : options.size, options.portrait);
+  if (!page) throw badusage("a page is letter, a4, tabloid, a3, or two sides such as 1200x800 or 11x8.5in");
+  sheet.page = *page;
+  if (!options.lettersize.empty()) sheet.lettersize = numberof(options.lettersize, "font size") * pixelsperpoint;
+  if (!(sheet.lettersize >= leastletters && sheet.lettersize <= mostletters)) {
+    throw badusage("font size must be from 3.75 to 30 points");
+  }
+  for (const std::string* text : {&sheet.title, &sheet.project, &sheet.drawnby, &sheet.date}) {
+    if (!isutf8(*text)) throw badusage("texts must be in UTF-8");
+  }
+  if (sheet.date.empty()) sheet.date = today();
+  sheet.program = std::string("Moistair ") + MOISTAIR_VERSION;
+  return sheet;
+}
+
+void runsheet(const CLI::App& command, const SheetCommandOptions& options) {
+  constexpr WindowSize window{defaultwidth * twipsperpixel, defaultheight * twipsperpixel};
+  const SheetOptions sheet = sheetof(options);
+  ChartDocument begun = begundocument(options.document);
+  RecordingCanvas canvas;
+  // What is out of the limits is found by drawing; what paints is loaded meanwhile.
+  auto drawn = std::async(std::launch::async, [&] { return drawfitting(begun.document, canvas, window); });
+  const Painter painter = painterofname(options.output);
+  if (painter.format == nullptr) throw badusage(options.output + ": the ending must be .pdf .svg .png or .bmp");
+  const double scale = scaleof(options.scale, painter.pixels, sheet.page.width, sheet.page.height);
+  completedocument(begun, drawn.get(), canvas, window, command, options.document);
+  const std::string bytes = painter.sheet(*painter.format, contentof(begun.document), sheet, scale);
+  if (bytes.empty()) throw failure("there is not enough memory for the picture");
+  Output output(options.output, begun.input.get());
+  output.write(bytes);
+  output.close();
+}
+
+/// An option that is one of some words.
+template <std::size_t count, class Choice>
+void addchoice(CLI::App& command, const char* name, const std::array<const char*, count>& words, Choice& choice,
+               const char* description) {
+  std::map<std::string, Choice> choices;
+  for (std::size_t i = 0; i < count; ++i) choices[words[i]] = static_cast<Choice>(i);
+  command
+      .add_option_function<std::string>(
+          name, [choices, &choice](const std::string& word) { choice = choices.at(word); }, description)
+      ->check(CLI::IsMember(std::vector<std::string>(words.begin(), words.end())))
+      ->type_name("WORD");
+}
+
+void addlook(CLI::App& command, SheetCommandOptions& options) {
+  SheetOptions& sheet = options.sheet;
+  CLI::Option* page = command.add_option("--page", options.page,
+                                         "letter, a4, tabloid or a3, or two sides such as 1200x800 in pixels of 1/96 "
+                                         "inch or 11x8.5in; letter if not given");
+  page->type_name("PAGE");
+  command.add_option("--size", options.size, "the page in pixels, as for a chart")
+      ->type_name("WIDTHxHEIGHT")
+      ->excludes(page);
+  command.add_flag("--portrait", options.portrait, "a named page stands on its short side");
+  addchoice(command, "--colors", colornames, sheet.colors, "color, grey or dark; color if not given");
+  command
+      .add_option("--font-size", options.lettersize,
+                  "of the numbers on the scales, all else in proportion; 7.5 points if not given")
+      ->type_name("POINTS");
+  command.add_option("--scale", options.scale, "picture pixels to the pixel, for .png and .bmp")->type_name("NUMBER");
+  constexpr std::array<const char*, 2> labels = {"names", "numbers"};
+  addchoice(command, "--labels", labels, sheet.labels, "what points are called; names if they have any");
+  command.add_flag("--enthalpy-lines", sheet.enthalpylines, "draw lines of constant enthalpy through the chart");
+  const auto without = [&](const char* name, bool& part, const char* description) {
+    command.add_flag_callback(
+        name, [&part] { part = false; }, description);
+  };
+  without("--no-protractor", sheet.protractor, "leave the protractor of sensible heat ratios out");
+  without("--no-table", sheet.table, "leave the table of states out");
+  without("--no-title-block", sheet.titleblock, "leave the title block out");
+}
+
+void addtexts(CLI::App& command, SheetOptions& sheet) {
+  const auto text = [&](const char* name, std::string& value, const char* description) {
+    command.add_option(name, value, description)->type_name("TEXT")->group("Title block");
+  };
+  text("--title", sheet.title, "what the sheet shows");
+  text("--project", sheet.project, "what it is for");
+  text("--drawn-by", sheet.drawnby, "who has made it");
+  text("--date", sheet.date, "when; today if not given");
+}
+
+}  // namespace
+
+void addsheetcommand(CLI::App& app) {
+  CLI::App* command = app.add_subcommand("sheet", "Lay a chart out for print, with table and title block");
+  const auto options = std::make_shared<SheetCommandOptions>();
+  options->sheet.title = "Psychrometric chart";
+  command->add_option("-o,--output", options->output, "the file; .pdf .svg .png .bmp")->required()->type_name("FILE");
+  addchartdocument(*command, options->document);
+  addlook(*command, *options);
+  addtexts(*command, options->sheet);
+  command->callback([options, command] { runsheet(*command, *options); });
+}
+
+}  // namespace moistair

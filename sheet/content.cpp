@@ -1,0 +1,110 @@
+#include "sheet/content.h"
+
+#include <cmath>
+#include <utility>
+
+#include "document/table.h"
+#include "engine/moistair.h"
+#include "engine/numbertext.h"
+#include "engine/value.h"
+#include "sheet/curves.h"
+#include "sheet/steps.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr ChartLimits wholechart{0, 120, 0, 0.03};
+
+/// Adds what an entry is to a content.
+struct ContentWriter {
+  SheetContent& content;
+  const Setting& setting;
+  const std::vector<const TableRow*>& rows;  ///< the entry's own
+
+  void operator()(const HeaderLine&) const {}
+  void operator()(const DrawnChart&) const {}
+
+  void operator()(const PropertyLine& line) const {
+    double value = 0;
+    assign(value, strictnumber(line.value));
+    content.lines.push_back({line.kind, value, setting.pressure.atm});
+  }
+
+  void operator()(const MarkedPoint&) const { addstates(); }
+
+  void operator()(const MixingLine& line) const {
+    const std::size_t first = content.states.size();
+    addstates();
+    const std::size_t number = content.mixtures.size() + 1;
+    for (std::size_t i = first; i < content.states.size() && number > 1; ++i) {
+      content.states[i].name += " (" + std::to_string(number) + ")";
+    }
+    const double one = lenientnumber(line.columns.at(0).moistrate);
+    const double other = lenientnumber(line.columns.at(1).moistrate);
+    content.mixtures.push_back({first, first + 1, first + 2, quotient(one, one + other)});
+  }
+
+  void addstates() const {
+    for (const TableRow* row : rows) {
+      const int number = static_cast<int>(content.states.size()) + 1;
+      content.states.push_back({number, row->identification, row->properties, row->pressure});
+    }
+  }
+};
+
+/// The elevation of a pressure [ft]; no value above that of the sea.
+double elevationof(double atm) {
+  constexpr double slack = 0.0005;
+  constexpr double highest = 145000;
+  if (!(atm > psychro_atm(highest) && atm <= psychro_atm(0) + slack)) return novalue;
+  return lastwith([&](double elevation) { return psychro_atm(elevation) >= atm - 1e-9; }, 0.0, highest);
+}
+
+std::string elevationtext(const Pressure& pressure) {
+  if (pressure.entry.unit == PressureUnit::elevation) return numbertext(lenientnumber(pressure.entry.text)) + " ft";
+  const double elevation = elevationof(pressure.atm);
+  if (!hasvalue(elevation)) return {};
+  return elevation < 1 ? "sea level" : numeral(elevation, 0) + " ft";
+}
+
+}  // namespace
+
+SheetContent contentof(const Document& document) {
+  SheetContent content;
+  content.limits = wholechart;
+  content.pressure = document.pressure;
+  if (const Entry* chart = lastchart(document)) {
+    content.limits = chart->setting.limits;
+    content.pressure = chart->setting.pressure;
+    content.families = std::get<DrawnChart>(chart->content).type == ChartType::standard;
+  }
+  const std::vector<TableRow> rows = tablerows(document);
+  auto row = rows.begin();
+  for (std::size_t i = 0; i < document.entries.size(); ++i) {
+    std::vector<const TableRow*> own;
+    for (; row != rows.end() && row->entry == i; ++row) own.push_back(&*row);
+    const Entry& entry = document.entries[i];
+    std::visit(ContentWriter{content, entry.setting, own}, entry.content);
+  }
+  return content;
+}
+
+std::string pressuretext(const Pressure& pressure) {
+  std::string text = numeral(pressure.atm, 3) + " in Hg (" + numeral(pressure.atm * psiperinhg, 3) + " psi)";
+  const std::string elevation = elevationtext(pressure);
+  return elevation.empty() ? text : text + ", " + elevation;
+}
+
+std::string limitstext(const ChartLimits& limits) {
+  return numbertext(limits.lowdb) + " to " + numbertext(limits.highdb) + " °F, " + numeral(limits.lowhr, 3) + " to " +
+         numeral(limits.highhr, 3) + " lb/lb";
+}
+
+std::vector<std::string> typedtexts(const SheetContent& content) {
+  std::vector<std::string> texts;
+  for (const SheetState& state : content.states) texts.push_back(state.name);
+  return texts;
+}
+
+}  // namespace moistair

@@ -1,0 +1,62 @@
+/// \file
+/// What of a document goes on a sheet.
+///
+/// A sheet has one chart: the last one in the document, or all that there is if there is none. What was put on the
+/// charts before it is shown on that one too, as the list of entries does. Points are numbered in their order, the
+/// streams of a mixture among them. Nothing here knows a page.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "document/document.h"
+#include "session/pointreport.h"
+
+namespace moistair {
+
+/// A line of constant property that was asked for.
+struct SheetLine {
+  LineKind kind = LineKind::relativehumidity;
+  double value = 0;
+  double atm = 0;  ///< that it is traced at [in Hg]
+};
+
+/// A state with its mark. Properties are in the order of the report, no value where there is none.
+struct SheetState {
+  int number = 0;
+  std::string name;  ///< empty for none
+  std::array<double, reportrows.size()> properties{};
+  double atm = 0;  ///< that it was worked out at [in Hg]
+
+  double db() const { return properties[0]; }
+  double w() const { return properties[5]; }
+};
+
+/// Two streams and their mixture, as places in the list of states.
+struct SheetMixture {
+  std::size_t one = 0, mixed = 0, other = 0;
+  double share = 0;  ///< of the first stream in the moist air; no value if it is not known
+};
+
+struct SheetContent {
+  ChartLimits limits;
+  Pressure pressure;
+  bool families = true;  ///< of a standard chart
+  std::vector<SheetLine> lines;
+  std::vector<SheetState> states;
+  std::vector<SheetMixture> mixtures;
+};
+
+SheetContent contentof(const Document& document);
+
+/// "29.921 in Hg (14.696 psi), sea level": a pressure with the elevation that has it.
+std::string pressuretext(const Pressure& pressure);
+
+/// "0 to 120 °F, 0 to 0.030 lb/lb".
+std::string limitstext(const ChartLimits& limits);
+
+/// Every text of a content that a person has typed.
+std::vector<std::string> typedtexts(const SheetContent& content);
+
+}  // namespace moistair

@@ -1,0 +1,45 @@
+/// \file
+/// Lines of constant property traced by the property functions.
+///
+/// A line is a humidity ratio by the dry bulb. Its visible stretches are those within the limits and not above
+/// saturation; their ends are found by halving, so that a line reaches the frame and the saturation curve exactly, and
+/// between them points are set until no part is further than 0.1 pixel from the line.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "chart/propertylines.h"
+#include "sheet/sheetdrawing.h"
+
+namespace moistair {
+
+/// Humidity ratio by the dry bulb [deg F]; no value where the line has none.
+using LineFunction = std::function<double(double db)>;
+
+/// Humidity ratio of saturated air [lb/lb]; infinite where the water boils.
+double saturationratio(double db, double atm);
+
+/// The function of a line of constant property.
+LineFunction linefunction(LineKind kind, double value, double atm);
+
+/// The dry bulb at which a condition that holds at `yes` and not at `no` ceases to hold.
+template <class Condition>
+double lastwith(const Condition& holds, double yes, double no) {
+  for (int i = 0; i < 50; ++i) {
+    const double middle = (yes + no) / 2;
+    (holds(middle) ? yes : no) = middle;
+  }
+  return yes;
+}
+
+/// A line between two dry bulbs, where it has a value throughout.
+std::vector<SheetPoint> traced(const SheetPlot& plot, const LineFunction& w, double fromdb, double todb);
+
+/// Every visible stretch of a line.
+std::vector<std::vector<SheetPoint>> visible(const SheetPlot& plot, const LineFunction& w);
+
+/// Every visible stretch of a line of constant property.
+std::vector<std::vector<SheetPoint>> visibleline(const SheetPlot& plot, LineKind kind, double value, double atm);
+
+}  // namespace moistair

@@ -1,0 +1,135 @@
+// The oblique scale of enthalpies beyond saturation.
+#include <algorithm>
+#include <utility>
+
+#include "engine/moistair.h"
+#include "sheet/parts.h"
+#include "sheet/steps.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr double distancefromcurve = 4.2;  // em: a row of numbers and a row of words have room there
+
+double enthalpyat(const SheetPlot& plot, SheetPoint place) { return enthalpyof(plot.db(place.x), plot.w(place.y)); }
+
+/// The direction in which the enthalpy stays, up and to the left.
+SheetPoint outwardat(const SheetPlot& plot, SheetPoint place) {
+  const double rise = (0.24 + 0.444 * plot.w(place.y)) / (1061 + 0.444 * plot.db(place.x));  // lb/lb to the deg F
+  return unit({-plot.perdb(), -rise * plot.perw()});
+}
+
+/// A curve moved to its left by a distance.
+std::vector<SheetPoint> movedout(const std::vector<SheetPoint>& curve, double distance) {
+  std::vector<SheetPoint> moved;
+  for (std::size_t i = 0; i < curve.size(); ++i) {
+    const SheetPoint along = unit(curve[std::min(i + 1, curve.size() - 1)] - curve[i == 0 ? 0 : i - 1]);
+    moved.push_back(curve[i] + SheetPoint{along.y, -along.x} * distance);
+  }
+  return moved;
+}
+
+/// The part of a rising line that is right of one edge and below another, its ends on them.
+std::vector<SheetPoint> cut(const std::vector<SheetPoint>& line, double left, double top) {
+  const auto inside = [&](SheetPoint point) { return point.x >= left && point.y >= top; };
+  std::vector<SheetPoint> part;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (i > 0 && inside(line[i]) != inside(line[i - 1])) {
+      SheetPoint in = inside(line[i]) ? line[i] : line[i - 1];
+      SheetPoint out = inside(line[i]) ? line[i - 1] : line[i];
+      for (int step = 0; step < 40; ++step) {
+        const SheetPoint middle = (in + out) * 0.5;
+        (inside(middle) ? in : out) = middle;
+      }
+      part.push_back(in);
+    }
+    if (inside(line[i])) part.push_back(line[i]);
+  }
+  return part;
+}
+
+/// Where an enthalpy stands on the rule, on which it rises all along.
+std::optional<SheetPoint> onrule(const SheetPlot& plot, const std::vector<SheetPoint>& rule, double h) {
+  for (std::size_t i = 1; i < rule.size(); ++i) {
+    const double low = enthalpyat(plot, rule[i - 1]);
+    const double high = enthalpyat(plot, rule[i]);
+    if (!(low <= h && h <= high) || low == high) continue;
+    SheetPoint below = rule[i - 1];
+    SheetPoint above = rule[i];
+    for (int step = 0; step < 40; ++step) {
+      const SheetPoint middle = (below + above) * 0.5;
+      (enthalpyat(plot, middle) <= h ? below : above) = middle;
+    }
+    return below;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::vector<SheetPoint> enthalpyrule(const SheetWork& work) {
+  const Boundary& boundary = work.boundary;
+  std::vector<SheetPoint> rule = boundary.left;
+  if (!boundary.saturation.empty()) {
+    const double top = boundary.top.empty() ? 0 : work.plot.top;
+    auto beyond = cut(movedout(boundary.saturation, distancefromcurve * work.em()), work.plot.left, top);
+    if (beyond.empty() && !boundary.left.empty() && !boundary.top.empty()) beyond.push_back({work.plot.left, top});
+    rule.insert(rule.end(), beyond.begin(), beyond.end());
+  }
+  rule.insert(rule.end(), boundary.top.begin() + (rule.empty() || boundary.top.empty() ? 0 : 1), boundary.top.end());
+  return rule;
+}
+
+void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
+  const SheetPlot& plot = work.plot;
+  const double em = work.em();
+  const Stroke& stroke = work.theme.scale;
+  if (rule.size() < 2) return;
+  work.canvas.polyline(rule, stroke.width, stroke.color);
+  work.board.wall(rule);
+  const double low = enthalpyat(plot, rule.front());
+  const double high = enthalpyat(plot, rule.back());
+  if (!(high > low)) return;
+  const double perunit = lengthof(rule) / (high - low);
+  const double fine = stepfrom({0.1, 0.2, 0.5, 1, 5}, 0.36 * em / perunit);
+  const double main = stepfrom({0.5, 1, 2, 5, 10}, 3.4 * em / perunit);
+  for (const double h : multiples(low, high, fine)) {
+    const auto at = onrule(plot, rule, h);
+    if (!at) continue;
+    const SheetPoint outward = outwardat(plot, *at);
+    const bool numbered = ismultiple(h, main);
+    const double size = (numbered ? 0.75 : 0.35) * em;
+    work.canvas.polyline({*at, *at + outward * size}, stroke.width, stroke.color);
+    if (!numbered) continue;
+    const std::string text = numeral(h, decimalsof(main));
+    Label label{importance::scale + (ismultiple(h, 10) ? 40 : 10), {}, false};
+    label.places.push_back({beside(work.canvas, *at, outward, size + 0.25 * em, text, work.theme.text(em)), 0, {}});
+    work.board.add(std::move(label));
+  }
+  const TextStyle style = work.theme.text(0.9 * em);
+  Label words{importance::caption, {}, false};
+  double cost = 0;
+  for (const char* text : {"Enthalpy, Btu per lb of dry air", "Enthalpy, Btu/lb", "Btu/lb"}) {
+    for (const double aside : {2.9, 3.5}) {
+      for (LabelPlace& place : placesalong(work.canvas, rule, text, style, 0.55, aside * em)) {
+        place.cost += cost + aside;
+        words.places.push_back(std::move(place));
+      }
+    }
+    cost += 3;
+  }
+  work.board.add(std::move(words));
+  if (work.boundary.saturation.empty() || !work.content.families) return;
+  const TextStyle wetbulb{0.85 * em, false, work.theme.wetbulb.color};
+  Label saturation{importance::caption, {}, false};
+  for (const char* text : {"Wet bulb and saturation temperature, °F", "Wet bulb, °F"}) {
+    for (const double aside : {2.75, 3.05, 3.3}) {
+      auto places = placesalong(work.canvas, work.boundary.saturation, text, wetbulb, 0.5, aside * em);
+      saturation.places.insert(saturation.places.end(), places.begin(), places.end());
+    }
+  }
+  work.board.add(std::move(saturation));
+}
+
+}  // namespace moistair

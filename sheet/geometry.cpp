@@ -1,0 +1,113 @@
+#include "sheet/geometry.h"
+
+#include <algorithm>
+#include <numbers>
+
+namespace moistair {
+
+SheetPoint unit(SheetPoint vector) {
+  const double size = length(vector);
+  return size > 0 ? vector * (1 / size) : SheetPoint{1, 0};
+}
+
+double readingangle(SheetPoint direction) {
+  if (direction.x < 0 || (direction.x == 0 && direction.y > 0)) direction = direction * -1;
+  return std::atan2(direction.y, direction.x) * 180 / std::numbers::pi;
+}
+
+SheetPoint direction(double angle) {
+  if (angle == 0) return {1, 0};
+  const double radians = angle * std::numbers::pi / 180;
+  return {std::cos(radians), std::sin(radians)};
+}
+
+std::array<SheetPoint, 4> Box::corners() const {
+  const SheetPoint l = along * halflength;
+  const SheetPoint h = across() * halfheight;
+  return {centre - l - h, centre + l - h, centre + l + h, centre - l + h};
+}
+
+Box boxof(SheetPoint one, SheetPoint other) {
+  return {(one + other) * 0.5, {1, 0}, std::abs(one.x - other.x) / 2, std::abs(one.y - other.y) / 2};
+}
+
+Box grown(Box box, double margin) {
+  box.halflength += margin;
+  box.halfheight += margin;
+  return box;
+}
+
+Box textbox(const SheetTextOperation& text, const TextExtent& extent) {
+  Box box;
+  box.along = direction(text.angle);
+  box.halflength = extent.width / 2;
+  box.halfheight = (extent.ascent + extent.descent) / 2;
+  const double ahead = text.anchor == Anchor::start ? 0.5 : text.anchor == Anchor::end ? -0.5 : 0;
+  box.centre = text.at + box.along * (ahead * extent.width) + box.across() * ((extent.descent - extent.ascent) / 2);
+  return box;
+}
+
+namespace {
+
+/// How far a box reaches from its centre in a direction.
+double reach(const Box& box, SheetPoint axis) {
+  return box.halflength * std::abs(dot(box.along, axis)) + box.halfheight * std::abs(dot(box.across(), axis));
+}
+
+}  // namespace
+
+bool overlap(const Box& a, const Box& b) {
+  const SheetPoint between = b.centre - a.centre;
+  const double radii = a.radius() + b.radius();
+  if (dot(between, between) >= radii * radii) return false;
+  for (const SheetPoint axis : {a.along, a.across(), b.along, b.across()}) {
+    if (std::abs(dot(between, axis)) >= reach(a, axis) + reach(b, axis)) return false;
+  }
+  return true;
+}
+
+/// Cuts the line by the box's four sides, in coordinates of the box.
+bool crosses(const Box& box, SheetPoint from, SheetPoint to) {
+  const SheetPoint start{dot(from - box.centre, box.along), dot(from - box.centre, box.across())};
+  const SheetPoint way{dot(to - from, box.along), dot(to - from, box.across())};
+  double enter = 0;
+  double leave = 1;
+  const auto cut = [&](double place, double step, double half) {
+    if (step == 0) return std::abs(place) < half;
+    const double one = (-half - place) / step;
+    const double other = (half - place) / step;
+    enter = std::max(enter, std::min(one, other));
+    leave = std::min(leave, std::max(one, other));
+    return enter < leave;
+  };
+  return cut(start.x, way.x, box.halflength) && cut(start.y, way.y, box.halfheight);
+}
+
+std::optional<SheetPoint> meeting(SheetPoint a, SheetPoint b, SheetPoint c, SheetPoint d) {
+  const double turn = cross(b - a, d - c);
+  if (turn == 0) return std::nullopt;
+  const double first = cross(c - a, d - c) / turn;
+  const double second = cross(c - a, b - a) / turn;
+  if (!(first >= 0 && first <= 1 && second >= 0 && second <= 1)) return std::nullopt;
+  return a + (b - a) * first;
+}
+
+double lengthof(const std::vector<SheetPoint>& line) {
+  double sum = 0;
+  for (std::size_t i = 1; i < line.size(); ++i) sum += distance(line[i - 1], line[i]);
+  return sum;
+}
+
+PlaceOnLine placeon(const std::vector<SheetPoint>& line, double length) {
+  for (std::size_t i = 1; i < line.size(); ++i) {
+    const double piece = distance(line[i - 1], line[i]);
+    if (length <= piece || i + 1 == line.size()) {
+      const SheetPoint along = unit(line[i] - line[i - 1]);
+      return {line[i - 1] + along * std::min(length, piece), along};
+    }
+    length -= piece;
+  }
+  return {line.front(), {1, 0}};
+}
+
+}  // namespace moistair

@@ -1,0 +1,141 @@
+// What the engineer has put on the chart: points, mixing lines and lines of constant property.
+#include <algorithm>
+#include <utility>
+
+#include "engine/numbertext.h"
+#include "engine/value.h"
+#include "sheet/curves.h"
+#include "sheet/parts.h"
+#include "sheet/steps.h"
+
+namespace moistair {
+
+namespace {
+
+constexpr double markradius = 0.38;  // em
+constexpr double linewidth = 1.7;
+constexpr double mixingwidth = 1.5;
+constexpr double lineweight = 0.6;  // what covering one of these lines costs
+
+/// How a line of constant property is called on itself.
+std::string nameof(const SheetLine& line) {
+  const std::string value = numbertext(line.value);
+  switch (line.kind) {
+    case LineKind::relativehumidity: return value + " % RH";
+    case LineKind::wetbulb: return "WB " + value + " °F";
+    case LineKind::enthalpy: return "h " + value + " Btu/lb";
+    case LineKind::specificvolume: break;
+  }
+  return "v " + value + " cu ft/lb";
+}
+
+void drawline(SheetWork& work, const SheetLine& line) {
+  const Stroke& stroke = work.theme.of(line.kind);
+  Label label{importance::line, {}, true};
+  for (const auto& piece : visibleline(work.plot, line.kind, line.value, line.atm)) {
+    work.canvas.polyline(piece, linewidth, stroke.color);
+    work.board.line(piece, lineweight);
+    const TextStyle style{0.9 * work.em(), true, stroke.color};
+    for (const double preferred : {0.35}) {
+      auto places = placesalong(work.canvas, piece, nameof(line), style, preferred);
+      label.places.insert(label.places.end(), places.begin(), places.end());
+    }
+  }
+  work.board.add(std::move(label));
+}
+
+bool isnamed(const SheetWork& work, const SheetState& state) {
+  return work.options.labels == PointLabels::names && !state.name.empty();
+}
+
+bool stands(const SheetWork& work, const SheetState& state) { return work.plot.limits.contain(state.db(), state.w()); }
+
+void drawmixture(SheetWork& work, const SheetMixture& mixture) {
+  const auto& states = work.content.states;
+  const std::array<const SheetState*, 3> three = {&states[mixture.one], &states[mixture.mixed], &states[mixture.other]};
+  if (!std::all_of(three.begin(), three.end(), [&](const SheetState* state) { return stands(work, *state); })) return;
+  std::vector<SheetPoint> line;
+  for (const SheetState* state : three) line.push_back(work.plot.at(state->db(), state->w()));
+  work.canvas.polyline(line, mixingwidth, work.theme.mark);
+  work.board.line(line, lineweight);
+  if (!hasvalue(mixture.share)) return;
+  const double percent = 100 * mixture.share;
+  const auto part = [&](double share, const SheetState& state) {
+    return numeral(share, 1) + " % " + (isnamed(work, state) ? state.name : std::to_string(state.number));
+  };
+  const std::string text = part(percent, *three[0]) + " + " + part(100 - percent, *three[2]);
+  const TextStyle style{0.9 * work.em(), false, work.theme.mark};
+  Label label{importance::share, {}, true};
+  for (const double aside : {1.15, -1.15}) {
+    for (LabelPlace& place : placesalong(work.canvas, line, text, style, 0.5, aside * work.em())) {
+      place.cost += aside < 0 ? 0.1 : 0;
+      label.places.push_back(std::move(place));
+    }
+  }
+  const SheetPoint mixed = line[1];
+  for (int turn = 0; turn < 8; ++turn) {  // where the line is too short for it
+    const SheetPoint outward = direction(45.0 * turn + 20);
+    for (const double away : {2.2, 4.0}) {
+      label.places.push_back({beside(work.canvas, mixed, outward, away * work.em(), text, style),
+                              1 + away / 4,
+                              {mixed, mixed + outward * (away * work.em())}});
+    }
+  }
+  work.board.add(std::move(label));
+}
+
+/// A round mark; that of a mixture is a diamond, so that the two differ by more than their place.
+void drawmark(SheetWork& work, const SheetState& state, bool mixed) {
+  const SheetPoint at = work.plot.at(state.db(), state.w());
+  const double radius = markradius * work.em() * (mixed ? 1.25 : 1);
+  const int corners = mixed ? 4 : 24;
+  std::vector<SheetPoint> rim;
+  for (int i = 0; i <= corners; ++i) rim.push_back(at + direction(360.0 * i / corners) * radius);
+  work.canvas.area(rim, work.theme.mark);
+  work.canvas.polyline(std::move(rim), 0.8, work.theme.paper);
+  work.board.fix(boxof(at - SheetPoint{radius, radius}, at + SheetPoint{radius, radius}));
+}
+
+void labelstate(SheetWork& work, const SheetState& state) {
+  const double em = work.em();
+  const SheetPoint at = work.plot.at(state.db(), state.w());
+  const std::string number = std::to_string(state.number);
+  const bool named = isnamed(work, state);
+  Label label{importance::point, {}, true};
+  const auto offer = [&](const std::string& text, double cost, double size) {
+    const TextStyle style{size * em, true, work.theme.ink};
+    for (const double away : {0.25, 1.6, 3.2, 5.5}) {
+      for (int turn = 0; turn < 12; ++turn) {
+        const SheetPoint outward = direction(-35 - 30.0 * turn);  // to the upper right first
+        const double upright = 0.03 * std::min(turn, 12 - turn);
+        const double gap = markradius * em + away * em;
+        LabelPlace place{beside(work.canvas, at, outward, gap, text, style), cost + upright + 0.45 * away, {}};
+        if (away > 1) place.leader = {at + outward * (markradius * em), at + outward * (gap - 0.15 * em)};
+        label.places.push_back(std::move(place));
+      }
+    }
+  };
+  if (named) offer(fitted(work.canvas, state.name, work.theme.bold(em), 16 * em), 0, 1);
+  offer(number, named ? 4 : 0, 1);
+  work.board.add(std::move(label));
+}
+
+}  // namespace
+
+void drawcontent(SheetWork& work) {
+  const SheetContent& content = work.content;
+  for (const SheetLine& line : content.lines) drawline(work, line);
+  for (const SheetMixture& mixture : content.mixtures) drawmixture(work, mixture);
+  const auto ismixed = [&](const SheetState& state) {
+    const auto at = static_cast<std::size_t>(state.number) - 1;
+    return std::any_of(content.mixtures.begin(), content.mixtures.end(),
+                       [&](const SheetMixture& mixture) { return mixture.mixed == at; });
+  };
+  for (const SheetState& state : content.states) {
+    if (!stands(work, state)) continue;
+    drawmark(work, state, ismixed(state));
+    labelstate(work, state);
+  }
+}
+
+}  // namespace moistair

@@ -1,0 +1,45 @@
+#include "sheet/options.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/numbertext.h"
+
+namespace moistair {
+
+namespace {
+
+std::string lowered(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return lower;
+}
+
+}  // namespace
+
+PageSize pageof(const NamedPage& page, bool portrait) {
+  const PageSize upright{page.width * pixelsperinch, page.height * pixelsperinch};
+  return portrait ? upright : PageSize{upright.height, upright.width};
+}
+
+std::optional<PageSize> pagenamed(std::string_view text, bool portrait) {
+  std::string name = lowered(text);
+  for (const NamedPage& page : namedpages) {
+    if (name == page.name) return pageof(page, portrait);
+  }
+  double scale = 1;
+  if (name.ends_with("in")) {
+    scale = pixelsperinch;
+    name.resize(name.size() - 2);
+  }
+  const std::size_t cut = name.find('x');
+  if (cut == std::string::npos) return std::nullopt;
+  const PageSize size{strictnumber(name.substr(0, cut)) * scale, strictnumber(name.substr(cut + 1)) * scale};
+  const auto fits = [](double side) { return side >= leastside && side <= mostside; };
+  if (!fits(size.width) || !fits(size.height)) return std::nullopt;
+  return size;
+}
+
+}  // namespace moistair

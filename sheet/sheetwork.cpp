@@ -1,0 +1,67 @@
+#include "sheet/sheetwork.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace moistair {
+
+SheetTextOperation centred(const SheetCanvas& canvas, SheetPoint centre, std::string text, const TextStyle& style,
+                           double angle) {
+  const TextExtent extent = canvas.extent(text, style);
+  const SheetPoint along = direction(angle);
+  const SheetPoint down{-along.y, along.x};
+  return {centre + down * ((extent.ascent - extent.descent) / 2), std::move(text), style, Anchor::middle, angle};
+}
+
+SheetTextOperation beside(const SheetCanvas& canvas, SheetPoint place, SheetPoint outward, double gap, std::string text,
+                          const TextStyle& style) {
+  const TextExtent extent = canvas.extent(text, style);
+  const double halfwidth = extent.width / 2;
+  const double halfheight = (extent.ascent + extent.descent) / 2;
+  // as far as the box reaches in that direction before its edge, so that numbers on a slanted scale stay in a row
+  const double bywidth = std::abs(outward.x) > 1e-9 ? halfwidth / std::abs(outward.x) : 1e9;
+  const double byheight = std::abs(outward.y) > 1e-9 ? halfheight / std::abs(outward.y) : 1e9;
+  return centred(canvas, place + outward * (gap + std::min(bywidth, byheight)), std::move(text), style);
+}
+
+void fixedtext(SheetWork& work, SheetTextOperation text) {
+  if (text.text.empty()) return;
+  work.board.fix(textbox(text, work.canvas.extent(text.text, text.style)));
+  work.canvas.text(std::move(text));
+}
+
+std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
+                                    const std::string& text, const TextStyle& style, double preferred, double aside) {
+  constexpr int count = 24;
+  std::vector<LabelPlace> places;
+  const double width = canvas.widthof(text, style);
+  const double whole = lengthof(line);
+  if (line.size() < 2 || whole < width * 1.3) return places;
+  for (int i = 0; i <= count; ++i) {
+    const double part = static_cast<double>(i) / count;
+    const double middle = width * 0.6 + (whole - width * 1.2) * part;
+    const SheetPoint from = placeon(line, middle - width / 2).at;
+    const SheetPoint to = placeon(line, middle + width / 2).at;
+    const SheetPoint along = unit(to - from);
+    const SheetPoint left{along.y, -along.x};
+    const SheetPoint on = ((from + to) * 0.5 + placeon(line, middle).at) * 0.5;
+    places.push_back(
+        {centred(canvas, on + left * aside, text, style, readingangle(along)), 2 * std::abs(part - preferred), {}});
+  }
+  return places;
+}
+
+std::string fitted(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width) {
+  if (canvas.widthof(text, style) <= width) return text;
+  std::size_t keep = 0;  // bytes
+  std::size_t beyond = text.size();
+  while (keep + 1 < beyond) {
+    const std::size_t middle = (keep + beyond) / 2;
+    (canvas.widthof(text.substr(0, middle) + "…", style) <= width ? keep : beyond) = middle;
+  }
+  while (keep > 0 && (static_cast<unsigned char>(text[keep]) & 0xC0) == 0x80) --keep;  // not within a letter
+  return keep == 0 ? std::string() : text.substr(0, keep) + "…";
+}
+
+}  // namespace moistair

@@ -1,0 +1,57 @@
+/// \file
+/// Round steps for scales and families of lines, and the numbers at them.
+#pragma once
+
+#include <cmath>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "engine/numbertext.h"
+
+namespace moistair {
+
+/// The smallest of some rising steps that is at least so large; the last if none is.
+inline double stepfrom(std::initializer_list<double> steps, double least) {
+  for (const double step : steps) {
+    if (step >= least) return step;
+  }
+  return *(steps.end() - 1);
+}
+
+/// The multiples of a step from low to high, ends included. A thousand at most.
+inline std::vector<double> multiples(double low, double high, double step) {
+  constexpr double slack = 1e-6;
+  constexpr std::size_t most = 1000;
+  std::vector<double> numbers;
+  for (double count = std::ceil(low / step - slack); count * step <= high + slack * step; ++count) {
+    if (numbers.size() == most) break;
+    numbers.push_back(count * step);
+  }
+  return numbers;
+}
+
+/// Whether a number is a multiple of a step, but for its rounding.
+inline bool ismultiple(double number, double step) {
+  const double count = number / step;
+  return std::abs(count - std::round(count)) < 1e-6;
+}
+
+/// So many decimals show every multiple of a step.
+inline int decimalsof(double step) {
+  int decimals = 0;
+  while (decimals < 6 && !ismultiple(step, 1)) {
+    step *= 10;
+    ++decimals;
+  }
+  return decimals;
+}
+
+/// A number with so many decimals, and without a point where there are none.
+inline std::string numeral(double number, int decimals) {
+  std::string text = fixeddecimals(number, decimals);
+  if (text.ends_with('.')) text.pop_back();
+  return text;
+}
+
+}  // namespace moistair

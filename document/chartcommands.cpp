@@ -83,6 +83,12 @@ const char* ChartCommands::drawmixture(const MixingProblem& problem, const Chart
   return nullptr;
 }
 
+const char* ChartCommands::add(Entry entry, WindowSize window) {
+  if (const char* message = draw(entry, canvas_, window)) return message;
+  record(addition(document(), std::move(entry)));
+  return nullptr;
+}
+
 void ChartCommands::keeppicture() {
   canvas_.KeepPicture();
   history_.keeppicture();

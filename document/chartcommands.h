@@ -54,6 +54,10 @@ public:
   /// @param limits those of the lists, as the mixing window reads them
   const char* drawmixture(const MixingProblem& problem, const ChartLimits& limits, WindowSize window);
 
+  /// Draws an entry that is complete, with the limits and the pressure that it has, or answers with the message of what
+  /// refuses it.
+  const char* add(Entry entry, WindowSize window);
+
   /// "Save chart": all that is drawn becomes the background picture.
   void keeppicture();
 

@@ -30,6 +30,15 @@ Change removal(const Document& document, std::string name, std::size_t from) {
   return change;
 }
 
+/// One entry in place of another.
+Change replacement(const Document& document, std::string name, std::size_t place, Entry entry) {
+  Change change = nochange(document, std::move(name));
+  change.at = place;
+  change.count = 1;
+  change.entries.push_back(std::move(entry));
+  return change;
+}
+
 bool ischart(const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); }
 
 /// Whether it can be put on another chart.
@@ -99,12 +108,14 @@ Change deletion(const Document& document, std::vector<std::size_t> places) {
 
 Change renaming(const Document& document, std::size_t place, std::string identification) {
   Entry entry = document.entries[place];
-  Change change = nochange(document, "Rename " + captionof(entry));
+  const std::string name = "Rename " + captionof(entry);
   std::get<MarkedPoint>(entry.content).identification = std::move(identification);
-  change.at = place;
-  change.count = 1;
-  change.entries.push_back(std::move(entry));
-  return change;
+  return replacement(document, name, place, std::move(entry));
+}
+
+Change moving(const Document& document, std::size_t place, Entry moved) {
+  const std::string name = "Move " + captionof(moved);
+  return replacement(document, name, place, std::move(moved));
 }
 
 void carryout(Change& change, Document& document) {

@@ -52,6 +52,9 @@ Change deletion(const Document& document, std::vector<std::size_t> places);
 /// A point under another identification. The entry must be a point.
 Change renaming(const Document& document, std::size_t place, std::string identification);
 
+/// A point put elsewhere: `moved` in its place, from `movedto` (marks.h).
+Change moving(const Document& document, std::size_t place, Entry moved);
+
 /// Entries added in one go.
 Change additions(const Document& document, std::vector<Entry> entries, std::string name);
 

@@ -1,0 +1,76 @@
+#include "document/marks.h"
+
+#include <cmath>
+
+#include "chart/chartfinders.h"
+#include "engine/resolver.h"
+#include "session/pointreport.h"
+
+namespace moistair {
+
+namespace {
+
+/// The state as a report shows it.
+StatePoint shownstate(const StatePoint& point) { return readreport(fillreport(point, {}, {})); }
+
+/// Whether a chart's axes show the two as one.
+bool samespot(const StatePoint& one, const Place& other) {
+  return std::abs(one.db - other.db) < 0.005 && std::abs(one.w - other.w) < 5e-06;
+}
+
+/// Appends the marks of an entry.
+struct Marker {
+  std::vector<Mark>& marks;
+  std::size_t entry;
+
+  void operator()(const MarkedPoint& point) const { marks.push_back({{point.state.db, point.state.w}, entry}); }
+  void operator()(const MixingLine& line) const {
+    for (const AirStream& column : line.columns) {
+      marks.push_back({{lenientnumber(column.db), lenientnumber(column.w)}, entry});
+    }
+  }
+  template <class Unmarked>
+  void operator()(const Unmarked&) const {}
+};
+
+}  // namespace
+
+std::optional<Setting> standingchart(const Document& document) {
+  const auto limits = standinglimits(document);
+  const Entry* chart = lastchart(document);
+  if (!limits || chart == nullptr || chart->setting.limits != *limits) return std::nullopt;
+  return chart->setting;
+}
+
+std::vector<Mark> marksof(const Document& document) {
+  std::vector<Mark> marks;
+  const auto chart = standingchart(document);
+  for (std::size_t i = 0; chart && i < document.entries.size(); ++i) {
+    const Entry& entry = document.entries[i];
+    if (entry.setting.limits == chart->limits) std::visit(Marker{marks, i}, entry.content);
+  }
+  return marks;
+}
+
+bool ispoint(const Entry& entry) { return std::holds_alternative<MarkedPoint>(entry.content); }
+
+std::optional<Entry> movedto(const Entry& point, const Place& place, WindowSize window) {
+  const Setting& setting = point.setting;
+  const Reading reading = readingat(setting.limits, setting.pressure.atm, place);
+  if (!reading.state) return std::nullopt;
+  Entry entry = point;
+  auto& moved = std::get<MarkedPoint>(entry.content);
+  moved.state = shownstate(*reading.state);
+  for (TypedProperty& given : moved.given) given.value = numbertext(moved.state.at(given.kind));
+  const PlotArea area = plotarea(setting.limits, window);
+  SolverFields fields;
+  const auto& [one, two] = moved.given;
+  const Resolution again = resolvepair(one.kind, one.value, two.kind, two.value, setting.pressure.atm,
+                                       chartrangefinders([area] { return area; }), fields);
+  if (again.resolved() && samespot(again.point, place)) moved.state = shownstate(again.point);
+  RecordingCanvas scratch;
+  if (draw(entry, scratch, window) != nullptr) return std::nullopt;
+  return entry;
+}
+
+}  // namespace moistair

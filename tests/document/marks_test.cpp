@@ -44,8 +44,9 @@ TEST(Marks, AMovedPointStaysWhatItWasGivenBy) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const MarkedPoint point{{row.one, row.two}, {}, "A"};
-    const Entry entry{{fulllimits, {{}, defaultpressure}}, point};
+    Entry entry;
+    entry.setting.limits = fulllimits;
+    entry.content = MarkedPoint{{row.one, row.two}, {}, "A"};
     const auto moved = movedto(entry, row.to, window);
     ASSERT_EQ(moved.has_value(), *row.first != '\0');
     if (!moved) continue;

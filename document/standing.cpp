@@ -11,22 +11,6 @@ constexpr const char* headersays = "header says ";
 constexpr const char* drawnat = "drawn at ";
 constexpr const char* nochart = "No chart";
 
-/// As it was typed where that is short.
-std::string inhgtext(double atm) {
-  constexpr std::size_t longest = 8;
-  const std::string text = numbertext(atm);
-  return (text.size() <= longest ? text : fixeddecimals(atm, 3)) + " in Hg";
-}
-
-std::string entrytext(const Pressure& pressure) {
-  const std::string number = numbertext(lenientnumber(pressure.entry.text));
-  if (pressure.entry.unit == PressureUnit::psi) return number + " psi";
-  if (pressure.entry.unit == PressureUnit::elevation) return number + " ft";
-  return inhgtext(pressure.atm);
-}
-
-bool same(double one, double other) { return fifteendigits(one) == fifteendigits(other); }
-
 /// The chart that has these limits, null if it has been cleared since.
 const Entry* chartwith(const Document& document, const ChartLimits& limits) {
   const auto found = std::find_if(document.entries.rbegin(), document.entries.rend(), [&](const Entry& entry) {
@@ -55,9 +39,9 @@ std::array<bool, 4> changedlists(const LimitTexts& lists, const ChartLimits& lim
 Standing standingof(const Document& document, double atm, const LimitTexts& lists) {
   Standing standing;
   const Pressure& set = document.pressure;
-  const std::string header = entrytext(set);
-  standing.pressure = inhgtext(atm);
-  if (!same(atm, set.atm)) {
+  const std::string header = entrywords(set);
+  standing.pressure = inhgwords(atm);
+  if (!samepressure(atm, set.atm)) {
     standing.pressure += inforce;
     standing.header = headersays + header;
   } else if (header != standing.pressure) {
@@ -73,9 +57,9 @@ Standing standingof(const Document& document, double atm, const LimitTexts& list
   standing.chart = std::string(typewords(chart)) + ", " + header + ", " + limitswords(*limits);
   const bool change = std::find(standing.changed.begin(), standing.changed.end(), true) != standing.changed.end();
   if (change) standing.changes = limitschanged;
-  if (chart != nullptr && !same(chart->setting.pressure.atm, set.atm)) {
+  if (chart != nullptr && !samepressure(chart->setting.pressure.atm, set.atm)) {
     if (change) standing.changes += "; ";
-    standing.changes += drawnat + inhgtext(chart->setting.pressure.atm);
+    standing.changes += drawnat + inhgwords(chart->setting.pressure.atm);
   }
   return standing;
 }

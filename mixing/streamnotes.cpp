@@ -16,6 +16,12 @@ BoxNote flownote(const std::string& flow) {
 
 }  // namespace
 
+std::string pressureremark(const MixingPressure& pressure) {
+  const auto set = pressurefor(pressure.entry).inhg;
+  if (!set || samepressure(lenientnumber(*set), pressure.atm)) return {};
+  return "calculated at " + inhgwords(pressure.atm) + ", not at " + entrywords({pressure.entry, lenientnumber(*set)});
+}
+
 StreamNotes streamnotes(const MixingProblem& problem, std::size_t number, const Resolution& resolution) {
   const AirStream& stream = problem.streams[number];
   StreamNotes notes{

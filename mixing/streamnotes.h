@@ -18,4 +18,7 @@ struct StreamNotes {
 /// @param resolution what `resolvestream` made of it
 StreamNotes streamnotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
 
+/// "calculated at 29.92126 in Hg, not at 5000 ft", where the pressure that the columns show is not the one in force.
+std::string pressureremark(const MixingPressure& pressure);
+
 }  // namespace moistair

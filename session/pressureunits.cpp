@@ -29,6 +29,21 @@ std::optional<PressureUnit> pressureunitat(int index) {
   return static_cast<PressureUnit>(index);
 }
 
+std::string inhgwords(double atm) {
+  constexpr std::size_t longest = 8;
+  const std::string text = numbertext(atm);
+  return (text.size() <= longest ? text : fixeddecimals(atm, 3)) + " in Hg";
+}
+
+std::string entrywords(const Pressure& pressure) {
+  const std::string number = numbertext(lenientnumber(pressure.entry.text));
+  if (pressure.entry.unit == PressureUnit::psi) return number + " psi";
+  if (pressure.entry.unit == PressureUnit::elevation) return number + " ft";
+  return inhgwords(pressure.atm);
+}
+
+bool samepressure(double one, double other) { return fifteendigits(one) == fifteendigits(other); }
+
 std::string pressurecaption(const PressureEntry& entry) { return entry.unit ? rowof(*entry.unit).caption : ""; }
 
 std::string pressureshown(const PressureEntry& entry) {

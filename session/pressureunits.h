@@ -72,6 +72,15 @@ struct Pressure {
   bool operator==(const Pressure&) const = default;
 };
 
+/// "24.896 in Hg": as it was typed where that is short.
+std::string inhgwords(double atm);
+
+/// "5000 ft": the number that the entry is read as, in its unit.
+std::string entrywords(const Pressure& pressure);
+
+/// Whether two pressures [in Hg] are the same text.
+bool samepressure(double one, double other);
+
 /// Words before the entry in the report, the mixing window and the log; empty without a unit.
 std::string pressurecaption(const PressureEntry& entry);
 

@@ -83,6 +83,8 @@ void MainWindow::makemenus() {
   redoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
   edit->addSeparator();
   againaction_ = edit->addAction(tr("&Again on this chart"), this, &MainWindow::again);
+  edit->addSeparator();
+  notes_->fillmenu(*edit);
   chart_.changed = [this] {
     showhistory();
     files_->follow();

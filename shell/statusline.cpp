@@ -43,7 +43,7 @@ StatusLine::StatusLine(QWidget* parent)
   });
   for (TellingLine* line : {pressure_, header_}) {
     connect(line, &TellingLine::clicked, this, [this] {
-      if (!header_->text().isEmpty()) Q_EMIT headerchosen();
+      if (headerdiffers()) Q_EMIT headerchosen();
     });
   }
 }

@@ -29,6 +29,8 @@ public:
   void show(const Standing& standing, std::size_t records);
   using QStatusBar::show;
 
+  bool headerdiffers() const { return !header_->text().isEmpty(); }
+
   void showdocument(const QString& caption);
 
   /// What is to be said of the boxes, until the next remark.

@@ -65,6 +65,15 @@ void StripNotes::follow() {
   tellempty();
 }
 
+void StripNotes::fillmenu(QMenu& menu) {
+  QAction* header = menu.addAction(tr("Pressure of the &header"), &line_, &StatusLine::headerchosen);
+  QAction* exact = menu.addAction(tr("E&xact answer"), this, &StripNotes::useexact);
+  connect(&menu, &QMenu::aboutToShow, this, [this, header, exact] {
+    header->setEnabled(line_.headerdiffers());
+    exact->setEnabled(pair_.remark.exact.has_value());
+  });
+}
+
 /// An empty box of a line counts as 0.
 void StripNotes::tellempty() {
   const auto boxes = lineboxes(strip_);

@@ -2,6 +2,7 @@
 /// What is said beside the boxes and lists of the strip.
 #pragma once
 
+#include <QMenu>
 #include <QObject>
 #include <array>
 
@@ -26,7 +27,8 @@ public:
   /// To be called after everything that may change the pressure in force, the chart or the log.
   void follow();
 
-  bool hasexact() const { return pair_.remark.exact.has_value(); }
+  /// What a click in the status line does, for the keyboard.
+  void fillmenu(QMenu& menu);
 
   /// Puts the exact dry and wet bulb of the remark into the boxes, as if they had been chosen and typed.
   void useexact();

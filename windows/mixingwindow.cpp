@@ -203,6 +203,13 @@ QLayout* MixingWindow::makenotes() {
     lines->addWidget(noteslines_[stream]);
     connect(noteslines_[stream], &TellingLine::clicked, this, [this, stream] { useexact(stream); });
   }
+  const std::string pressure = pressureremark(problem_.pressure);
+  if (!pressure.empty()) {
+    auto* line = new TellingLine(this);
+    line->setObjectName(QStringLiteral("pressurenote"));
+    tellnote(*line, {pressure, true});
+    lines->addWidget(line);
+  }
   return lines;
 }
 

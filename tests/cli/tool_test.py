@@ -223,6 +223,9 @@ class Batch(ToolTest):
         done = self.run_tool("batch", given=b"db,wb,status,out_db\n75,62.5,,\n")
         self.assert_refused(done, 0, "warning: standard input has columns of the result already: status, out_db")
         self.assertEqual(done.stdout.count(b",ok"), 1)
+        for options, names in (((), b""), (("--check",), b"warning: standard input has columns of the result already: answers")):
+            done = self.run_tool("batch", *options, given=b"db,wb,answers\n75,62.5,\n")
+            self.assertEqual(done.stderr.partition(b"moistair-cli: ")[2].strip(), names)
 
     def test_a_quote_left_open_is_told_with_its_row(self):
         rows = b"75,62.5,\n" * 3

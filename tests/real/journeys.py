@@ -1,4 +1,4 @@
-"""What people do with the program, from start to end: twelve journeys through real windows.
+"""What people do with the program, from start to end: thirteen journeys through real windows.
 
 They look at what only a real window has: that windows come and go, take the keys or do not, and show what was drawn.
 Digits, texts and the order of messages are tested without a window.
@@ -10,9 +10,9 @@ import signal
 import struct
 import subprocess
 
-from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, otherscreen, wait
+from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, otherscreen, screenshot, wait
 from session import (BLACK, BLUE, BOXTITLE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE,
-                     RED, REPORT, WHITE, logtext)
+                     RED, REPORT, SECONDVALUE, WHITE, logtext)
 
 DRAWFIRST = "First draw axis as per latest chart limits"
 SMALLSCREEN = ("You must set screen size to 1024x768 or higher if your monitor size is less than 15 inch. Do you want to "
@@ -20,6 +20,10 @@ SMALLSCREEN = ("You must set screen size to 1024x768 or higher if your monitor s
 SAVED = "You saved the files as  "
 CLEARS = ("If you change the chart atmos pressure your chart,if any, will be cleared and you need to redraw the chart. "
           "Are You Sure ?")
+
+FLOW = "air flow rate in actual cubic feet per minute"
+#: Outlines of a box that is read as something else, and of one that is refused
+NOTED, REFUSED = "#A05A00", "#BE1414"
 
 #: Button, box, value, label and colour of the lines that a user can add
 LINES = [
@@ -161,8 +165,7 @@ def mixing(session):
     window = session.opened("Mixing problem", MIXING)
     expect(not window.enabled("Save data"), "an empty problem can be saved")
     for number, *values in ((1, "75", "62.5", "1000"), (2, "95", "75", "500")):
-        for name, value in zip(("value of the first property", "value of the second property",
-                                "air flow rate in actual cubic feet per minute"), values):
+        for name, value in zip(("value of the first property", "value of the second property", FLOW), values):
             window.typein(f"Stream {number}, {name}", value)
     wait(lambda: window.readouts("Dew point (Deg F)", 3) == ["55.2457239", "67.1005926", "59.5601671"], "the mixture")
     window.click("Draw mixing line and points on the chart")
@@ -394,6 +397,76 @@ def document(session):
     session.expecttexts("A", "Rh= 35")
 
 
+def nothingsilent(session):
+    """What would give a wrong result without a word is seen: at the box, in a line of words, by assistive technology."""
+    def said(window, words):
+        line = window.look().need(BUTTON, words)
+        screenshot(os.path.join(session.pictures, "said " + words.replace("/", "-") + ".png"))
+        return line
+
+    def noted(window, role, name, words):
+        control = window.need(role, name)
+        wait(lambda: control.now().get_description() == words, lambda: f"{words!r} at {name}")
+        picture, area = os.path.join(session.home, "mark.png"), control.rect()
+        screenshot(picture, area)
+        found = colours(picture)
+        expect(found[NOTED] + found[REFUSED] > area.width, f"no outline at {name}: {found}")
+
+    def setpressure(window, *entry):
+        for value in entry:
+            window.choose("Choose unit", "Elevation in feet")
+            window.typein("Input value", value)
+        window.click("Set/Change chart atmos. pressure")
+        session.answer(CLEARS, "alt+y", "DELETE")
+        session.backonchart()
+        session.draw(blank=True)
+
+    session.launch()
+    window = session.window(PRESSURE)
+    window.choose("Choose unit", "Elevation in feet")
+    window.typein("Input value", "5,000")
+    noted(window, BOX, "Input value", "read as 5")
+    said(window, "read as 5")
+    setpressure(window, "5000")
+    main = session.main()
+    session.enter("75", "62.5")
+    high = session.readouts()
+
+    session.escape(session.opened("Set/reset atmos pressure", PRESSURE))
+    said(main, "29.92126 in Hg in force")
+    window = session.opened("Mixing problem", MIXING)
+    said(window, "calculated at 29.92126 in Hg, not at 5000 ft")
+    window.typein("Stream 1, " + FLOW, "12,000")
+    noted(window, BOX, "Stream 1, " + FLOW, "read as 12")
+    said(window, "Stream 1: air flow: read as 12")
+    session.escape(window)
+    session.main().choose("H. DBT(F)", "100")
+    noted(main, LIST, "H. DBT(F)", "limits changed, not drawn")
+    said(main, "limits changed, not drawn")
+    said(main, "header says 5000 ft").click()
+    said(main, "24.896 in Hg, 5000 ft")
+    session.waitreadouts(high)
+    main.choose("H. DBT(F)", "120")
+
+    main.typein(SECONDVALUE, "80")
+    noted(main, BOX, SECONDVALUE, "wet bulb above dry bulb")
+    main.typein("Rel Hum, %", "5o")
+    noted(main, BOX, "Rel Hum, %", "read as 0")
+    main.typein("Rel Hum, %", "")
+
+    setpressure(session.opened("Set/reset atmos pressure", PRESSURE))
+    session.enter("13.68", "27.65", "Specific enthalpy, btu/lb", "Dew point, Deg F")
+    wait(lambda: session.readouts()[6] == "27.6500000", "the dew point as given")
+    said(main, "this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56").click()
+    wait(lambda: session.readouts()[:2] == ["43.1289323", "36.5554906"], "the exact state")
+    report = session.opened("Locate point", REPORT)
+    report.click("Save data")
+    said(main, "record 1 saved")
+    session.escape(report)
+    session.export(os.path.join(session.home, "room.png"))
+    said(main, "chart written to room.png")
+
+
 def savefile(session, button, title, path):
     """Cancelled first, then saved."""
     for chosen, message in ((None, "Dialog Cancelled"), (path, SAVED + path)):
@@ -422,4 +495,4 @@ def read(path):
         return file.read()
 
 
-ALL = [pressure, point, chart, charttypebeside, mixing, dialogs, picture, exports, document, smallscreen, scaledscreen, ends]
+ALL = [pressure, point, chart, charttypebeside, mixing, nothingsilent, dialogs, picture, exports, document, smallscreen, scaledscreen, ends]

@@ -23,7 +23,7 @@ LIMIT = 280  # s, for all journeys
 def arguments():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("program")
-    parser.add_argument("output", help="folder for pictures of failures")
+    parser.add_argument("output", help="folder for pictures, those of failures too")
     parser.add_argument("--screen", default=os.environ.get("MOISTAIR_SCREEN", "1024x768"))
     parser.add_argument("--scale", type=float, default=float(os.environ.get("MOISTAIR_SCALE", "1")))
     parser.add_argument("--only", nargs="+", metavar="NAME", help="run these journeys alone")
@@ -42,6 +42,7 @@ def run(journey, suffix=""):
     """True if the journey passed."""
     name = journey.__name__ + suffix
     session = Session(options.program, os.path.join(os.environ["HOME"], name), options.screen, options.scale)
+    session.pictures = options.output
     began = time.monotonic()
     try:
         journey(session)

@@ -71,7 +71,7 @@ std::string recordswords(std::size_t records) {
 
 std::array<bool, 4> emptylines(const Document& document, double atm) {
   constexpr WindowSize anysize{15000, 10000};  // which lines cross the chart does not depend on it
-  std::array<bool, 4> drawn{true, true, true, true};
+  std::array<bool, 4> drawn{true, true, true, false};
   const auto limits = standinglimits(document);
   if (!limits) return drawn;
   for (std::size_t kind = 0; kind < drawn.size(); ++kind) {

@@ -31,8 +31,8 @@ Standing standingof(const Document& document, double atm, const LimitTexts& list
 /// "3 records"
 std::string recordswords(std::size_t records);
 
-/// Whether each kind of line draws something for an empty box on the chart that stands, in the order of `LineKind`;
-/// also where none stands.
+/// Whether each kind of line draws something for an empty box on the chart that stands, in the order of `LineKind`.
+/// Where none stands: whether it could.
 std::array<bool, 4> emptylines(const Document& document, double atm);
 
 }  // namespace moistair

@@ -33,7 +33,7 @@ void ValueBox::changeEvent(QEvent* event) {
 
 /// A platform's dark palette may leave this colour at that of a light one.
 void ValueBox::fadeplaceholder() {
-  constexpr float textpart = 0.6F;
+  constexpr float textpart = 0.55F;
   const QPalette now = palette();
   const QColor faded = mixed(now.color(QPalette::Text), now.color(QPalette::Base), textpart);
   if (now.color(QPalette::PlaceholderText) == faded) return;

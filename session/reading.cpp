@@ -49,19 +49,6 @@ std::string spokenrow(const ReadingRow& row, const StatePoint& state) {
   return std::string(row.caption) + ' ' + readingtext(row, state) + ' ' + row.unit;
 }
 
-std::optional<std::size_t> nearest(const PlotBox& box, double x, double y, const std::vector<Place>& targets) {
-  std::optional<std::size_t> found;
-  double least = targetreach;
-  for (std::size_t i = 0; i < targets.size(); ++i) {
-    const double distance = std::hypot(box.x(targets[i].db) - x, box.y(targets[i].w) - y);
-    if (distance <= least) {
-      least = distance;
-      found = i;
-    }
-  }
-  return found;
-}
-
 /// Whether a pointer is as good as on the saturation line: the line is taken as straight about there.
 bool nearsaturation(const PlotBox& box, double atm, double x, double y) {
   constexpr double about = 0.5;  // deg F
@@ -124,10 +111,23 @@ std::optional<Place> saturatedat(double db, double atm) {
   return std::nullopt;
 }
 
+std::optional<std::size_t> nearesttarget(const PlotBox& box, double x, double y, const std::vector<Place>& targets) {
+  std::optional<std::size_t> found;
+  double least = targetreach;
+  for (std::size_t i = 0; i < targets.size(); ++i) {
+    const double distance = std::hypot(box.x(targets[i].db) - x, box.y(targets[i].w) - y);
+    if (distance <= least) {
+      least = distance;
+      found = i;
+    }
+  }
+  return found;
+}
+
 Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std::vector<Place>& targets, bool whole) {
   const Place place = box.placeat(x, y);
   if (whole) return {{std::round(place.db), rounded(std::round(place.w / keyratio) * keyratio, ratioparts)}, {}};
-  if (const auto target = nearest(box, x, y, targets)) return {targets[*target], target};
+  if (const auto target = nearesttarget(box, x, y, targets)) return {targets[*target], target};
   const Place read = readplace(place);
   if (nearsaturation(box, atm, x, y)) {
     const auto saturated = saturatedat(read.db, atm);

@@ -69,6 +69,9 @@ struct Pointing {
 /// @param targets places that draw the pointer, such as marked points
 Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std::vector<Place>& targets, bool whole);
 
+/// The target that is nearest to (x, y), within a few pixels.
+std::optional<std::size_t> nearesttarget(const PlotBox& box, double x, double y, const std::vector<Place>& targets);
+
 /// A step of the cross hair by keys: so many degrees or 0.0005s, or tenths of these; never beyond the limits.
 Place stepped(const ChartLimits& limits, Place place, int degrees, int ratios, bool tenths);
 

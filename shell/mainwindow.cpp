@@ -26,6 +26,9 @@ MainWindow::MainWindow(LogPlaces logplaces)
       graph_(new GraphView),
       lifecycle_(graph_->canvas(), values_),
       chart_(graph_->canvas(), values_, lifecycle_),
+      instrument_(new Instrument(*graph_, chart_, values_,
+                                 {[this](const ChartLimits& limits) { return plotbox(plotarea(limits, windowsize())); },
+                                  [this] { return windowsize(); }})),
       files_(new DocumentFiles(*this, chart_, log_,
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
       status_(new StatusLine),
@@ -52,6 +55,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
   QWidget::setTabOrder(graph_, strip_->locatebutton);
   makemenus();
   makestatusbar();
+  makeinstrument();
   connectstrip();
 }
 
@@ -62,6 +66,23 @@ void MainWindow::makestatusbar() {
   connect(status_, &StatusLine::headerchosen, this, [this] { step([this] { chart_.takeheaderpressure(); }); });
   connect(status_, &StatusLine::exactchosen, this, [this] { notes_->useexact(); });
   files_->follow();
+}
+
+/// What is chosen on the chart goes the way of what is typed.
+void MainWindow::makeinstrument() {
+  connect(instrument_, &Instrument::chosen, this, &MainWindow::takeplace);
+  connect(instrument_, &Instrument::located, this, &MainWindow::locatepoint);
+  connect(instrument_, &Instrument::refused, this, [this](const QString& reason) { message(this, reason); });
+}
+
+/// Empty boxes keep still while the kinds change.
+void MainWindow::takeplace(const QString& drybulb, const QString& ratio) {
+  strip_->firstvalue->clear();
+  strip_->secondvalue->clear();
+  strip_->firstkind->select(static_cast<int>(PropertyKind::db));
+  strip_->secondkind->select(static_cast<int>(PropertyKind::w));
+  strip_->firstvalue->setText(drybulb);
+  strip_->secondvalue->setText(ratio);
 }
 
 void MainWindow::makemenus() {
@@ -90,6 +111,7 @@ void MainWindow::makemenus() {
     files_->follow();
     notes_->follow();
     if (!panel_->isHidden()) panel_->show(chart_.document());
+    instrument_->follow();
   };
   showhistory();
   makepanel(*menuBar()->addMenu(tr("&View")));
@@ -196,6 +218,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     arrange();
     chart_.layout(windowsize());
     lift(lifted_);
+    instrument_->follow();
   }
   // A window manager puts the dialog that is clicked above the chart type window.
   const bool dialogcomesup = event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress;

@@ -16,6 +16,7 @@
 #include "session/sessionlog.h"
 #include "session/sessionvalues.h"
 #include "shell/documentfiles.h"
+#include "shell/instrument.h"
 #include "shell/strip.h"
 #include "shell/stripnotes.h"
 #include "toolkit/graphview.h"
@@ -53,6 +54,7 @@ protected:
 private:
   void makemenus();
   void makestatusbar();
+  void makeinstrument();
   void makepanel(QMenu& view);
   void connectstrip();
   bool loadmain();
@@ -62,6 +64,7 @@ private:
   WindowSize windowsize() const;
   PairInput pairinput() const;
   void previewpoint();
+  void takeplace(const QString& drybulb, const QString& ratio);
 
   void opendialog(Dialog* dialog);
   void closedialog();
@@ -111,6 +114,7 @@ private:
   GraphView* graph_;
   ChartLifecycle lifecycle_;
   ChartCommands chart_;
+  Instrument* instrument_;
   DocumentFiles* files_;
   StatusLine* status_;
   StripNotes* notes_;    ///< what is said in it and marked in the strip

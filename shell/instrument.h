@@ -1,0 +1,107 @@
+/// \file
+/// The chart as an instrument: what pointer and keys do on it.
+///
+/// Watches the widget that shows a chart, keeps the reading under the pointer or the keys' cross hair, and shows it on
+/// a layer above (windows/readinglayer.h). What it changes of the document it changes through `ChartCommands`, one step
+/// each; what the strip has to do, as to take a place into its boxes, it asks for by signals. All that it knows of the
+/// widget is where the plot of given limits lies on it, so a chart that is laid out otherwise can be read the same way.
+#pragma once
+
+#include <QMenu>
+#include <QMouseEvent>
+#include <QObject>
+#include <QTimer>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "document/chartcommands.h"
+#include "document/marks.h"
+#include "windows/readinglayer.h"
+
+namespace moistair {
+
+class Instrument final : public QObject {
+  Q_OBJECT
+
+public:
+  /// What it asks for, at the moment it needs it.
+  struct Ground {
+    std::function<PlotBox(const ChartLimits&)> plot;  ///< where the plot lies on the widget
+    std::function<WindowSize()> window;               ///< that changes of the document are laid out for
+  };
+
+  /// @param widget shows the chart; takes the focus
+  /// @param values for the pressure in force
+  Instrument(QWidget& widget, ChartCommands& chart, const SessionValues& values, Ground ground);
+
+  /// Commands on the place that the cross hair is at, with their keys.
+  void fillmenu(QMenu& menu);
+
+  /// To be called after every change of the document and of the place where the plot lies.
+  void follow();
+
+Q_SIGNALS:
+  /// A place was chosen: its texts belong into the two boxes.
+  void chosen(const QString& drybulb, const QString& ratio);
+  /// And the point there is to be located.
+  void located();
+  /// Something was not drawn, in the words for the user.
+  void refused(const QString& reason);
+
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  /// What the cross hair is at.
+  struct Spot {
+    Reading reading;
+    std::optional<std::size_t> mark;  ///< of `marks_`
+  };
+
+  bool onmouse(const QMouseEvent& event);
+  bool onkey(const QKeyEvent& event);
+  void press(const QMouseEvent& event);
+  void release();
+  void point(QPointF place, Qt::KeyboardModifiers modifiers);
+  void drag(QPointF place, Qt::KeyboardModifiers modifiers);
+  bool step(Qt::Key key, bool tenths);
+  void show(Spot spot, double atm);
+  void hide();
+  void tell();
+  void setshape();
+  QString titleof(const Spot& spot, double atm) const;
+
+  bool movable(std::size_t mark) const;
+  const Entry& entryof(std::size_t mark) const { return chart_.document().entries[marks_[mark].entry]; }
+
+  void choose(const Spot& spot);
+  void locate(const Spot& spot);
+  void drop();
+  void draw(LineKind kind, const Spot& spot);
+  void erase(const Spot& spot);
+  void rename(const Spot& spot);
+  void copy(const Spot& spot) const;
+  void openmenu(QPoint global);
+  void fillmenu(QMenu& menu, const Spot& spot);
+
+  QWidget& widget_;
+  ChartCommands& chart_;
+  const SessionValues& values_;
+  Ground ground_;
+  ReadingLayer* layer_;
+  std::optional<Setting> standing_;  ///< the chart that is read
+  std::vector<Mark> marks_;
+  std::vector<Place> targets_;  ///< the marks' places
+  std::optional<Spot> spot_;
+  Place last_;  ///< where the keys begin; of no use before `haslast_`
+  bool haslast_ = false;
+  bool bykeys_ = false;  ///< whether the cross hair stands where keys have put it
+  std::optional<QPointF> pressed_;
+  QPointF pointer_;
+  bool dragging_ = false;
+  std::optional<std::size_t> grabbed_;  ///< the mark under the pointer when the button went down
+  QTimer telling_;
+};
+
+}  // namespace moistair

@@ -1,0 +1,248 @@
+#include "windows/readinglayer.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace moistair {
+
+namespace {
+
+constexpr int padding = 6;    // of the panel, about its text
+constexpr int distance = 18;  // of the panel from the place that it is about
+constexpr int columngap = 8;
+
+/// How a curve looks: the two differ by more than their colour.
+struct CurveStyle {
+  QRgb color;
+  double dash, gap;  // pixels
+};
+constexpr std::array<CurveStyle, 2> curvestyles = {{{qRgba(128, 0, 0, 170), 4, 4}, {qRgba(0, 110, 0, 170), 14, 5}}};
+
+constexpr QRgb crosscolor = qRgba(40, 40, 40, 150);
+
+QPolygonF polygonof(const std::vector<Place>& places, const PlotBox& box) {
+  QPolygonF polygon;
+  polygon.reserve(static_cast<qsizetype>(places.size()));
+  for (const Place& place : places) polygon.append(QPointF(box.x(place.db), box.y(place.w)));
+  return polygon;
+}
+
+/// Cuts a curve into dashes within a rectangle.
+QVector<QLineF> dashesof(const QPolygonF& curve, const CurveStyle& style, const QRectF& within) {
+  QVector<QLineF> dashes;
+  bool on = true;
+  double left = style.dash;
+  for (qsizetype i = 1; i < curve.size(); ++i) {
+    QLineF rest(curve[i - 1], curve[i]);
+    while (rest.length() > left) {
+      const QLineF part(rest.p1(), rest.pointAt(left / rest.length()));
+      if (on && within.contains(part.p2()) && within.contains(part.p1())) dashes.append(part);
+      rest.setP1(part.p2());
+      on = !on;
+      left = on ? style.dash : style.gap;
+    }
+    if (on && within.contains(rest.p1()) && within.contains(rest.p2())) dashes.append(rest);
+    left -= rest.length();
+  }
+  return dashes;
+}
+
+/// The rectangles that a curve runs through, a few along its way.
+QRegion regionof(const QVector<QLineF>& dashes) {
+  constexpr qsizetype parts = 10;
+  QRegion region;
+  const qsizetype step = dashes.size() / parts + 1;
+  for (qsizetype first = 0; first < dashes.size(); first += step) {
+    const QLineF& last = dashes[std::min(first + step, dashes.size()) - 1];
+    region += QRectF(dashes[first].p1(), last.p2()).normalized().adjusted(-2, -2, 2, 2).toAlignedRect();
+  }
+  return region;
+}
+
+}  // namespace
+
+ReadingLayer::ReadingLayer(QWidget& chart) : QWidget(&chart) {
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setAttribute(Qt::WA_NoSystemBackground);
+  setFocusPolicy(Qt::NoFocus);
+  setObjectName(QStringLiteral("reading"));
+  resize(chart.size());
+  measure();
+}
+
+void ReadingLayer::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange) measure();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) update();
+  QWidget::changeEvent(event);
+}
+
+/// Widths of the columns: the panel keeps its size while the pointer moves.
+void ReadingLayer::measure() {
+  const QFontMetrics metrics = fontMetrics();
+  captions_.clear();
+  units_.clear();
+  captionwidth_ = unitwidth_ = 0;
+  for (const ReadingRow& row : readingrows) {
+    captions_.emplace_back(QString::fromUtf8(row.caption));
+    units_.emplace_back(QString::fromUtf8(row.unit));
+    captionwidth_ = std::max(captionwidth_, metrics.horizontalAdvance(captions_.back().text()));
+    unitwidth_ = std::max(unitwidth_, metrics.horizontalAdvance(units_.back().text()));
+  }
+  for (auto* texts : {&captions_, &units_}) {
+    for (QStaticText& text : *texts) {
+      text.setTextFormat(Qt::PlainText);
+      text.prepare(QTransform(), font());
+    }
+  }
+  valuewidth_ = metrics.horizontalAdvance(QStringLiteral("0.0000000"));
+  rowheight_ = metrics.height();
+}
+
+void ReadingLayer::show(ShownReading shown) {
+  const QRegion before = painted_;
+  shown_ = std::move(shown);
+  layout();
+  painted_ = touched();
+  update(before + painted_);
+}
+
+void ReadingLayer::clear() {
+  if (!shown_) return;
+  shown_.reset();
+  update(painted_);
+  painted_ = QRegion();
+}
+
+void ReadingLayer::layout() {
+  const auto& [box, atm, reading, title, moved] = *shown_;
+  spot_ = QPointF(box.x(reading.place.db), box.y(reading.place.w)).toPoint();
+  plot_ = QRectF(QPointF(box.left, box.top), QPointF(box.right, box.bottom)).toAlignedRect();
+  curves_ = {};
+  values_.clear();
+  if (reading.state) {
+    curves_ = {polygonof(wetbulbcurve(box.limits, atm, *reading.state), box),
+               polygonof(humiditycurve(box.limits, atm, *reading.state), box)};
+    for (const ReadingRow& row : readingrows) {
+      values_.push_back(QString::fromStdString(readingtext(row, *reading.state)));
+    }
+  }
+  for (std::size_t i = 0; i < curves_.size(); ++i) dashes_[i] = dashesof(curves_[i], curvestyles[i], plot_);
+  maketags();
+  layoutpanel(spot_);
+}
+
+/// What the cross hair says on the axes.
+void ReadingLayer::maketags() {
+  tags_.clear();
+  if (!plot_.contains(spot_)) return;
+  const QFontMetrics metrics = fontMetrics();
+  const Place& place = shown_->reading.place;
+  const auto tag = [&](const std::string& text, QPoint corner, bool centred) {
+    const QString shown = QString::fromStdString(text);
+    const QSize size(metrics.horizontalAdvance(shown) + padding, rowheight_ + 2);
+    const QPoint offset = centred ? QPoint(size.width() / 2, 0) : QPoint(0, size.height() / 2);
+    tags_.push_back({QRect(corner - offset, size), shown});
+  };
+  tag(drybulbtext(place), QPoint(spot_.x(), plot_.bottom() + 3), true);
+  tag(ratiotext(place), QPoint(plot_.right() + 3, spot_.y()), false);
+}
+
+/// Beside the place, above it to the left unless there is no room: there the chart has least to show.
+void ReadingLayer::layoutpanel(QPoint spot) {
+  const QFontMetrics metrics = fontMetrics();
+  const QString reason = QString::fromUtf8(shown_->reading.reason);
+  int width = captionwidth_ + valuewidth_ + unitwidth_ + 2 * columngap;
+  int rows = static_cast<int>(values_.size());
+  if (values_.empty()) {
+    width = metrics.horizontalAdvance(reason);
+    rows = 1;
+  }
+  if (!shown_->title.isEmpty()) {
+    width = std::max(width, metrics.horizontalAdvance(shown_->title));
+    ++rows;
+  }
+  const QSize size(width + 2 * padding, rows * rowheight_ + 2 * padding);
+  const QRect room = visibleRegion().boundingRect();
+  const std::array<QPoint, 4> corners = {{{-distance - size.width(), -distance - size.height()},
+                                          {distance, -distance - size.height()},
+                                          {-distance - size.width(), distance},
+                                          {distance, distance}}};
+  const auto fits = [&](const QPoint& corner) { return room.contains(QRect(spot + corner, size)); };
+  const auto* found = std::find_if(corners.begin(), corners.end(), fits);
+  panel_ = QRect(spot + (found == corners.end() ? corners.back() : *found), size);
+}
+
+QRegion ReadingLayer::touched() const {
+  QRegion region = panel_;
+  for (const Tag& tag : tags_) region += tag.place;
+  if (plot_.contains(spot_)) {
+    region += QRect(plot_.left(), spot_.y() - 1, plot_.width() + 1, 3);
+    region += QRect(spot_.x() - 1, plot_.top(), 3, plot_.height() + 1);
+  }
+  for (const auto& dashes : dashes_) region += regionof(dashes);
+  if (shown_->moved) {
+    const PlotBox& box = shown_->box;
+    const QPointF from(box.x(shown_->moved->db), box.y(shown_->moved->w));
+    region += QRectF(from, QPointF(spot_)).normalized().adjusted(-8, -8, 8, 8).toAlignedRect();
+  }
+  return region;
+}
+
+void ReadingLayer::paintEvent(QPaintEvent*) {
+  if (!shown_) return;
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (std::size_t i = 0; i < dashes_.size(); ++i) {
+    painter.setPen(QPen(QColor::fromRgba(curvestyles[i].color), 1.3));
+    painter.drawLines(dashes_[i]);
+  }
+  if (shown_->moved) {
+    const PlotBox& box = shown_->box;
+    painter.setPen(QPen(Qt::red, 1.5));
+    painter.drawLine(QPointF(box.x(shown_->moved->db), box.y(shown_->moved->w)), QPointF(spot_));
+    painter.setBrush(QColor(255, 0, 0, 150));
+    painter.drawEllipse(QPointF(spot_), 5, 5);
+    painter.setBrush(Qt::NoBrush);
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  if (plot_.contains(spot_)) {
+    const QColor color = QColor::fromRgba(crosscolor);
+    painter.fillRect(QRect(plot_.left(), spot_.y(), plot_.width(), 1), color);
+    painter.fillRect(QRect(spot_.x(), plot_.top(), 1, plot_.height()), color);
+  }
+  for (const Tag& tag : tags_) {
+    drawplate(painter, tag.place);
+    painter.drawText(tag.place, Qt::AlignCenter, tag.text);
+  }
+  drawpanel(painter);
+}
+
+void ReadingLayer::drawplate(QPainter& painter, const QRect& place) const {
+  painter.fillRect(place, palette().color(QPalette::WindowText));
+  painter.fillRect(place.adjusted(1, 1, -1, -1), palette().color(QPalette::Base));
+  painter.setPen(palette().color(QPalette::Text));
+}
+
+void ReadingLayer::drawpanel(QPainter& painter) const {
+  drawplate(painter, panel_);
+  const QRect inner = panel_.adjusted(padding, padding, -padding, -padding);
+  int y = inner.top();
+  if (!shown_->title.isEmpty()) {
+    painter.drawText(QRect(inner.left(), y, inner.width(), rowheight_), Qt::AlignLeft, shown_->title);
+    y += rowheight_;
+  }
+  if (values_.empty()) {
+    painter.drawText(QRect(inner.left(), y, inner.width(), rowheight_), Qt::AlignLeft,
+                     QString::fromUtf8(shown_->reading.reason));
+  }
+  const int value = inner.left() + captionwidth_ + columngap;
+  for (std::size_t i = 0; i < values_.size(); ++i, y += rowheight_) {
+    painter.drawStaticText(inner.left(), y, captions_[i]);
+    painter.drawText(QRect(value, y, valuewidth_, rowheight_), Qt::AlignRight | Qt::TextDontClip, values_[i]);
+    painter.drawStaticText(value + valuewidth_ + columngap, y, units_[i]);
+  }
+}
+
+}  // namespace moistair

@@ -103,7 +103,9 @@ void GraphView::paintEvent(QPaintEvent* event) {
   const QRect changed = bringuptodate();
   if (!event->region().contains(changed)) update(changed);
   QPainter painter(this);
-  painter.fillRect(event->rect(), Qt::white);
+  if (!QRect(QPoint(), (QSizeF(image_.size()) / devicePixelRatio()).toSize()).contains(event->rect())) {
+    painter.fillRect(event->rect(), Qt::white);
+  }
   const QTransform todevice = painter.deviceTransform();
   const QPointF corner = todevice.map(QPointF());
   painter.save();

@@ -18,7 +18,7 @@ struct CurveStyle {
   QRgb color;
   double dash, gap;  // pixels
 };
-constexpr std::array<CurveStyle, 2> curvestyles = {{{qRgba(128, 0, 0, 170), 4, 4}, {qRgba(0, 110, 0, 170), 14, 5}}};
+constexpr std::array<CurveStyle, 2> curvestyles = {{{qRgba(128, 0, 0, 190), 4, 4}, {qRgba(0, 110, 0, 190), 14, 5}}};
 
 constexpr QRgb crosscolor = qRgba(40, 40, 40, 150);
 
@@ -73,31 +73,24 @@ ReadingLayer::ReadingLayer(QWidget& chart) : QWidget(&chart) {
 }
 
 void ReadingLayer::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::FontChange) measure();
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) update();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+    measure();
+    if (shown_) show(*shown_);
+  }
   QWidget::changeEvent(event);
 }
 
 /// Widths of the columns: the panel keeps its size while the pointer moves.
 void ReadingLayer::measure() {
   const QFontMetrics metrics = fontMetrics();
-  captions_.clear();
-  units_.clear();
   captionwidth_ = unitwidth_ = 0;
   for (const ReadingRow& row : readingrows) {
-    captions_.emplace_back(QString::fromUtf8(row.caption));
-    units_.emplace_back(QString::fromUtf8(row.unit));
-    captionwidth_ = std::max(captionwidth_, metrics.horizontalAdvance(captions_.back().text()));
-    unitwidth_ = std::max(unitwidth_, metrics.horizontalAdvance(units_.back().text()));
-  }
-  for (auto* texts : {&captions_, &units_}) {
-    for (QStaticText& text : *texts) {
-      text.setTextFormat(Qt::PlainText);
-      text.prepare(QTransform(), font());
-    }
+    captionwidth_ = std::max(captionwidth_, metrics.horizontalAdvance(QString::fromUtf8(row.caption)));
+    unitwidth_ = std::max(unitwidth_, metrics.horizontalAdvance(QString::fromUtf8(row.unit)));
   }
   valuewidth_ = metrics.horizontalAdvance(QStringLiteral("0.0000000"));
   rowheight_ = metrics.height();
+  plate_ = QPixmap();
 }
 
 void ReadingLayer::show(ShownReading shown) {
@@ -195,7 +188,7 @@ void ReadingLayer::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   for (std::size_t i = 0; i < dashes_.size(); ++i) {
-    painter.setPen(QPen(QColor::fromRgba(curvestyles[i].color), 1.3));
+    painter.setPen(QPen(QColor::fromRgba(curvestyles[i].color), 0));
     painter.drawLines(dashes_[i]);
   }
   if (shown_->moved) {
@@ -213,35 +206,58 @@ void ReadingLayer::paintEvent(QPaintEvent*) {
     painter.fillRect(QRect(spot_.x(), plot_.top(), 1, plot_.height()), color);
   }
   for (const Tag& tag : tags_) {
-    drawplate(painter, tag.place);
+    painter.setClipRect(tag.place);
+    drawframe(painter, tag.place);
     painter.drawText(tag.place, Qt::AlignCenter, tag.text);
   }
   drawpanel(painter);
 }
 
-void ReadingLayer::drawplate(QPainter& painter, const QRect& place) const {
-  painter.fillRect(place, palette().color(QPalette::WindowText));
+void ReadingLayer::drawframe(QPainter& painter, const QRect& place) const {
   painter.fillRect(place.adjusted(1, 1, -1, -1), palette().color(QPalette::Base));
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawRect(place.adjusted(0, 0, -1, -1));
   painter.setPen(palette().color(QPalette::Text));
 }
 
-void ReadingLayer::drawpanel(QPainter& painter) const {
-  drawplate(painter, panel_);
-  const QRect inner = panel_.adjusted(padding, padding, -padding, -padding);
-  int y = inner.top();
+QPixmap ReadingLayer::plate() const {
+  const double ratio = devicePixelRatio();
+  QPixmap plate((QSizeF(panel_.size()) * ratio).toSize());
+  plate.setDevicePixelRatio(ratio);
+  plate.fill(palette().color(QPalette::Base));
+  QPainter painter(&plate);
+  painter.setFont(font());
+  drawframe(painter, QRect(QPoint(), panel_.size()));
+  int line = padding + fontMetrics().ascent();
+  const auto write = [&](int x, const QString& text) { painter.drawText(x, line, text); };
   if (!shown_->title.isEmpty()) {
-    painter.drawText(QRect(inner.left(), y, inner.width(), rowheight_), Qt::AlignLeft, shown_->title);
-    y += rowheight_;
+    write(padding, shown_->title);
+    line += rowheight_;
   }
-  if (values_.empty()) {
-    painter.drawText(QRect(inner.left(), y, inner.width(), rowheight_), Qt::AlignLeft,
-                     QString::fromUtf8(shown_->reading.reason));
+  if (values_.empty()) write(padding, QString::fromUtf8(shown_->reading.reason));
+  for (std::size_t i = 0; i < values_.size(); ++i, line += rowheight_) {
+    write(padding, QString::fromUtf8(readingrows[i].caption));
+    write(padding + captionwidth_ + valuewidth_ + 2 * columngap, QString::fromUtf8(readingrows[i].unit));
   }
-  const int value = inner.left() + captionwidth_ + columngap;
-  for (std::size_t i = 0; i < values_.size(); ++i, y += rowheight_) {
-    painter.drawStaticText(inner.left(), y, captions_[i]);
-    painter.drawText(QRect(value, y, valuewidth_, rowheight_), Qt::AlignRight | Qt::TextDontClip, values_[i]);
-    painter.drawStaticText(value + valuewidth_ + columngap, y, units_[i]);
+  return plate;
+}
+
+void ReadingLayer::drawpanel(QPainter& painter) {
+  const QString heading = shown_->title + QLatin1Char('\n') + QString::fromUtf8(shown_->reading.reason);
+  const double ratio = devicePixelRatio();
+  if (plate_.isNull() || plateof_ != heading || plate_.devicePixelRatio() != ratio) {
+    plate_ = plate();
+    plateof_ = heading;
+  }
+  painter.setClipRect(panel_);
+  painter.drawPixmap(panel_.topLeft(), plate_);
+  painter.setPen(palette().color(QPalette::Text));
+  const QFontMetrics metrics = fontMetrics();
+  const int right = panel_.left() + padding + captionwidth_ + columngap + valuewidth_;
+  int line = panel_.top() + padding + metrics.ascent() + (shown_->title.isEmpty() ? 0 : rowheight_);
+  for (const QString& value : values_) {
+    painter.drawText(right - metrics.horizontalAdvance(value), line, value);
+    line += rowheight_;
   }
 }
 

@@ -3,8 +3,7 @@
 #pragma once
 
 #include <QFontMetrics>
-#include <QPainterPath>
-#include <QStaticText>
+#include <QPixmap>
 #include <QWidget>
 #include <optional>
 #include <vector>
@@ -52,8 +51,9 @@ private:
   void layoutpanel(QPoint spot);
   void maketags();
   QRegion touched() const;
-  void drawpanel(QPainter& painter) const;
-  void drawplate(QPainter& painter, const QRect& place) const;
+  void drawpanel(QPainter& painter);
+  void drawframe(QPainter& painter, const QRect& place) const;
+  QPixmap plate() const;
 
   std::optional<ShownReading> shown_;
   QPoint spot_;                      ///< what is pointed at
@@ -64,8 +64,9 @@ private:
   std::vector<QString> values_;  ///< of the panel, row by row
   QRect panel_;
   QRegion painted_;  ///< all that is shown
+  QPixmap plate_;    ///< the panel without its values, which alone change from move to move
+  QString plateof_;  ///< title or reason that stands on it
 
-  std::vector<QStaticText> captions_, units_;
   int captionwidth_ = 0, valuewidth_ = 0, unitwidth_ = 0, rowheight_ = 0;
 };
 

@@ -48,7 +48,7 @@ SheetOptions sheetof(const SheetCommandOptions& options) {
   if (!page) throw badusage("a page is letter, a4, tabloid, a3, or two sides such as 1200x800 or 11x8.5in");
   sheet.page = *page;
   if (!options.lettersize.empty()) sheet.lettersize = numberof(options.lettersize, "font size") * pixelsperpoint;
-  if (!(sheet.lettersize >= leastletters && sheet.lettersize <= mostletters)) {
+  if (!options.lettersize.empty() && !(sheet.lettersize >= leastletters && sheet.lettersize <= mostletters)) {
     throw badusage("font size must be from 3.75 to 30 points");
   }
   for (const std::string* text : {&sheet.title, &sheet.project, &sheet.drawnby, &sheet.date}) {
@@ -103,7 +103,7 @@ void addlook(CLI::App& command, SheetCommandOptions& options) {
   addchoice(command, "--colors", colornames, sheet.colors, "color, grey or dark; color if not given");
   command
       .add_option("--font-size", options.lettersize,
-                  "of the numbers on the scales, all else in proportion; 7.5 points if not given")
+                  "of the numbers on the scales, all else in proportion; what suits the page, 7.5 points on a letter, if not given")
       ->type_name("POINTS");
   command.add_option("--scale", options.scale, "picture pixels to the pixel, for .png and .bmp")->type_name("NUMBER");
   constexpr std::array<const char*, 2> labels = {"names", "numbers"};

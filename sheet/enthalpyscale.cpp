@@ -49,8 +49,10 @@ std::vector<SheetPoint> cut(const std::vector<SheetPoint>& line, double left, do
   return part;
 }
 
-/// Where an enthalpy stands on the rule, on which it rises all along.
+/// Where an enthalpy stands on the rule, on which it rises all along; none too where the rule runs nearly in the
+/// direction in which the enthalpy stays.
 std::optional<SheetPoint> onrule(const SheetPlot& plot, const std::vector<SheetPoint>& rule, double h) {
+  constexpr double flattest = 0.3;  // sine of the angle between the two
   for (std::size_t i = 1; i < rule.size(); ++i) {
     const double low = enthalpyat(plot, rule[i - 1]);
     const double high = enthalpyat(plot, rule[i]);
@@ -61,9 +63,19 @@ std::optional<SheetPoint> onrule(const SheetPlot& plot, const std::vector<SheetP
       const SheetPoint middle = (below + above) * 0.5;
       (enthalpyat(plot, middle) <= h ? below : above) = middle;
     }
-    return below;
+    const bool steep = std::abs(cross(unit(rule[i] - rule[i - 1]), outwardat(plot, below))) > flattest;
+    return steep ? std::optional(below) : std::nullopt;
   }
   return std::nullopt;
+}
+
+/// The length of the rule as it is seen along the lines of constant enthalpy [pixels].
+double breadthof(const SheetPlot& plot, const std::vector<SheetPoint>& rule) {
+  double sum = 0;
+  for (std::size_t i = 1; i < rule.size(); ++i) {
+    sum += std::abs(cross(rule[i] - rule[i - 1], outwardat(plot, rule[i])));
+  }
+  return sum;
 }
 
 }  // namespace
@@ -91,9 +103,9 @@ void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
   const double low = enthalpyat(plot, rule.front());
   const double high = enthalpyat(plot, rule.back());
   if (!(high > low)) return;
-  const double perunit = lengthof(rule) / (high - low);
-  const double fine = stepfrom({0.1, 0.2, 0.5, 1, 5}, 0.36 * em / perunit);
-  const double main = stepfrom({0.5, 1, 2, 5, 10}, 3.4 * em / perunit);
+  const double perunit = breadthof(plot, rule) / (high - low);
+  const double fine = stepfrom({0.1, 0.2, 0.5, 1, 5}, 0.4 * em / perunit);
+  const double main = stepfrom({0.5, 1, 2, 5, 10}, 2.6 * em / perunit);
   for (const double h : multiples(low, high, fine)) {
     const auto at = onrule(plot, rule, h);
     if (!at) continue;
@@ -104,7 +116,9 @@ void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
     if (!numbered) continue;
     const std::string text = numeral(h, decimalsof(main));
     Label label{importance::scale + (ismultiple(h, 10) ? 40 : 10), {}, false};
-    label.places.push_back({beside(work.canvas, *at, outward, size + 0.25 * em, text, work.theme.text(em)), 0, {}});
+    for (const double away : {0.25, 0.6, 1.0, 1.5}) {
+      label.places.push_back({beside(work.canvas, *at, outward, size + away * em, text, work.theme.text(em)), away, {}});
+    }
     work.board.add(std::move(label));
   }
   const TextStyle style = work.theme.text(0.9 * em);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "engine/moistair.h"
 #include "engine/vaporterms.h"
 #include "sheet/curves.h"
 #include "sheet/parts.h"
@@ -53,7 +54,9 @@ void addlinelabel(SheetWork& work, const Family& family, double value, const std
   work.board.add(std::move(label));
 }
 
-void drawfamily(SheetWork& work, const Family& family) {
+/// @param labelled whether a value's line has its label on it
+template <class Labelled>
+void drawfamily(SheetWork& work, const Family& family, const Labelled& labelled) {
   const Stroke& stroke = work.theme.of(family.kind);
   for (const double value : multiples(family.low, family.high, family.step)) {
     const auto lines = visibleline(work.plot, family.kind, value, work.plot.atm);
@@ -61,7 +64,7 @@ void drawfamily(SheetWork& work, const Family& family) {
       work.canvas.polyline(line, stroke.width, stroke.color, stroke.dash);
       work.board.line(line, familyweight);
     }
-    if (family.preferred > 0) addlinelabel(work, family, value, longest(lines));
+    if (labelled(value)) addlinelabel(work, family, value, longest(lines));
   }
 }
 
@@ -89,12 +92,36 @@ void labelwetbulbs(SheetWork& work, double step) {
   }
 }
 
-/// The step of the wet bulbs, as wide as they are apart on the saturation curve.
+/// The step of the wet bulbs, as wide as they are apart on the saturation curve, or at the left edge without one.
 double wetbulbstep(const SheetWork& work) {
+  const SheetPlot& plot = work.plot;
   const auto& curve = work.boundary.saturation;
-  const double span = saturationdb(work.plot, work.plot.limits.highhr) - work.boundary.lowdb;
-  const double perdegree = curve.size() > 1 && span > 0 ? lengthof(curve) / span : work.plot.perdb();
-  return stepfrom({0.5, 1, 5, 10, 20}, 3.4 * work.em() / perdegree);
+  const double span = saturationdb(plot, plot.limits.highhr) - work.boundary.lowdb;
+  const auto ratio = [&](double wb) { return psychro_w(plot.limits.lowdb, wb, plot.atm); };
+  const double wb = plot.limits.lowdb - 5;
+  const double upright = (ratio(wb + 1) - ratio(wb)) * plot.perw();
+  const bool curved = span > 0 && lengthof(curve) > 8 * work.em();
+  const double perdegree = (curved ? lengthof(curve) / span : upright) / work.em();
+  constexpr double usual = 5;
+  constexpr double wide = 16;  // em between two of these: a narrow chart, which has room for more
+  return usual * perdegree > wide ? stepfrom({0.5, 1, 2}, 4.5 / perdegree) : stepfrom({usual, 10, 20}, 3.4 / perdegree);
+}
+
+/// A wet bulb whose saturated state is on the chart has its number there, any other one on its line.
+void drawwetbulbs(SheetWork& work) {
+  const double step = wetbulbstep(work);
+  const double lowest = work.plot.limits.lowdb - 40;
+  const double first = work.boundary.saturation.empty() ? work.plot.limits.highdb : work.boundary.lowdb;
+  const double last = work.boundary.saturation.empty() ? 0 : saturationdb(work.plot, work.plot.limits.highhr);
+  Family family{LineKind::wetbulb, step, lowest, work.plot.limits.highdb, "", " °F wet bulb", 0, 0.15};
+  if (work.boundary.saturation.empty()) {
+    const auto ratio = [&](double wb) { return psychro_w(work.plot.limits.lowdb, wb, work.plot.atm); };
+    const double middle = (work.plot.limits.lowhr + work.boundary.highhr) / 2;
+    const double wb = lastwith([&](double t) { return ratio(t) <= middle; }, lowest, work.plot.limits.lowdb);
+    family.worded = std::round(wb / step) * step;
+  }
+  drawfamily(work, family, [=](double wb) { return wb < first || wb > last; });
+  labelwetbulbs(work, step);
 }
 
 /// The specific volumes on the chart lie between that of its coldest dry air and that of its warmest moist air.
@@ -116,7 +143,8 @@ Family enthalpies(const SheetWork& work) {
   const double low = enthalpyof(limits.lowdb, limits.lowhr);
   const double high = enthalpyof(limits.highdb, work.boundary.highhr);
   const double step = stepfrom({0.5, 1, 2, 5, 10}, (high - low) / 20);
-  return {LineKind::enthalpy, step, low, high, "", "", 0, 0};
+  const double middle = std::round((low + 0.4 * (high - low)) / step) * step;
+  return {LineKind::enthalpy, step, low, high, "", " Btu per lb of dry air", middle, 0.5};
 }
 
 }  // namespace
@@ -145,12 +173,11 @@ void drawgrid(SheetWork& work) {
 
 void drawfamilies(SheetWork& work) {
   if (!work.content.families) return;
-  const double wbstep = wetbulbstep(work);
-  if (work.options.enthalpylines) drawfamily(work, enthalpies(work));
-  drawfamily(work, volumes(work));
-  drawfamily(work, {LineKind::wetbulb, wbstep, work.plot.limits.lowdb - 40, work.plot.limits.highdb, "", "", 0, 0});
-  drawfamily(work, {LineKind::relativehumidity, 10, 10, 90, " %", " % relative humidity", 10, 0.62});
-  labelwetbulbs(work, wbstep);
+  const auto always = [](double) { return true; };
+  if (work.options.enthalpylines) drawfamily(work, enthalpies(work), always);
+  drawfamily(work, volumes(work), always);
+  drawwetbulbs(work);
+  drawfamily(work, {LineKind::relativehumidity, 10, 10, 90, " %", " % relative humidity", 10, 0.62}, always);
 }
 
 void drawframe(SheetWork& work) {

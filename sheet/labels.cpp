@@ -171,6 +171,14 @@ bool LabelBoard::isfree(const Box& box) const {
          !walls_.any(box);
 }
 
+bool LabelBoard::isfree(const LabelPlace& place, const Box& box) const {
+  if (!isfree(box)) return false;
+  if (place.leader.empty()) return true;
+  const SheetPoint from = place.leader.front();
+  const SheetPoint to = place.leader.back();
+  return !walls_.any({(from + to) * 0.5, unit(to - from), distance(from, to) / 2, 0.5});
+}
+
 std::size_t LabelBoard::place(SheetCanvas& canvas, Color paper) {
   std::vector<std::vector<Candidate>> candidates(labels_.size());
   std::vector<double> importances;
@@ -178,7 +186,7 @@ std::size_t LabelBoard::place(SheetCanvas& canvas, Color paper) {
     importances.push_back(labels_[i].importance);
     for (const LabelPlace& place : labels_[i].places) {
       const Box box = textbox(place.text, canvas.extent(place.text.text, place.text.style));
-      if (!isfree(grown(box, gap_))) continue;
+      if (!isfree(place, grown(box, gap_))) continue;
       candidates[i].push_back({&place, grown(box, gap_ / 2), place.cost + lines_.weightin(box)});
     }
     std::stable_sort(candidates[i].begin(), candidates[i].end(),

@@ -60,6 +60,7 @@ public:
 
   /// Whether a text could stand there as far as all is concerned that is fixed.
   bool isfree(const Box& box) const;
+  bool isfree(const LabelPlace& place, const Box& box) const;
 
   /// Chooses the places and draws what has one. Returns how many were left out.
   std::size_t place(SheetCanvas& canvas, Color paper);

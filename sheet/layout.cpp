@@ -14,8 +14,11 @@ namespace {
 
 constexpr double blockgap = 1;          // em: between the parts of a page
 constexpr double mosttable = 0.3;       // of the page under the chart; what is more goes on to the next
+constexpr double leastchartheight = 36;  // em
 constexpr double leastprotractor = 13;  // em
 constexpr double mostprotractor = 25;
+constexpr double wordsbeside = 3;      // em: what the words under the smallest are wider than it
+constexpr double cornergap = 2.9;  // em: the numbers of the enthalpy scale
 
 /// A font tells the same width for the same text again and again, and takes its time.
 ExtentFunction remembered(const ExtentFunction& extent) {
@@ -68,7 +71,7 @@ SheetPlot plotwithin(const Box& area, const SheetWork& work) {
   return plot;
 }
 
-/// Whether a rectangle is above and left of a rising line, and how far at least.
+/// Whether all above and left of a corner is clear of a line by a gap.
 bool clearof(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap) {
   for (std::size_t i = 1; i < rule.size(); ++i) {
     if (crosses(boxof({-1e5, -1e5}, corner + SheetPoint{gap, gap}), rule[i - 1], rule[i])) return false;
@@ -76,22 +79,15 @@ bool clearof(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap)
   return true;
 }
 
-/// Heading and protractor in the corner above saturation, as far as they fit there. The heading's lower edge if it has
-/// found its place.
-bool fillcorner(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint corner) {
+/// The protractor in the corner above saturation, as large as it fits below a place. Whether it does.
+bool protractorincorner(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint place) {
   const double em = work.em();
-  const double gap = 4.4 * em;  // the scale's numbers and words
-  const SheetPoint heading = corner + SheetPoint{headingwidth(work), headingheight(em)};
-  if (!clearof(rule, heading, gap)) return false;
-  drawheading(work, corner);
-  if (!work.options.protractor) return true;
   for (double width = mostprotractor * em; width >= leastprotractor * em; width -= em) {
-    const SheetPoint place = corner + SheetPoint{0, headingheight(em) + 1.4 * em};
-    if (!clearof(rule, place + SheetPoint{width, protractorheight(width, em)}, gap)) continue;
+    if (!clearof(rule, place + SheetPoint{width, protractorheight(width, em)}, cornergap * em)) continue;
     drawprotractor(work, place, width);
-    break;
+    return true;
   }
-  return true;
+  return false;
 }
 
 class SheetMaker {
@@ -114,7 +110,8 @@ private:
   void spread() {
     last_ = options_.table ? content_.states.size() : 0;
     const double page = 2 * parts_.above.halfheight;
-    underchart_ = std::min(last_, rowsthatfit(options_, mosttable * page));
+    const double leastchart = leastchartheight * options_.lettersize;
+    underchart_ = std::min(last_, rowsthatfit(options_, std::min(mosttable * page, page - leastchart)));
     const std::size_t further = std::max<std::size_t>(1, rowsthatfit(options_, page));
     pages_ = 1 + (last_ - underchart_ + further - 1) / further;
     perpage_ = further;
@@ -151,20 +148,28 @@ private:
     endpage();
   }
 
-  /// In the corner above saturation or, where that is too small, above the chart.
+  /// Heading and protractor stand in the corner above saturation; what is too large for it stands above the chart.
   void makeroomforheading(SheetWork& work, SheetPoint corner) {
-    if (fillcorner(work, enthalpyrule(work), corner)) return;
     const double em = work.em();
-    const double width = leastprotractor * em;
-    const double withprotractor = protractorheight(width, em);
-    const bool roomy = work.plot.bottom - work.plot.top > 3 * withprotractor;
-    const double height = options_.protractor && roomy ? withprotractor : headingheight(em);
-    work.plot.top += height + blockgap * em;
-    work.plot.bottom = std::max(work.plot.top + 1, work.plot.bottom);
-    work.boundary = boundaryof(work.plot);
+    const double heading = headingheight(em);
+    const SheetPoint below = corner + SheetPoint{0, heading + 1.2 * em};
     drawheading(work, corner);
-    const SheetPoint place{parts_.inner.corners()[1].x - width, corner.y};
-    if (options_.protractor && roomy) drawprotractor(work, place, width);
+    const SheetPoint headingend = corner + SheetPoint{headingwidth(work), heading};
+    if (!clearof(enthalpyrule(work), headingend, cornergap * em)) lower(work, heading + blockgap * em);
+    if (!options_.protractor || protractorincorner(work, enthalpyrule(work), below)) return;
+    const double width = leastprotractor * em;
+    const double height = protractorheight(width, em);
+    const SheetPoint place{parts_.inner.corners()[1].x - width - wordsbeside * em, corner.y};
+    const bool roomy = work.plot.bottom - corner.y > 3 * height && place.x > headingend.x + wordsbeside * em;
+    if (!roomy) return;
+    lower(work, std::max(0.0, corner.y + height + 3.2 * em - work.plot.top));
+    drawprotractor(work, place, width);
+  }
+
+  /// Makes the plot less high at its top.
+  static void lower(SheetWork& work, double height) {
+    work.plot.top = std::min(work.plot.bottom - 1, work.plot.top + height);
+    work.boundary = boundaryof(work.plot);
   }
 
   void fixtable(LabelBoard& board, double top, double bottom) const {
@@ -204,7 +209,9 @@ private:
 
 SheetDrawing layoutsheet(const SheetContent& content, const SheetOptions& options, const ExtentFunction& extent) {
   const ExtentFunction known = remembered(extent);
-  return SheetMaker(content, options, known).make();
+  SheetOptions complete = options;
+  if (!(complete.lettersize > 0)) complete.lettersize = lettersfor(complete.page);
+  return SheetMaker(content, complete, known).make();
 }
 
 }  // namespace moistair

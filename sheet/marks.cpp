@@ -64,12 +64,15 @@ void drawmixture(SheetWork& work, const SheetMixture& mixture) {
     return numeral(share, 1) + " % " + (isnamed(work, state) ? state.name : std::to_string(state.number));
   };
   const std::string text = part(percent, *three[0]) + " + " + part(100 - percent, *three[2]);
+  const std::string shorttext = numeral(percent, 1) + " % : " + numeral(100 - percent, 1) + " %";
   const TextStyle style{0.9 * work.em(), false, work.theme.mark};
   Label label{importance::share, {}, true};
   for (const double aside : {1.15, -1.15}) {
-    for (LabelPlace& place : placesalong(work.canvas, line, text, style, 0.5, aside * work.em())) {
-      place.cost += aside < 0 ? 0.1 : 0;
-      label.places.push_back(std::move(place));
+    for (const std::string& words : {text, shorttext}) {
+      for (LabelPlace& place : placesalong(work.canvas, line, words, style, 0.5, aside * work.em())) {
+        place.cost += (aside < 0 ? 0.1 : 0) + (words == text ? 0 : 1);
+        label.places.push_back(std::move(place));
+      }
     }
   }
   const SheetPoint mixed = line[1];

@@ -1,6 +1,7 @@
 #include "sheet/options.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "engine/numbertext.h"
@@ -40,6 +41,12 @@ std::optional<PageSize> pagenamed(std::string_view text, bool portrait) {
   const auto fits = [](double side) { return side >= leastside && side <= mostside; };
   if (!fits(size.width) || !fits(size.height)) return std::nullopt;
   return size;
+}
+
+double lettersfor(const PageSize& page) {
+  constexpr double smallest = 6;
+  constexpr double largest = 12;
+  return std::clamp(std::sqrt(page.width * page.height) / 93, smallest, largest);
 }
 
 }  // namespace moistair

@@ -53,7 +53,7 @@ struct SheetOptions {
   PageSize page{pixelsperinch * 11, pixelsperinch * 8.5};
   double margin = 30;  ///< that nothing stands in [pixels]
   SheetColors colors = SheetColors::color;
-  double lettersize = 10;  ///< of numbers on scales; all other letters are in proportion [pixels]
+  double lettersize = 0;  ///< of numbers on scales, all other letters in proportion [pixels]; 0 for one that suits the page
   PointLabels labels = PointLabels::names;
   bool enthalpylines = false;
   bool protractor = true;
@@ -66,5 +66,8 @@ struct SheetOptions {
 /// Letters that can be read and still leave room for a chart [pixels].
 inline constexpr double leastletters = 5;
 inline constexpr double mostletters = 40;
+
+/// The size of letters that suits a page: 7.5 points on a sheet of paper.
+double lettersfor(const PageSize& page);
 
 }  // namespace moistair

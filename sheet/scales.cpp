@@ -36,7 +36,7 @@ struct Steps {
 };
 
 Steps stepsof(std::initializer_list<double> steps, double pervalue, double em, double numbers) {
-  return {stepfrom(steps, 0.36 * em / pervalue), stepfrom(steps, numbers * em / pervalue)};
+  return {stepfrom(steps, 0.42 * em / pervalue), stepfrom(steps, numbers * em / pervalue)};
 }
 
 double ratioofdewpoint(double dewpoint, double atm) {
@@ -47,25 +47,24 @@ double ratioofdewpoint(double dewpoint, double atm) {
   return ratioof(gap ? formsmeet : pv, atm);
 }
 
-/// Dew points from 0 up lie ever closer in humidity ratio the colder they are.
+/// Dew points lie ever closer in humidity ratio the colder they are: within five or ten degrees all have the step that
+/// suits the coldest.
 RightScale dewpointscale(const SheetWork& work) {
   RightScale scale{"Dew point, °F", "°F", {}, {}, 0, {}};
   scale.ratio = [atm = work.plot.atm](double dewpoint) { return ratioofdewpoint(dewpoint, atm); };
-  const auto pixels = [&](double low, double high) {
-    return (scale.ratio(high) - scale.ratio(low)) * work.plot.perw();
+  const auto suits = [&](double dewpoint, double step, double within, double em) {
+    const double coldest = std::floor((dewpoint - 0.5) / within) * within;
+    const double pixels = (scale.ratio(coldest + step) - scale.ratio(coldest)) * work.plot.perw();
+    return ismultiple(dewpoint, step) && pixels >= em * work.em();
   };
-  for (int dewpoint = -40; dewpoint <= 200; ++dewpoint) {
-    const double low = dewpoint;
-    for (const int step : {1, 5, 10}) {
-      if (dewpoint % step != 0 || !(pixels(low - step, low) >= 0.36 * work.em())) continue;
-      scale.fine.push_back(low);
-      break;
-    }
-    for (const int step : {1, 5, 10}) {
-      if (dewpoint % step != 0 || !(pixels(low - step, low) >= 2.2 * work.em())) continue;
-      scale.main.push_back(low);
-      break;
-    }
+  const auto hasstep = [&](double dewpoint, double em) {
+    return suits(dewpoint, 1, 5, em) || suits(dewpoint, 5, 10, em) || suits(dewpoint, 10, 10, em);
+  };
+  for (double dewpoint = -40; dewpoint <= 200; ++dewpoint) {
+    const double w = scale.ratio(dewpoint);
+    if (!(w >= work.plot.limits.lowhr && w <= work.boundary.highhr)) continue;
+    if (hasstep(dewpoint, 0.42)) scale.fine.push_back(dewpoint);
+    if (hasstep(dewpoint, 2)) scale.main.push_back(dewpoint);
   }
   return scale;
 }

@@ -103,7 +103,8 @@ void addlook(CLI::App& command, SheetCommandOptions& options) {
   addchoice(command, "--colors", colornames, sheet.colors, "color, grey or dark; color if not given");
   command
       .add_option("--font-size", options.lettersize,
-                  "of the numbers on the scales, all else in proportion; what suits the page, 7.5 points on a letter, if not given")
+                  "of the numbers on the scales, all else in proportion; what suits the page, 7.5 points on a letter, "
+                  "if not given")
       ->type_name("POINTS");
   command.add_option("--scale", options.scale, "picture pixels to the pixel, for .png and .bmp")->type_name("NUMBER");
   constexpr std::array<const char*, 2> labels = {"names", "numbers"};

@@ -117,7 +117,8 @@ void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
     const std::string text = numeral(h, decimalsof(main));
     Label label{importance::scale + (ismultiple(h, 10) ? 40 : 10), {}, false};
     for (const double away : {0.25, 0.6, 1.0, 1.5}) {
-      label.places.push_back({beside(work.canvas, *at, outward, size + away * em, text, work.theme.text(em)), away, {}});
+      label.places.push_back(
+          {beside(work.canvas, *at, outward, size + away * em, text, work.theme.text(em)), away, {}});
     }
     work.board.add(std::move(label));
   }

@@ -12,12 +12,12 @@ namespace moistair {
 
 namespace {
 
-constexpr double blockgap = 1;          // em: between the parts of a page
-constexpr double mosttable = 0.3;       // of the page under the chart; what is more goes on to the next
+constexpr double blockgap = 1;           // em: between the parts of a page
+constexpr double mosttable = 0.3;        // of the page under the chart; what is more goes on to the next
 constexpr double leastchartheight = 36;  // em
-constexpr double leastprotractor = 13;  // em
+constexpr double leastprotractor = 13;   // em
 constexpr double mostprotractor = 25;
-constexpr double wordsbeside = 3;      // em: what the words under the smallest are wider than it
+constexpr double wordsbeside = 3;  // em: what the words under the smallest are wider than it
 constexpr double cornergap = 2.9;  // em: the numbers of the enthalpy scale
 
 /// A font tells the same width for the same text again and again, and takes its time.

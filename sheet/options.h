@@ -53,7 +53,8 @@ struct SheetOptions {
   PageSize page{pixelsperinch * 11, pixelsperinch * 8.5};
   double margin = 30;  ///< that nothing stands in [pixels]
   SheetColors colors = SheetColors::color;
-  double lettersize = 0;  ///< of numbers on scales, all other letters in proportion [pixels]; 0 for one that suits the page
+  double lettersize =
+      0;  ///< of numbers on scales, all other letters in proportion [pixels]; 0 for one that suits the page
   PointLabels labels = PointLabels::names;
   bool enthalpylines = false;
   bool protractor = true;

@@ -73,8 +73,7 @@ void drawprotractor(SheetWork& work, SheetPoint corner, double width) {
   label(1e6, "∞", 2);
   const TextStyle style = work.theme.text(0.9 * em);
   const auto words = [&](double below, const std::string& text, const TextStyle& look) {
-    fixedtext(work,
-              centred(work.canvas, centre + SheetPoint{0, below * em}, text, look));
+    fixedtext(work, centred(work.canvas, centre + SheetPoint{0, below * em}, text, look));
   };
   words(1.35, "Sensible heat / total heat", style);
   words(2.5, "from the reference point, " + numeral(referencedb, 0) + " °F " + numeral(referencerh, 0) + " %",

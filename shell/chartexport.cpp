@@ -57,8 +57,7 @@ const FileFormat& formatoffilter(const QString& filter) {
 }
 
 /// Why the file was not written, nothing if it was.
-std::optional<QString> write(const Drawing& drawing, QSize size, const FileFormat& format, const QString& path) {
-  const QByteArray content = format.content(drawing, size, exportscale);
+std::optional<QString> write(const QByteArray& content, const QString& path) {
   if (content.isEmpty()) return QStringLiteral("There is not enough memory for it.");
   return writebytes(path, {content.data(), static_cast<std::size_t>(content.size())});
 }
@@ -89,9 +88,10 @@ Drawing fittedto(const Document& document, QSize size) {
   return drawing;
 }
 
-std::optional<QString> exportchart(QWidget* window, const Document& document, QSize size) {
+std::optional<QString> exportpicture(QWidget* window, const QString& what,
+                                     const std::function<QByteArray(const FileFormat& format)>& content) {
   SaveDialog dialog;
-  SaveRequest request{QStringLiteral("Export chart"), {}};
+  SaveRequest request{QStringLiteral("Export ") + what, {}};
   for (const FileFormat& format : fileformats) request.filters.append(QLatin1String(format.filter));
   auto path = dialog.ask(window, request);
   if (!path) return path;
@@ -101,11 +101,18 @@ std::optional<QString> exportchart(QWidget* window, const Document& document, QS
     path = completename(window, request.title, *path, {QLatin1String(format->ending)});
     if (!path) return path;
   }
-  if (const auto reason = write(fittedto(document, size), size, *format, *path)) {
-    message(window, QStringLiteral("The chart could not be written to ") + *path + QStringLiteral("\n") + *reason);
+  if (const auto reason = write(content(*format), *path)) {
+    message(window,
+            QStringLiteral("The %1 could not be written to ").arg(what) + *path + QStringLiteral("\n") + *reason);
     return std::nullopt;
   }
   return path;
+}
+
+std::optional<QString> exportchart(QWidget* window, const Document& document, QSize size) {
+  return exportpicture(window, QStringLiteral("chart"), [&](const FileFormat& format) {
+    return format.content(fittedto(document, size), size, exportscale);
+  });
 }
 
 QPageLayout firstpage() {
@@ -121,7 +128,8 @@ QPageLayout askpage(QWidget* window, const QPageLayout& page) {
   return dialog.exec() == QDialog::Accepted ? printer.pageLayout() : page;
 }
 
-QPageLayout printchart(QWidget* window, const Document& document, const QPageLayout& page) {
+QPageLayout printpicture(QWidget* window, const QPageLayout& page,
+                         const std::function<void(QPrinter&, QPainter&)>& paint) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageLayout(page);
   printer.setDocName(QStringLiteral("Psychrometric chart"));
@@ -132,10 +140,16 @@ QPageLayout printchart(QWidget* window, const Document& document, const QPageLay
     message(window, QStringLiteral("The chart could not be printed."));
     return page;
   }
-  const QSize paper = printer.pageLayout().paintRectPixels(printer.resolution()).size();
-  const QSize size = paper * (static_cast<double>(picturedpi) / printer.resolution());
-  paintfitted(fittedto(document, size), size, painter, QRectF(QPointF(0, 0), paper));
+  paint(printer, painter);
   return printer.pageLayout();
+}
+
+QPageLayout printchart(QWidget* window, const Document& document, const QPageLayout& page) {
+  return printpicture(window, page, [&](QPrinter& printer, QPainter& painter) {
+    const QSize paper = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+    const QSize size = paper * (static_cast<double>(picturedpi) / printer.resolution());
+    paintfitted(fittedto(document, size), size, painter, QRectF(QPointF(0, 0), paper));
+  });
 }
 
 }  // namespace moistair

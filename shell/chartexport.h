@@ -8,9 +8,13 @@
 #include <QPageLayout>
 #include <QSize>
 #include <QWidget>
+#include <functional>
 #include <optional>
 
 #include "document/document.h"
+#include "paint/exports.h"
+
+class QPrinter;
 
 namespace moistair {
 
@@ -19,9 +23,14 @@ namespace moistair {
 /// @param size [logical pixels]
 Drawing fittedto(const Document& document, QSize size);
 
-/// Asks for a path and writes the chart in the format of the path's ending or, where it has none of these, of the
-/// filter chosen, whose ending is then added. Tells the user of a file that could not be written, and why. Returns the
-/// path of one that was.
+/// Asks for a path and writes what `content` makes in the format of the path's ending or, where it has none of these,
+/// of the filter chosen, whose ending is then added. Tells the user of a file that could not be written, and why.
+/// Returns the path of one that was.
+/// @param what as the user calls it; "Export what" is the title of the dialog
+std::optional<QString> exportpicture(QWidget* window, const QString& what,
+                                     const std::function<QByteArray(const FileFormat& format)>& content);
+
+/// The same for the chart.
 /// @param size of the picture [logical pixels]
 std::optional<QString> exportchart(QWidget* window, const Document& document, QSize size);
 
@@ -31,7 +40,11 @@ QPageLayout firstpage();
 /// The system's dialog for the page. Returns the page as it then is.
 QPageLayout askpage(QWidget* window, const QPageLayout& page);
 
-/// The system's print dialog; the chart on one page. Returns the page as it then is.
+/// The system's print dialog, and what `paint` then paints. Returns the page as it then is.
+QPageLayout printpicture(QWidget* window, const QPageLayout& page,
+                         const std::function<void(QPrinter&, QPainter&)>& paint);
+
+/// The same for the chart on one page.
 QPageLayout printchart(QWidget* window, const Document& document, const QPageLayout& page);
 
 }  // namespace moistair

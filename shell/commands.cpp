@@ -11,6 +11,7 @@
 #include "shell/chartexport.h"
 #include "shell/filewriting.h"
 #include "shell/mainwindow.h"
+#include "shell/sheets.h"
 #include "shell/startup.h"
 #include "toolkit/filename.h"
 #include "toolkit/messages.h"
@@ -242,6 +243,12 @@ void MainWindow::exportchart() {
   focusgraph();
 }
 
+void MainWindow::exportsheet() {
+  const auto path = sheets_->exportsheet();
+  if (path) status_->answerfile(tr("sheet"), *path);
+  focusgraph();
+}
+
 /// Asked of the system at the first use: to look for a printer takes its time.
 QPageLayout MainWindow::page() const { return page_ ? *page_ : firstpage(); }
 
@@ -251,7 +258,7 @@ void MainWindow::setuppage() {
 }
 
 void MainWindow::printchart() {
-  page_ = moistair::printchart(this, chart_.document(), page());
+  page_ = sheets_->print(page());
   focusgraph();
 }
 

@@ -8,6 +8,7 @@
 
 #include "chart/chartfinders.h"
 #include "session/pressureunits.h"
+#include "shell/sheets.h"
 #include "shell/startup.h"
 #include "toolkit/messages.h"
 
@@ -33,6 +34,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
       status_(new StatusLine),
       notes_(new StripNotes(*strip_, *status_, chart_, values_, log_)),
+      sheets_(new Sheets(*this, *graph_, chart_)),
       panel_(new EntriesPanel(this)),
       finders_(chartrangefinders([this] {
         lifecycle_.readlimits(strip_->limittexts());
@@ -90,6 +92,7 @@ void MainWindow::makemenus() {
   files_->fillmenu(*file);
   file->addSeparator();
   file->addAction(tr("&Export chart..."), this, &MainWindow::exportchart);
+  file->addAction(tr("Export s&heet..."), this, &MainWindow::exportsheet);
   file->addAction(tr("Page set&up..."), this, &MainWindow::setuppage);
   file->addAction(tr("&Print..."), this, &MainWindow::printchart);
   file->addSeparator();
@@ -110,11 +113,14 @@ void MainWindow::makemenus() {
     showhistory();
     files_->follow();
     notes_->follow();
+    sheets_->follow(visibleplot());
     if (!panel_->isHidden()) panel_->show(chart_.document());
     instrument_->follow();
   };
   showhistory();
-  makepanel(*menuBar()->addMenu(tr("&View")));
+  QMenu* view = menuBar()->addMenu(tr("&View"));
+  makepanel(*view);
+  sheets_->fillviewmenu(*view);
   QMenu* help = menuBar()->addMenu(tr("&Help"));
   help->addAction(tr("&Help"), this, &MainWindow::showhelp);
 }
@@ -217,6 +223,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == centralWidget() && event->type() == QEvent::Resize) {
     arrange();
     chart_.layout(windowsize());
+    sheets_->follow(visibleplot());
     lift(lifted_);
     instrument_->follow();
   }
@@ -225,6 +232,9 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (dialogcomesup && charttype_ && dialog_ && watched == dialog_->windowHandle()) charttype_->raise();
   return QMainWindow::eventFilter(watched, event);
 }
+
+/// The part of the chart's widget that can be seen.
+QSize MainWindow::visibleplot() const { return {centralWidget()->width(), centralWidget()->height() - graph_->y()}; }
 
 WindowSize MainWindow::windowsize() const {
   return {centralWidget()->width() * twipsperpixel, centralWidget()->height() * twipsperpixel};

@@ -27,6 +27,7 @@
 namespace moistair {
 
 class ReportWindow;
+class Sheets;
 struct EarlierSession;
 
 class MainWindow final : public QMainWindow {
@@ -62,6 +63,7 @@ private:
   void arrange();
 
   WindowSize windowsize() const;
+  QSize visibleplot() const;
   PairInput pairinput() const;
   void previewpoint();
   void takeplace(const QString& drybulb, const QString& ratio);
@@ -101,6 +103,7 @@ private:
   void appendtolog(const std::vector<std::string>& lines);
   void openmixing();
   void exportchart();
+  void exportsheet();
   void printchart();
   void setuppage();
   QPageLayout page() const;
@@ -118,6 +121,7 @@ private:
   DocumentFiles* files_;
   StatusLine* status_;
   StripNotes* notes_;    ///< what is said in it and marked in the strip
+  Sheets* sheets_;
   EntriesPanel* panel_;  ///< table beside the chart
   RangeFinders finders_;
   SaveDialog savedialog_;

@@ -1,0 +1,53 @@
+/// \file
+/// The sheet in the main window: exported, printed, and on the screen in place of the drawing.
+#pragma once
+
+#include <QMenu>
+#include <QPageLayout>
+#include <QWidget>
+#include <optional>
+
+#include "document/chartcommands.h"
+#include "session/reading.h"
+#include "sheet/options.h"
+#include "windows/sheetview.h"
+
+namespace moistair {
+
+class Sheets final : public QObject {
+  Q_OBJECT
+
+public:
+  /// @param window that dialogs stand above
+  /// @param graph shows the drawing
+  Sheets(QWidget& window, QWidget& graph, const ChartCommands& chart);
+
+  /// "As a sheet".
+  void fillviewmenu(QMenu& view);
+
+  /// To be called after every change of the document and of the size; where the drawing can be seen.
+  void follow(const QSize& visible);
+
+  /// Where the plot lies while the sheet is on the screen.
+  std::optional<PlotBox> plot();
+
+  /// Asks how it is to look, and where it is to be written. Returns the path of a file that was.
+  std::optional<QString> exportsheet();
+
+  /// Asks whether a sheet or the chart is to be printed, and prints it. Returns the page as it then is.
+  QPageLayout print(const QPageLayout& page);
+
+Q_SIGNALS:
+  void toggled();  ///< the sheet has come on the screen or gone
+
+private:
+  QPageLayout printsheet(const QPageLayout& page);
+  void show(bool shown);
+
+  QWidget& window_;
+  const ChartCommands& chart_;
+  SheetView* view_;
+  SheetOptions options_;  ///< as last chosen
+};
+
+}  // namespace moistair

@@ -1,0 +1,77 @@
+/// \file
+/// How a sheet is to look, with a preview that follows.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDoubleSpinBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <optional>
+
+#include "paint/sheetpaint.h"
+
+namespace moistair {
+
+/// Shows a page of a sheet as large as it fits.
+class SheetPreview final : public QWidget {
+public:
+  explicit SheetPreview(QWidget* parent = nullptr);
+
+  void show(SheetDrawing sheet);
+  using QWidget::show;
+  void showpage(std::size_t page);
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  SheetDrawing sheet_;
+  std::size_t page_ = 0;
+};
+
+/// Asks for the options of a sheet. What was chosen at one time is what it begins with at the next.
+class SheetDialog final : public QDialog {
+  Q_OBJECT
+
+public:
+  SheetDialog(QWidget* parent, const SheetContent& content, const SheetOptions& options);
+
+  /// The options as they now are; those before for a page that cannot be.
+  const SheetOptions& options() const { return options_; }
+
+private:
+  void makelook(QFormLayout& form);
+  void maketexts(QFormLayout& form);
+  void show(const SheetOptions& options);
+  std::optional<SheetOptions> read() const;
+  void follow();
+
+  const SheetContent& content_;
+  SheetOptions options_;
+  ExtentFunction extents_ = sheetextents();
+  QComboBox* page_ = nullptr;
+  QLineEdit* size_ = nullptr;  ///< of a page that is none of the named ones
+  QComboBox* orientation_ = nullptr;
+  QComboBox* colors_ = nullptr;
+  QDoubleSpinBox* letters_ = nullptr;
+  QComboBox* labels_ = nullptr;
+  QCheckBox* enthalpylines_ = nullptr;
+  QCheckBox* protractor_ = nullptr;
+  QCheckBox* table_ = nullptr;
+  QCheckBox* titleblock_ = nullptr;
+  QLineEdit* title_ = nullptr;
+  QLineEdit* project_ = nullptr;
+  QLineEdit* drawnby_ = nullptr;
+  QLineEdit* date_ = nullptr;
+  SheetPreview* preview_;
+  QSpinBox* shownpage_;
+  QLabel* fault_;  ///< what is wrong with the page
+  QPushButton* accept_ = nullptr;
+};
+
+}  // namespace moistair

@@ -1,0 +1,59 @@
+#include "windows/sheetview.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QtMath>
+#include <utility>
+
+namespace moistair {
+
+SheetView::SheetView(QWidget& drawing) : QWidget(&drawing) {
+  setObjectName(QStringLiteral("sheet"));
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::NoFocus);
+  hide();
+}
+
+void SheetView::show(SheetContent content) {
+  content_ = std::move(content);
+  laidout_ = false;
+  update();
+}
+
+PlotBox SheetView::plot() {
+  bringuptodate();
+  const SheetPlot& plot = sheet_.plot;
+  return {plot.limits, plot.left, plot.top, plot.right, plot.bottom};
+}
+
+void SheetView::resizeEvent(QResizeEvent*) { laidout_ = false; }
+
+void SheetView::bringuptodate() {
+  constexpr double margin = 14;
+  if (std::exchange(laidout_, true)) return;
+  SheetOptions options;
+  options.page = {std::max(leastside, double(width())), std::max(leastside, double(height()))};
+  options.margin = margin;
+  options.titleblock = options.table = false;
+  sheet_ = layoutsheet(content_, options, extents_);
+  image_ = QImage();
+}
+
+void SheetView::paintEvent(QPaintEvent* event) {
+  bringuptodate();
+  const double ratio = devicePixelRatio();
+  const QSize size(qCeil(width() * ratio), qCeil(height() * ratio));
+  if (image_.size() != size) {
+    image_ = QImage(size, QImage::Format_RGB32);
+    QPainter painter(&image_);
+    painter.scale(ratio, ratio);
+    paintpage(sheet_, 0, painter);
+  }
+  QPainter painter(this);
+  painter.setClipRegion(event->region());
+  painter.scale(1 / ratio, 1 / ratio);
+  painter.drawImage(0, 0, image_);
+}
+
+}  // namespace moistair

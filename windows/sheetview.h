@@ -1,0 +1,42 @@
+/// \file
+/// The sheet on the screen, in place of the drawing.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "paint/sheetpaint.h"
+#include "session/reading.h"
+
+namespace moistair {
+
+/// Shows what stands on the chart as a sheet without title block and table, laid out for the widget's size. It lies
+/// over the widget that shows the drawing and lets all input through to it, so that the chart is pointed at and marked
+/// as ever; `plot` says where.
+class SheetView final : public QWidget {
+  Q_OBJECT
+
+public:
+  explicit SheetView(QWidget& drawing);
+
+  void show(SheetContent content);
+  using QWidget::show;
+
+  /// Where the plot lies on this widget.
+  PlotBox plot();
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+private:
+  void bringuptodate();
+
+  ExtentFunction extents_ = sheetextents();
+  SheetContent content_;
+  SheetDrawing sheet_;
+  QImage image_;  ///< in device pixels
+  bool laidout_ = false;
+};
+
+}  // namespace moistair

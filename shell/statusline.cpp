@@ -51,10 +51,10 @@ StatusLine::StatusLine(QWidget* parent)
 void StatusLine::show(const Standing& standing, std::size_t records) {
   const bool differ = !standing.header.empty();
   const QString tip = tr("All is calculated with the pressure in force. Click to put the header's in force again.");
-  const Mark mark = differ ? Mark::fault : Mark::none;
+  const BoxMark mark = differ ? BoxMark::fault : BoxMark::none;
   pressure_->tell(shown(standing.pressure), mark, differ, differ ? tip : tr("Pressure in force"));
   header_->tell(shown(standing.header), mark, differ, tip);
-  changes_->tell(shown(standing.changes), Mark::note, false, tr("Draw the chart anew to have it as it says."));
+  changes_->tell(shown(standing.changes), BoxMark::note, false, tr("Draw the chart anew to have it as it says."));
   chart_->setText(shown(standing.chart));
   records_->setText(shown(recordswords(records)));
   row_->place();
@@ -73,13 +73,13 @@ void StatusLine::remark(const PairNotes& notes) {
 void StatusLine::answerfile(const QString& what, const QString& path, const std::optional<QString>& failure) {
   const QString name = QFileInfo(path).fileName();
   if (failure) {
-    answer(tr("%1 not written to %2: %3").arg(what, name, *failure), Mark::fault, path);
+    answer(tr("%1 not written to %2: %3").arg(what, name, *failure), BoxMark::fault, path);
   } else {
-    answer(tr("%1 written to %2").arg(what, name), Mark::none, path);
+    answer(tr("%1 written to %2").arg(what, name), BoxMark::none, path);
   }
 }
 
-void StatusLine::answer(const QString& words, Mark mark, const QString& tip) {
+void StatusLine::answer(const QString& words, BoxMark mark, const QString& tip) {
   answer_ = words;
   answertip_ = tip;
   answermark_ = mark;

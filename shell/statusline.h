@@ -37,7 +37,7 @@ public:
   void remark(const PairNotes& notes);
 
   /// The answer to a command, until the next key in a box or for some seconds.
-  void answer(const QString& words, Mark mark = Mark::none, const QString& tip = {});
+  void answer(const QString& words, BoxMark mark = BoxMark::none, const QString& tip = {});
 
   /// The same of a file: "chart written to room.png", or why it was not.
   void answerfile(const QString& what, const QString& path, const std::optional<QString>& failure = {});
@@ -55,7 +55,7 @@ private:
   PairNotes notes_;
   QString answer_;
   QString answertip_;
-  Mark answermark_ = Mark::none;
+  BoxMark answermark_ = BoxMark::none;
   QTimer answered_;
 };
 

@@ -17,9 +17,9 @@ public:
     resize(control.size());
   }
 
-  void show(Mark mark) {
+  void show(BoxMark mark) {
     mark_ = mark;
-    setVisible(mark != Mark::none);
+    setVisible(mark != BoxMark::none);
     raise();
     update();
   }
@@ -37,7 +37,7 @@ protected:
     QPainter painter(this);
     QColor color = markcolor(mark_, palette());
     const QRectF frame = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
-    painter.setPen(QPen(color, line, mark_ == Mark::note ? Qt::DashLine : Qt::SolidLine));
+    painter.setPen(QPen(color, line, mark_ == BoxMark::note ? Qt::DashLine : Qt::SolidLine));
     painter.drawRect(frame);
     QPainterPath triangle(QPointF(width() - corner, 0));
     triangle.lineTo(width(), 0);
@@ -49,7 +49,7 @@ protected:
   }
 
 private:
-  Mark mark_ = Mark::none;
+  BoxMark mark_ = BoxMark::none;
 };
 
 MarkFrame* frameof(QWidget& control) {
@@ -58,22 +58,22 @@ MarkFrame* frameof(QWidget& control) {
 
 }  // namespace
 
-QColor markcolor(Mark mark, const QPalette& palette) {
+QColor markcolor(BoxMark mark, const QPalette& palette) {
   const bool dark = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-  if (mark == Mark::fault) return dark ? QColor(255, 120, 110) : QColor(190, 20, 20);
+  if (mark == BoxMark::fault) return dark ? QColor(255, 120, 110) : QColor(190, 20, 20);
   return dark ? QColor(255, 190, 70) : QColor(160, 90, 0);
 }
 
-void setmark(QWidget& control, Mark mark, const QString& words) {
+void setmark(QWidget& control, BoxMark mark, const QString& words) {
   MarkFrame* frame = frameof(control);
-  if (frame == nullptr && mark != Mark::none) frame = new MarkFrame(control);
+  if (frame == nullptr && mark != BoxMark::none) frame = new MarkFrame(control);
   if (frame != nullptr) frame->show(mark);
   if (control.toolTip() == words) return;
   control.setToolTip(words);
   control.setAccessibleDescription(words);
 }
 
-void paintsign(QPainter& painter, const QRectF& square, Mark mark, const QPalette& palette) {
+void paintsign(QPainter& painter, const QRectF& square, BoxMark mark, const QPalette& palette) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   const QColor color = markcolor(mark, palette);

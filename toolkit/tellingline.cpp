@@ -20,7 +20,7 @@ TellingLine::TellingLine(QWidget* parent) : QAbstractButton(parent) {
   });
 }
 
-void TellingLine::tell(const QString& words, Mark mark, bool clickable, const QString& tip) {
+void TellingLine::tell(const QString& words, BoxMark mark, bool clickable, const QString& tip) {
   if (words == text() && mark == mark_ && clickable == clickable_ && tip == tip_) return;
   mark_ = mark;
   clickable_ = clickable;
@@ -33,7 +33,7 @@ void TellingLine::tell(const QString& words, Mark mark, bool clickable, const QS
   update();
 }
 
-int TellingLine::textleft() const { return margin + (mark_ == Mark::none ? 0 : fontMetrics().ascent() + margin); }
+int TellingLine::textleft() const { return margin + (mark_ == BoxMark::none ? 0 : fontMetrics().ascent() + margin); }
 
 QSize TellingLine::sizeHint() const {
   if (text().isEmpty()) return {0, fontMetrics().height()};
@@ -50,7 +50,7 @@ void TellingLine::paintEvent(QPaintEvent*) {
   QString tip = tip_;
   if (shown != whole) tip = tip.isEmpty() ? whole : whole + QLatin1Char('\n') + tip;
   if (tip != toolTip()) setToolTip(tip);
-  if (mark_ != Mark::none) {
+  if (mark_ != BoxMark::none) {
     QColor tint = markcolor(mark_, palette());
     tint.setAlphaF(0.14F);
     painter.fillRect(rect(), tint);

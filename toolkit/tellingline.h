@@ -17,7 +17,7 @@ public:
   explicit TellingLine(QWidget* parent = nullptr);
 
   /// @param tip what else there is to say; the words themselves where there is nothing and they are cut
-  void tell(const QString& words, Mark mark = Mark::none, bool clickable = false, const QString& tip = {});
+  void tell(const QString& words, BoxMark mark = BoxMark::none, bool clickable = false, const QString& tip = {});
 
   QSize sizeHint() const override;  ///< room for all of the words
   QSize minimumSizeHint() const override;
@@ -28,7 +28,7 @@ protected:
 private:
   int textleft() const;
 
-  Mark mark_ = Mark::none;
+  BoxMark mark_ = BoxMark::none;
   bool clickable_ = false;
   QString tip_;
 };

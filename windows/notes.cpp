@@ -6,9 +6,9 @@ namespace {
 
 constexpr const char* exacttip = "Click to put the exact dry and wet bulb into the boxes.";
 
-Mark markof(const BoxNote& note) {
-  if (note.empty()) return Mark::none;
-  return note.fault ? Mark::fault : Mark::note;
+BoxMark markof(const BoxNote& note) {
+  if (note.empty()) return BoxMark::none;
+  return note.fault ? BoxMark::fault : BoxMark::note;
 }
 
 void markkind(ListBox& list, const BoxNote& note) {

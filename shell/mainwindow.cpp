@@ -28,7 +28,10 @@ MainWindow::MainWindow(LogPlaces logplaces)
       lifecycle_(graph_->canvas(), values_),
       chart_(graph_->canvas(), values_, lifecycle_),
       instrument_(new Instrument(*graph_, chart_, values_,
-                                 {[this](const ChartLimits& limits) { return plotbox(plotarea(limits, windowsize())); },
+                                 {[this](const ChartLimits& limits) {
+                                    const auto sheet = sheets_->plot();
+                                    return sheet ? *sheet : plotbox(plotarea(limits, windowsize()));
+                                  },
                                   [this] { return windowsize(); }})),
       files_(new DocumentFiles(*this, chart_, log_,
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
@@ -72,6 +75,7 @@ void MainWindow::makestatusbar() {
 
 /// What is chosen on the chart goes the way of what is typed.
 void MainWindow::makeinstrument() {
+  connect(sheets_, &Sheets::toggled, instrument_, &Instrument::follow);
   connect(instrument_, &Instrument::chosen, this, &MainWindow::takeplace);
   connect(instrument_, &Instrument::located, this, &MainWindow::locatepoint);
   connect(instrument_, &Instrument::refused, this, [this](const QString& reason) { message(this, reason); });

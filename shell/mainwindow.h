@@ -120,7 +120,7 @@ private:
   Instrument* instrument_;
   DocumentFiles* files_;
   StatusLine* status_;
-  StripNotes* notes_;    ///< what is said in it and marked in the strip
+  StripNotes* notes_;  ///< what is said in it and marked in the strip
   Sheets* sheets_;
   EntriesPanel* panel_;  ///< table beside the chart
   RangeFinders finders_;

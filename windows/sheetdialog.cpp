@@ -138,8 +138,8 @@ void SheetDialog::makelook(QFormLayout& form) {
     connect(box, &QCheckBox::toggled, this, &SheetDialog::follow);
     return box;
   };
-  enthalpylines_ = mark(tr("Ent&halpy lines"));
-  protractor_ = mark(tr("Protractor of sensible &heat ratio"));
+  enthalpylines_ = mark(tr("E&nthalpy lines"));
+  protractor_ = mark(tr("P&rotractor of sensible heat ratio"));
   table_ = mark(tr("&Table of states"));
   titleblock_ = mark(tr("Title &block"));
 }

@@ -12,6 +12,7 @@ SheetView::SheetView(QWidget& drawing) : QWidget(&drawing) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::NoFocus);
+  lower();  // what is pointed at is shown above it
   hide();
 }
 

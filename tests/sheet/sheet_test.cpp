@@ -1,0 +1,248 @@
+// Sheets: no text over another or over the frame on any chart and page, curves as exact as promised, all of the
+// document on them.
+#include <algorithm>
+
+#include "document/desk.h"
+#include "sheet/boundary.h"
+#include "sheet/curves.h"
+#include "sheet/geometry.h"
+#include "sheet/layout.h"
+
+namespace {
+
+using namespace moistair;
+using namespace moistair::test;
+
+/// About what a sans serif font measures.
+TextExtent extentof(const std::string& text, double size, bool bold) {
+  std::size_t letters = 0;
+  for (const char c : text) letters += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
+  return {static_cast<double>(letters) * size * (bold ? 0.66 : 0.6), 0.76 * size, 0.22 * size};
+}
+
+struct Sheet {
+  const char* name;
+  LimitTexts limits;
+  PressureEntry pressure;
+  PageSize page;
+};
+
+constexpr PageSize letter{1056, 816};
+constexpr PageSize upright{816, 1056};
+constexpr PageSize a3{1587, 1123};
+constexpr PageSize small{640, 420};
+constexpr PageSize wide{1366, 560};
+const PressureEntry sea{PressureUnit::standard, defaultpressuretext};
+const PressureEntry mountain{PressureUnit::elevation, "5000"};
+const PressureEntry low{PressureUnit::inhg, "20"};
+const PressureEntry lowest{PressureUnit::inhg, "5.906"};
+const PressureEntry highest{PressureUnit::inhg, "147.65"};
+
+const Sheet sheets[] = {
+    {"whole", {"0", "120", "0", "0.030"}, sea, letter},
+    {"whole upright", {"0", "120", "0", "0.030"}, sea, upright},
+    {"mountain", {"40", "90", "0", "0.030"}, mountain, letter},
+    {"thin air", {"40", "90", "0", "0.030"}, low, upright},
+    {"thinnest air", {"0", "120", "0", "0.030"}, lowest, a3},
+    {"dense air", {"0", "120", "0", "0.010"}, highest, letter},
+    {"ten degrees", {"70", "80", "0", "0.030"}, sea, a3},
+    {"cold", {"0", "30", "0", "0.010"}, mountain, letter},
+    {"cold and high", {"0", "40", "0", "0.030"}, sea, wide},
+    {"all below saturation", {"80", "120", "0", "0.010"}, sea, letter},
+    {"from 0.010 up", {"0", "120", "0.010", "0.030"}, low, wide},
+    {"small", {"0", "120", "0", "0.030"}, mountain, small},
+    {"screen", {"0", "120", "0", "0.030"}, sea, wide},
+    {"no air at all", {"0", "20", "0.020", "0.030"}, sea, letter},
+};
+
+/// A chart with what its limits let in: a crowd of points about a room, a mixture, a line of each kind.
+Document documentof(const Sheet& sheet, int crowd = 6) {
+  Desk desk;
+  desk.lists = sheet.limits;
+  desk.setpressure(sheet.pressure);
+  desk.draw(ChartType::standard);
+  desk.point("75", "62", "Room");
+  desk.point("56", "55", "Supply air behind the coil, as measured");
+  desk.point("28", "24", "");
+  for (int i = 0; i < crowd; ++i) desk.point(std::to_string(76 + i / 3).c_str(), "61.5", "Zone");
+  desk.mix("74", "60", "88", "71");
+  desk.rhline("55");
+  desk.line(LineKind::wetbulb, "63");
+  desk.line(LineKind::enthalpy, "27");
+  desk.line(LineKind::specificvolume, "13.7");
+  return desk.document();
+}
+
+SheetDrawing laidout(const Document& document, const PageSize& page, bool lines = false) {
+  SheetOptions options;
+  options.page = page;
+  options.enthalpylines = lines;
+  options.title = "A title that is longer than any title block has room for, on a page that is not a poster";
+  options.project = options.drawnby = options.title;
+  return layoutsheet(contentof(document), options, extentof);
+}
+
+std::vector<const SheetTextOperation*> textsof(const SheetPage& page) {
+  std::vector<const SheetTextOperation*> texts;
+  for (const SheetOperation& operation : page.operations) {
+    if (const auto* text = std::get_if<SheetTextOperation>(&operation)) texts.push_back(text);
+  }
+  return texts;
+}
+
+Box placeof(const SheetTextOperation& text) {
+  return textbox(text, extentof(text.text, text.style.size, text.style.bold));
+}
+
+/// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge.
+std::string faultsof(const SheetDrawing& sheet, const SheetPage& page, const std::vector<SheetPoint>& frame) {
+  std::string faults;
+  const auto texts = textsof(page);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const Box box = placeof(*texts[i]);
+    for (const SheetPoint corner : box.corners()) {
+      if (corner.x < 0 || corner.y < 0 || corner.x > sheet.width || corner.y > sheet.height) {
+        faults += texts[i]->text + " beyond the edge; ";
+      }
+    }
+    for (std::size_t j = 0; j < i; ++j) {
+      if (overlap(box, placeof(*texts[j]))) faults += texts[i]->text + " over " + texts[j]->text + "; ";
+    }
+    for (std::size_t j = 1; j < frame.size(); ++j) {
+      if (crosses(box, frame[j - 1], frame[j])) faults += texts[i]->text + " over the frame; ";
+    }
+  }
+  return faults;
+}
+
+TEST(Sheet, NoTextLiesOverAnotherOrOverTheFrame) {
+  for (const Sheet& sheet : sheets) {
+    for (const bool lines : {false, true}) {
+      const SheetDrawing drawing = laidout(documentof(sheet), sheet.page, lines);
+      const Boundary boundary = boundaryof(drawing.plot);
+      const auto frame = boundary.empty ? std::vector<SheetPoint>() : boundary.outline(drawing.plot);
+      for (std::size_t page = 0; page < drawing.pages.size(); ++page) {
+        const auto edges = page == 0 ? frame : std::vector<SheetPoint>();
+        EXPECT_EQ(faultsof(drawing, drawing.pages[page], edges), "") << sheet.name << ", page " << page + 1;
+      }
+    }
+  }
+}
+
+/// How far a place of a line is from the polyline that was traced for it.
+double distanceto(const std::vector<SheetPoint>& line, SheetPoint place) {
+  double nearest = 1e9;
+  for (std::size_t i = 1; i < line.size(); ++i) {
+    const SheetPoint way = line[i] - line[i - 1];
+    const double part = std::clamp(dot(place - line[i - 1], way) / dot(way, way), 0.0, 1.0);
+    nearest = std::min(nearest, distance(place, line[i - 1] + way * part));
+  }
+  return nearest;
+}
+
+TEST(Sheet, LinesAreTracedToATenthOfAPixelAndEndAtTheFrameOrAtSaturation) {
+  const struct {
+    const char* name;
+    LineKind kind;
+    double value, atm;
+  } lines[] = {
+      {"humidity", LineKind::relativehumidity, 90, 29.92126}, {"dry", LineKind::relativehumidity, 10, 20},
+      {"wet bulb", LineKind::wetbulb, 65, 29.92126},          {"over ice", LineKind::wetbulb, 20, 24.9},
+      {"enthalpy", LineKind::enthalpy, 30, 29.92126},         {"volume", LineKind::specificvolume, 13.5, 29.92126},
+  };
+  for (const auto& [name, kind, value, atm] : lines) {
+    const SheetPlot plot{50, 40, 1850, 1200, fulllimits, atm};
+    const LineFunction w = linefunction(kind, value, atm);
+    const auto stretches = visibleline(plot, kind, value, atm);
+    ASSERT_EQ(stretches.size(), 1u) << name;
+    const auto& line = stretches.front();
+    const double from = plot.db(line.front().x);
+    const double to = plot.db(line.back().x);
+    double worst = 0;
+    for (int i = 0; i <= 2000; ++i) {
+      const double db = from + (to - from) * i / 2000;
+      worst = std::max(worst, distanceto(line, plot.at(db, w(db))));
+    }
+    EXPECT_LE(worst, 0.1) << name;
+    for (const SheetPoint end : {line.front(), line.back()}) {
+      const double above = plot.at(plot.db(end.x), saturationratio(plot.db(end.x), atm)).y;
+      const double off = std::min({std::abs(end.x - plot.left), std::abs(end.x - plot.right),
+                                   std::abs(end.y - plot.top), std::abs(end.y - plot.bottom), std::abs(end.y - above)});
+      EXPECT_LE(off, 0.1) << name;
+    }
+  }
+}
+
+TEST(Sheet, NothingOfTheGridIsAboveSaturation) {
+  const SheetDrawing sheet = laidout(documentof(sheets[0]), letter);
+  const auto& plot = sheet.plot;
+  int quiet = 0;
+  for (const SheetOperation& operation : sheet.pages[0].operations) {
+    const auto* line = std::get_if<PolylineOperation>(&operation);
+    const bool grid = line != nullptr && line->width < 0.7 && line->points.size() == 2 &&
+                      line->points[0].x == line->points[1].x && line->points[0].y == plot.bottom;
+    if (!grid) continue;
+    ++quiet;
+    for (const SheetPoint end : line->points) {
+      EXPECT_LE(plot.w(end.y), saturationratio(plot.db(end.x), plot.atm) + 1e-6) << plot.db(end.x);
+    }
+  }
+  EXPECT_GT(quiet, 10);
+}
+
+TEST(Sheet, TheTableGoesOnUntilItHasEveryState) {
+  const Document document = documentof(sheets[0], 100);
+  const std::size_t states = contentof(document).states.size();
+  const SheetDrawing sheet = laidout(document, letter);
+  ASSERT_GT(states, 100u);
+  ASSERT_GE(sheet.pages.size(), 3u);
+  std::vector<int> seen(200);
+  for (const SheetPage& page : sheet.pages) {
+    for (const auto* text : textsof(page)) {
+      const double number = strictnumber(text->text);
+      const bool ofthetable = text->style.bold && text->anchor == Anchor::end && number >= 1 && number < 200;
+      if (ofthetable) ++seen[static_cast<std::size_t>(number)];
+    }
+  }
+  for (std::size_t number = 1; number <= states; ++number) EXPECT_EQ(seen[number], 1) << number;
+}
+
+TEST(Sheet, AMixtureTellsTheSharesOfItsStreams) {
+  Desk desk;
+  desk.draw(ChartType::standard);
+  desk.mix();
+  desk.mix();
+  const SheetContent content = contentof(desk.document());
+  ASSERT_EQ(content.states.size(), 6u);
+  EXPECT_EQ(content.states[4].name, "Mix (2)");
+  ASSERT_EQ(content.mixtures.size(), 2u);
+  const auto& [one, mixed, other, share] = content.mixtures[1];
+  const auto w = [&](std::size_t state) { return content.states[state].w(); };
+  EXPECT_NEAR(share * w(one) + (1 - share) * w(other), w(mixed), 1e-7);
+}
+
+TEST(Sheet, PagesByTheirNames) {
+  const struct {
+    const char* text;
+    bool portrait;
+    PageSize size;  ///< of no width if there is no such page
+  } pages[] = {
+      {"letter", false, {1056, 816}},
+      {"Letter", true, {816, 1056}},
+      {"tabloid", true, {1056, 1632}},
+      {"1200x800", true, {1200, 800}},
+      {"11x8.5in", false, {1056, 816}},
+      {"", false, {}},
+      {"x", false, {}},
+      {"legal", false, {}},
+      {"100x800", false, {}},
+      {"1e9x1e9", false, {}},
+      {"-500x-500", false, {}},
+      {"500xnan", false, {}},
+  };
+  for (const auto& [text, portrait, size] : pages) {
+    EXPECT_EQ(pagenamed(text, portrait).value_or(PageSize()), size) << text;
+  }
+}
+
+}  // namespace

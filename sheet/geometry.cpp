@@ -68,8 +68,16 @@ bool overlap(const Box& a, const Box& b) {
 
 /// Cuts the line by the box's four sides, in coordinates of the box.
 bool crosses(const Box& box, SheetPoint from, SheetPoint to) {
-  const SheetPoint start{dot(from - box.centre, box.along), dot(from - box.centre, box.across())};
-  const SheetPoint way{dot(to - from, box.along), dot(to - from, box.across())};
+  const auto within = [&](SheetPoint place) {
+    return SheetPoint{dot(place - box.centre, box.along), dot(place - box.centre, box.across())};
+  };
+  const SheetPoint start = within(from);
+  const SheetPoint end = within(to);
+  const auto aside = [](double one, double other, double half) {
+    return (one >= half && other >= half) || (one <= -half && other <= -half);
+  };
+  if (aside(start.x, end.x, box.halflength) || aside(start.y, end.y, box.halfheight)) return false;
+  const SheetPoint way = end - start;
   double enter = 0;
   double leave = 1;
   const auto cut = [&](double place, double step, double half) {

@@ -16,7 +16,7 @@ inline SheetPoint operator-(SheetPoint a, SheetPoint b) { return {a.x - b.x, a.y
 inline SheetPoint operator*(SheetPoint a, double factor) { return {a.x * factor, a.y * factor}; }
 inline double dot(SheetPoint a, SheetPoint b) { return a.x * b.x + a.y * b.y; }
 inline double cross(SheetPoint a, SheetPoint b) { return a.x * b.y - a.y * b.x; }
-inline double length(SheetPoint a) { return std::hypot(a.x, a.y); }
+inline double length(SheetPoint a) { return std::sqrt(dot(a, a)); }
 inline double distance(SheetPoint a, SheetPoint b) { return length(b - a); }
 
 /// A vector of length 1; that to the right for none.
@@ -37,7 +37,7 @@ struct Box {
 
   SheetPoint across() const { return {-along.y, along.x}; }
   std::array<SheetPoint, 4> corners() const;
-  double radius() const { return std::hypot(halflength, halfheight); }
+  double radius() const { return std::sqrt(halflength * halflength + halfheight * halfheight); }
 };
 
 /// An upright one by two of its corners.

@@ -15,14 +15,6 @@ namespace {
 constexpr int gap = 11;          // pixels, with a rule in its middle
 constexpr int leastletters = 9;  // of a text that gives way
 
-bool empty(const RowCell& cell) { return cell.widget->property("text").toString().isEmpty(); }
-
-int wantedwidth(const RowCell& cell) {
-  if (empty(cell)) return 0;
-  if (qobject_cast<TellingLine*>(cell.widget) != nullptr) return cell.widget->sizeHint().width();
-  return cell.widget->fontMetrics().horizontalAdvance(cell.widget->property("text").toString()) + 2;
-}
-
 }  // namespace
 
 std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int room) {
@@ -41,40 +33,58 @@ std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<
   return widths;
 }
 
-CellRow::CellRow(std::vector<RowCell> cells) : cells_(std::move(cells)) {
-  for (const RowCell& cell : cells_) cell.widget->setParent(this);
+CellRow::CellRow(const std::vector<RowCell>& cells) {
+  for (const RowCell& cell : cells) {
+    cells_.push_back({cell});
+    cell.widget->setParent(this);
+  }
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
 QSize CellRow::sizeHint() const { return {0, fontMetrics().height() + 2}; }
 
+/// The text of a cell changes at every key; the others are measured once.
+void CellRow::measure(Cell& cell) const {
+  const QString text = cell.widget->property("text").toString();
+  if (text == cell.text) return;
+  cell.text = text;
+  const bool telling = qobject_cast<TellingLine*>(cell.widget) != nullptr;
+  cell.wanted = telling ? cell.widget->sizeHint().width() : fontMetrics().horizontalAdvance(text) + 2;
+  if (text.isEmpty()) cell.wanted = 0;
+}
+
 void CellRow::place() {
   std::vector<int> wanted;
   std::vector<int> giveway;
   int rules = -1;
-  for (const RowCell& cell : cells_) {
-    wanted.push_back(wantedwidth(cell));
+  for (Cell& cell : cells_) {
+    measure(cell);
+    wanted.push_back(cell.wanted);
     giveway.push_back(cell.giveway);
-    rules += empty(cell) ? 0 : 1;
+    rules += cell.text.isEmpty() && &cell != &cells_.front() ? 0 : 1;  // the first one has the room left over
   }
-  if (!cells_.empty() && empty(cells_.front())) ++rules;  // the first one stands for the room that is left over
-  const auto widths = sharedwidths(wanted, giveway, leastletters * fontMetrics().averageCharWidth(),
-                                   width() - gap * std::max(0, rules) - gap / 2);
+  const auto widths =
+      sharedwidths(wanted, giveway, leastletters * fontMetrics().averageCharWidth(), width() - gap * rules - gap / 2);
   int left = 0;
   for (std::size_t i = 0; i < cells_.size(); ++i) {
-    const bool shown = i == 0 || !empty(cells_[i]);
-    cells_[i].widget->setVisible(shown);
+    QWidget& widget = *cells_[i].widget;
+    const bool shown = i == 0 || !cells_[i].text.isEmpty();
+    const QRect place(left, 0, widths[i], height());
+    if (shown != widget.isVisibleTo(this) || (shown && place != widget.geometry())) update();
+    widget.setVisible(shown);
     if (!shown) continue;
-    cells_[i].widget->setGeometry(left, 0, widths[i], height());
+    widget.setGeometry(place);
     left += widths[i] + gap;
   }
-  update();
 }
 
 void CellRow::resizeEvent(QResizeEvent*) { place(); }
 
 void CellRow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) place();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    for (Cell& cell : cells_) cell.text.clear();
+    place();
+  }
   QWidget::changeEvent(event);
 }
 
@@ -84,7 +94,7 @@ void CellRow::paintEvent(QPaintEvent*) {
   QColor color = palette().color(QPalette::WindowText);
   color.setAlphaF(0.35F);
   for (std::size_t i = 1; i < cells_.size(); ++i) {
-    if (empty(cells_[i])) continue;
+    if (cells_[i].text.isEmpty()) continue;
     painter.fillRect(QRect(cells_[i].widget->x() - gap / 2 - 1, margin, 1, height() - 2 * margin), color);
   }
 }

@@ -17,7 +17,7 @@ struct RowCell {
 /// there is not enough, one after the other. An empty text takes no room. Between two texts there is a rule.
 class CellRow final : public QWidget {
 public:
-  explicit CellRow(std::vector<RowCell> cells);
+  explicit CellRow(const std::vector<RowCell>& cells);
 
   /// To be called once a text has changed.
   void place();
@@ -30,7 +30,14 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  std::vector<RowCell> cells_;
+  struct Cell : RowCell {
+    QString text{};  ///< as last measured
+    int wanted = 0;  ///< width of all of it [pixels]
+  };
+
+  void measure(Cell& cell) const;
+
+  std::vector<Cell> cells_;
 };
 
 /// The widths of texts that want so much and give way in an order, in a room too small or too large for them.

@@ -83,7 +83,11 @@ void StatusLine::answer(const QString& words, BoxMark mark, const QString& tip) 
   answer_ = words;
   answertip_ = tip;
   answermark_ = mark;
-  answered_.start(answertime);
+  if (!words.isEmpty()) {
+    answered_.start(answertime);
+  } else if (answered_.isActive()) {
+    answered_.stop();
+  }
   speak();
 }
 

@@ -1,5 +1,6 @@
 #include "toolkit/tellingline.h"
 
+#include <QEvent>
 #include <QPainter>
 
 #include "paint/replay.h"
@@ -28,8 +29,9 @@ void TellingLine::tell(const QString& words, BoxMark mark, bool clickable, const
   setText(words);
   setAccessibleName(words);
   setAccessibleDescription(tip);
-  setCursor(clickable ? Qt::PointingHandCursor : Qt::ArrowCursor);
-  updateGeometry();
+  const Qt::CursorShape shape = clickable ? Qt::PointingHandCursor : Qt::ArrowCursor;
+  if (cursor().shape() != shape) setCursor(shape);
+  room_ = -1;
   update();
 }
 
@@ -42,14 +44,24 @@ QSize TellingLine::sizeHint() const {
 
 QSize TellingLine::minimumSizeHint() const { return {0, fontMetrics().height()}; }
 
+void TellingLine::elide(int room) {
+  room_ = room;
+  const QString whole = printable(text());
+  shown_ = fontMetrics().elidedText(whole, Qt::ElideRight, room, Qt::TextSingleLine);
+  QString tip = tip_;
+  if (shown_ != whole) tip = tip.isEmpty() ? whole : whole + QLatin1Char('\n') + tip;
+  if (tip != toolTip()) setToolTip(tip);
+}
+
+void TellingLine::changeEvent(QEvent* event) {
+  room_ = -1;
+  QAbstractButton::changeEvent(event);
+}
+
 void TellingLine::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QRect room = rect().adjusted(textleft(), 0, -margin, 0);
-  const QString whole = printable(text());
-  const QString shown = fontMetrics().elidedText(whole, Qt::ElideRight, room.width(), Qt::TextSingleLine);
-  QString tip = tip_;
-  if (shown != whole) tip = tip.isEmpty() ? whole : whole + QLatin1Char('\n') + tip;
-  if (tip != toolTip()) setToolTip(tip);
+  if (room.width() != room_) elide(room.width());
   if (mark_ != BoxMark::none) {
     QColor tint = markcolor(mark_, palette());
     tint.setAlphaF(0.14F);
@@ -61,7 +73,7 @@ void TellingLine::paintEvent(QPaintEvent*) {
   font.setUnderline(clickable_);
   painter.setFont(font);
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown_);
 }
 
 }  // namespace moistair

@@ -23,14 +23,18 @@ public:
   QSize minimumSizeHint() const override;
 
 protected:
+  void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
 private:
   int textleft() const;
+  void elide(int room);
 
   BoxMark mark_ = BoxMark::none;
   bool clickable_ = false;
   QString tip_;
+  QString shown_;  ///< as much of the words as there is room for
+  int room_ = -1;  ///< for which that holds [pixels]
 };
 
 }  // namespace moistair

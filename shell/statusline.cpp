@@ -35,6 +35,7 @@ StatusLine::StatusLine(QWidget* parent)
   chart_->setObjectName(QStringLiteral("standing"));
   records_->setObjectName(QStringLiteral("records"));
   document_->setObjectName(QStringLiteral("document"));
+  document_->setelision(Qt::ElideMiddle);  // the star at its end is seen
   addWidget(row_, 1);
   answered_.setSingleShot(true);
   connect(&answered_, &QTimer::timeout, this, [this] { answer({}); });

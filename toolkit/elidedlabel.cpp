@@ -18,6 +18,11 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 
+void ElidedLabel::setelision(Qt::TextElideMode place) {
+  place_ = place;
+  update();
+}
+
 QSize ElidedLabel::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
   return {usualcharacters * metrics.averageCharWidth(), metrics.height()};
@@ -29,7 +34,7 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QRect room = contentsRect();
   const QString whole = printable(text());
-  const QString shown = fontMetrics().elidedText(whole, Qt::ElideRight, room.width(), Qt::TextSingleLine);
+  const QString shown = fontMetrics().elidedText(whole, place_, room.width(), Qt::TextSingleLine);
   const QString tip = shown == whole ? QString() : whole;
   if (tip != toolTip()) setToolTip(tip);
   painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);

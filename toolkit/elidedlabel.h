@@ -12,11 +12,17 @@ class ElidedLabel final : public QLabel {
 public:
   explicit ElidedLabel(QWidget* parent = nullptr);
 
+  /// Where the ellipsis stands; at the right if nobody says.
+  void setelision(Qt::TextElideMode place);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
 protected:
   void paintEvent(QPaintEvent* event) override;
+
+private:
+  Qt::TextElideMode place_ = Qt::ElideRight;
 };
 
 }  // namespace moistair

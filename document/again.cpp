@@ -3,7 +3,9 @@
 #include <utility>
 
 #include "chart/chartfinders.h"
+#include "document/marks.h"
 #include "session/locate.h"
+#include "session/pointmark.h"
 #include "session/pointreport.h"
 
 namespace moistair {
@@ -36,6 +38,14 @@ struct Reworker {
     }
     mixstreams(problem);
     line.columns = {problem.streams[0], problem.streams[1], problem.mixed};
+    return nullptr;
+  }
+
+  /// The same place of the other chart, where the air is another.
+  const char* operator()(PinnedReading& pinned) const {
+    const auto again = readingtokeep(setting, {pinned.state.db, pinned.state.w});
+    if (!again) return pointoutoflimits;
+    pinned = *again;
     return nullptr;
   }
 

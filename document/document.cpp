@@ -7,6 +7,8 @@
 #include "chart/scales.h"
 #include "mixing/mixingline.h"
 #include "session/pointmark.h"
+#include "session/reading.h"
+#include "session/readingmark.h"
 
 namespace moistair {
 
@@ -46,6 +48,10 @@ struct EntryDrawer {
     problem.mixed = line.columns.at(2);
     return drawmixingline(canvas, problem, area());
   }
+
+  const char* operator()(const PinnedReading& pinned) const {
+    return pinreading(canvas, pinned.state, area()) ? nullptr : pointoutoflimits;
+  }
 };
 
 struct EntryCaption {
@@ -60,6 +66,10 @@ struct EntryCaption {
     return point.identification.empty() ? "Point" : "Point " + point.identification;
   }
   std::string operator()(const MixingLine&) const { return "Mixture"; }
+  std::string operator()(const PinnedReading& pinned) const {
+    const Place place{pinned.state.db, pinned.state.w};
+    return "Read-out " + drybulbtext(place) + ", " + ratiotext(place);
+  }
 };
 
 /// Clears the canvas and draws all, the background picture kept as such.

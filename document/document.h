@@ -76,7 +76,14 @@ struct MixingLine {
   bool operator==(const MixingLine&) const = default;
 };
 
-using Content = std::variant<HeaderLine, DrawnChart, PropertyLine, MarkedPoint, MixingLine>;
+/// A reading kept on the chart, as a report would show it.
+struct PinnedReading {
+  StatePoint state;
+
+  bool operator==(const PinnedReading&) const = default;
+};
+
+using Content = std::variant<HeaderLine, DrawnChart, PropertyLine, MarkedPoint, MixingLine, PinnedReading>;
 
 struct Entry {
   Setting setting;

@@ -102,6 +102,12 @@ Json streamof(const AirStream& stream) {
           {"shown", columnof(stream)}};
 }
 
+Json jsonof(const StatePoint& point) {
+  Json state = Json::object();
+  for (const auto& [value, name] : statenames) state[name] = jsonnumber(point.*value);
+  return state;
+}
+
 /// What an entry holds beyond its limits and its pressure.
 struct ContentWriter {
   Json& json;
@@ -124,9 +130,12 @@ struct ContentWriter {
     json["kind"] = "point";
     json["id"] = point.identification;
     json["given"] = givenof(one.kind, one.value, two.kind, two.value);
-    Json state = Json::object();
-    for (const auto& [value, name] : statenames) state[name] = jsonnumber(point.state.*value);
-    json["state"] = std::move(state);
+    json["state"] = jsonof(point.state);
+  }
+
+  void operator()(const PinnedReading& pinned) const {
+    json["kind"] = "readout";
+    json["state"] = jsonof(pinned.state);
   }
 
   void operator()(const MixingLine& line) const {
@@ -215,16 +224,26 @@ void checkstate(const JsonNode& node, StatePoint point) {
       .fail("must be above " + numbertext(above) + (std::isfinite(upto) ? " and up to " + numbertext(upto) : ""));
 }
 
+StatePoint stateof(const JsonNode& node) {
+  node.onlykeys({"db", "wb", "rh", "w", "h", "dp", "v", "pv"});
+  StatePoint state;
+  for (const auto& [value, name] : statenames) state.*value = node.at(name).number();
+  checkstate(node, state);
+  return state;
+}
+
 MarkedPoint pointof(const JsonNode& node) {
   node.onlykeys({"kind", "id", "given", "state", "limits", "pressure"});
   MarkedPoint point;
   point.identification = node.at("id").text();
   point.given = givenof(node.at("given"));
-  const JsonNode state = node.at("state");
-  state.onlykeys({"db", "wb", "rh", "w", "h", "dp", "v", "pv"});
-  for (const auto& [value, name] : statenames) point.state.*value = state.at(name).number();
-  checkstate(state, point.state);
+  point.state = stateof(node.at("state"));
   return point;
+}
+
+PinnedReading readoutof(const JsonNode& node) {
+  node.onlykeys({"kind", "state", "limits", "pressure"});
+  return {stateof(node.at("state"))};
 }
 
 /// The read-outs of a column; each is a number or blank, but for the pressure, which is as entered.
@@ -278,6 +297,7 @@ Content contentof(const JsonNode& node) {
   const std::string& name = kind.text();
   if (name == "point") return pointof(node);
   if (name == "mixture") return mixtureof(node);
+  if (name == "readout") return readoutof(node);
   if (name == "line") {
     node.onlykeys({"kind", "property", "value", "limits", "pressure"});
     return PropertyLine{named(node.at("property"), linenames), node.at("value").text()};
@@ -286,12 +306,13 @@ Content contentof(const JsonNode& node) {
     node.onlykeys({"kind", "type", "limits", "pressure"});
     return DrawnChart{named(node.at("type"), typenames)};
   }
-  if (name != "header") kind.fail("must be one of header, chart, line, point, mixture");
+  if (name != "header") kind.fail("must be one of header, chart, line, point, mixture, readout");
   node.onlykeys({"kind", "pressure"});
   return HeaderLine{};
 }
 
-/// A point or a mixture is marked only within its limits, and limits of a chart or a line come from the lists.
+/// A point, a mixture or a reading is marked only within its limits, and limits of a chart or a line come from the
+/// lists.
 void checkplace(const JsonNode& node, const Entry& entry) {
   if (std::holds_alternative<HeaderLine>(entry.content)) return;
   if (std::holds_alternative<DrawnChart>(entry.content) || std::holds_alternative<PropertyLine>(entry.content)) {
@@ -336,7 +357,7 @@ void checkformat(const JsonNode& root) {
   if (number > documentformat) {
     format->fail("the file was written by a later version of the program (format " + numbertext(number) + ")");
   }
-  if (number != documentformat) format->fail("must be " + std::to_string(documentformat));
+  if (number < 1 || number != std::floor(number)) format->fail("must be from 1 to " + std::to_string(documentformat));
 }
 
 ReadDocument documentof(const JsonNode& root) {
@@ -360,9 +381,15 @@ ReadDocument documentof(const JsonNode& root) {
   return read;
 }
 
+/// The first format that can hold a document.
+int formatfor(const Document& document) {
+  const auto isreadout = [](const Entry& entry) { return std::holds_alternative<PinnedReading>(entry.content); };
+  return std::any_of(document.entries.begin(), document.entries.end(), isreadout) ? documentformat : 1;
+}
+
 /// @param head members of the whole behind its format
 std::string written(const Document& document, const Json& head) {
-  std::string text = "{\n\"format\": " + std::to_string(documentformat);
+  std::string text = "{\n\"format\": " + std::to_string(formatfor(document));
   for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + jsontext(value);
   text += ",\n\"entries\": [";
   Setting before{{}, document.pressure};

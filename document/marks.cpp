@@ -29,6 +29,7 @@ struct Marker {
       marks.push_back({{lenientnumber(column.db), lenientnumber(column.w)}, entry});
     }
   }
+  void operator()(const PinnedReading& pinned) const { marks.push_back({{pinned.state.db, pinned.state.w}, entry}); }
   template <class Unmarked>
   void operator()(const Unmarked&) const {}
 };
@@ -50,6 +51,12 @@ std::vector<Mark> marksof(const Document& document) {
     if (entry.setting.limits == chart->limits) std::visit(Marker{marks, i}, entry.content);
   }
   return marks;
+}
+
+std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& place) {
+  const Reading reading = readingat(chart.limits, chart.pressure.atm, place);
+  if (!reading.state) return std::nullopt;
+  return PinnedReading{shownstate(*reading.state)};
 }
 
 bool ispoint(const Entry& entry) { return std::holds_alternative<MarkedPoint>(entry.content); }

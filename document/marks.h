@@ -13,7 +13,7 @@ namespace moistair {
 /// Limits and pressure of the chart that counts as standing and can be seen; none while there is none.
 std::optional<Setting> standingchart(const Document& document);
 
-/// A mark: a point, or one of the three of a mixture.
+/// A mark: a point, one of the three of a mixture, or a reading that was kept.
 struct Mark {
   Place place;
   std::size_t entry = 0;  ///< its place in the document
@@ -21,6 +21,9 @@ struct Mark {
 
 /// Marks that stand where the axes of the chart say so: those that were made with its limits.
 std::vector<Mark> marksof(const Document& document);
+
+/// The reading at a place of a chart, to be kept on it; none where there is no air.
+std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& place);
 
 /// Whether an entry is a point, which can be put elsewhere.
 bool ispoint(const Entry& entry);

@@ -33,6 +33,10 @@ struct RowWriter {
   const Setting& setting;
   TableRow row;  ///< what all rows of the entry have
 
+  void take(const StatePoint& state) {
+    for (std::size_t i = 0; i < reportrows.size(); ++i) row.properties[i] = state.*reportrows[i].value;
+  }
+
   void operator()(const HeaderLine&) const {}
 
   void operator()(const DrawnChart&) {
@@ -55,7 +59,13 @@ struct RowWriter {
     row.kind = "Point";
     row.identification = point.identification;
     row.renamable = true;
-    for (std::size_t i = 0; i < reportrows.size(); ++i) row.properties[i] = point.state.*reportrows[i].value;
+    take(point.state);
+    rows.push_back(row);
+  }
+
+  void operator()(const PinnedReading& pinned) {
+    row.kind = "Read-out";
+    take(pinned.state);
     rows.push_back(row);
   }
 

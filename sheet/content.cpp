@@ -32,6 +32,7 @@ struct ContentWriter {
   }
 
   void operator()(const MarkedPoint&) const { addstates(); }
+  void operator()(const PinnedReading&) const { addstates(); }
 
   void operator()(const MixingLine& line) const {
     const std::size_t first = content.states.size();

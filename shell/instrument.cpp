@@ -277,6 +277,13 @@ void Instrument::draw(LineKind kind, const Spot& spot) {
   if (reason != nullptr) Q_EMIT refused(QString::fromUtf8(reason));
 }
 
+/// Kept on the chart, to be compared and printed.
+void Instrument::pin(const Spot& spot) {
+  if (const auto pinned = readingtokeep(*standing_, spot.reading.place)) {
+    chart_.add({*standing_, *pinned}, ground_.window());
+  }
+}
+
 void Instrument::erase(const Spot& spot) {
   if (spot.mark) chart_.change(deletion(chart_.document(), {marks_[*spot.mark].entry}), ground_.window());
 }
@@ -317,6 +324,7 @@ void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
   const auto add = [&](const QString& text, auto run) { menu.addAction(text, this, run); };
   if (spot.reading.state) {
     add(tr("&Locate point here"), [this, spot] { locate(spot); });
+    add(tr("&Pin read-out"), [this, spot] { pin(spot); });
     menu.addSeparator();
     for (const LineKind kind :
          {LineKind::relativehumidity, LineKind::wetbulb, LineKind::enthalpy, LineKind::specificvolume}) {
@@ -353,6 +361,7 @@ void Instrument::fillmenu(QMenu& menu) {
   const auto isair = [](const Spot& spot) { return spot.reading.state.has_value(); };
   const auto ismark = [](const Spot& spot) { return spot.mark.has_value(); };
   add(tr("Locate point at the cross &hair"), Qt::Key_Return, isair, &Instrument::locate);
+  add(tr("Pin &read-out"), Qt::Key_P, isair, &Instrument::pin);
   add(tr("Cop&y state"), QKeySequence::Copy, isair, &Instrument::copy);
   add(tr("&Erase mark"), Qt::Key_Delete, ismark, &Instrument::erase);
   // What is not possible now is greyed in the menu; the keys ask when they are pressed.

@@ -79,6 +79,7 @@ private:
   void locate(const Spot& spot);
   void drop();
   void draw(LineKind kind, const Spot& spot);
+  void pin(const Spot& spot);
   void erase(const Spot& spot);
   void rename(const Spot& spot);
   void copy(const Spot& spot) const;

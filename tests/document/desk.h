@@ -8,6 +8,7 @@
 
 #include "document/chartcommands.h"
 #include "document/documentfile.h"
+#include "document/marks.h"
 #include "session/pointreport.h"
 
 namespace moistair::test {
@@ -72,6 +73,12 @@ struct Desk {
     readlimits(lists, limits);
     const MixingPressure pressure{lifecycle.atmpressure(), values.pressureentry};
     return commands.drawmixture(mixture(db1, wb1, db2, wb2, pressure), limits, window) == nullptr;
+  }
+
+  bool pin(const Place& place = {80, 0.0101}) {
+    const Setting setting{fulllimits, {values.pressureentry, lifecycle.atmpressure()}};
+    const auto pinned = readingtokeep(setting, place);
+    return pinned && commands.add({setting, *pinned}, window) == nullptr;
   }
 
   /// The pressure window is opened, which puts the default in force, and left.

@@ -16,6 +16,7 @@ std::string sample() {
     desk.rhline("40");
     desk.point("75", "62.5", "A");
     desk.mix();
+    desk.pin();
     return filetext(desk.document());
   }();
   return text;
@@ -37,10 +38,10 @@ struct Damage {
 constexpr std::string_view point = R"({"db":75,"wb":62.5,"rh":50.3032182,)";
 
 const Damage damages[] = {
-    {"a later format", "\"format\": 1", "\"format\": 2", "format: the file was written by a later version"},
-    {"no format of ours", "\"format\": 1", "\"format\": 0.5", "format: must be 1"},
-    {"another file", "\"format\": 1", "\"form\": 1", "this is no chart of Moistair: \"format\" is missing"},
-    {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 14"},
+    {"a later format", "\"format\": 2", "\"format\": 3", "format: the file was written by a later version"},
+    {"no format of ours", "\"format\": 2", "\"format\": 0.5", "format: must be from 1 to 2"},
+    {"another file", "\"format\": 2", "\"form\": 2", "this is no chart of Moistair: \"format\" is missing"},
+    {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 15"},
     {"a number too large for any double", point, R"({"db":1e999,"wb":62.5,"rh":50.3032182,)",
      "line 10, column 76: number overflow"},
     {"no number", point, R"({"db":NaN,"wb":62.5,"rh":50.3032182,)", "line 10, column 72: syntax error"},
@@ -66,7 +67,11 @@ const Damage damages[] = {
     {"a point outside", R"("state":{"db":75,)", R"("limits":[80,120,0,0.03],"state":{"db":75,)",
      "entry 4: lies outside"},
     {"an unknown unit", R"("unit":"standard")", R"("unit":"bar")", "pressure, unit: must be one of standard, inhg"},
-    {"more in the background than there is", R"("background": 1)", R"("background": 6)", "background: must be a whole"},
+    {"more in the background than there is", R"("background": 1)", R"("background": 7)", "background: must be a whole"},
+    {"a readout of no air", R"("readout","state":{"db":80,)", R"("readout","state":{"db":180,)",
+     "entry 6, state, db: must be above 0"},
+    {"a readout outside", R"("readout","state":{"db":80,)", R"("readout","limits":[90,120,0,0.03],"state":{"db":80,)",
+     "entry 6: lies outside"},
     {"half a mixture", R"("mixed":)", R"("mixt":)", "entry 5, mixt: this key is not known"},
     {"a read-out that is none", R"("db":"75.0000000")", R"("db":"warm")",
      "entry 5, stream 1, shown, db: must be a number"},

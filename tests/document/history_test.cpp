@@ -19,6 +19,7 @@ public:
     desk.point("75", "62.5", "A");
     desk.mix();
     desk.line(LineKind::wetbulb, "60");
+    desk.pin();
     samples_ = {desk.document().entries.begin() + 1, desk.document().entries.end()};
     chart_ = desk.document().entries.front();
   }
@@ -31,7 +32,7 @@ public:
       case 2: return history.carryout(repressuring(document, {{PressureUnit::elevation, "5000"}, 24.9}));
       case 3: return history.keeppicture();
       case 4: return history.carryout(deletion(document, places(document)));
-      case 5: return rename(history);
+      case 5: return below(2) == 0 ? rename(history) : move(history);
       case 6:
       case 7:
       case 8: return history.undo();
@@ -62,6 +63,16 @@ private:
       const bool ispoint = std::holds_alternative<MarkedPoint>(history.document().entries[i].content);
       if (ispoint) return history.carryout(renaming(history.document(), i, "B" + std::to_string(below(100))));
     }
+  }
+
+  void move(History& history) {
+    const std::vector<Mark> marks = marksof(history.document());
+    if (marks.empty()) return;
+    const std::size_t place = marks[below(marks.size())].entry;
+    const Entry& entry = history.document().entries[place];
+    const auto moved =
+        ispoint(entry) ? movedto(entry, {70.0 + static_cast<double>(below(20)), 0.01}, window) : std::nullopt;
+    if (moved) history.carryout(moving(history.document(), place, *moved));
   }
 
   std::mt19937 random_;

@@ -83,6 +83,7 @@ bool Instrument::eventFilter(QObject* watched, QEvent* event) {
       if (!bykeys_ && !dragging_) hide();
       break;
     case QEvent::Resize: layer_->resize(widget_.size()); break;
+    case QEvent::ChildPolished: layer_->raise(); break;  // whatever else shows the chart
     case QEvent::ContextMenu: openmenu(static_cast<QContextMenuEvent*>(event)->globalPos()); return true;
     default: break;
   }
@@ -213,7 +214,8 @@ bool Instrument::onkey(const QKeyEvent& event) {
     return shown;
   }
   if (dragging_) return false;
-  if ((key == Qt::Key_Return || key == Qt::Key_Enter) && spot_ && modifiers == Qt::NoModifier) {
+  const bool enter = (key == Qt::Key_Return || key == Qt::Key_Enter) && !event.isAutoRepeat();
+  if (enter && spot_ && modifiers == Qt::NoModifier) {
     locate(*spot_);
     return true;
   }
@@ -355,6 +357,7 @@ void Instrument::fillmenu(QMenu& menu) {
     });
     action->setShortcut(key);
     action->setShortcutContext(Qt::WidgetShortcut);
+    action->setAutoRepeat(false);
     widget_.addAction(action);
     commands.push_back({action, possible});
   };

@@ -8,6 +8,7 @@
 
 #include "chart/chartfinders.h"
 #include "session/pressureunits.h"
+#include "shell/chartmenu.h"
 #include "shell/sheets.h"
 #include "shell/startup.h"
 #include "toolkit/messages.h"
@@ -95,10 +96,13 @@ void MainWindow::makemenus() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
   files_->fillmenu(*file);
   file->addSeparator();
-  file->addAction(tr("&Export chart..."), this, &MainWindow::exportchart);
+  const auto add = [this](QMenu& menu, const QString& text, const QKeySequence& keys, auto run) {
+    menu.addAction(text, this, run)->setShortcut(keys);
+  };
+  add(*file, tr("&Export chart..."), QKeySequence(Qt::CTRL | Qt::Key_E), &MainWindow::exportchart);
   file->addAction(tr("Export s&heet..."), this, &MainWindow::exportsheet);
   file->addAction(tr("Page set&up..."), this, &MainWindow::setuppage);
-  file->addAction(tr("&Print..."), this, &MainWindow::printchart);
+  add(*file, tr("&Print..."), QKeySequence(Qt::CTRL | Qt::Key_P), &MainWindow::printchart);
   file->addSeparator();
   earlier_ = file->addMenu(tr("Earlier &sessions"));
   connect(file, &QMenu::aboutToShow, this, &MainWindow::listsessions);
@@ -125,8 +129,10 @@ void MainWindow::makemenus() {
   QMenu* view = menuBar()->addMenu(tr("&View"));
   makepanel(*view);
   sheets_->fillviewmenu(*view);
-  QMenu* help = menuBar()->addMenu(tr("&Help"));
-  help->addAction(tr("&Help"), this, &MainWindow::showhelp);
+  QMenu* chart = menuBar()->addMenu(tr("&Chart"));
+  fillchartmenu(*chart, *strip_);
+  instrument_->fillmenu(*chart);
+  add(*menuBar()->addMenu(tr("&Help")), tr("&Help"), Qt::Key_F1, &MainWindow::showhelp);
 }
 
 void MainWindow::makepanel(QMenu& view) {
@@ -148,6 +154,7 @@ void MainWindow::makepanel(QMenu& view) {
 }
 
 void MainWindow::connectstrip() {
+  pressbyreturn(*strip_);
   const auto command = [this](QPushButton* button, auto run) { connect(button, &QPushButton::clicked, this, run); };
   command(strip_->drawbutton, &MainWindow::startdraw);
   command(strip_->pressurebutton, &MainWindow::openpressure);

@@ -56,8 +56,8 @@ bool pinreading(ChartCanvas& canvas, const StatePoint& shown, const PlotArea& ar
   if (!area.limits.contain(shown.db, shown.w) || !(shown.rh <= 100)) return false;
   const double x = area.plotx(shown.db);
   const double y = area.ploty(shown.w);
-  const bool left = x - leader - width >= 0;
-  const bool above = y - leader - height >= 0;
+  const bool left = x - leader - width >= area.left();
+  const bool above = y - leader - height >= area.top();
   const Label label{left ? x - leader - width : x + leader, above ? y - leader - height : y + leader};
   canvas.Line(x, y, left ? label.x + width : label.x, above ? label.y + height : label.y);
   canvas.Line(x - arm, y, x + arm, y);

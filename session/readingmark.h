@@ -7,7 +7,7 @@
 
 namespace moistair {
 
-/// Draws cross and label, which stands above to the left of the cross unless the window ends there, on a white ground
+/// Draws cross and label, which stands above to the left of the cross unless the plot ends there, on a white ground
 /// of its own so that the lines of the chart do not run through its texts. Outside the limits it draws nothing and
 /// returns false.
 /// @param shown the state as a report shows it, `readreport`

@@ -1,7 +1,7 @@
 // Sheets: laid out anew as at every step while the window's edge is dragged, painted on the screen, and made as files.
+#include <benchmark/benchmark.h>
 #include <QGuiApplication>
 #include <QPainter>
-#include <benchmark/benchmark.h>
 
 #include "document/document.h"
 #include "paint/sheetpaint.h"

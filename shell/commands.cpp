@@ -15,7 +15,6 @@
 #include "shell/startup.h"
 #include "toolkit/filename.h"
 #include "toolkit/messages.h"
-#include "windows/mixingwindow.h"
 #include "windows/pressurewindow.h"
 #include "windows/reportwindow.h"
 
@@ -227,7 +226,7 @@ void MainWindow::openmixing() {
                                    [this](const MixingProblem& problem, const ChartLimits& limits) {
                                      return chart_.drawmixture(problem, limits, windowsize());
                                    }},
-                                  this);
+                                  lastmixing_, this);
   connect(window, &MixingWindow::savechosen, this, &MainWindow::appendtolog);
   connect(window, &MixingWindow::drawn, this, &MainWindow::closedialog);
   connect(window, &MixingWindow::left, this, [this] {

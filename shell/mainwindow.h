@@ -23,6 +23,7 @@
 #include "toolkit/savedialog.h"
 #include "windows/charttypewindow.h"
 #include "windows/entriespanel.h"
+#include "windows/mixingwindow.h"
 
 namespace moistair {
 
@@ -124,6 +125,7 @@ private:
   Sheets* sheets_;
   EntriesPanel* panel_;  ///< table beside the chart
   RangeFinders finders_;
+  LastStreams lastmixing_;
   SaveDialog savedialog_;
   QPointer<Dialog> dialog_;
   QPointer<ChartTypeWindow> charttype_;

@@ -116,8 +116,8 @@ void setwidths(QGridLayout& grid, const QFontMetrics& font, const std::string& p
 
 }  // namespace
 
-MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, QWidget* main)
-    : Dialog(main, QStringLiteral("Form5"), QStringLiteral("Mixing problem")), chart_(std::move(chart)) {
+MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, LastStreams& last, QWidget* main)
+    : Dialog(main, QStringLiteral("Form5"), QStringLiteral("Mixing problem")), chart_(std::move(chart)), last_(last) {
   problem_.pressure = {session.pressure.lenient(), session.pressureentry};
   ControlMaker maker(*this);
   auto* layout = new QVBoxLayout(this);
@@ -128,6 +128,7 @@ MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, QWid
   layout->addLayout(makenotes());
   layout->addLayout(makebuttons(maker));
   maker.settaborder();
+  layout->addLayout(makelastbutton());  // behind all others, as in the tab order
   for (std::size_t stream = 0; stream < inputs_.size(); ++stream) {
     connectinputs(stream);
     inputs_[stream].kind1->select(0);
@@ -225,6 +226,20 @@ QLayout* MixingWindow::makebuttons(ControlMaker& maker) {
   return grid;
 }
 
+QLayout* MixingWindow::makelastbutton() {
+  auto* row = new QHBoxLayout;
+  auto* button = new QPushButton(tr("&Last problem"), this);
+  button->setObjectName(QStringLiteral("lastproblem"));
+  button->setToolTip(tr("Fill in what was typed when this window was last left"));
+  button->setAutoDefault(false);
+  button->setEnabled(last_.has_value());
+  pressbyreturn(*button);
+  connect(button, &QPushButton::clicked, this, [this] { fill(*last_); });
+  row->addWidget(button);
+  row->addStretch();
+  return row;
+}
+
 void MixingWindow::connectinputs(std::size_t stream) {
   const Inputs& inputs = inputs_[stream];
   const auto change = [this, stream] { onchange(stream); };
@@ -273,6 +288,28 @@ void MixingWindow::showproblem() {
   savebutton_->setEnabled(problem_.savable);
 }
 
+/// Types a problem in, so that all follows as if a person did.
+void MixingWindow::fill(const std::array<AirStream, 2>& streams) {
+  for (std::size_t number = 0; number < streams.size(); ++number) {
+    const AirStream& stream = streams[number];
+    const Inputs& inputs = inputs_[number];
+    for (QLineEdit* box : {inputs.value1, inputs.value2, inputs.flow}) box->clear();
+    if (stream.kind1) inputs.kind1->select(static_cast<int>(*stream.kind1));
+    if (stream.kind2) inputs.kind2->select(static_cast<int>(*stream.kind2));
+    inputs.value1->setText(QString::fromStdString(stream.value1));
+    inputs.value2->setText(QString::fromStdString(stream.value2));
+    inputs.flow->setText(QString::fromStdString(stream.flow));
+  }
+}
+
+/// Nothing typed is no problem.
+void MixingWindow::remember() {
+  const auto typed = [](const AirStream& stream) {
+    return !(stream.value1.empty() && stream.value2.empty() && stream.flow.empty());
+  };
+  if (typed(problem_.streams[0]) || typed(problem_.streams[1])) last_ = problem_.streams;
+}
+
 void MixingWindow::onsave() { Q_EMIT savechosen(mixingblock(problem_)); }
 
 void MixingWindow::ondraw() {
@@ -280,10 +317,14 @@ void MixingWindow::ondraw() {
   if (const char* rejection = chart_.draw(problem_, limits_); rejection != nullptr) {
     message(this, QString::fromUtf8(rejection));
   } else {
+    remember();
     Q_EMIT drawn();
   }
 }
 
-void MixingWindow::leave() { Q_EMIT left(); }
+void MixingWindow::leave() {
+  remember();
+  Q_EMIT left();
+}
 
 }  // namespace moistair

@@ -34,12 +34,16 @@ struct MixingChart {
   std::function<const char*(const MixingProblem& problem, const ChartLimits& limits)> draw;
 };
 
+/// The streams of the problem before, as they were typed; none before the first.
+using LastStreams = std::optional<std::array<AirStream, 2>>;
+
 class MixingWindow final : public Dialog {
   Q_OBJECT
 
 public:
   /// @param session read once, for the pressure: it cannot change while the main window takes no input
-  MixingWindow(const SessionValues& session, MixingChart chart, QWidget* main);
+  /// @param last outlives the window, which fills it in when asked to and leaves its own problem there
+  MixingWindow(const SessionValues& session, MixingChart chart, LastStreams& last, QWidget* main);
 
 Q_SIGNALS:
   /// "Save data": the block wants to be appended to the log, and the window stays open.
@@ -64,16 +68,20 @@ private:
   QLabel* addreadout(ControlMaker& maker, QGridLayout& grid, const char* name, std::size_t row, std::size_t column);
   QLayout* makenotes();
   QLayout* makebuttons(ControlMaker& maker);
+  QLayout* makelastbutton();
 
   void connectinputs(std::size_t stream);
   void onchange(std::size_t stream);
   void showproblem();
   void shownotes(std::size_t stream, const Resolution& resolution);
   void useexact(std::size_t stream);
+  void fill(const std::array<AirStream, 2>& streams);
+  void remember();
   void onsave();
   void ondraw();
 
   MixingChart chart_;
+  LastStreams& last_;
   MixingProblem problem_;
   ChartLimits limits_;  ///< as last read; a list's text that is no number leaves its limit as it was
   std::array<Inputs, 2> inputs_{};

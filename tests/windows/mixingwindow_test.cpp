@@ -35,6 +35,21 @@ TEST_F(MixingWindowTest, OpensEmptyAndTabWalksFromTheLastBoxBackwards) {
             "Text6|Text5|Text4|Text3|Text2|Combo4|Combo3|Combo2|Combo1|Command1|Command3|Command4|Text7|");
 }
 
+TEST_F(MixingWindowTest, FillsInTheProblemBeforeWhenAskedTo) {
+  EXPECT_FALSE(control<QWidget>(window, "lastproblem").isEnabled()) << "there was none";
+  select(window, "Combo2", 2);
+  typereference();
+  type(window, "Text5", "50");
+  const std::string typed = labels(window, 23, 50);
+  click(window, "Command4");
+  QWidget& untouched = program.open("Command13", "Form5");
+  EXPECT_EQ(labels(untouched, 23, 50), std::string(28, '|')) << "it opens empty";
+  click(untouched, "Command4");
+  QWidget& again = program.open("Command13", "Form5");
+  click(again, "lastproblem");
+  EXPECT_EQ(labels(again, 23, 50), typed);
+}
+
 TEST_F(MixingWindowTest, ReferenceCaseTypedSavedAndDrawn) {
   typereference();
   EXPECT_EQ(text(window, "Label20"), "Atmos. pr (in Hg)");

@@ -69,7 +69,7 @@ void Instrument::follow() {
   if (!spot_) return;
   if (!standing_) return hide();
   if (!bykeys_) return point(pointer_, {});
-  show({readingat(standing_->limits, standing_->pressure.atm, spot_->reading.place), {}}, standing_->pressure.atm);
+  showat(spot_->reading.place);
 }
 
 bool Instrument::eventFilter(QObject* watched, QEvent* event) {
@@ -147,6 +147,13 @@ void Instrument::drag(QPointF place, Qt::KeyboardModifiers modifiers) {
   if (modifiers.testFlag(Qt::ShiftModifier)) at.place.db = targets_[*grabbed_].db;
   if (modifiers.testFlag(Qt::AltModifier)) at.place.w = targets_[*grabbed_].w;
   show({readingat(setting.limits, atm, at.place), grabbed_}, atm);
+}
+
+/// The cross hair at a place, and at the mark that is there.
+void Instrument::showat(const Place& place) {
+  const PlotBox box = ground_.plot(standing_->limits);
+  const double atm = standing_->pressure.atm;
+  show({readingat(standing_->limits, atm, place), nearesttarget(box, box.x(place.db), box.y(place.w), targets_)}, atm);
 }
 
 void Instrument::show(Spot spot, double atm) {
@@ -238,9 +245,7 @@ bool Instrument::step(Qt::Key key, bool tenths) {
     place = stepped(limits, place, degrees, ratios, tenths);
   }
   bykeys_ = true;
-  const PlotBox box = ground_.plot(limits);
-  const Spot spot{readingat(limits, atm, place), nearesttarget(box, box.x(place.db), box.y(place.w), targets_)};
-  show(spot, atm);
+  showat(place);
   tell();
   return true;
 }

@@ -66,6 +66,7 @@ private:
   void point(QPointF place, Qt::KeyboardModifiers modifiers);
   void drag(QPointF place, Qt::KeyboardModifiers modifiers);
   bool step(Qt::Key key, bool tenths);
+  void showat(const Place& place);
   void show(Spot spot, double atm);
   void hide();
   void tell();

@@ -13,25 +13,25 @@ namespace moistair {
 namespace {
 
 /// All controls but the live row, each in its cell of one of four grids: commands and lines, limits, and the bottom
-/// row.
+/// row. The letter that presses a button together with Alt is none that opens a menu.
 constexpr std::array<Control, 38> table = {{
-    {"Command3", "Draw\nchart", "Draw chart", {0, 0, 2, 1}, 6},
-    {"Command4", "Set/reset\natmos\npressure", "Set/reset atmos. pressure", {0, 1, 2, 1}, 7},
-    {"Command14", "Locate\npoint", "Locate point with two input parameters", {0, 2, 2, 1}, 5},
+    {"Command3", "&Draw\nchart", "Draw chart", {0, 0, 2, 1}, 6},
+    {"Command4", "&Set/reset\natmos\npressure", "Set/reset atmos. pressure", {0, 1, 2, 1}, 7},
+    {"Command14", "&Locate\npoint", "Locate point with two input parameters", {0, 2, 2, 1}, 5},
     {"Combo1", "", "", {0, 3, 1, 1}, 14},
     {"Combo2", "", "", {1, 3, 1, 1}, 15},
     {"Text4", "", "", {0, 4, 1, 1}, 16},
     {"Text5", "", "", {1, 4, 1, 1}, 17},
-    {"Command5", "Rel.\nHumidity\nline", "Draw relative humidity line", {0, 5, 2, 1}, 8},
+    {"Command5", "&Rel.\nHumidity\nline", "Draw relative humidity line", {0, 5, 2, 1}, 8},
     {"Label1", "Rel Hum,\n%", "", {0, 6, 1, 1}, 28},
     {"Text1", "", "", {1, 6, 1, 1}, 9},
-    {"Command6", "Const\nWB line", "Draw wet bulb line", {0, 7, 2, 1}, 10},
+    {"Command6", "Const\n&WB line", "Draw wet bulb line", {0, 7, 2, 1}, 10},
     {"Label2", "WBT,\nDeg F", "", {0, 8, 1, 1}, 29},
     {"Text2", "", "", {1, 8, 1, 1}, 11},
-    {"Command7", "Const\nEnthal\nline", "Draw enthalpy line", {0, 9, 2, 1}, 12},
+    {"Command7", "Const\nE&nthal\nline", "Draw enthalpy line", {0, 9, 2, 1}, 12},
     {"Label3", "Enthal,\nBtu/lb", "", {0, 10, 1, 1}, 30},
     {"Text3", "", "", {1, 10, 1, 1}, 13},
-    {"Command9", "Const\nsp vol\nline", "Draw specific voloume line", {0, 11, 2, 1}, 18},
+    {"Command9", "Const\ns&p vol\nline", "Draw specific voloume line", {0, 11, 2, 1}, 18},
     {"Label5", "Sp vol,\ncuf/lb", "", {0, 12, 1, 1}, 32},
     {"Text6", "", "", {1, 12, 1, 1}, 19},
     {"Label19", "L. DBT(F)", "", {0, 0, 1, 1}, 27},
@@ -44,12 +44,12 @@ constexpr std::array<Control, 38> table = {{
     {"Combo6", "", "", {3, 1, 1, 1}, 51},
     {"Label6", "Point", "", {0, 0, 1, 1}, 33},
     {"Text7", "", "Enter point identification", {0, 1, 1, 1}, 21},
-    {"Command8", "Exit", "Exit the program", {0, 2, 1, 1}, 69},
-    {"Command1", "View saved data", "View saved data of this session", {0, 3, 1, 1}, 67},
-    {"Command2", "Save data in file", "Save the already saved data in a file", {0, 4, 1, 1}, 68},
-    {"Command12", "Clear chart", "Clear chart", {0, 5, 1, 1}, 22},
+    {"Command8", "E&xit", "Exit the program", {0, 2, 1, 1}, 69},
+    {"Command1", "V&iew saved data", "View saved data of this session", {0, 3, 1, 1}, 67},
+    {"Command2", "S&ave data in file", "Save the already saved data in a file", {0, 4, 1, 1}, 68},
+    {"Command12", "Clear char&t", "Clear chart", {0, 5, 1, 1}, 22},
     {"Command11", "Save chart", "Save present chart in a file", {0, 6, 1, 1}, 20},
-    {"Command13", "Mixing problem", "Start MIxing problem", {0, 7, 1, 1}, 23},
+    {"Command13", "&Mixing problem", "Start MIxing problem", {0, 7, 1, 1}, 23},
     {"Command16", "Help", "", {0, 8, 1, 1}, 70},
     {"Label4", "", "", {0, 9, 1, 1}, 31},
 }};
@@ -75,7 +75,7 @@ int roomfor(const QFontMetrics& metrics, int digits) { return metrics.horizontal
 void fitbutton(QPushButton& button, int controlheight) {
   constexpr QSize frame(12, 8);
   const QFontMetrics metrics = button.fontMetrics();
-  const QSize caption = metrics.size(0, button.text());
+  const QSize caption = metrics.size(Qt::TextShowMnemonic, button.text());
   const bool wrapped = button.text().contains(QLatin1Char('\n'));
   button.setMinimumWidth(caption.width() + frame.width());
   if (wrapped) button.setMaximumWidth(caption.width() + 2 * frame.width());  // the room there is goes to the boxes
@@ -122,7 +122,7 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
   const auto button = [&](const Control& control) {
     auto* made = make.add<QPushButton>(grid, control);
     made->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
-    nameinput(*made, made->text().simplified());  // a wrapped caption is read as one line
+    nameinput(*made, made->text().remove(QLatin1Char('&')).simplified());  // a wrapped caption is read as one line
     return made;
   };
   const auto box = [&](const Control& control) { return make.add<ValueBox>(grid, control); };

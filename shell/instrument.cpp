@@ -2,15 +2,11 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QInputDialog>
 #include <QKeyEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
-
-#include "session/pointreport.h"
 
 namespace moistair {
 
@@ -20,27 +16,7 @@ constexpr double margin = 24;  // pixels about the plot in which the layer says 
 constexpr int quiet = 150;     // ms without a move before a moving pointer's reading is told
 constexpr double samepressure = 1e-9;
 
-/// What of a state a line keeps.
-double StatePoint::*keptby(LineKind kind) {
-  switch (kind) {
-    case LineKind::relativehumidity: return &StatePoint::rh;
-    case LineKind::wetbulb: return &StatePoint::wb;
-    case LineKind::enthalpy: return &StatePoint::h;
-    case LineKind::specificvolume: break;
-  }
-  return &StatePoint::v;
-}
-
-const ReadingRow& rowof(double StatePoint::*value) {
-  return *std::find_if(readingrows.begin(), readingrows.end(),
-                       [&](const ReadingRow& row) { return row.value == value; });
-}
-
 bool differ(double one, double other) { return !(std::abs(one - other) < samepressure); }
-
-QString menutext(const std::string& text) {
-  return QString::fromStdString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
-}
 
 }  // namespace
 
@@ -211,6 +187,7 @@ bool Instrument::movable(std::size_t mark) const { return ispoint(entryof(mark))
 bool Instrument::onkey(const QKeyEvent& event) {
   const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
   const auto key = static_cast<Qt::Key>(event.key());
+  if (!dragging_ && !event.isAutoRepeat() && runcommand(modifiers | key)) return true;
   if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier) return false;
   if (key == Qt::Key_Escape) {
     const bool shown = spot_.has_value();
@@ -221,11 +198,6 @@ bool Instrument::onkey(const QKeyEvent& event) {
     return shown;
   }
   if (dragging_) return false;
-  const bool enter = (key == Qt::Key_Return || key == Qt::Key_Enter) && !event.isAutoRepeat();
-  if (enter && spot_ && modifiers == Qt::NoModifier) {
-    locate(*spot_);
-    return true;
-  }
   return step(key, modifiers == Qt::ShiftModifier);
 }
 
@@ -248,137 +220,6 @@ bool Instrument::step(Qt::Key key, bool tenths) {
   showat(place);
   tell();
   return true;
-}
-
-void Instrument::choose(const Spot& spot) {
-  if (!spot.reading.state) return;
-  const Place& place = spot.reading.place;
-  Q_EMIT chosen(QString::fromStdString(drybulbtext(place)), QString::fromStdString(ratiotext(place)));
-}
-
-void Instrument::locate(const Spot& spot) {
-  if (!spot.reading.state) return;
-  pressed_.reset();
-  choose(spot);
-  Q_EMIT located();
-}
-
-/// The mark stays where it is dropped if there is air there.
-void Instrument::drop() {
-  const std::size_t mark = *grabbed_;
-  dragging_ = false;
-  const auto moved =
-      spot_ && spot_->reading.state ? movedto(entryof(mark), spot_->reading.place, ground_.window()) : std::nullopt;
-  if (moved) {
-    chart_.change(moving(chart_.document(), marks_[mark].entry, *moved), ground_.window());
-  } else {
-    point(pointer_, {});
-  }
-}
-
-/// A line of the property that the place has, at the pressure and between the limits of the chart.
-void Instrument::draw(LineKind kind, const Spot& spot) {
-  const double value = *spot.reading.state.*keptby(kind);
-  const char* reason =
-      chart_.add({*standing_, PropertyLine{kind, numbertext(lenientnumber(showvalue(value)))}}, ground_.window());
-  if (reason != nullptr) Q_EMIT refused(QString::fromUtf8(reason));
-}
-
-/// Kept on the chart, to be compared and printed.
-void Instrument::pin(const Spot& spot) {
-  if (const auto pinned = readingtokeep(*standing_, spot.reading.place)) {
-    chart_.add({*standing_, *pinned}, ground_.window());
-  }
-}
-
-void Instrument::erase(const Spot& spot) {
-  if (spot.mark) chart_.change(deletion(chart_.document(), {marks_[*spot.mark].entry}), ground_.window());
-}
-
-void Instrument::rename(const Spot& spot) {
-  const std::size_t entry = marks_[*spot.mark].entry;
-  const QString old = QString::fromStdString(std::get<MarkedPoint>(entryof(*spot.mark).content).identification);
-  bool accepted = false;
-  const QString name = QInputDialog::getText(widget_.window(), tr("Rename"), tr("Point identification:"),
-                                             QLineEdit::Normal, old, &accepted);
-  if (accepted && name != old) {
-    chart_.change(renaming(chart_.document(), entry, name.toStdString()), ground_.window());
-  }
-}
-
-/// The state as lines of caption and value, for a spreadsheet too.
-void Instrument::copy(const Spot& spot) const {
-  if (!spot.reading.state) return;
-  QString text;
-  for (const ReportRow& row : reportrows) {
-    text += QString::fromUtf8(row.caption) + QLatin1Char('\t') +
-            QString::fromStdString(fixeddecimals(*spot.reading.state.*row.value, 7)) + QLatin1Char('\n');
-  }
-  QGuiApplication::clipboard()->setText(text);
-}
-
-/// What can be done at the place that the pointer is at. The menu stays with it wherever the pointer goes then.
-void Instrument::openmenu(QPoint global) {
-  if (!spot_ || dragging_) return;
-  auto* menu = new QMenu(&widget_);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
-  fillmenu(*menu, *spot_);
-  if (menu->isEmpty()) return menu->deleteLater();
-  menu->popup(global);
-}
-
-void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
-  const auto add = [&](const QString& text, auto run) { menu.addAction(text, this, run); };
-  if (spot.reading.state) {
-    add(tr("&Locate point here"), [this, spot] { locate(spot); });
-    add(tr("&Pin read-out"), [this, spot] { pin(spot); });
-    menu.addSeparator();
-    for (const LineKind kind :
-         {LineKind::relativehumidity, LineKind::wetbulb, LineKind::enthalpy, LineKind::specificvolume}) {
-      const ReadingRow& row = rowof(keptby(kind));
-      const QString value = QString::fromStdString(readingtext(row, *spot.reading.state));
-      add(tr("%1 %2 %3 through here").arg(QLatin1String(captionof(kind)), value, QLatin1String(row.unit)),
-          [this, kind, spot] { draw(kind, spot); });
-    }
-    menu.addSeparator();
-  }
-  if (spot.mark) {
-    add(tr("&Delete ") + menutext(captionof(entryof(*spot.mark))), [this, spot] { erase(spot); });
-    if (movable(*spot.mark)) add(tr("&Rename..."), [this, spot] { rename(spot); });
-  }
-  if (spot.reading.state) add(tr("&Copy state"), [this, spot] { copy(spot); });
-}
-
-/// The same by keys, while the chart has the focus.
-void Instrument::fillmenu(QMenu& menu) {
-  struct Command {
-    QAction* action;
-    bool (*possible)(const Spot& spot);
-  };
-  std::vector<Command> commands;
-  const auto add = [&](const QString& text, const QKeySequence& key, auto possible, auto run) {
-    auto* action = menu.addAction(text, this, [this, run] {
-      if (spot_) (this->*run)(*spot_);
-    });
-    action->setShortcut(key);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    action->setAutoRepeat(false);
-    widget_.addAction(action);
-    commands.push_back({action, possible});
-  };
-  const auto isair = [](const Spot& spot) { return spot.reading.state.has_value(); };
-  const auto ismark = [](const Spot& spot) { return spot.mark.has_value(); };
-  add(tr("Locate point at the cross &hair"), Qt::Key_Return, isair, &Instrument::locate);
-  add(tr("Pin &read-out"), Qt::Key_P, isair, &Instrument::pin);
-  add(tr("Cop&y state"), QKeySequence::Copy, isair, &Instrument::copy);
-  add(tr("&Erase mark"), Qt::Key_Delete, ismark, &Instrument::erase);
-  // What is not possible now is greyed in the menu; the keys ask when they are pressed.
-  connect(&menu, &QMenu::aboutToShow, this, [this, commands] {
-    for (const Command& command : commands) command.action->setEnabled(spot_ && command.possible(*spot_));
-  });
-  connect(&menu, &QMenu::aboutToHide, this, [commands] {
-    for (const Command& command : commands) command.action->setEnabled(true);
-  });
 }
 
 }  // namespace moistair

@@ -59,6 +59,10 @@ private:
     std::optional<std::size_t> mark;  ///< of `marks_`
   };
 
+  struct Command;
+  static const std::vector<Command>& commands();
+  bool runcommand(QKeyCombination keys);
+
   bool onmouse(const QMouseEvent& event);
   bool onkey(const QKeyEvent& event);
   void press(const QMouseEvent& event);
@@ -83,7 +87,7 @@ private:
   void pin(const Spot& spot);
   void erase(const Spot& spot);
   void rename(const Spot& spot);
-  void copy(const Spot& spot) const;
+  void copy(const Spot& spot);
   void openmenu(QPoint global);
   void fillmenu(QMenu& menu, const Spot& spot);
 

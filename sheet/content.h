@@ -27,7 +27,8 @@ struct SheetState {
   int number = 0;
   std::string name;  ///< empty for none
   std::array<double, reportrows.size()> properties{};
-  double atm = 0;  ///< that it was worked out at [in Hg]
+  double atm = 0;       ///< that it was worked out at [in Hg]
+  bool pinned = false;  ///< a reading kept on the chart, which shows all of itself there
 
   double db() const { return properties[0]; }
   double w() const { return properties[5]; }

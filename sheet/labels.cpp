@@ -118,15 +118,29 @@ private:
   std::unordered_map<long, std::vector<std::size_t>> cells_;
 };
 
-void drawlabel(SheetCanvas& canvas, const Label& label, const LabelPlace& place, Color paper) {
-  if (label.clears) {
-    const auto corners = grown(textbox(place.text, canvas.extent(place.text.text, place.text.style)), 1).corners();
-    canvas.area({corners.begin(), corners.end()}, paper);
+/// What lies under the texts of a label.
+void drawground(SheetCanvas& canvas, const Label& label, const LabelPlace& place, Color paper) {
+  const auto corners = grown(boxof(canvas, place), 1).corners();
+  const std::vector<SheetPoint> outline(corners.begin(), corners.end());
+  if (label.clears) canvas.area(outline, paper);
+  const Color color = place.text.style.color;
+  constexpr double hairline = 0.6;
+  if (place.frame) {
+    canvas.polyline({corners[0], corners[1], corners[2], corners[3], corners[0]}, hairline, color);
   }
-  if (!place.leader.empty()) canvas.polyline(place.leader, 0.6, place.text.style.color);
+  if (!place.leader.empty()) canvas.polyline(place.leader, hairline, color);
+}
+
+void drawtexts(SheetCanvas& canvas, const LabelPlace& place) {
+  canvas.text(place.text);
+  for (const SheetTextOperation& text : place.more) canvas.text(text);
 }
 
 }  // namespace
+
+Box boxof(const SheetCanvas& canvas, const LabelPlace& place) {
+  return place.frame ? *place.frame : textbox(place.text, canvas.extent(place.text.text, place.text.style));
+}
 
 /// A long piece is cut, or it would be entered in all squares of the rectangle that it is the diagonal of.
 void LineIndex::add(SheetPoint from, SheetPoint to, double weight) {
@@ -185,7 +199,7 @@ std::size_t LabelBoard::place(SheetCanvas& canvas, Color paper) {
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     importances.push_back(labels_[i].importance);
     for (const LabelPlace& place : labels_[i].places) {
-      const Box box = textbox(place.text, canvas.extent(place.text.text, place.text.style));
+      const Box box = boxof(canvas, place);
       if (!isfree(place, grown(box, gap_))) continue;
       candidates[i].push_back({&place, grown(box, gap_ / 2), place.cost + lines_.weightin(box)});
     }
@@ -194,15 +208,13 @@ std::size_t LabelBoard::place(SheetCanvas& canvas, Color paper) {
   }
   const std::vector<std::size_t> chosen = Chooser(candidates, importances).choose();
   std::size_t leftout = 0;
-  const auto placeof = [&](std::size_t i) -> const LabelPlace* {
-    return chosen[i] == Chooser::none ? nullptr : candidates[i][chosen[i]].place;
-  };
+  std::vector<const LabelPlace*> places;
   for (std::size_t i = 0; i < labels_.size(); ++i) {
-    if (const LabelPlace* place = placeof(i)) drawlabel(canvas, labels_[i], *place, paper);
+    places.push_back(chosen[i] == Chooser::none ? nullptr : candidates[i][chosen[i]].place);
+    if (places[i] != nullptr) drawground(canvas, labels_[i], *places[i], paper);
   }
-  for (std::size_t i = 0; i < labels_.size(); ++i) {
-    const LabelPlace* place = placeof(i);
-    if (place != nullptr) canvas.text(place->text);
+  for (const LabelPlace* place : places) {
+    if (place != nullptr) drawtexts(canvas, *place);
     leftout += place == nullptr ? 1 : 0;
   }
   return leftout;

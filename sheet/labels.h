@@ -8,6 +8,7 @@
 /// each moves to where it is cheaper, as long as anything changes. What has no place at all in the end is left out.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -20,9 +21,14 @@ namespace moistair {
 /// A place that a label could have.
 struct LabelPlace {
   SheetTextOperation text;
-  double cost = 0;                 ///< what speaks against it; what it covers is added
-  std::vector<SheetPoint> leader;  ///< line from what the label names, if it needs one
+  double cost = 0;                            ///< what speaks against it; what it covers is added
+  std::vector<SheetPoint> leader = {};        ///< line from what the label names, if it needs one
+  std::vector<SheetTextOperation> more = {};  ///< further texts, all of them within `frame`
+  std::optional<Box> frame = std::nullopt;    ///< drawn around the texts of a label that has several
 };
+
+/// What a label takes at a place.
+Box boxof(const SheetCanvas& canvas, const LabelPlace& place);
 
 struct Label {
   double importance = 0;

@@ -136,8 +136,12 @@ void drawcontent(SheetWork& work) {
   };
   for (const SheetState& state : content.states) {
     if (!stands(work, state)) continue;
-    drawmark(work, state, ismixed(state));
-    labelstate(work, state);
+    if (state.pinned) {
+      drawpinned(work, state);
+    } else {
+      drawmark(work, state, ismixed(state));
+      labelstate(work, state);
+    }
   }
 }
 

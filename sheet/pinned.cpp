@@ -1,0 +1,82 @@
+// Readings that are kept on the chart.
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "session/reading.h"
+#include "sheet/parts.h"
+#include "sheet/steps.h"
+
+namespace moistair {
+
+namespace {
+
+/// The lines of a read-out: its number, then two properties each.
+std::vector<std::array<std::string, 2>> readoutof(const SheetState& state) {
+  StatePoint point;
+  for (std::size_t i = 0; i < reportrows.size(); ++i) point.*reportrows[i].value = state.properties[i];
+  constexpr std::array<std::size_t, readingrows.size()> order = {0, 5, 1, 3, 2, 4, 6, 7};
+  std::vector<std::array<std::string, 2>> lines = {{std::to_string(state.number), {}}};
+  for (std::size_t i = 0; i < order.size(); i += 2) {
+    std::array<std::string, 2> line;
+    for (const std::size_t column : {std::size_t{0}, std::size_t{1}}) {
+      const ReadingRow& row = readingrows[order[i + column]];
+      line[column] = std::string(row.symbol) + " " + numeral(point.*row.value, row.decimals);
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+Label pinnedlabel(const SheetWork& work, const SheetState& state, SheetPoint at, double radius) {
+  constexpr double rowheight = 1.15;
+  constexpr double padding = 0.35;
+  const double em = work.em();
+  const auto lines = readoutof(state);
+  const TextStyle style = work.theme.text(0.8 * em);
+  double column = 0;
+  for (const auto& line : lines) {
+    for (const std::string& text : line) column = std::max(column, work.canvas.widthof(text, style));
+  }
+  const double width = 2 * column + 3 * padding * em;
+  const double height = (static_cast<double>(lines.size()) * rowheight * 0.85 + 2 * padding) * em;
+  Label label{importance::point, {}, true};
+  for (const double away : {0.6, 2.0, 4.0, 7.0}) {
+    for (int turn = 0; turn < 12; ++turn) {
+      const SheetPoint outward = direction(-145 + 30.0 * turn);  // to the upper left first
+      const double reach = std::min(std::abs(outward.x) > 0.01 ? width / 2 / std::abs(outward.x) : 1e9,
+                                    std::abs(outward.y) > 0.01 ? height / 2 / std::abs(outward.y) : 1e9);
+      const SheetPoint centre = at + outward * (radius + away * em + reach);
+      const SheetPoint corner = centre - SheetPoint{width / 2, height / 2};
+      LabelPlace place;
+      place.cost = 0.03 * std::min(turn, 12 - turn) + 0.3 * away;
+      place.leader = {at + outward * radius, at + outward * (radius + away * em)};
+      place.frame = boxof(corner, corner + SheetPoint{width, height});
+      for (std::size_t i = 0; i < lines.size(); ++i) {
+        const double y = corner.y + (padding + 0.65 + static_cast<double>(i) * rowheight * 0.85) * em;
+        place.more.push_back({{corner.x + padding * em, y}, lines[i][0], style, Anchor::start, 0});
+        place.more.push_back({{corner.x + 2 * padding * em + column, y}, lines[i][1], style, Anchor::start, 0});
+      }
+      place.text = place.more.front();
+      place.text.style.bold = true;
+      place.more.erase(place.more.begin());
+      label.places.push_back(std::move(place));
+    }
+  }
+  return label;
+}
+
+}  // namespace
+
+void drawpinned(SheetWork& work, const SheetState& state) {
+  const double em = work.em();
+  const SheetPoint at = work.plot.at(state.db(), state.w());
+  const double arm = 0.55 * em;
+  for (const SheetPoint way : {SheetPoint{1, 0}, SheetPoint{0, 1}}) {
+    work.canvas.polyline({at - way * arm, at + way * arm}, 1.2, work.theme.mark);
+  }
+  work.board.fix(boxof(at - SheetPoint{arm, arm}, at + SheetPoint{arm, arm}));
+  work.board.add(pinnedlabel(work, state, at, arm));
+}
+
+}  // namespace moistair

@@ -22,6 +22,8 @@ QFont sheetfont(bool bold) {
   QFont font = canvasfont();
   font.setPixelSize(fontpixels);
   font.setBold(bold);
+  // As little as makes a difference: spaced letters stay single, so that "Office" can be found and copied as such.
+  font.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);
   return font;
 }
 

@@ -27,20 +27,24 @@ Sheets::Sheets(QWidget& window, QWidget& graph, const ChartCommands& chart)
 }
 
 void Sheets::fillviewmenu(QMenu& view) {
-  QAction* toggle = view.addAction(tr("As a &sheet"));
-  toggle->setCheckable(true);
-  connect(toggle, &QAction::toggled, this, &Sheets::show);
+  toggle_ = view.addAction(tr("As a &sheet"));
+  toggle_->setCheckable(true);
+  connect(toggle_, &QAction::toggled, this, [this] {
+    show();
+    Q_EMIT toggled();
+  });
 }
 
-void Sheets::show(bool shown) {
-  view_->setVisible(shown);
+/// Where no chart stands, there is none to be seen as a sheet either.
+void Sheets::show() {
+  const bool shown = toggle_->isChecked() && lastchart(chart_.document()) != nullptr;
   if (shown) view_->show(contentof(chart_.document()));
-  Q_EMIT toggled();
+  view_->setVisible(shown);
 }
 
 void Sheets::follow(const QSize& visible) {
   view_->resize(visible);
-  if (!view_->isHidden()) view_->show(contentof(chart_.document()));
+  show();
 }
 
 std::optional<PlotBox> Sheets::plot() { return view_->isHidden() ? std::nullopt : std::optional(view_->plot()); }

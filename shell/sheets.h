@@ -42,11 +42,12 @@ Q_SIGNALS:
 
 private:
   QPageLayout printsheet(const QPageLayout& page);
-  void show(bool shown);
+  void show();
 
   QWidget& window_;
   const ChartCommands& chart_;
   SheetView* view_;
+  QAction* toggle_ = nullptr;
   SheetOptions options_;  ///< as last chosen
 };
 

@@ -85,11 +85,16 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
   left->addLayout(form);
   maketexts(*form);
   makelook(*form);
+  for (const auto& [input, name] :
+       {std::pair<QWidget*, const char*>{page_, "page"}, {size_, "size"}, {title_, "title"}}) {
+    input->setObjectName(QLatin1String(name));
+  }
   fault_->setWordWrap(true);
   left->addWidget(fault_);
   left->addStretch();
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
   accept_ = buttons->addButton(tr("&Export..."), QDialogButtonBox::AcceptRole);
+  accept_->setObjectName(QStringLiteral("export"));
   left->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -387,5 +387,48 @@ class Chart(ToolTest):
         self.assertEqual([word for word in words if word not in words_drawn], [])
 
 
+class Sheet(ToolTest):
+    CONTENT = ["--elevation", "5000", "--title", 'Rooms "é" <&>', "--date", "today", "--rh", "55",
+               "--point", "db=75,wb=62.5,id=Office <é>", "--mix", "db=75,wb=62.5,flow=1000;db=95,wb=75,flow=500"]
+    WORDS = ["PSYCHROMETRIC CHART", 'Rooms "é" <&>', "Office <é>", "Dew point, °F", "Grains of moisture per lb of dry air",
+             "1 of 1", "today", "24.896 in Hg (12.228 psi), 5000 ft", "0 to 120 °F, 0.000 to 0.030 lb/lb"]
+    SLANTED = ["55 % RH", "10 % relative humidity", "Enthalpy, Btu per lb of dry air"]  # cut up by pdftotext
+
+    def missing(self, text, words=()):
+        return [word for word in (*self.WORDS, *words) if word not in text]
+
+    def test_texts_are_texts(self):
+        self.output("sheet", "-o", "s.svg", *self.CONTENT)
+        texts = [text.text for text in ElementTree.parse(self.folder / "s.svg").iter() if text.tag.endswith("}text")]
+        self.assertEqual(self.missing(texts, self.SLANTED), [])
+        again = (self.folder / "s.svg").read_bytes()
+        self.output("sheet", "-o", "s.svg", *self.CONTENT)
+        self.assertEqual((self.folder / "s.svg").read_bytes(), again)
+        self.output("sheet", "-o", "s.pdf", *self.CONTENT)
+        text = subprocess.run(["pdftotext", "s.pdf", "-"], cwd=self.folder, stdout=subprocess.PIPE, check=True).stdout.decode()
+        self.assertEqual(self.missing(text), [])
+
+    def test_fonts_are_in_the_file_and_pages_as_asked_for(self):
+        points = [option for number in range(60) for option in ("--point", f"db=75,rh={10 + number},id=P{number}")]
+        self.output("sheet", "-o", "s.pdf", "--page", "a4", "--portrait", *points)
+        fonts = subprocess.run(["pdffonts", "s.pdf"], cwd=self.folder, stdout=subprocess.PIPE, check=True).stdout.decode()
+        rows = fonts.splitlines()[2:]
+        self.assertGreaterEqual(len(rows), 2)
+        for row in rows:
+            self.assertRegex(row, r"DejaVu.* yes +no +yes ")  # embedded, and its letters known
+        facts = subprocess.run(["pdfinfo", "s.pdf"], cwd=self.folder, stdout=subprocess.PIPE, check=True).stdout.decode()
+        self.assertRegex(facts, r"Pages: +2\n")
+        self.assertRegex(facts, r"Page size: +595\S* x 841\S* pts|Page size: +595\S* x 842\S* pts")
+        self.output("sheet", "-o", "s.png", "--size", "800x500", "--scale", "2")
+        self.assertEqual(struct.unpack(">II", (self.folder / "s.png").read_bytes()[16:24]), (1600, 1000))
+
+    def test_refusals(self):
+        for words, arguments in (("a page is letter", ["--page", "legal"]), ("from 3.75 to 30", ["--font-size", "50"]),
+                                 ("scale is for", ["--scale", "2"])):
+            with self.subTest(words):
+                self.assert_refused(self.run_tool("sheet", "-o", "s.pdf", *arguments), 2, words)
+        self.assertFalse((self.folder / "s.pdf").exists())
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -263,6 +263,7 @@ def exports(session):
     session.answer(svg + " already exists. Do you want to replace it?", "alt+n", "Export chart")
     session.backonchart()
     session.menu("Print...", "p")
+    session.answer("What is to be printed?", "alt+c", "Print")
     dialog = session.window("Print")
     dialog.typein("Output file:", printed)
     session.escape(dialog)
@@ -270,6 +271,7 @@ def exports(session):
     after = {name: os.path.getmtime(os.path.join(session.home, name)) for name in os.listdir(session.home)}
     equal(after, before, "files after what was cancelled or refused")
     session.menu("Print...", "p")
+    session.answer("What is to be printed?", "alt+c", "Print")
     dialog = session.window("Print")
     dialog.need(LIST, "Name:").waittext("Print to File (PDF)")
     dialog.typein("Output file:", printed)
@@ -281,6 +283,16 @@ def exports(session):
     facts = subprocess.run(["pdfinfo", printed], check=True, capture_output=True, text=True).stdout
     width, height = map(float, re.search(r"Page size:\s+([\d.]+) x ([\d.]+)", facts).groups())
     expect(width > height, f"the page stands upright: {width} x {height} points")
+    sheet = os.path.join(session.home, "s.pdf")
+    session.menu("Export sheet...", "h")
+    dialog = session.window("Export sheet")
+    dialog.typein("Title", "Handed in")
+    dialog.click("Export...")
+    session.choosefile("Export sheet", sheet)
+    wait(lambda: os.path.exists(sheet), sheet)
+    session.backonchart()
+    text = subprocess.run(["pdftotext", sheet, "-"], check=True, capture_output=True, text=True).stdout
+    equal([word for word in ("Handed in", "PSYCHROMETRIC CHART", "Dew point, °F") if word not in text], [], "the sheet lacks")
 
 
 @otherscreen("1024x727")

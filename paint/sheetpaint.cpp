@@ -39,13 +39,6 @@ QString charactersof(const std::string& text) { return printable(QString::fromSt
 
 QColor qcolor(Color color) { return {color.red, color.green, color.blue}; }
 
-QPolygonF polygon(const std::vector<SheetPoint>& points) {
-  QPolygonF places;
-  places.reserve(static_cast<qsizetype>(points.size()));
-  for (const SheetPoint& point : points) places.append(QPointF(point.x, point.y));
-  return places;
-}
-
 /// Paints one operation after the other.
 class SheetPainter {
 public:
@@ -64,14 +57,14 @@ public:
     if (line.points.size() == 2) {
       painter_.drawLine(crisp(line.points[0], line.points[1], line.width));
     } else {
-      painter_.drawPolyline(polygon(line.points));
+      painter_.drawPolyline(polygonof(line.points));
     }
   }
 
   void operator()(const AreaOperation& area) {
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(qcolor(area.color));
-    painter_.drawPolygon(polygon(area.outline));
+    painter_.drawPolygon(polygonof(area.outline));
     painter_.setBrush(Qt::NoBrush);
   }
 
@@ -118,6 +111,13 @@ QSizeF stackof(const SheetDrawing& sheet) {
 }
 
 }  // namespace
+
+QPolygonF polygonof(const std::vector<SheetPoint>& points) {
+  QPolygonF places;
+  places.reserve(static_cast<qsizetype>(points.size()));
+  for (const SheetPoint& point : points) places.append(QPointF(point.x, point.y));
+  return places;
+}
 
 /// Letters reach from the tail of a "g" to a little above a capital; the font's own height has room for accents.
 ExtentFunction sheetextents() {

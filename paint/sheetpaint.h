@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QPainter>
+#include <QPolygonF>
 #include <functional>
 #include <string_view>
 
@@ -17,6 +18,8 @@ namespace moistair {
 
 /// What texts take in the font of the charts.
 ExtentFunction sheetextents();
+
+QPolygonF polygonof(const std::vector<SheetPoint>& points);
 
 /// Paints a page in pixels of 1/96 inch, its ground included.
 void paintpage(const SheetDrawing& sheet, std::size_t page, QPainter& painter);

@@ -20,6 +20,7 @@ constexpr ChartLimits wholechart{0, 120, 0, 0.03};
 struct ContentWriter {
   SheetContent& content;
   const Setting& setting;
+  std::size_t entry;                         ///< its place in the document
   const std::vector<const TableRow*>& rows;  ///< the entry's own
 
   void operator()(const HeaderLine&) const {}
@@ -28,7 +29,7 @@ struct ContentWriter {
   void operator()(const PropertyLine& line) const {
     double value = 0;
     assign(value, strictnumber(line.value));
-    content.lines.push_back({line.kind, value, setting.pressure.atm});
+    content.lines.push_back({line.kind, value, setting.pressure.atm, entry});
   }
 
   void operator()(const MarkedPoint&) const { addstates(); }
@@ -49,7 +50,7 @@ struct ContentWriter {
   void addstates() const {
     for (const TableRow* row : rows) {
       const int number = static_cast<int>(content.states.size()) + 1;
-      content.states.push_back({number, row->identification, row->properties, row->pressure});
+      content.states.push_back({number, row->identification, row->properties, row->pressure, entry});
     }
   }
 };
@@ -86,7 +87,7 @@ SheetContent contentof(const Document& document) {
     std::vector<const TableRow*> own;
     for (; row != rows.end() && row->entry == i; ++row) own.push_back(&*row);
     const Entry& entry = document.entries[i];
-    std::visit(ContentWriter{content, entry.setting, own}, entry.content);
+    std::visit(ContentWriter{content, entry.setting, i, own}, entry.content);
   }
   return content;
 }

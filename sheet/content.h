@@ -19,7 +19,8 @@ namespace moistair {
 struct SheetLine {
   LineKind kind = LineKind::relativehumidity;
   double value = 0;
-  double atm = 0;  ///< that it is traced at [in Hg]
+  double atm = 0;         ///< that it is traced at [in Hg]
+  std::size_t entry = 0;  ///< its place in the document
 };
 
 /// A state with its mark. Properties are in the order of the report, no value where there is none.
@@ -27,8 +28,9 @@ struct SheetState {
   int number = 0;
   std::string name;  ///< empty for none
   std::array<double, reportrows.size()> properties{};
-  double atm = 0;       ///< that it was worked out at [in Hg]
-  bool pinned = false;  ///< a reading kept on the chart, which shows all of itself there
+  double atm = 0;         ///< that it was worked out at [in Hg]
+  std::size_t entry = 0;  ///< its place in the document
+  bool pinned = false;    ///< a reading kept on the chart, which shows all of itself there
 
   double db() const { return properties[0]; }
   double w() const { return properties[5]; }

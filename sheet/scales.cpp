@@ -58,7 +58,7 @@ RightScale dewpointscale(const SheetWork& work) {
     return ismultiple(dewpoint, step) && pixels >= em * work.em();
   };
   const auto hasstep = [&](double dewpoint, double em) {
-    return suits(dewpoint, 1, 5, em) || suits(dewpoint, 5, 10, em) || suits(dewpoint, 10, 10, em);
+    return suits(dewpoint, 1, 5, em) || suits(dewpoint, 5, 10, em) || suits(dewpoint, 10, 10, 0.65 * em);
   };
   for (double dewpoint = -40; dewpoint <= 200; ++dewpoint) {
     const double w = scale.ratio(dewpoint);

@@ -4,6 +4,7 @@
 #include "document/again.h"
 #include "shell/filewriting.h"
 #include "shell/mainwindow.h"
+#include "shell/sheets.h"
 #include "toolkit/filename.h"
 #include "toolkit/messages.h"
 
@@ -104,6 +105,7 @@ void MainWindow::lift(const std::vector<std::size_t>& entries) {
     if (part) draw(entry, canvas, windowsize());
   }
   graph_->lift(canvas.drawing());
+  sheets_->lift(entries);
 }
 
 void MainWindow::writecsv(const std::string& table) {

@@ -28,6 +28,9 @@ public:
   /// To be called after every change of the document and of the size; where the drawing can be seen.
   void follow(const QSize& visible);
 
+  /// Lifts entries of the document out on the sheet.
+  void lift(const std::vector<std::size_t>& entries) { view_->lift(entries); }
+
   /// Where the plot lies while the sheet is on the screen.
   std::optional<PlotBox> plot();
 

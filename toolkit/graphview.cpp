@@ -31,12 +31,10 @@ struct Course {
 };
 
 void painthalo(QPainter& painter, const Drawing& drawing) {
-  constexpr double width = 9;
-  const QColor amber(255, 170, 0, 130);
   QPainterPath path;
   for (const Operation& operation : drawing.operations) std::visit(Course{path}, operation);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.strokePath(path, QPen(amber, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.strokePath(path, liftingpen());
 }
 
 }  // namespace

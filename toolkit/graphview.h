@@ -4,11 +4,15 @@
 
 #include <QElapsedTimer>
 #include <QImage>
+#include <QPen>
 #include <QWidget>
 
 #include "chart/drawing.h"
 
 namespace moistair {
+
+/// How what is selected is lifted out: a wide translucent line along it.
+inline QPen liftingpen() { return {QColor(255, 170, 0, 130), 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin}; }
 
 /// Shows a recorded drawing through a persistent image, so that it need not be painted anew at every exposure. White
 /// ground and black foreground in every colour scheme. A Refresh during a long drawing shows the growing curve, at most

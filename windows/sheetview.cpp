@@ -5,6 +5,9 @@
 #include <QtMath>
 #include <utility>
 
+#include "sheet/courses.h"
+#include "toolkit/graphview.h"
+
 namespace moistair {
 
 SheetView::SheetView(QWidget& drawing) : QWidget(&drawing) {
@@ -19,6 +22,11 @@ SheetView::SheetView(QWidget& drawing) : QWidget(&drawing) {
 void SheetView::show(SheetContent content) {
   content_ = std::move(content);
   laidout_ = false;
+  update();
+}
+
+void SheetView::lift(std::vector<std::size_t> entries) {
+  lifted_ = std::move(entries);
   update();
 }
 
@@ -55,6 +63,12 @@ void SheetView::paintEvent(QPaintEvent* event) {
   painter.setClipRegion(event->region());
   painter.scale(1 / ratio, 1 / ratio);
   painter.drawImage(0, 0, image_);
+  painter.scale(ratio, ratio);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(liftingpen());
+  for (const std::size_t entry : lifted_) {
+    for (const auto& course : coursesof(content_, sheet_.plot, entry)) painter.drawPolyline(polygonof(course));
+  }
 }
 
 }  // namespace moistair

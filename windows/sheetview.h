@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <vector>
 
 #include "paint/sheetpaint.h"
 #include "session/reading.h"
@@ -22,6 +23,9 @@ public:
   void show(SheetContent content);
   using QWidget::show;
 
+  /// Shows entries of the document lifted out, above the sheet.
+  void lift(std::vector<std::size_t> entries);
+
   /// Where the plot lies on this widget.
   PlotBox plot();
 
@@ -36,6 +40,7 @@ private:
   SheetContent content_;
   SheetDrawing sheet_;
   QImage image_;  ///< in device pixels
+  std::vector<std::size_t> lifted_;
   bool laidout_ = false;
 };
 

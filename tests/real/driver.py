@@ -276,6 +276,7 @@ class Program:
         os.makedirs(self.home)
         self.state = os.path.join(folder, "state")
         self._executable = shutil.copy2(executable, self.binaries)
+        self.tool = os.path.join(os.path.dirname(os.path.abspath(executable)), "moistair-cli")
         self._items = {}
         self.process = None
 

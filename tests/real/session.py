@@ -157,11 +157,15 @@ class Session(Program):
     def colours(self):
         return colours(self.shown())
 
-    def waitspot(self, db, hr, colour):
-        """A colour where a state stands on the chart of the start's limits, in the three by three pixels about it."""
+    def spot(self, db, hr):
+        """Where a state stands on the chart of the start's limits."""
         inner = self.main().controls()[0].rect()
-        x = round(inner.width * db / (120 * 12 / 10) + inner.width / 12)
-        y = round(inner.height * 4700 / 6000 - inner.height * hr / (0.030 * 6000 / 4500))
+        return (round(inner.width * db / (120 * 12 / 10) + inner.width / 12),
+                round(inner.height * 4700 / 6000 - inner.height * hr / (0.030 * 6000 / 4500)))
+
+    def waitspot(self, db, hr, colour):
+        """A colour where a state stands, in the three by three pixels about it."""
+        x, y = self.spot(db, hr)
         wait(lambda: colours(self.shown(), x - 1, y - 1, 3, 3)[colour], lambda: f"{colour} at {x}, {y}")
 
     def logbytes(self):

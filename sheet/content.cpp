@@ -33,7 +33,10 @@ struct ContentWriter {
   }
 
   void operator()(const MarkedPoint&) const { addstates(); }
-  void operator()(const PinnedReading&) const { addstates(); }
+  void operator()(const PinnedReading&) const {
+    addstates();
+    content.states.back().pinned = true;
+  }
 
   void operator()(const MixingLine& line) const {
     const std::size_t first = content.states.size();

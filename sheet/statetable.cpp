@@ -38,7 +38,7 @@ constexpr double namepart = 0.245;
 
 /// A state worked out at another pressure than the chart's says so, and one that is not on the chart.
 std::string namein(const SheetContent& content, const SheetState& state) {
-  std::string name = state.name;
+  std::string name = state.pinned ? "Read-out" : state.name;
   const auto add = [&](const std::string& text) { name += (name.empty() ? "" : " ") + text; };
   if (state.atm != content.pressure.atm) add("(at " + numeral(state.atm, 3) + " in Hg)");
   if (!content.limits.contain(state.db(), state.w())) add("(not on the chart)");

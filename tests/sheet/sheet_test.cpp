@@ -55,7 +55,7 @@ const Sheet sheets[] = {
     {"no air at all", {"0", "20", "0.020", "0.030"}, sea, letter},
 };
 
-/// A chart with what its limits let in: a crowd of points about a room, a mixture, a line of each kind.
+/// A chart with what its limits let in: a crowd of points about a room, a mixture, two read-outs, a line of each kind.
 Document documentof(const Sheet& sheet, int crowd = 6) {
   Desk desk;
   desk.lists = sheet.limits;
@@ -66,6 +66,8 @@ Document documentof(const Sheet& sheet, int crowd = 6) {
   desk.point("28", "24", "");
   for (int i = 0; i < crowd; ++i) desk.point(std::to_string(76 + i / 3).c_str(), "61.5", "Zone");
   desk.mix("74", "60", "88", "71");
+  desk.pin();
+  desk.pin({58, 0.006});
   desk.rhline("55");
   desk.line(LineKind::wetbulb, "63");
   desk.line(LineKind::enthalpy, "27");

@@ -1,6 +1,7 @@
 #include "document/table.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "engine/value.h"
@@ -14,8 +15,6 @@ namespace {
 constexpr std::size_t firstproperty = 3;
 constexpr std::array<const char*, firstproperty> firstheads = {"Kind", "Identification", "Atmos. pr (in Hg)"};
 constexpr std::array<const char*, 3> mixingmarks = {"St1", "Mix", "St2"};
-
-std::string rangeof(double low, double high) { return numbertext(low) + " to " + numbertext(high); }
 
 double StatePoint::*propertyof(LineKind kind) {
   switch (kind) {
@@ -41,7 +40,8 @@ struct RowWriter {
 
   void operator()(const DrawnChart&) {
     const ChartLimits& limits = setting.limits;
-    row.identification = rangeof(limits.lowdb, limits.highdb) + ", " + rangeof(limits.lowhr, limits.highhr);
+    row.identification = numbertext(limits.lowdb) + " to " + numbertext(limits.highdb) + ", " +
+                         numbertext(limits.lowhr) + " to " + fixeddecimals(limits.highhr, 3);
     rows.push_back(row);
   }
 
@@ -108,7 +108,7 @@ std::string celltext(const TableRow& row, std::size_t column) {
   switch (column) {
     case 0: return row.kind;
     case 1: return row.identification;
-    case 2: return numbertext(row.pressure);
+    case 2: return numbertext(std::round(row.pressure * 1e7) / 1e7);
     default: break;
   }
   std::string text;

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "session/earliersessions.h"
+#include "session/inputfile.h"
 #include "session/outputfile.h"
 #include "session/singlebyte.h"
 
@@ -83,17 +84,8 @@ Opening opennew(const fs::path& path, const fs::path& sessions, Descriptor& file
 }  // namespace
 
 std::optional<std::string> readlogbytes(const fs::path& log) {
-  const Descriptor file(::open(log.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  struct stat opened;
-  if (!file.isopen() || ::fstat(file.number(), &opened) != 0 || !S_ISREG(opened.st_mode)) return std::nullopt;
-  std::string bytes;
-  std::array<char, 65536> chunk;
-  for (;;) {
-    const ssize_t got = ::read(file.number(), chunk.data(), chunk.size());
-    if (got < 0) return std::nullopt;
-    if (got == 0) return bytes;
-    bytes.append(chunk.data(), static_cast<std::size_t>(got));
-  }
+  FileContent content = readfile(log, Links::refused);
+  return content.fault.empty() ? std::optional(std::move(content.bytes)) : std::nullopt;
 }
 
 std::optional<std::string> readlog(const fs::path& log) {

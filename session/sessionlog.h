@@ -27,6 +27,7 @@ public:
   explicit SessionLog(LogPlaces places);
 
   const std::filesystem::path& path() const { return path_; }
+  const LogPlaces& places() const { return places_; }
   const std::filesystem::path& sessions() const { return places_.sessions; }
 
   /// Makes the file, with one empty line in it. What earlier runs have left behind is kept first.

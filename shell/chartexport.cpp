@@ -1,8 +1,10 @@
 #include "shell/chartexport.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QPageSetupDialog>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <algorithm>
@@ -20,8 +22,7 @@ namespace moistair {
 
 namespace {
 
-constexpr int picturedpi = 96;     // logical pixels to the inch of paper
-constexpr double exportscale = 2;  // sharp when a report enlarges it
+constexpr int picturedpi = 96;  // logical pixels to the inch of paper
 
 /// The rectangle that a document laid out for a window touches there [logical pixels], from the line that states the
 /// pressure downwards: lines of a chart are also recorded above the window, where nobody sees them.
@@ -56,10 +57,19 @@ const FileFormat& formatoffilter(const QString& filter) {
   return fileformats.front();
 }
 
-/// Why the file was not written, nothing if it was.
-std::optional<QString> write(const QByteArray& content, const QString& path) {
-  if (content.isEmpty()) return QStringLiteral("There is not enough memory for it.");
-  return writebytes(path, {content.data(), static_cast<std::size_t>(content.size())});
+/// What is printed to a file is written as every other file is. Returns why it was not, nothing if it was.
+std::optional<QString> printtofile(const QPrinter& printer, const SessionLog& log, const PaintPages& paint) {
+  QByteArray content;
+  QBuffer buffer(&content);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setTitle(printer.docName());
+  writer.setCreator(QStringLiteral("Moistair"));
+  writer.setResolution(printer.resolution());
+  writer.setPageLayout(printer.pageLayout());
+  QPainter painter;
+  if (painter.begin(&writer)) paint(writer, painter);
+  return writepicture(printer.outputFileName(), painter.end() ? content : QByteArray(), log);
 }
 
 }  // namespace
@@ -88,7 +98,7 @@ Drawing fittedto(const Document& document, QSize size) {
   return drawing;
 }
 
-std::optional<QString> exportpicture(QWidget* window, const QString& what,
+std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, const QString& what,
                                      const std::function<QByteArray(const FileFormat& format)>& content) {
   SaveDialog dialog;
   SaveRequest request{QStringLiteral("Export ") + what, {}};
@@ -101,7 +111,7 @@ std::optional<QString> exportpicture(QWidget* window, const QString& what,
     path = completename(window, request.title, *path, {QLatin1String(format->ending)});
     if (!path) return path;
   }
-  if (const auto reason = write(content(*format), *path)) {
+  if (const auto reason = writepicture(*path, content(*format), log)) {
     message(window,
             QStringLiteral("The %1 could not be written to ").arg(what) + *path + QStringLiteral("\n") + *reason);
     return std::nullopt;
@@ -109,8 +119,8 @@ std::optional<QString> exportpicture(QWidget* window, const QString& what,
   return path;
 }
 
-std::optional<QString> exportchart(QWidget* window, const Document& document, QSize size) {
-  return exportpicture(window, QStringLiteral("chart"), [&](const FileFormat& format) {
+std::optional<QString> exportchart(QWidget* window, const SessionLog& log, const Document& document, QSize size) {
+  return exportpicture(window, log, QStringLiteral("chart"), [&](const FileFormat& format) {
     return format.content(fittedto(document, size), size, exportscale);
   });
 }
@@ -128,13 +138,18 @@ QPageLayout askpage(QWidget* window, const QPageLayout& page) {
   return dialog.exec() == QDialog::Accepted ? printer.pageLayout() : page;
 }
 
-QPageLayout printpicture(QWidget* window, const QPageLayout& page,
-                         const std::function<void(QPrinter&, QPainter&)>& paint) {
+QPageLayout printpages(QWidget* window, const SessionLog& log, const QPageLayout& page, const PaintPages& paint) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageLayout(page);
   printer.setDocName(QStringLiteral("Psychrometric chart"));
   QPrintDialog dialog(&printer, window);
   if (dialog.exec() != QDialog::Accepted) return page;
+  if (printer.outputFormat() == QPrinter::PdfFormat) {
+    const QString path = printer.outputFileName();
+    const auto reason = printtofile(printer, log, paint);
+    if (reason) message(window, QStringLiteral("The print could not be written to ") + path + u'\n' + *reason);
+    return printer.pageLayout();
+  }
   QPainter painter;
   if (!painter.begin(&printer)) {
     message(window, QStringLiteral("The chart could not be printed."));
@@ -144,10 +159,11 @@ QPageLayout printpicture(QWidget* window, const QPageLayout& page,
   return printer.pageLayout();
 }
 
-QPageLayout printchart(QWidget* window, const Document& document, const QPageLayout& page) {
-  return printpicture(window, page, [&](QPrinter& printer, QPainter& painter) {
-    const QSize paper = printer.pageLayout().paintRectPixels(printer.resolution()).size();
-    const QSize size = paper * (static_cast<double>(picturedpi) / printer.resolution());
+QPageLayout printchart(QWidget* window, const SessionLog& log, const Document& document, const QPageLayout& page) {
+  return printpages(window, log, page, [&](QPagedPaintDevice& device, QPainter& painter) {
+    const int resolution = device.logicalDpiX();
+    const QSize paper = device.pageLayout().paintRectPixels(resolution).size();
+    const QSize size = paper * (static_cast<double>(picturedpi) / resolution);
     paintfitted(fittedto(document, size), size, painter, QRectF(QPointF(0, 0), paper));
   });
 }

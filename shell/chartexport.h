@@ -14,9 +14,15 @@
 #include "document/document.h"
 #include "paint/exports.h"
 
-class QPrinter;
+class QPagedPaintDevice;
+class QPainter;
 
 namespace moistair {
+
+class SessionLog;
+
+/// Picture pixels to the logical pixel of an export: sharp when a report enlarges it.
+inline constexpr double exportscale = 2;
 
 /// A document laid out so that what it draws fills a picture with even margins. Without a chart there is nothing that
 /// could fill it, and it is laid out as in a window of that size.
@@ -27,12 +33,12 @@ Drawing fittedto(const Document& document, QSize size);
 /// of the filter chosen, whose ending is then added. Tells the user of a file that could not be written, and why.
 /// Returns the path of one that was.
 /// @param what as the user calls it; "Export what" is the title of the dialog
-std::optional<QString> exportpicture(QWidget* window, const QString& what,
+std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, const QString& what,
                                      const std::function<QByteArray(const FileFormat& format)>& content);
 
 /// The same for the chart.
 /// @param size of the picture [logical pixels]
-std::optional<QString> exportchart(QWidget* window, const Document& document, QSize size);
+std::optional<QString> exportchart(QWidget* window, const SessionLog& log, const Document& document, QSize size);
 
 /// The page of the next printing; landscape at first.
 QPageLayout firstpage();
@@ -40,11 +46,14 @@ QPageLayout firstpage();
 /// The system's dialog for the page. Returns the page as it then is.
 QPageLayout askpage(QWidget* window, const QPageLayout& page);
 
-/// The system's print dialog, and what `paint` then paints. Returns the page as it then is.
-QPageLayout printpicture(QWidget* window, const QPageLayout& page,
-                         const std::function<void(QPrinter&, QPainter&)>& paint);
+/// Paints on a device that has pages.
+using PaintPages = std::function<void(QPagedPaintDevice&, QPainter&)>;
+
+/// The system's print dialog, and what `paint` then paints, on paper or in a file, which may be any but the log's.
+/// Returns the page as it then is.
+QPageLayout printpages(QWidget* window, const SessionLog& log, const QPageLayout& page, const PaintPages& paint);
 
 /// The same for the chart on one page.
-QPageLayout printchart(QWidget* window, const Document& document, const QPageLayout& page);
+QPageLayout printchart(QWidget* window, const SessionLog& log, const Document& document, const QPageLayout& page);
 
 }  // namespace moistair

@@ -22,8 +22,6 @@ namespace moistair {
 
 namespace {
 
-constexpr const char* holdsthelog = "This file holds the saved data of this session. The chart was not saved.";
-
 /// Takes a window away. It is destroyed once its own event is over.
 template <class Window>
 void dismiss(QPointer<Window>& window) {
@@ -201,17 +199,9 @@ void MainWindow::savechart() {
   if (const auto path = asksavepath(
           {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
     chart_.keeppicture();
-    const auto name = nativename(*path);
-    if (name && log_.isat(*name)) {
-      message(this, QString::fromUtf8(holdsthelog));
-      status_->answerfile(tr("chart"), *path, tr("The file holds the saved data."));
-    } else {
-      const QByteArray picture = bmpcontent(graph_->picture());
-      status_->answerfile(tr("chart"), *path,
-                          picture.isEmpty()
-                              ? tr("There is not enough memory for it.")
-                              : writebytes(*path, {picture.data(), static_cast<std::size_t>(picture.size())}));
-    }
+    const auto reason = writepicture(*path, bmpcontent(graph_->picture()), log_);
+    if (reason == QLatin1String(holdsthelog)) message(this, *reason + tr(" The chart was not saved."));
+    status_->answerfile(tr("chart"), *path, reason);
   }
   focusgraph();
 }
@@ -237,7 +227,7 @@ void MainWindow::openmixing() {
 }
 
 void MainWindow::exportchart() {
-  const auto path = moistair::exportchart(this, chart_.document(), centralWidget()->size());
+  const auto path = moistair::exportchart(this, log_, chart_.document(), centralWidget()->size());
   if (path) status_->answerfile(tr("chart"), *path);
   focusgraph();
 }

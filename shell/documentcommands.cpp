@@ -1,5 +1,6 @@
 // Commands of the main window about the document: its steps, its table, the chart before.
 #include <algorithm>
+#include <utility>
 
 #include "document/again.h"
 #include "shell/filewriting.h"
@@ -75,23 +76,19 @@ void MainWindow::showdocument(Document document, bool fresh) {
   step([&] { chart_.open(std::move(document), windowsize()); });
 }
 
-/// The table stands beside the chart where the window is wide enough for both, and else over the part of the chart
-/// where no air is.
-void MainWindow::placepanel(bool shown) {
-  if (!shown) {
-    lift({});
-    return;
-  }
+/// At first the table stands beside the chart where the window is wide enough for both, and else over the part of the
+/// chart where no air is; from then on where the user has put it.
+void MainWindow::placepanel() {
+  if (std::exchange(panelplaced_, true)) return;
   constexpr QSize overchart(480, 260);
   const bool room = width() >= centralWidget()->minimumWidth() + overchart.width();
   panel_->setFloating(!room);
   if (room) {
-    resizeDocks({panel_}, {width() - centralWidget()->minimumWidth()}, Qt::Horizontal);
+    resizeDocks({panel_}, {std::min(panel_->fullwidth(), width() / 2)}, Qt::Horizontal);
   } else {
     constexpr QPoint margin(90, 40);
     panel_->setGeometry(QRect(graph_->mapToGlobal(QPoint(0, 0)) + margin, overchart));
   }
-  panel_->show(chart_.document());
 }
 
 /// Lifts entries of the document out on the chart; a chart itself would be all of it.
@@ -115,12 +112,7 @@ void MainWindow::writecsv(const std::string& table) {
   if (!chosen) return;
   const auto path = completename(this, title, *chosen, {QStringLiteral(".csv")});
   if (!path) return;
-  const auto name = nativename(*path);
-  if (name && log_.isat(*name)) {
-    message(this, tr("This file holds the saved data of this session. The table was not written."));
-    return;
-  }
-  const auto reason = writebytes(*path, table);
+  const auto reason = writebytes(*path, table, log_);
   if (reason) message(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
   status_->answerfile(tr("table"), *path, reason);
 }

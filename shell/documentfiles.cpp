@@ -10,6 +10,7 @@
 
 #include "document/documentfile.h"
 #include "session/earliersessions.h"
+#include "session/inputfile.h"
 #include "session/outputfile.h"
 #include "shell/filewriting.h"
 #include "toolkit/dialog.h"
@@ -21,46 +22,38 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int keptevery = 5000;                    // ms
-constexpr qint64 largestfile = qint64{256} << 20;  // bytes
+constexpr int keptevery = 5000;                              // ms
+constexpr std::size_t largestfile = std::size_t{256} << 20;  // bytes
 constexpr qsizetype mostrecent = 10;
+constexpr std::string_view workending = "-unsaved.moistair";
 constexpr const char* filter = "Moistair document (*.moistair)";
-constexpr const char* holdsthelog = "This file holds the saved data of this session. The document was not saved.";
 constexpr const char* leftwork =
     "The last session did not end in order and left work that was not saved. Do you want to open it? With No it is "
     "kept among the earlier sessions.";
 
-struct FileText {
-  std::string bytes;
-  QString fault;  ///< empty if it was read
-};
-
-/// A regular file, whole. Anything else, as a pipe, could hold the window up for ever.
-FileText readwhole(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return {{}, file.errorString()};
-  if (!QFileInfo(path).isFile()) return {{}, QStringLiteral("It is no regular file.")};
-  if (file.size() > largestfile) return {{}, QStringLiteral("It is too large for a document.")};
-  return {file.readAll().toStdString(), {}};
-}
-
 QString pathof(const fs::path& name) { return QFile::decodeName(name.c_str()); }
 
-bool isleftover(const fs::path& file) {
-  std::error_code gone;
-  return file.extension() == documentending && file.stem().string().starts_with("temp") &&
-         !fs::exists(fs::path(file).replace_extension(".txt"), gone);
+/// Where a session keeps the work that belongs to a log: beside it, under a name that no user gives.
+fs::path workfileof(const fs::path& log) {
+  return log.parent_path() / ("." + log.stem().string() + std::string(workending));
 }
 
-/// What was left beside the log by sessions that are gone, the latest first. The log is this session's own now, and a
-/// session that is alive has a log.
-std::vector<fs::path> leftovers(const fs::path& log, const fs::path& own) {
+/// Whether this is work that a session which is gone has left: one that is alive has a log.
+bool isleftover(const fs::path& file) {
+  const std::string name = file.filename();
+  if (!name.starts_with(".temp") || !name.ends_with(workending)) return false;
+  const std::string log = name.substr(1, name.size() - 1 - workending.size()) + std::string(logending);
+  std::error_code gone;
+  return fs::is_regular_file(file, gone) && !fs::exists(file.parent_path() / log, gone);
+}
+
+/// What was left in the folders of logs, the latest first. What is there under this session's own name was left too.
+std::vector<fs::path> leftovers(const std::vector<fs::path>& folders, const fs::path& own) {
   std::vector<fs::path> files;
-  std::error_code error;
-  for (fs::directory_iterator entry(log.parent_path(), error), end; !error && entry != end; entry.increment(error)) {
-    std::error_code gone;
-    if ((entry->path() == own || isleftover(entry->path())) && entry->is_regular_file(gone)) {
-      files.push_back(entry->path());
+  for (const fs::path& folder : folders) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+      if (entry->path() == own || isleftover(entry->path())) files.push_back(entry->path());
     }
   }
   const auto time = [](const fs::path& file) {
@@ -141,14 +134,13 @@ void DocumentFiles::openkept(const fs::path& kept) {
 
 /// @param kept whether it is unsaved work, which belongs to another file or to none
 bool DocumentFiles::read(const QString& path, bool kept) {
-  auto [bytes, fault] = readwhole(path);
+  const FileContent content = readfile(QFile::encodeName(path).toStdString(), Links::followed, largestfile);
   ReadDocument document;
-  if (fault.isEmpty()) {
-    document = readdocument(bytes);
-    fault = QString::fromStdString(document.fault);
-  }
+  document.fault = content.fault;
+  if (document.fault.empty()) document = readdocument(content.bytes);
   if (!document.document) {
-    message(&window_, QStringLiteral("The document could not be opened: ") + path + QStringLiteral("\n") + fault);
+    message(&window_, QStringLiteral("The document could not be opened: ") + path + QLatin1Char('\n') +
+                          QString::fromStdString(document.fault));
     return false;
   }
   show_(std::move(*document.document), false);
@@ -174,7 +166,8 @@ bool DocumentFiles::save() { return path_.isEmpty() ? saveas() : writeto(path_);
 
 bool DocumentFiles::saveas() {
   const QString title = tr("Save as");
-  const auto chosen = savedialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}});
+  const auto chosen =
+      savedialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}, path_});
   if (!chosen) return false;
   const auto path = completename(&window_, title, *chosen, {QLatin1String(documentending)});
   return path && writeto(*path);
@@ -185,9 +178,7 @@ bool DocumentFiles::writeto(const QString& path) {
     message(&window_, QStringLiteral("The document could not be written to ") + path + QStringLiteral("\n") + reason);
     return false;
   };
-  const auto name = nativename(path);
-  if (name && log_.isat(*name)) return fail(QString::fromUtf8(holdsthelog));
-  if (const auto reason = writebytes(path, filetext(chart_.document()))) return fail(*reason);
+  if (const auto reason = writebytes(path, filetext(chart_.document()), log_)) return fail(*reason);
   chart_.marksaved();
   settle(path);
   remember(path);
@@ -223,10 +214,7 @@ void DocumentFiles::follow() {
   Q_EMIT captionchanged();
 }
 
-fs::path DocumentFiles::workfile() const {
-  const fs::path& log = log_.path();
-  return log.empty() ? log : fs::path(log).replace_extension(documentending);
-}
+fs::path DocumentFiles::workfile() const { return log_.path().empty() ? fs::path() : workfileof(log_.path()); }
 
 void DocumentFiles::keepwork() {
   if (!stale_ || log_.path().empty()) return;
@@ -241,7 +229,7 @@ void DocumentFiles::keepwork() {
 
 void DocumentFiles::collectleftwork() {
   if (log_.path().empty()) return;
-  for (const fs::path& file : leftovers(log_.path(), workfile())) {
+  for (const fs::path& file : leftovers(log_.places().folders, workfile())) {
     const fs::path kept = moistair::keepwork(file, log_.sessions(), documentending);
     if (leftwork_.empty()) leftwork_ = kept;
   }
@@ -263,7 +251,7 @@ fs::path DocumentFiles::recentfile() const { return log_.sessions().parent_path(
 
 /// Paths of the documents last opened or saved, the latest first.
 QStringList DocumentFiles::recent() const {
-  const QString list = QString::fromStdString(readwhole(pathof(recentfile())).bytes);
+  const QString list = QString::fromStdString(readfile(recentfile(), Links::followed, largestfile).bytes);
   return list.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, mostrecent);
 }
 

@@ -2,21 +2,32 @@
 /// How the windows write a file under a name that the user chose.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <optional>
 #include <string_view>
 
 #include "session/outputfile.h"
+#include "session/sessionlog.h"
 #include "toolkit/filename.h"
 
 namespace moistair {
 
-/// Writes a whole file. Returns why it was not written, nothing if it was.
-inline std::optional<QString> writebytes(const QString& path, std::string_view bytes) {
+inline constexpr const char* holdsthelog = "This file holds the saved data of this session.";
+
+/// Writes a whole file, but for that of the log. Returns why it was not written, nothing if it was.
+inline std::optional<QString> writebytes(const QString& path, std::string_view bytes, const SessionLog& log) {
   const auto name = nativename(path);
   if (!name) return QStringLiteral("Its name holds characters that cannot be shown.");
+  if (log.isat(*name)) return QString::fromUtf8(holdsthelog);
   const auto failure = writefile(*name, bytes);
   return failure ? std::optional(QString::fromStdString(failure->reason())) : std::nullopt;
+}
+
+/// The same of a picture; an empty one could not be made.
+inline std::optional<QString> writepicture(const QString& path, const QByteArray& picture, const SessionLog& log) {
+  if (picture.isEmpty()) return QStringLiteral("There is not enough memory for it.");
+  return writebytes(path, {picture.data(), static_cast<std::size_t>(picture.size())}, log);
 }
 
 }  // namespace moistair

@@ -1,6 +1,8 @@
 // Commands of the main window about the log, of this session and of earlier ones.
 #include <QDateTime>
 #include <QMenu>
+#include <algorithm>
+#include <vector>
 
 #include "document/documentfile.h"
 #include "session/earliersessions.h"
@@ -39,11 +41,22 @@ void MainWindow::viewlog() {
 /// The menu holds what is there when it opens: other copies of the program add to it.
 void MainWindow::listsessions() {
   earlier_->clear();
-  for (const EarlierSession& session : earliersessions(log_.sessions())) {
-    earlier_->addAction(timeof(session), this, [this, session] { viewsession(session); });
-  }
-  for (const EarlierSession& work : earliersessions(log_.sessions(), documentending)) {
-    earlier_->addAction(timeof(work) + tr(", unsaved chart"), this, [this, work] { files_->openkept(work.file); });
+  struct Kept {
+    EarlierSession session;
+    bool work;
+  };
+  std::vector<Kept> all;
+  for (const EarlierSession& session : earliersessions(log_.sessions())) all.push_back({session, false});
+  for (const EarlierSession& work : earliersessions(log_.sessions(), documentending)) all.push_back({work, true});
+  const auto later = [](const Kept& a, const Kept& b) { return a.session.lastsaved > b.session.lastsaved; };
+  std::stable_sort(all.begin(), all.end(), later);
+  for (const auto& [session, work] : all) {
+    const EarlierSession kept = session;
+    if (work) {
+      earlier_->addAction(timeof(kept) + tr(", unsaved chart"), this, [this, kept] { files_->openkept(kept.file); });
+    } else {
+      earlier_->addAction(timeof(kept), this, [this, kept] { viewsession(kept); });
+    }
   }
   earlier_->setEnabled(!earlier_->isEmpty());
 }

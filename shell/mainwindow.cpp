@@ -38,7 +38,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
       status_(new StatusLine),
       notes_(new StripNotes(*strip_, *status_, chart_, values_, log_)),
-      sheets_(new Sheets(*this, *graph_, chart_)),
+      sheets_(new Sheets(*this, *graph_, chart_, log_)),
       panel_(new EntriesPanel(this)),
       finders_(chartrangefinders([this] {
         lifecycle_.readlimits(strip_->limittexts());
@@ -142,7 +142,10 @@ void MainWindow::makepanel(QMenu& view) {
   toggle->setText(tr("&Points and lines"));
   toggle->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
   view.addAction(toggle);
-  connect(toggle, &QAction::toggled, this, &MainWindow::placepanel);
+  // The wish of the user alone: the action toggles with the window too, as when that is minimised.
+  connect(toggle, &QAction::triggered, this, &MainWindow::placepanel);
+  connect(panel_, &QDockWidget::visibilityChanged, this,
+          [this](bool shown) { shown ? panel_->show(chart_.document()) : lift({}); });
   connect(panel_, &EntriesPanel::selected, this, &MainWindow::lift);
   connect(panel_, &EntriesPanel::csvchosen, this, &MainWindow::writecsv);
   connect(panel_, &EntriesPanel::deletechosen, this, [this](const std::vector<std::size_t>& entries) {

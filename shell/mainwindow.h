@@ -91,7 +91,7 @@ private:
   void step(const std::function<void()>& change);
   void showdocument(Document document, bool fresh);
   void beginwork();
-  void placepanel(bool shown);
+  void placepanel();
   void lift(const std::vector<std::size_t>& entries);
   void writecsv(const std::string& table);
   void again();
@@ -136,6 +136,7 @@ private:
   QAction* againaction_ = nullptr;
   std::vector<std::size_t> lifted_;  ///< entries lifted out on the chart
   QString firstfile_;                ///< to be opened once the pressure window is left
+  bool panelplaced_ = false;
   bool loaded_ = false;
   bool begun_ = false;  ///< whether that window has been left
 };

@@ -3,9 +3,8 @@
 #include <QAction>
 #include <QDate>
 #include <QMessageBox>
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 
 #include "shell/chartexport.h"
 #include "toolkit/messages.h"
@@ -13,14 +12,8 @@
 
 namespace moistair {
 
-namespace {
-
-constexpr double exportscale = 2;  // sharp when a report enlarges it
-
-}  // namespace
-
-Sheets::Sheets(QWidget& window, QWidget& graph, const ChartCommands& chart)
-    : QObject(&window), window_(window), chart_(chart), view_(new SheetView(graph)) {
+Sheets::Sheets(QWidget& window, QWidget& graph, const ChartCommands& chart, const SessionLog& log)
+    : QObject(&window), window_(window), chart_(chart), log_(log), view_(new SheetView(graph)) {
   options_.title = "Psychrometric chart";
   options_.date = QDate::currentDate().toString(Qt::ISODate).toStdString();
   options_.program = std::string("Moistair ") + MOISTAIR_VERSION;
@@ -55,34 +48,43 @@ std::optional<QString> Sheets::exportsheet() {
   const bool accepted = dialog.exec() == QDialog::Accepted;
   options_ = dialog.options();
   if (!accepted) return std::nullopt;
-  return exportpicture(&window_, QStringLiteral("sheet"), [&](const FileFormat& format) {
+  return exportpicture(&window_, log_, QStringLiteral("sheet"), [&](const FileFormat& format) {
     return sheetcontent(format.ending, layoutsheet(content, options_, sheetextents()), options_.title, exportscale);
   });
 }
 
 QPageLayout Sheets::print(const QPageLayout& page) {
+  switch (askwhat()) {
+    case Printed::sheet: return printsheet(page);
+    case Printed::chart: return printchart(&window_, log_, chart_.document(), page);
+    case Printed::nothing: break;
+  }
+  return page;
+}
+
+Sheets::Printed Sheets::askwhat() {
   QMessageBox box(QMessageBox::Question, tr("Print"), tr("What is to be printed?"), QMessageBox::Cancel, &window_);
   const auto* chart = box.addButton(tr("The &chart"), QMessageBox::AcceptRole);
   auto* sheet = box.addButton(tr("A &sheet"), QMessageBox::AcceptRole);
   if (!view_->isHidden()) box.setDefaultButton(sheet);
   box.exec();
-  if (box.clickedButton() == sheet) return printsheet(page);
-  return box.clickedButton() == chart ? printchart(&window_, chart_.document(), page) : page;
+  if (box.clickedButton() == sheet) return Printed::sheet;
+  return box.clickedButton() == chart ? Printed::chart : Printed::nothing;
 }
 
 /// The paper decides on the page, and keeps a margin of its own.
 QPageLayout Sheets::printsheet(const QPageLayout& page) {
   constexpr double margin = 4;
-  const auto paint = [&](QPrinter& printer, QPainter& painter) {
-    const QSizeF paper = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+  const auto paint = [&](QPagedPaintDevice& device, QPainter& painter) {
+    const QSizeF paper = device.pageLayout().paintRectPixels(device.logicalDpiX()).size();
     SheetOptions options = options_;
     options.margin = margin;
-    const QSizeF size = paper * (pixelsperinch / printer.resolution());
+    const QSizeF size = paper * (pixelsperinch / device.logicalDpiX());
     options.page = {std::max(leastside, size.width()), std::max(leastside, size.height())};
     const SheetDrawing sheet = layoutsheet(contentof(chart_.document()), options, sheetextents());
-    paintpages(sheet, painter, QRectF(QPointF(0, 0), paper), [&] { return printer.newPage(); });
+    paintpages(sheet, painter, QRectF(QPointF(0, 0), paper), [&] { return device.newPage(); });
   };
-  return printpicture(&window_, page, paint);
+  return printpages(&window_, log_, page, paint);
 }
 
 }  // namespace moistair

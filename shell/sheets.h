@@ -14,13 +14,15 @@
 
 namespace moistair {
 
+class SessionLog;
+
 class Sheets final : public QObject {
   Q_OBJECT
 
 public:
   /// @param window that dialogs stand above
   /// @param graph shows the drawing
-  Sheets(QWidget& window, QWidget& graph, const ChartCommands& chart);
+  Sheets(QWidget& window, QWidget& graph, const ChartCommands& chart, const SessionLog& log);
 
   /// "As a sheet".
   void fillviewmenu(QMenu& view);
@@ -44,11 +46,15 @@ Q_SIGNALS:
   void toggled();  ///< the sheet has come on the screen or gone
 
 private:
+  enum class Printed { nothing, chart, sheet };
+
+  Printed askwhat();
   QPageLayout printsheet(const QPageLayout& page);
   void show();
 
   QWidget& window_;
   const ChartCommands& chart_;
+  const SessionLog& log_;
   SheetView* view_;
   QAction* toggle_ = nullptr;
   SheetOptions options_;  ///< as last chosen

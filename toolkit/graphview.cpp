@@ -49,7 +49,9 @@ GraphView::GraphView(QWidget* parent) : QWidget(parent) {
 
 void GraphView::onchange() {
   if (drawing().operations.size() < painted_) image_ = QImage();  // something was taken back: start afresh
-  if (image_.isNull() || drawing().operations.size() == painted_ + 1) update();
+  if (asked_ || (!image_.isNull() && drawing().operations.size() == painted_)) return;
+  asked_ = true;
+  update();
 }
 
 /// A repaint of a display takes far longer than a segment takes to compute, so most segments wait for the next one.
@@ -98,6 +100,7 @@ QImage GraphView::picture() {
 
 /// A pixel of the image is a pixel of the screen: where the two scales differ, the widget may begin between two.
 void GraphView::paintEvent(QPaintEvent* event) {
+  asked_ = false;
   const QRect changed = bringuptodate();
   if (!event->region().contains(changed)) update(changed);
   QPainter painter(this);

@@ -47,6 +47,7 @@ private:
   Drawing lifted_;
   std::size_t painted_ = 0;  ///< operations that the image shows
   bool refreshing_ = false;
+  bool asked_ = false;    ///< whether a repaint has been asked for that has not come yet
   bool inparts_ = false;  ///< the image shows a curve that was painted in parts
   QElapsedTimer sincerefresh_;
 };

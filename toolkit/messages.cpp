@@ -1,14 +1,18 @@
 #include "toolkit/messages.h"
 
+#include <QAbstractButton>
 #include <QMessageBox>
 
 namespace moistair {
 
 namespace {
 
+/// The style gives Yes and No their letters, and no other button.
 QMessageBox::StandardButton ask(QWidget* parent, const QString& title, const QString& text, QMessageBox::Icon icon,
                                 QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, title, text, buttons, parent);
+  if (QAbstractButton* save = box.button(QMessageBox::Save)) save->setText(QMessageBox::tr("&Save"));
+  if (QAbstractButton* discard = box.button(QMessageBox::Discard)) discard->setText(QMessageBox::tr("&Discard"));
   box.setTextFormat(Qt::PlainText);  // a file name may hold what looks like markup
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -13,6 +13,7 @@ namespace moistair {
 struct SaveRequest {
   QString title;
   QStringList filters;  ///< in the form of QFileDialog; the first is in force
+  QString path = {};    ///< to begin with; that of the last use if there is none
 };
 
 /// The system's save dialog, one for all uses: it opens with the name of its last use. It asks before overwriting,

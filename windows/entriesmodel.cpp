@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "paint/replay.h"
+
 namespace moistair {
 
 namespace {
@@ -27,7 +29,8 @@ int EntriesModel::columnCount(const QModelIndex& parent) const {
 
 QVariant EntriesModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole || role == Qt::EditRole) {
-    return QString::fromStdString(celltext(rowof(index), static_cast<std::size_t>(index.column())));
+    const QString text = QString::fromStdString(celltext(rowof(index), static_cast<std::size_t>(index.column())));
+    return role == Qt::EditRole ? text : printable(text);
   }
   if (role == Qt::TextAlignmentRole && index.column() >= firstnumber) return int{Qt::AlignRight | Qt::AlignVCenter};
   return {};

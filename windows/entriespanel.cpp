@@ -25,6 +25,7 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
   table_->setTabKeyNavigation(false);
   table_->setWordWrap(false);
   table_->verticalHeader()->hide();
+  table_->horizontalHeader()->setHighlightSections(false);  // bold heads would not fit
   table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + rowspacing);
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   auto* panel = new QWidget;
@@ -56,6 +57,12 @@ void EntriesPanel::show(const Document& document) {
   model_.setrows(tablerows(document));
   table_->resizeColumnsToContents();
   Q_EMIT selected({});
+}
+
+int EntriesPanel::fullwidth() const {
+  const int beside =
+      style()->pixelMetric(QStyle::PM_LayoutLeftMargin) + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  return table_->horizontalHeader()->length() + 2 * beside;
 }
 
 /// The rows selected, or all of them if none is.

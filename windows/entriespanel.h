@@ -21,6 +21,9 @@ public:
   void show(const Document& document);
   using QDockWidget::show;
 
+  /// Width in which all columns can be seen [logical pixels].
+  int fullwidth() const;
+
 Q_SIGNALS:
   void renamed(std::size_t entry, const QString& identification);
   void deletechosen(const std::vector<std::size_t>& entries);

@@ -17,7 +17,7 @@ TEST(Table, HoldsAllThatStands) {
       "Kind,Identification,Atmos. pr (in Hg),Dry bulb temp (Deg F),Wet bulb temp (Deg F),Relative humidity (%),"
       "Specific enthalpy (btu/lb),Specific volume (cuf/lb),Humidity ratio (lb/lb of air),Dew point (Deg F),"
       "Vapor pressure (In Hg)\n"
-      "Blank chart,\"0 to 120, 0 to 0.03\",29.92126,,,,,,,,\n"
+      "Blank chart,\"0 to 120, 0 to 0.030\",29.92126,,,,,,,,\n"
       "Relative humidity line,,29.92126,,,40.5000000,,,,,\n"
       "Point,\"A, "
       "\"\"b\"\"\",29.92126,75.0000000,62.5000000,50.3032182,28.1695563,13.6751968,0.0092932,55.2457239,0.4404820\n"
@@ -28,7 +28,7 @@ TEST(Table, HoldsAllThatStands) {
   EXPECT_EQ(tabletext(rows, ','), expected);
   EXPECT_EQ(rows.back().entry, 4U);
   EXPECT_TRUE(rows[2].renamable);
-  EXPECT_NE(tabletext(rows, '\t').find("\t0 to 120, 0 to 0.03\t29.92126\t"), std::string::npos);
+  EXPECT_NE(tabletext(rows, '\t').find("\t0 to 120, 0 to 0.030\t29.92126\t"), std::string::npos);
   desk.commands.clearchart();
   EXPECT_TRUE(tablerows(desk.document()).empty());
 }

@@ -10,7 +10,7 @@ import signal
 import struct
 import subprocess
 
-from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, otherscreen, screenshot, wait
+from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, otherscreen, screenshot, wait, xdotool
 from pointing import byhand, readings
 from session import (BLACK, BLUE, BOXTITLE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE,
                      RED, REPORT, SECONDVALUE, WHITE, logtext)
@@ -381,15 +381,24 @@ def document(session):
     table = "Points and lines"
     key("ctrl+l")
     wait(lambda: table in session.titles(), "the table over the chart")
+    xdotool("search", "--name", MAIN, "windowminimize")
+    wait(lambda: not main.active(), "the main window to be minimised")
+    subprocess.run(["wmctrl", "-F", "-a", MAIN], check=True)
+    session.main()
+    wait(lambda: table in session.titles(), "the table to come back")
     key("ctrl+l")
     wait(lambda: table not in session.titles(), "the table to go")
+    main.click("Clear chart")
+    wait(lambda: set(session.colours()) == {WHITE}, "the chart to be cleared")
+    key("ctrl+z")
+    session.waitspot(75, 0.0092932, RED)
     key("ctrl+z", "ctrl+z", "ctrl+z")
     wait(lambda: session.colours()[GREEN] + session.colours()[RED] == 0, "point, line and chart to be taken back")
     key("ctrl+shift+z", "ctrl+shift+z", "ctrl+shift+z")
     session.waitspot(75, 0.0092932, RED)
     session.expecttexts("A", "Rh= 35")
 
-    unsaved = session.log.replace("temp.txt", "temp.moistair")
+    unsaved = session.log.replace("temp.txt", ".temp-unsaved.moistair")
     wait(lambda: os.path.exists(unsaved), "the unsaved work to be kept")
     session.process.kill()
     session.waitended()

@@ -156,16 +156,16 @@ TEST(UnsavedWork, IsOfferedAfterAKill) {
   for (const bool wanted : {true, false}) {
     Program killed(Program::OnChart);
     killed.addlineandpoint();
-    EXPECT_FALSE(QFile::exists(killed.path("temp.moistair")));
+    EXPECT_FALSE(QFile::exists(killed.path(".temp-unsaved.moistair")));
     keepnow(killed.window);
     QTemporaryDir folder;
-    ASSERT_TRUE(QFile::copy(killed.path("temp.moistair"), folder.filePath(QStringLiteral("temp.moistair"))));
+    ASSERT_TRUE(QFile::copy(killed.path(".temp-unsaved.moistair"), folder.filePath(QStringLiteral(".temp-unsaved.moistair"))));
     const std::string path = folder.path().toStdString();
     MainWindow window(LogPlaces{{path}, path + "/sessions"});
     ASSERT_TRUE(window.start());
     window.showNormal();
     window.resize(1024, 748);
-    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("temp.moistair"))));
+    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral(".temp-unsaved.moistair"))));
     const BoxAnswers answers(wanted ? QMessageBox::Yes : QMessageBox::No);
     QTest::qWait(30);
     EXPECT_EQ(answers.count(), 0u) << "the pressure window comes first";
@@ -185,12 +185,12 @@ TEST(UnsavedWork, IsKeptAtTheEndAndNoLongerOnceItIsSaved) {
   Program program(Program::OnChart);
   const auto drawn = program.operations();
   keepnow(program.window);
-  EXPECT_TRUE(QFile::exists(program.path("temp.moistair")));
+  EXPECT_TRUE(QFile::exists(program.path(".temp-unsaved.moistair")));
   {
     const SaveAnswer save(program.path("saved"));
     action(program.window, "Sa&ve").trigger();
   }
-  EXPECT_FALSE(QFile::exists(program.path("temp.moistair")));
+  EXPECT_FALSE(QFile::exists(program.path(".temp-unsaved.moistair")));
   program.window.close();
   EXPECT_TRUE(kept(program).isEmpty());
 
@@ -200,7 +200,7 @@ TEST(UnsavedWork, IsKeptAtTheEndAndNoLongerOnceItIsSaved) {
   EXPECT_TRUE(unsaved.ended);
   EXPECT_EQ(answers.count(), 0u) << "leaving asks nothing";
   ASSERT_EQ(kept(unsaved).size(), 1);
-  EXPECT_FALSE(QFile::exists(unsaved.path("temp.moistair")));
+  EXPECT_FALSE(QFile::exists(unsaved.path(".temp-unsaved.moistair")));
   QAction& earlier = action(unsaved.window, "Earlier");
   action(unsaved.window, "&Undo").trigger();
   Q_EMIT unsaved.window.menuBar()->actions().first()->menu()->aboutToShow();

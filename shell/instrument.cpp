@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <algorithm>
 #include <cmath>
@@ -54,13 +53,14 @@ bool Instrument::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick: return onmouse(*static_cast<QMouseEvent*>(event));
-    case QEvent::KeyPress: return onkey(*static_cast<QKeyEvent*>(event));
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease: return onkey(*static_cast<QKeyEvent*>(event));
     case QEvent::Leave:
-      if (!bykeys_ && !dragging_) hide();
+      if (QApplication::activePopupWidget() == nullptr) onleave();  // a menu is for the place where it was opened
       break;
     case QEvent::Resize: layer_->resize(widget_.size()); break;
     case QEvent::ChildPolished: layer_->raise(); break;  // whatever else shows the chart
-    case QEvent::ContextMenu: openmenu(static_cast<QContextMenuEvent*>(event)->globalPos()); return true;
+    case QEvent::ContextMenu: openmenu(*static_cast<QContextMenuEvent*>(event)); return true;
     default: break;
   }
   return QObject::eventFilter(watched, event);
@@ -76,13 +76,24 @@ bool Instrument::onmouse(const QMouseEvent& event) {
     case QEvent::MouseButtonDblClick:
       if (event.button() == Qt::LeftButton && spot_) locate(*spot_);
       break;
-    default: {
-      const bool far = pressed_ && (pointer_ - *pressed_).manhattanLength() >= QApplication::startDragDistance();
-      if (far && grabbed_) dragging_ = true;
-      dragging_ ? drag(pointer_, event.modifiers()) : point(pointer_, event.modifiers());
-    }
+    default:
+      if (ispulled() && grabbed_) dragging_ = true;
+      onmove(event.modifiers());
   }
   return false;
+}
+
+/// Whether the pointer has gone too far with the button down for a click.
+bool Instrument::ispulled() const {
+  return pressed_ && (pointer_ - *pressed_).manhattanLength() >= QApplication::startDragDistance();
+}
+
+void Instrument::onmove(Qt::KeyboardModifiers modifiers) {
+  dragging_ ? drag(pointer_, modifiers) : point(pointer_, modifiers);
+}
+
+void Instrument::onleave() {
+  if (!bykeys_ && !dragging_) hide();
 }
 
 void Instrument::press(const QMouseEvent& event) {
@@ -93,7 +104,8 @@ void Instrument::press(const QMouseEvent& event) {
 }
 
 void Instrument::release() {
-  const bool clicked = std::exchange(pressed_, std::nullopt).has_value() && !dragging_;
+  const bool clicked = pressed_ && !ispulled();
+  pressed_.reset();
   if (dragging_) {
     drop();
   } else if (clicked && spot_) {
@@ -187,6 +199,11 @@ bool Instrument::movable(std::size_t mark) const { return ispoint(entryof(mark))
 bool Instrument::onkey(const QKeyEvent& event) {
   const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
   const auto key = static_cast<Qt::Key>(event.key());
+  if (key == Qt::Key_Control || key == Qt::Key_Shift || key == Qt::Key_Alt) {
+    if (spot_ && !bykeys_) onmove(event.modifiers());
+    return false;
+  }
+  if (event.type() == QEvent::KeyRelease) return false;
   if (!dragging_ && !event.isAutoRepeat() && runcommand(modifiers | key)) return true;
   if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier) return false;
   if (key == Qt::Key_Escape) {

@@ -7,6 +7,7 @@
 /// widget is where the plot of given limits lies on it, so a chart that is laid out otherwise can be read the same way.
 #pragma once
 
+#include <QContextMenuEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QObject>
@@ -65,6 +66,9 @@ private:
 
   bool onmouse(const QMouseEvent& event);
   bool onkey(const QKeyEvent& event);
+  void onmove(Qt::KeyboardModifiers modifiers);
+  void onleave();
+  bool ispulled() const;
   void press(const QMouseEvent& event);
   void release();
   void point(QPointF place, Qt::KeyboardModifiers modifiers);
@@ -88,7 +92,8 @@ private:
   void erase(const Spot& spot);
   void rename(const Spot& spot);
   void copy(const Spot& spot);
-  void openmenu(QPoint global);
+  void openmenu(const QContextMenuEvent& event);
+  void staywith(QMenu& menu);
   void fillmenu(QMenu& menu, const Spot& spot);
 
   QWidget& widget_;

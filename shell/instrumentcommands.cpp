@@ -77,6 +77,7 @@ void Instrument::fillmenu(QMenu& menu) {
                                      [this, &command] { runcommand(command.keys[0]); });
     entries.emplace_back(action, &command);
   }
+  staywith(menu);
   connect(&menu, &QMenu::aboutToShow, this, [this, entries] {
     for (const auto& [action, command] : entries) action->setEnabled(spot_ && command->possible(*spot_));
   });
@@ -150,13 +151,25 @@ void Instrument::copy(const Spot& spot) {
 }
 
 /// What can be done at the place that the pointer is at. The menu stays with it wherever the pointer goes then.
-void Instrument::openmenu(QPoint global) {
+void Instrument::openmenu(const QContextMenuEvent& event) {
   if (!spot_ || dragging_) return;
   auto* menu = new QMenu(&widget_);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   fillmenu(*menu, *spot_);
   if (menu->isEmpty()) return menu->deleteLater();
-  menu->popup(global);
+  staywith(*menu);
+  const PlotBox box = ground_.plot(standing_->limits);
+  const Place& place = spot_->reading.place;
+  const QPoint cross = widget_.mapToGlobal(QPointF(box.x(place.db), box.y(place.w)).toPoint());
+  menu->popup(event.reason() == QContextMenuEvent::Keyboard ? cross : event.globalPos());
+}
+
+/// The cross hair stays while a menu is open, and goes with it if the pointer has gone.
+void Instrument::staywith(QMenu& menu) {
+  const auto ask = [this] {
+    if (!widget_.underMouse()) onleave();
+  };
+  connect(&menu, &QMenu::aboutToHide, this, [this, ask] { QTimer::singleShot(0, this, ask); });
 }
 
 void Instrument::fillmenu(QMenu& menu, const Spot& spot) {

@@ -129,7 +129,7 @@ void MainWindow::makemenus() {
   QMenu* view = menuBar()->addMenu(tr("&View"));
   makepanel(*view);
   sheets_->fillviewmenu(*view);
-  QMenu* chart = menuBar()->addMenu(tr("&Chart"));
+  QMenu* chart = menuBar()->addMenu(tr("Cha&rt"));
   fillchartmenu(*chart, *strip_);
   instrument_->fillmenu(*chart);
   add(*menuBar()->addMenu(tr("&Help")), tr("&Help"), Qt::Key_F1, &MainWindow::showhelp);

@@ -13,19 +13,19 @@ namespace moistair {
 namespace {
 
 /// All controls but the live row, each in its cell of one of four grids: commands and lines, limits, and the bottom
-/// row. The letter that presses a button together with Alt is none that opens a menu.
+/// row. The letter that presses a button together with Alt is none of the menus and the table.
 constexpr std::array<Control, 38> table = {{
-    {"Command3", "&Draw\nchart", "Draw chart", {0, 0, 2, 1}, 6},
+    {"Command3", "Dr&aw\nchart", "Draw chart", {0, 0, 2, 1}, 6},
     {"Command4", "&Set/reset\natmos\npressure", "Set/reset atmos. pressure", {0, 1, 2, 1}, 7},
     {"Command14", "&Locate\npoint", "Locate point with two input parameters", {0, 2, 2, 1}, 5},
     {"Combo1", "", "", {0, 3, 1, 1}, 14},
     {"Combo2", "", "", {1, 3, 1, 1}, 15},
     {"Text4", "", "", {0, 4, 1, 1}, 16},
     {"Text5", "", "", {1, 4, 1, 1}, 17},
-    {"Command5", "&Rel.\nHumidity\nline", "Draw relative humidity line", {0, 5, 2, 1}, 8},
+    {"Command5", "Rel.\nH&umidity\nline", "Draw relative humidity line", {0, 5, 2, 1}, 8},
     {"Label1", "Rel Hum,\n%", "", {0, 6, 1, 1}, 28},
     {"Text1", "", "", {1, 6, 1, 1}, 9},
-    {"Command6", "Const\n&WB line", "Draw wet bulb line", {0, 7, 2, 1}, 10},
+    {"Command6", "Const\nW&B line", "Draw wet bulb line", {0, 7, 2, 1}, 10},
     {"Label2", "WBT,\nDeg F", "", {0, 8, 1, 1}, 29},
     {"Text2", "", "", {1, 8, 1, 1}, 11},
     {"Command7", "Const\nE&nthal\nline", "Draw enthalpy line", {0, 9, 2, 1}, 12},
@@ -46,7 +46,7 @@ constexpr std::array<Control, 38> table = {{
     {"Text7", "", "Enter point identification", {0, 1, 1, 1}, 21},
     {"Command8", "E&xit", "Exit the program", {0, 2, 1, 1}, 69},
     {"Command1", "V&iew saved data", "View saved data of this session", {0, 3, 1, 1}, 67},
-    {"Command2", "S&ave data in file", "Save the already saved data in a file", {0, 4, 1, 1}, 68},
+    {"Command2", "Save data in file", "Save the already saved data in a file", {0, 4, 1, 1}, 68},
     {"Command12", "Clear char&t", "Clear chart", {0, 5, 1, 1}, 22},
     {"Command11", "Save chart", "Save present chart in a file", {0, 6, 1, 1}, 20},
     {"Command13", "&Mixing problem", "Start MIxing problem", {0, 7, 1, 1}, 23},

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QtMath>
+#include <cmath>
 #include <utility>
 
 #include "paint/replay.h"
@@ -35,6 +36,17 @@ void painthalo(QPainter& painter, const Drawing& drawing) {
   for (const Operation& operation : drawing.operations) std::visit(Course{path}, operation);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.strokePath(path, liftingpen());
+}
+
+/// The image goes in part by part: through a clip of many rectangles it would take several times as long. Where the two
+/// scales differ by a fraction, parts may end within a pixel, and overlap.
+void paintparts(QPainter& painter, const QRegion& region, const QImage& image, double ratio) {
+  const int overlap = ratio == std::floor(ratio) ? 0 : 1;
+  const QTransform frompainter = painter.worldTransform().inverted();
+  for (const QRect& part : region) {
+    painter.setClipRect(frompainter.mapRect(QRectF(part.adjusted(-overlap, -overlap, overlap, overlap))));
+    painter.drawImage(0, 0, image);
+  }
 }
 
 }  // namespace
@@ -112,7 +124,7 @@ void GraphView::paintEvent(QPaintEvent* event) {
   painter.save();
   painter.translate(todevice.inverted().map(QPointF(corner.toPoint())));
   painter.scale(1 / devicePixelRatio(), 1 / devicePixelRatio());
-  painter.drawImage(0, 0, image_);
+  paintparts(painter, event->region(), image_, devicePixelRatio());
   painter.restore();
   if (!lifted_.operations.empty()) painthalo(painter, lifted_);
 }

@@ -51,7 +51,7 @@ QVector<QLineF> dashesof(const QPolygonF& curve, const CurveStyle& style, const 
 
 /// The rectangles that a curve runs through, a few along its way.
 QRegion regionof(const QVector<QLineF>& dashes) {
-  constexpr qsizetype parts = 10;
+  constexpr qsizetype parts = 6;
   QRegion region;
   const qsizetype step = dashes.size() / parts + 1;
   for (qsizetype first = 0; first < dashes.size(); first += step) {
@@ -202,8 +202,12 @@ void ReadingLayer::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing, false);
   if (plot_.contains(spot_)) {
     const QColor color = QColor::fromRgba(crosscolor);
-    painter.fillRect(QRect(plot_.left(), spot_.y(), plot_.width(), 1), color);
-    painter.fillRect(QRect(spot_.x(), plot_.top(), 1, plot_.height()), color);
+    const QRect level(plot_.left(), spot_.y(), plot_.width(), 1);
+    const QRect upright(spot_.x(), plot_.top(), 1, plot_.height());
+    for (const QRect& line : {level, upright}) {
+      painter.setClipRect(line);
+      painter.fillRect(line, color);
+    }
   }
   for (const Tag& tag : tags_) {
     painter.setClipRect(tag.place);

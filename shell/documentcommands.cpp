@@ -77,9 +77,11 @@ void MainWindow::showdocument(Document document, bool fresh) {
 }
 
 /// At first the table stands beside the chart where the window is wide enough for both, and else over the part of the
-/// chart where no air is; from then on where the user has put it.
+/// chart where no air is; from then on where the user has put it. It has its place before it shows: docked first, it
+/// would widen the window.
 void MainWindow::placepanel() {
   if (std::exchange(panelplaced_, true)) return;
+  panel_->show(chart_.document());
   constexpr QSize overchart(480, 260);
   const bool room = width() >= centralWidget()->minimumWidth() + overchart.width();
   panel_->setFloating(!room);

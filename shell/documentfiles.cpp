@@ -166,10 +166,14 @@ bool DocumentFiles::save() { return path_.isEmpty() ? saveas() : writeto(path_);
 
 bool DocumentFiles::saveas() {
   const QString title = tr("Save as");
+  // Without its ending, which is added again: a file that is there would be selected in the dialog's list, and come
+  // back into the box when the folder has been read, over what was typed meanwhile.
+  const QLatin1String ending(documentending);
+  const QString begin = path_.endsWith(ending) ? path_.chopped(ending.size()) : path_;
   const auto chosen =
-      savedialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}, path_});
+      savedialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}, begin});
   if (!chosen) return false;
-  const auto path = completename(&window_, title, *chosen, {QLatin1String(documentending)});
+  const auto path = completename(&window_, title, *chosen, {ending});
   return path && writeto(*path);
 }
 

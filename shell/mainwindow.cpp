@@ -142,8 +142,7 @@ void MainWindow::makepanel(QMenu& view) {
   toggle->setText(tr("&Points and lines"));
   toggle->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
   view.addAction(toggle);
-  // The wish of the user alone: the action toggles with the window too, as when that is minimised.
-  connect(toggle, &QAction::triggered, this, &MainWindow::placepanel);
+  connect(toggle, &QAction::toggled, this, &MainWindow::placepanel);
   connect(panel_, &QDockWidget::visibilityChanged, this,
           [this](bool shown) { shown ? panel_->show(chart_.document()) : lift({}); });
   connect(panel_, &EntriesPanel::selected, this, &MainWindow::lift);

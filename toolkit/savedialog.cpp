@@ -49,9 +49,7 @@ std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& reque
   const QFileInfo first(request.path.isEmpty() ? path_ : request.path);
   if (!first.filePath().isEmpty()) {
     dialog.setDirectory(first.absolutePath());
-    // Selected in its list, a file would come back into the box once the folder is read, over what is typed meanwhile.
-    auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    name != nullptr ? name->setText(first.fileName()) : dialog.selectFile(first.fileName());
+    dialog.selectFile(first.fileName());
   }
   do {
     if (dialog.exec() != QDialog::Accepted || dialog.path().isEmpty()) return std::nullopt;

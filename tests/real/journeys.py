@@ -382,7 +382,7 @@ def document(session):
     key("ctrl+l")
     wait(lambda: table in session.titles(), "the table over the chart")
     xdotool("search", "--name", MAIN, "windowminimize")
-    wait(lambda: not main.active(), "the main window to be minimised")
+    wait(lambda: MAIN not in session.titles(), "the main window to be minimised")
     subprocess.run(["wmctrl", "-F", "-a", MAIN], check=True)
     session.main()
     wait(lambda: table in session.titles(), "the table to come back")

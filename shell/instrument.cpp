@@ -206,13 +206,12 @@ bool Instrument::onkey(const QKeyEvent& event) {
   if (event.type() == QEvent::KeyRelease) return false;
   if (!dragging_ && !event.isAutoRepeat() && runcommand(modifiers | key)) return true;
   if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier) return false;
-  if (key == Qt::Key_Escape) {
-    const bool shown = spot_.has_value();
+  if (key == Qt::Key_Escape && dragging_) {
     dragging_ = false;
     pressed_.reset();
     grabbed_.reset();
     hide();
-    return shown;
+    return true;
   }
   if (dragging_) return false;
   return step(key, modifiers == Qt::ShiftModifier);

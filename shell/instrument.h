@@ -89,6 +89,7 @@ private:
   void drop();
   void draw(LineKind kind, const Spot& spot);
   void pin(const Spot& spot);
+  void dismiss(const Spot& spot);
   void erase(const Spot& spot);
   void rename(const Spot& spot);
   void copy(const Spot& spot);

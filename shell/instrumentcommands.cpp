@@ -46,6 +46,7 @@ struct Instrument::Command {
 
 const std::vector<Instrument::Command>& Instrument::commands() {
   const auto isair = [](const Spot& spot) { return spot.reading.state.has_value(); };
+  const auto isthere = [](const Spot&) { return true; };
   const auto ismark = [](const Spot& spot) { return spot.mark.has_value(); };
   static const std::vector<Command> table = {
       {QT_TR_NOOP("Locate point at the cross &hair..."),
@@ -56,6 +57,7 @@ const std::vector<Instrument::Command>& Instrument::commands() {
       {QT_TR_NOOP("&Pin read-out"), "P", {Qt::Key_P, Qt::Key_P}, isair, &Instrument::pin},
       {QT_TR_NOOP("Cop&y state"), "Ctrl+C", {Qt::CTRL | Qt::Key_C, Qt::Key_Copy}, isair, &Instrument::copy},
       {QT_TR_NOOP("Delete mar&k"), "Del", {Qt::Key_Delete, Qt::Key_Delete}, ismark, &Instrument::erase},
+      {QT_TR_NOOP("H&ide cross hair"), "Esc", {Qt::Key_Escape, Qt::Key_Cancel}, isthere, &Instrument::dismiss},
   };
   return table;
 }
@@ -123,6 +125,8 @@ void Instrument::pin(const Spot& spot) {
     chart_.add({*standing_, *pinned}, ground_.window());
   }
 }
+
+void Instrument::dismiss(const Spot&) { hide(); }
 
 void Instrument::erase(const Spot& spot) {
   if (spot.mark) chart_.change(deletion(chart_.document(), {marks_[*spot.mark].entry}), ground_.window());

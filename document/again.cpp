@@ -45,7 +45,7 @@ struct Reworker {
   const char* operator()(PinnedReading& pinned) const {
     const auto again = readingtokeep(setting, {pinned.state.db, pinned.state.w});
     if (!again) return pointoutoflimits;
-    pinned = *again;
+    pinned.state = again->state;
     return nullptr;
   }
 

@@ -8,7 +8,6 @@
 #include "mixing/mixingline.h"
 #include "session/pointmark.h"
 #include "session/reading.h"
-#include "session/readingmark.h"
 
 namespace moistair {
 
@@ -50,7 +49,7 @@ struct EntryDrawer {
   }
 
   const char* operator()(const PinnedReading& pinned) const {
-    return pinreading(canvas, pinned.state, area()) ? nullptr : pointoutoflimits;
+    return pinreading(canvas, pinned.state, pinned.corner, area()) ? nullptr : pointoutoflimits;
   }
 };
 

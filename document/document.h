@@ -22,6 +22,7 @@
 #include "mixing/mixingproblem.h"
 #include "session/chartlifecycle.h"
 #include "session/pressureunits.h"
+#include "session/readingmark.h"
 
 namespace moistair {
 
@@ -79,6 +80,7 @@ struct MixingLine {
 /// A reading kept on the chart, as a report would show it.
 struct PinnedReading {
   StatePoint state;
+  Corner corner = Corner::upperleft;  ///< where its label stands
 
   bool operator==(const PinnedReading&) const = default;
 };

@@ -29,6 +29,11 @@ constexpr std::array<Name<LineKind>, 4> linenames = {{{LineKind::relativehumidit
                                                       {LineKind::enthalpy, "h"},
                                                       {LineKind::specificvolume, "v"}}};
 
+constexpr std::array<Name<Corner>, 4> cornernames = {{{Corner::upperleft, "upper left"},
+                                                      {Corner::upperright, "upper right"},
+                                                      {Corner::lowerleft, "lower left"},
+                                                      {Corner::lowerright, "lower right"}}};
+
 /// All of a state, in the order of the kinds with the vapour pressure behind them.
 constexpr std::array<Name<double StatePoint::*>, 8> statenames = {{{&StatePoint::db, "db"},
                                                                    {&StatePoint::wb, "wb"},
@@ -136,6 +141,7 @@ struct ContentWriter {
   void operator()(const PinnedReading& pinned) const {
     json["kind"] = "readout";
     json["state"] = jsonof(pinned.state);
+    json["label"] = nameof(cornernames, pinned.corner);
   }
 
   void operator()(const MixingLine& line) const {
@@ -242,8 +248,8 @@ MarkedPoint pointof(const JsonNode& node) {
 }
 
 PinnedReading readoutof(const JsonNode& node) {
-  node.onlykeys({"kind", "state", "limits", "pressure"});
-  return {stateof(node.at("state"))};
+  node.onlykeys({"kind", "state", "label", "limits", "pressure"});
+  return {stateof(node.at("state")), named(node.at("label"), cornernames)};
 }
 
 /// The read-outs of a column; each is a number or blank, but for the pressure, which is as entered.

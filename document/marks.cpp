@@ -1,9 +1,11 @@
 #include "document/marks.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "chart/chartfinders.h"
 #include "engine/resolver.h"
+#include "session/pointmark.h"
 #include "session/pointreport.h"
 
 namespace moistair {
@@ -57,6 +59,27 @@ std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& pl
   const Reading reading = readingat(chart.limits, chart.pressure.atm, place);
   if (!reading.state) return std::nullopt;
   return PinnedReading{shownstate(*reading.state)};
+}
+
+Corner freecorner(const Document& document, const PinnedReading& pinned, WindowSize window) {
+  const auto chart = standingchart(document);
+  if (!chart) return corners.front();
+  const PlotArea area = plotarea(chart->limits, window);
+  constexpr double markroom = 2 * pointmarkradius;
+  std::vector<LabelBox> taken;
+  for (const Mark& mark : marksof(document)) {
+    const double x = area.plotx(mark.place.db);
+    const double y = area.ploty(mark.place.w);
+    taken.push_back({x - markroom, y - markroom, x + markroom, y + markroom});
+    const auto* other = std::get_if<PinnedReading>(&document.entries[mark.entry].content);
+    if (other != nullptr) taken.push_back(labelbox(other->state, other->corner, area));
+  }
+  const auto isfree = [&](Corner corner) {
+    const LabelBox label = labelbox(pinned.state, corner, area);
+    return std::none_of(taken.begin(), taken.end(), [&](const LabelBox& box) { return box.overlaps(label); });
+  };
+  const auto* found = std::find_if(corners.begin(), corners.end(), isfree);
+  return found == corners.end() ? corners.front() : *found;
 }
 
 bool ispoint(const Entry& entry) { return std::holds_alternative<MarkedPoint>(entry.content); }

@@ -25,6 +25,10 @@ std::vector<Mark> marksof(const Document& document);
 /// The reading at a place of a chart, to be kept on it; none where there is no air.
 std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& place);
 
+/// The corner of a place where a label covers no mark of the document and no label of another reading; the first if
+/// there is none.
+Corner freecorner(const Document& document, const PinnedReading& pinned, WindowSize window);
+
 /// Whether an entry is a point, which can be put elsewhere.
 bool ispoint(const Entry& entry);
 

@@ -2,15 +2,34 @@
 /// A reading kept on the chart: a cross where it was taken, and a small label with the state.
 #pragma once
 
+#include <array>
+
 #include "chart/chartframe.h"
 #include "engine/state.h"
 
 namespace moistair {
 
-/// Draws cross and label, which stands above to the left of the cross unless the plot ends there, on a white ground
-/// of its own so that the lines of the chart do not run through its texts. Outside the limits it draws nothing and
-/// returns false.
+/// Where a label stands from its cross.
+enum class Corner { upperleft, upperright, lowerleft, lowerright };
+
+inline constexpr std::array<Corner, 4> corners = {Corner::upperleft, Corner::upperright, Corner::lowerleft,
+                                                  Corner::lowerright};
+
+/// What a label covers [twips].
+struct LabelBox {
+  double left, top, right, bottom;
+
+  bool overlaps(const LabelBox& other) const {
+    return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+  }
+};
+
+/// The label of a state, on the other side of its cross where the plot ends.
+LabelBox labelbox(const StatePoint& shown, Corner corner, const PlotArea& area);
+
+/// Draws cross and label, on a white ground of its own so that the lines of the chart do not run through its texts.
+/// Outside the limits it draws nothing and returns false.
 /// @param shown the state as a report shows it, `readreport`
-bool pinreading(ChartCanvas& canvas, const StatePoint& shown, const PlotArea& area);
+bool pinreading(ChartCanvas& canvas, const StatePoint& shown, Corner corner, const PlotArea& area);
 
 }  // namespace moistair

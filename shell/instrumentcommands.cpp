@@ -121,7 +121,8 @@ void Instrument::draw(LineKind kind, const Spot& spot) {
 
 /// Kept on the chart, to be compared and printed.
 void Instrument::pin(const Spot& spot) {
-  if (const auto pinned = readingtokeep(*standing_, spot.reading.place)) {
+  if (auto pinned = readingtokeep(*standing_, spot.reading.place)) {
+    pinned->corner = freecorner(chart_.document(), *pinned, ground_.window());
     chart_.add({*standing_, *pinned}, ground_.window());
   }
 }

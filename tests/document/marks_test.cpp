@@ -28,6 +28,21 @@ TEST(Marks, AreReadOnTheChartThatStandsAtItsOwnPressure) {
   EXPECT_FALSE(standingchart(desk.document()));
 }
 
+TEST(Marks, LabelsOfReadingsKeepOffEachOther) {
+  Desk desk;
+  desk.draw();
+  const PlotArea area = plotarea(fulllimits, window);
+  std::vector<LabelBox> labels;
+  for (const Place& place : {Place{85, 0.011}, Place{86, 0.0112}, Place{84, 0.0108}, Place{85.5, 0.0105}}) {
+    auto pinned = *readingtokeep(*standingchart(desk.document()), place);
+    pinned.corner = freecorner(desk.document(), pinned, window);
+    const LabelBox label = labelbox(pinned.state, pinned.corner, area);
+    for (const LabelBox& other : labels) EXPECT_FALSE(label.overlaps(other)) << place.db;
+    labels.push_back(label);
+    EXPECT_EQ(desk.commands.add({*standingchart(desk.document()), pinned}, window), nullptr);
+  }
+}
+
 TEST(Marks, AMovedPointStaysWhatItWasGivenBy) {
   using enum PropertyKind;
   const struct {

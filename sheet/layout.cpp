@@ -83,7 +83,8 @@ bool clearof(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap)
 bool protractorincorner(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint place) {
   const double em = work.em();
   for (double width = mostprotractor * em; width >= leastprotractor * em; width -= em) {
-    if (!clearof(rule, place + SheetPoint{width, protractorheight(width, em)}, cornergap * em)) continue;
+    const SheetPoint end = place + SheetPoint{width, protractorheight(width, em)};
+    if (end.y > work.plot.bottom || !clearof(rule, end, cornergap * em)) continue;
     drawprotractor(work, place, width);
     return true;
   }

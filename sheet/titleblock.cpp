@@ -60,12 +60,16 @@ double headingwidth(const SheetWork& work) {
 
 void drawheading(SheetWork& work, SheetPoint corner) {
   const double em = work.em();
+  const double room = work.options.page.width - 2 * corner.x;
   SheetPoint at = corner + SheetPoint{0, 0.8 * headingsize * em};
-  fixedtext(work, {at, headingtext, work.theme.bold(headingsize * em), Anchor::start, 0});
+  const auto line = [&](const std::string& text, const TextStyle& style) {
+    fixedtext(work, {at, fitted(work.canvas, text, style, room), style, Anchor::start, 0});
+  };
+  line(headingtext, work.theme.bold(headingsize * em));
   at.y += 0.2 * em;
-  for (const std::string& line : headinglines(work.content)) {
+  for (const std::string& words : headinglines(work.content)) {
     at.y += 1.45 * em;
-    fixedtext(work, {at, line, work.theme.text(em), Anchor::start, 0});
+    line(words, work.theme.text(em));
   }
 }
 

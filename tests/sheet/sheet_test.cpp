@@ -52,6 +52,9 @@ const Sheet sheets[] = {
     {"from 0.010 up", {"0", "120", "0.010", "0.030"}, low, wide},
     {"small", {"0", "120", "0", "0.030"}, mountain, small},
     {"screen", {"0", "120", "0", "0.030"}, sea, wide},
+    {"a strip", {"0", "90", "0.020", "0.030"}, lowest, {3000, 300}},
+    {"a slip", {"10", "70", "0", "0.030"}, highest, {300, 1000}},
+    {"smallest", {"30", "70", "0.020", "0.030"}, mountain, {leastside, leastside}},
     {"no air at all", {"0", "20", "0.020", "0.030"}, sea, letter},
 };
 

@@ -83,9 +83,10 @@ bool clearof(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap)
 bool protractorincorner(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint place) {
   const double em = work.em();
   for (double width = mostprotractor * em; width >= leastprotractor * em; width -= em) {
-    const SheetPoint end = place + SheetPoint{width, protractorheight(width, em)};
+    const double aside = std::max(0.0, (leastprotractor + 2 * wordsbeside) * em - width) / 2;
+    const SheetPoint end = place + SheetPoint{width + 2 * aside, protractorheight(width, em)};
     if (end.y > work.plot.bottom || !clearof(rule, end, cornergap * em)) continue;
-    drawprotractor(work, place, width);
+    drawprotractor(work, place + SheetPoint{aside, 0}, width);
     return true;
   }
   return false;
@@ -212,6 +213,7 @@ SheetDrawing layoutsheet(const SheetContent& content, const SheetOptions& option
   const ExtentFunction known = remembered(extent);
   SheetOptions complete = options;
   if (!(complete.lettersize > 0)) complete.lettersize = lettersfor(complete.page);
+  complete.lettersize = std::min(complete.lettersize, mostlettersfor(complete.page));
   return SheetMaker(content, complete, known).make();
 }
 

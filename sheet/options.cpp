@@ -49,4 +49,10 @@ double lettersfor(const PageSize& page) {
   return std::clamp(std::sqrt(page.width * page.height) / 93, smallest, largest);
 }
 
+double mostlettersfor(const PageSize& page) {
+  constexpr double across = 60;  // em
+  constexpr double down = 42;
+  return std::max(leastletters, std::min(page.width / across, page.height / down));
+}
+
 }  // namespace moistair

@@ -71,4 +71,7 @@ inline constexpr double mostletters = 40;
 /// The size of letters that suits a page: 7.5 points on a sheet of paper.
 double lettersfor(const PageSize& page);
 
+/// The largest letters that leave room for a chart on a page [pixels].
+double mostlettersfor(const PageSize& page);
+
 }  // namespace moistair

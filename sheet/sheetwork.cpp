@@ -53,9 +53,10 @@ std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector
 }
 
 std::string fitted(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width) {
-  if (canvas.widthof(text, style) <= width) return text;
-  std::size_t keep = 0;  // bytes
-  std::size_t beyond = text.size();
+  constexpr std::size_t longest = 1000;  // bytes; no page has room for more, and to measure more takes its time
+  if (text.size() <= longest && canvas.widthof(text, style) <= width) return text;
+  std::size_t keep = 0;
+  std::size_t beyond = std::min(text.size(), longest);
   while (keep + 1 < beyond) {
     const std::size_t middle = (keep + beyond) / 2;
     (canvas.widthof(text.substr(0, middle) + "…", style) <= width ? keep : beyond) = middle;

@@ -159,7 +159,8 @@ TEST(UnsavedWork, IsOfferedAfterAKill) {
     EXPECT_FALSE(QFile::exists(killed.path(".temp-unsaved.moistair")));
     keepnow(killed.window);
     QTemporaryDir folder;
-    ASSERT_TRUE(QFile::copy(killed.path(".temp-unsaved.moistair"), folder.filePath(QStringLiteral(".temp-unsaved.moistair"))));
+    ASSERT_TRUE(
+        QFile::copy(killed.path(".temp-unsaved.moistair"), folder.filePath(QStringLiteral(".temp-unsaved.moistair"))));
     const std::string path = folder.path().toStdString();
     MainWindow window(LogPlaces{{path}, path + "/sessions"});
     ASSERT_TRUE(window.start());

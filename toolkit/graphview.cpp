@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "paint/replay.h"
+#include "toolkit/devicepixels.h"
 
 namespace moistair {
 
@@ -110,7 +111,6 @@ QImage GraphView::picture() {
   return image_;
 }
 
-/// A pixel of the image is a pixel of the screen: where the two scales differ, the widget may begin between two.
 void GraphView::paintEvent(QPaintEvent* event) {
   asked_ = false;
   const QRect changed = bringuptodate();
@@ -119,11 +119,8 @@ void GraphView::paintEvent(QPaintEvent* event) {
   if (!QRect(QPoint(), (QSizeF(image_.size()) / devicePixelRatio()).toSize()).contains(event->rect())) {
     painter.fillRect(event->rect(), Qt::white);
   }
-  const QTransform todevice = painter.deviceTransform();
-  const QPointF corner = todevice.map(QPointF());
   painter.save();
-  painter.translate(todevice.inverted().map(QPointF(corner.toPoint())));
-  painter.scale(1 / devicePixelRatio(), 1 / devicePixelRatio());
+  workindevicepixels(painter, devicePixelRatio());
   paintparts(painter, event->region(), image_, devicePixelRatio());
   painter.restore();
   if (!lifted_.operations.empty()) painthalo(painter, lifted_);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "sheet/courses.h"
+#include "toolkit/devicepixels.h"
 #include "toolkit/graphview.h"
 
 namespace moistair {
@@ -61,9 +62,10 @@ void SheetView::paintEvent(QPaintEvent* event) {
   }
   QPainter painter(this);
   painter.setClipRegion(event->region());
-  painter.scale(1 / ratio, 1 / ratio);
+  painter.save();
+  workindevicepixels(painter, ratio);
   painter.drawImage(0, 0, image_);
-  painter.scale(ratio, ratio);
+  painter.restore();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(liftingpen());
   for (const std::size_t entry : lifted_) {

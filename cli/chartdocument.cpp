@@ -43,6 +43,11 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
   ReadDocument read = readdocument(contentof(input));
   if (!read.document) throw failure(input.name() + ": " + read.fault);
   Document& document = *read.document;
+  for (const CLI::Option* option : {options.limits.option, options.typeoption}) {
+    if (option->count() > 0 && lastchart(document) == nullptr) {
+      throw failure(input.name() + ": there is no chart in it for " + option->get_name());
+    }
+  }
   if (options.limits.option->count() > 0) relimit(document, limitsof(options.limits));
   for (Entry& entry : document.entries) {
     auto* chart = std::get_if<DrawnChart>(&entry.content);

@@ -1,5 +1,5 @@
 /// \file
-/// What it costs to judge a pair at a key press: `answers`, and all the words said of it beside the prescribed search.
+/// What it costs to judge a pair at a key press: `answers`, and all the words said of it beside the search itself.
 ///
 /// For each pair 3000 inputs at three pressures; of every other one the two values are those of a state, of the rest
 /// they are anything within their limits, so that most have no state. Processor time of one call, the least of three.

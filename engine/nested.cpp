@@ -102,6 +102,7 @@ NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double 
       returned = fields.returned.lenient();
     }
     if (returned < target) halve(false);
+    // As in `bracketsearch`: what no longer moves never converges.
     const bool stuck = before == standing() && !(std::abs(returned - target) < search.tolerance);
     if (finders.way == Way::quick && stuck) result.iterations = iterationlimit;
   } while (!(std::abs(returned - target) < search.tolerance) && result.iterations < iterationlimit);

@@ -153,6 +153,7 @@ SearchResult bracketsearch(const F& f, double target, const Bracket& bracket, bo
     if (whole) ++at.iterations;
     if (whole && fx > target) halve(true);
     if (fx < target) halve(false);
+    // A bracket that no halving moves any more never converges: the rest of its iterations need not be gone through.
     const bool stuck = whole && at.low == low && at.high == high && !converged();
     if (Foretelling<F> && stuck) at.iterations = iterationlimit;
   } while (!converged() && at.iterations < iterationlimit);

@@ -1,7 +1,7 @@
 /// \file
 /// What is said beside the state that a search found: how far it is off, what else there is, why there is nothing.
 ///
-/// The row, the report and the log show the state of the prescribed search with the two values as they were given.
+/// The row, the report and the log show the state that the search has found, with the two values as they were given.
 /// Where that state has a visibly different value, where another state has both, or where there is none, the windows
 /// and the headless tool say so in the words of this file. It judges `resolvepair` by `answers` and changes neither.
 #pragma once

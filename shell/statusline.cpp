@@ -55,7 +55,8 @@ void StatusLine::show(const Standing& standing, std::size_t records) {
   const BoxMark mark = differ ? BoxMark::fault : BoxMark::none;
   pressure_->tell(shown(standing.pressure), mark, differ, differ ? tip : tr("Pressure in force"));
   header_->tell(shown(standing.header), mark, differ, tip);
-  changes_->tell(shown(standing.changes), BoxMark::note, false, tr("Draw the chart anew to have it as it says."));
+  changes_->tell(shown(standing.changes), BoxMark::note, false,
+                 tr("Clear the chart and draw it anew to have it as it says."));
   chart_->setText(shown(standing.chart));
   records_->setText(shown(recordswords(records)));
   row_->place();

@@ -85,7 +85,7 @@ void drawwetbulbs(Svg& svg, double atm) {
   drawcurve(svg, plot, spot, plot.y.low, icewetbulb, blue);
   drawcurve(svg, plot, spot, std::nextafter(icewetbulb, 33), plot.y.high, blue);
   for (const StatePoint& state : answers({PropertyKind::db, drybulb}, {PropertyKind::w, ratio}, atm).states) {
-    svg.dot({plot.x.at(state.w), plot.y.at(state.wb)}, 4.5, orange);
+    svg.dots({{plot.x.at(state.w), plot.y.at(state.wb)}}, 4.5, orange);
   }
 }
 
@@ -97,11 +97,11 @@ struct Mark {
 constexpr Mark marks[] = {
     {Outcome::right, "found"}, {Outcome::visiblyoff, "found, visibly off"}, {Outcome::notfound, "not found"}};
 
-void drawmark(Svg& svg, Spot at, Outcome outcome) {
+void drawmarks(Svg& svg, const std::vector<Spot>& spots, Outcome outcome) {
   switch (outcome) {
-    case Outcome::right: svg.dot(at, 1.3, blue); break;
-    case Outcome::visiblyoff: svg.dot(at, 2.8, orange); break;
-    case Outcome::notfound: svg.cross(at, 2.6, red); break;
+    case Outcome::right: svg.dots(spots, 1.3, blue); break;
+    case Outcome::visiblyoff: svg.dots(spots, 2.8, orange); break;
+    case Outcome::notfound: svg.crosses(spots, 2.6, red); break;
   }
 }
 
@@ -152,7 +152,7 @@ std::string pairspicture(const std::vector<PairMeasure>& pairs) {
   Svg svg(across * width, 40 + down * height, "What the search of each pair makes of the states of the grid");
   double x = 20;
   for (const Mark& mark : marks) {
-    drawmark(svg, {x, 18}, mark.outcome);
+    drawmarks(svg, {{x, 18}}, mark.outcome);
     svg.text({x + 10, 22}, mark.words);
     x += 160;
   }
@@ -164,8 +164,13 @@ std::string pairspicture(const std::vector<PairMeasure>& pairs) {
     svg.text({left, top + 12}, std::string(nameof(pairs[i].kinds[0])) + ", " + nameof(pairs[i].kinds[1]));
     svg.line({drybulb.start, ratio.start}, {drybulb.stop, ratio.start}, rule);
     svg.line({drybulb.stop, ratio.start}, {drybulb.stop, ratio.stop}, rule);
-    for (const Trial& trial : pairs[i].trials) {
-      drawmark(svg, {drybulb.at(trial.state.db), ratio.at(trial.state.w)}, trial.outcome);
+    for (const Mark& mark : marks) {
+      std::vector<Spot> spots;
+      for (const Trial& trial : pairs[i].trials) {
+        if (trial.outcome != mark.outcome) continue;
+        spots.push_back({drybulb.at(trial.state.db), ratio.at(trial.state.w)});
+      }
+      drawmarks(svg, spots, mark.outcome);
     }
   }
   return svg.picture();

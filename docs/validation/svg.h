@@ -21,14 +21,16 @@ public:
   void line(Spot from, Spot to, std::string_view color, double width = 1);
   void curve(const std::vector<Spot>& spots, std::string_view color);
   void box(Spot corner, double width, double height, std::string_view color);
-  void dot(Spot at, double radius, std::string_view color);
-  void cross(Spot at, double radius, std::string_view color);
+  void dots(const std::vector<Spot>& spots, double radius, std::string_view color);
+  void crosses(const std::vector<Spot>& spots, double radius, std::string_view color);
   /// @param anchor start, middle or end: which part of the text stands at the spot
   void text(Spot at, std::string_view text, std::string_view anchor = "start", double size = 12);
 
   std::string picture() const { return picture_ + "</svg>\n"; }
 
 private:
+  void path(const std::string& moves, double width, std::string_view color);
+
   std::string picture_;
 };
 

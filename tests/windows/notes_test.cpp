@@ -1,4 +1,4 @@
-// What the windows say beside what is prescribed: status line, marks of boxes, remarks that can be clicked.
+// What the windows say beside texts, row and messages: status line, marks of boxes, remarks that can be clicked.
 #include "support.h"
 #include "toolkit/mark.h"
 

@@ -54,6 +54,8 @@ struct WindowSize {
 /// Scales of the chart last drawn; all 0 before the first, and then no position has a value.
 struct PlotFrame {
   double hrspan = 0, dbspan = 0, hrscale = 0, dbscale = 0;
+
+  bool operator==(const PlotFrame&) const = default;
 };
 
 PlotFrame plotframe(const ChartLimits& limits);
@@ -63,6 +65,8 @@ struct PlotArea {
   ChartLimits limits;
   PlotFrame frame;
   WindowSize window;
+
+  bool operator==(const PlotArea&) const = default;
 
   double left() const { return window.width / 12; }              ///< x of lowdb
   double right() const { return window.width * 11 / 12; }        ///< x of highdb

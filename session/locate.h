@@ -19,6 +19,8 @@ namespace moistair {
 struct PairInput {
   std::optional<PropertyKind> kind1, kind2;
   std::string value1, value2;
+
+  bool operator==(const PairInput&) const = default;
 };
 
 struct Location {

@@ -85,7 +85,9 @@ PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolu
     case Unresolved::none:
       if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution);
       break;
-    case Unresolved::blankvalue: break;
+    case Unresolved::blankvalue:
+      if ((!input.kind1 || !input.kind2) && notes.remark.words.empty()) notes.remark.words = nopropertychosen;
+      break;
     case Unresolved::nokind: notes.remark.words = nopropertychosen; break;
     case Unresolved::samekind:
     case Unresolved::humidityratiowithdewpoint: notekinds(notes, input, resolution); break;

@@ -145,9 +145,10 @@ void MainWindow::locatepoint() {
     lifecycle_.readlimits(strip_->limittexts());
     return lifecycle_.chartstands();
   };
-  const PairInput input = pairinput();
+  const PairInput input = strip_->pairinput();
   const Location location =
       moistair::locatepoint(input, chartstands, lifecycle_.atmpressure(), finders_, values_.solverfields);
+  notes_->located(location);
   telloutofsight(location.resolution);
   if (location.refusal) {
     answer(*location.refusal);
@@ -168,11 +169,9 @@ void MainWindow::markpoint(const ReportWindow& report, const PairInput& input) {
   strip_->waitcue(true);
   const bool marked =
       chart_.markpoint(input, shown, strip_->limittexts(), strip_->pointid->text().toStdString(), windowsize());
-  if (marked) {
-    strip_->show(shown);
-  } else {
-    message(dialog_, QString::fromUtf8(pointoutoflimits));
-  }
+  if (marked) strip_->show(shown);
+  notes_->rowshown();
+  if (!marked) message(dialog_, QString::fromUtf8(pointoutoflimits));
   strip_->waitcue(false);
   leavedialog();
 }

@@ -37,7 +37,12 @@ MainWindow::MainWindow(LogPlaces logplaces)
       files_(new DocumentFiles(*this, chart_, log_,
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
       status_(new StatusLine),
-      notes_(new StripNotes(*strip_, *status_, chart_, values_, log_)),
+      notes_(new StripNotes(*strip_, *status_, chart_, values_, log_,
+                            [this] {
+                              PlotArea area = lifecycle_.plotarea(windowsize());
+                              readlimits(strip_->limittexts(), area.limits);
+                              return area;
+                            })),
       sheets_(new Sheets(*this, *graph_, chart_, log_)),
       panel_(new EntriesPanel(this)),
       finders_(chartrangefinders([this] {
@@ -256,19 +261,13 @@ WindowSize MainWindow::windowsize() const {
 /// The live row: at every change of a kind or a value, and silent but for a line that crosses nothing of the chart.
 void MainWindow::previewpoint() {
   strip_->emptyreadouts(true);
-  const PairInput input = pairinput();
-  const double atm = lifecycle_.atmpressure();
-  const Resolution resolution = resolveinput(input, atm, finders_, values_.solverfields);
-  notes_->showpair(pairnotes(input, atm, resolution));
+  const Resolution resolution =
+      resolveinput(strip_->pairinput(), lifecycle_.atmpressure(), finders_, values_.solverfields);
+  notes_->showpair(resolution);
   telloutofsight(resolution);
   if (!resolution.resolved()) return;
   strip_->show(resolution.point);
   if (loaded_ && !isVisible()) show();
-}
-
-PairInput MainWindow::pairinput() const {
-  return {kindat(strip_->firstkind->selected()), kindat(strip_->secondkind->selected()),
-          strip_->firstvalue->text().toStdString(), strip_->secondvalue->text().toStdString()};
 }
 
 /// A click on this window while a dialog keeps the user out would take the keys from the dialog.

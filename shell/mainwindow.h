@@ -65,7 +65,6 @@ private:
 
   WindowSize windowsize() const;
   QSize visibleplot() const;
-  PairInput pairinput() const;
   void previewpoint();
   void takeplace(const QString& drybulb, const QString& ratio);
 

@@ -200,6 +200,11 @@ LimitTexts Strip::limittexts() const {
   return {text(lowdb), text(highdb), text(lowhr), text(highhr)};
 }
 
+PairInput Strip::pairinput() const {
+  return {kindat(firstkind->selected()), kindat(secondkind->selected()), firstvalue->text().toStdString(),
+          secondvalue->text().toStdString()};
+}
+
 void Strip::setlimits(const ChartLimits& limits) {
   const auto set = [](ListBox& list, double limit) {
     int item = 0;
@@ -217,6 +222,15 @@ void Strip::show(const StatePoint& point) {
   for (std::size_t i = 0; i < readoutfields.size(); ++i) {
     readouts[i]->setText(QString::fromStdString(showvalue(point.*readoutfields[i].value)));
   }
+}
+
+bool Strip::showsstate() const { return !readouts.front()->text().isEmpty(); }
+
+bool Strip::shows(const StatePoint& point) const {
+  for (std::size_t i = 0; i < readoutfields.size(); ++i) {
+    if (readouts[i]->text().toStdString() != showvalue(point.*readoutfields[i].value)) return false;
+  }
+  return true;
 }
 
 void Strip::emptyreadouts(bool dewpointtoo) {

@@ -10,6 +10,7 @@
 
 #include "chart/chartframe.h"
 #include "engine/state.h"
+#include "session/locate.h"
 #include "toolkit/listbox.h"
 
 class QGridLayout;
@@ -63,11 +64,16 @@ public:
   std::array<QLabel*, readoutfields.size()> readouts;
 
   LimitTexts limittexts() const;
+  PairInput pairinput() const;
   void setlimits(const ChartLimits& limits);
 
   /// Fills the read-outs of the live row.
   void show(const StatePoint& point);
   using QWidget::show;
+
+  /// Whether there is a state in the live row, and whether it is this one.
+  bool showsstate() const;
+  bool shows(const StatePoint& point) const;
 
   /// Empties the read-outs but the vapour pressure, which keeps its last value; the dew point only if asked to.
   void emptyreadouts(bool dewpointtoo);

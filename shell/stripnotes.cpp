@@ -1,5 +1,6 @@
 #include "shell/stripnotes.h"
 
+#include "chart/chartfinders.h"
 #include "windows/notes.h"
 
 namespace moistair {
@@ -18,9 +19,18 @@ std::array<QLineEdit*, 4> lineboxes(const Strip& strip) {
 }  // namespace
 
 StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SessionValues& values,
-                       SessionLog& log)
-    : QObject(&strip), strip_(strip), line_(line), chart_(chart), values_(values), log_(log) {
-  watchkinds(pairboxes(strip), pair_);
+                       SessionLog& log, std::function<PlotArea()> area)
+    : QObject(&strip),
+      strip_(strip),
+      line_(line),
+      chart_(chart),
+      values_(values),
+      log_(log),
+      area_(std::move(area)),
+      ground_() {
+  for (const ListBox* list : {strip.firstkind, strip.secondkind}) {
+    connect(list, &QComboBox::editTextChanged, this, &StripNotes::judgeanew);
+  }
   for (const ListBox* list : {strip.lowdb, strip.highdb, strip.lowhr, strip.highhr}) {
     connect(list, &QComboBox::editTextChanged, this, &StripNotes::follow);
   }
@@ -29,10 +39,54 @@ StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& char
   }
 }
 
-void StripNotes::showpair(const PairNotes& notes) {
-  pair_ = notes;
+StripNotes::Ground StripNotes::ground() const {
+  return {strip_.pairinput(), values_.pressure.lenient(), area_(), standinglimits(chart_.document()).has_value()};
+}
+
+void StripNotes::judge(const Resolution& resolution) {
+  ground_ = ground();
+  resolution_ = resolution;
+  pair_ = pairnotes(ground_.input, ground_.atm, resolution);
   setnotes(pairboxes(strip_), pair_);
+}
+
+void StripNotes::showpair(const Resolution& resolution) {
+  judge(resolution);
+  rowatm_ = ground_.atm;
+  rowwords_.clear();
   speak();
+}
+
+/// Without a chart nothing has been resolved.
+void StripNotes::located(const Location& location) {
+  if (location.refusal && location.resolution.resolved()) return;
+  judge(location.resolution);
+  rowwords_ = rowwords();
+  speak();
+}
+
+void StripNotes::rowshown() {
+  rowatm_ = ground_.atm;
+  rowwords_ = rowwords();
+  speak();
+}
+
+void StripNotes::judgeanew() {
+  const Ground now = ground();
+  if (now == ground_) return;
+  const auto area = [&now] { return now.area; };
+  SolverFields fields = values_.solverfields;
+  judge(resolveinput(now.input, now.atm, chartrangefinders(area), fields));
+  rowwords_ = rowwords();
+  speak();
+}
+
+/// Nothing where the row shows what the pair now has.
+std::string StripNotes::rowwords() const {
+  if (!strip_.showsstate()) return resolution_.resolved() ? "row above: empty until the next key" : std::string();
+  if (resolution_.resolved() && strip_.shows(resolution_.point)) return {};
+  const bool samethen = samepressure(rowatm_, ground_.atm);
+  return samethen ? "row above: from before" : "row above: at " + inhgwords(rowatm_);
 }
 
 void StripNotes::marklines() {
@@ -51,7 +105,8 @@ void StripNotes::marklines() {
 void StripNotes::speak() {
   PairNotes all = pair_;
   std::string& words = all.remark.words;
-  if (!linewords_.empty()) words = linewords_ + (words.empty() ? "" : "; ") + words;
+  if (!rowwords_.empty()) words = rowwords_ + (words.empty() ? "" : "; now: ") + words;
+  if (!linewords_.empty()) words += (words.empty() ? "" : "; ") + linewords_;
   line_.remark(all);
 }
 
@@ -63,6 +118,7 @@ void StripNotes::follow() {
     setnote(*lists[i], standing.changed[i] ? BoxNote{limitschanged} : BoxNote{});
   }
   tellempty();
+  judgeanew();
 }
 
 void StripNotes::fillmenu(QMenu& menu) {

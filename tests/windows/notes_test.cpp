@@ -97,6 +97,7 @@ TEST(Boxes, SayWhatTheyAreReadAs) {
   kind.selectAll();
   QTest::keyClicks(&kind, QStringLiteral("Rel"));
   EXPECT_EQ(marked(program.window, "Combo1"), "no property is chosen") << "before the row follows";
+  EXPECT_EQ(said(program.window), "no property is chosen");
 }
 
 TEST(Remarks, PutTheExactStateIntoTheBoxes) {
@@ -112,6 +113,35 @@ TEST(Remarks, PutTheExactStateIntoTheBoxes) {
   EXPECT_EQ(text(program.window, "Label16").substr(0, 7) + text(program.window, "Label24").substr(0, 7),
             "13.680027.6500");
   EXPECT_EQ(said(program.window), "");
+}
+
+TEST(Remarks, FollowThePressureTheChartAndTheListsBetweenKeys) {
+  Program program;
+  select(program.window, "Combo1", 4);
+  select(program.window, "Combo2", 5);
+  program.typepoint("13.68", "27.65");
+  const char* exact = "exact: dry bulb 43.13, wet bulb 36.56";
+  EXPECT_EQ(said(program.window), std::string("no state found by the search; ") + exact);
+  program.drawchart();
+  const std::string missed = std::string("this state has dew point 28.72 for the 27.65 given; ") + exact;
+  EXPECT_EQ(said(program.window), "row above: empty until the next key; now: " + missed);
+  program.typepoint("13.68", "27.65");
+  EXPECT_EQ(said(program.window), missed);
+  select(program.window, "Combo3", 5);
+  EXPECT_EQ(said(program.window), std::string("row above: from before; now: no state found by the search; ") + exact);
+  select(program.window, "Combo3", 0);
+  EXPECT_EQ(said(program.window), missed);
+  setelevation(program, "5000");
+  program.drawchart();
+  program.typepoint("13.68", "27.65");
+  EXPECT_EQ(said(program.window), "");
+  const std::string row = program.row();
+  click(program.window, "Command4");
+  program.returntochart();
+  EXPECT_EQ(said(program.window), "row above: at 24.896 in Hg; now: " + missed);
+  EXPECT_EQ(program.row(), row);
+  click(program.open("Command14", "Form3"), "Command1");
+  EXPECT_EQ(said(program.window), missed) << "the row is the point's";
 }
 
 TEST(Remarks, OfStreamsStandBelowTheMixingTable) {

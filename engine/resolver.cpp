@@ -6,6 +6,7 @@
 
 #include "engine/moistair.h"
 #include "engine/nested.h"
+#include "engine/pairlimits.h"
 #include "engine/solvers.h"
 #include "engine/value.h"
 
@@ -185,6 +186,12 @@ void derive(const PairRow& row, StatePoint& point, double atm) {
 }
 
 }  // namespace
+
+std::optional<std::array<Limits, 2>> limitsof(PropertyKind first, PropertyKind second) {
+  if (const PairRow* row = rowof(first, second)) return {{row->firstlimits, row->secondlimits}};
+  if (const PairRow* row = rowof(second, first)) return {{row->secondlimits, row->firstlimits}};
+  return std::nullopt;
+}
 
 Unresolved inputfault(std::optional<PropertyKind> kind1, std::optional<PropertyKind> kind2, std::string_view value1,
                       std::string_view value2) {

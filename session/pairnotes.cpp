@@ -1,7 +1,5 @@
 #include "session/pairnotes.h"
 
-#include <utility>
-
 #include "engine/numbertext.h"
 #include "engine/value.h"
 
@@ -43,17 +41,24 @@ void notekinds(PairNotes& notes, const PairInput& input, Resolution resolution) 
   notes.kinds.fill({notes.remark.words, true});
 }
 
-/// The box at fault where it is one of them alone, with the reason.
-void notevalue(PairNotes& notes, const PairInput& input, PropertyKind kind, const std::string& words) {
-  BoxNote& note = notes.values[input.kind1 == kind ? 0 : 1];
-  if (note.empty()) note = {words, true};
-  if (notes.remark.words.empty()) notes.remark.words = note.words;
+/// Each box whose value is beyond its limits. One that counts as something else than it looks has been told.
+void noteranges(PairNotes& notes, const PairInput& input) {
+  const auto faults = rangefaults({*input.kind1, strictnumber(input.value1)},
+                                  {*input.kind2, strictnumber(input.value2)}, windowwording);
+  for (std::size_t i = 0; i < faults.size(); ++i) {
+    if (notes.values[i].empty() && !faults[i].empty()) notes.values[i] = {faults[i], true};
+    if (notes.remark.words.empty()) notes.remark.words = faults[i];
+  }
 }
 
 /// The two values do not go together.
-void notepair(PairNotes& notes, const PairInput& input, double atm, const Resolution& resolution) {
-  if (wetbulbabovedrybulb(input)) return notevalue(notes, input, PropertyKind::wb, wetbulbabove);
-  if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution);
+void notepair(PairNotes& notes, const PairInput& input, double atm, const Resolution& resolution, bool chartstands) {
+  if (wetbulbabovedrybulb(input)) {
+    notes.values[input.kind1 == PropertyKind::wb ? 0 : 1] = {wetbulbabove, true};
+    notes.remark.words = wetbulbabove;
+    return;
+  }
+  if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution, chartstands);
   if (notes.remark.words.empty()) notes.remark.words = whynot(resolution, windowwording);
   for (BoxNote& note : notes.values) {
     if (note.empty()) note = {notes.remark.words, true};
@@ -77,13 +82,13 @@ BoxNote pressurenote(const PressureEntry& entry) {
   return {note.words + outsiderange(rowof(*entry.unit).rangehint), true};
 }
 
-PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolution) {
+PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolution, bool chartstands) {
   PairNotes notes;
   notetexts(notes, input);
   notes.refused = !resolution.resolved() && resolution.reason != Unresolved::blankvalue;
   switch (resolution.reason) {
     case Unresolved::none:
-      if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution);
+      if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution, chartstands);
       break;
     case Unresolved::blankvalue:
       if ((!input.kind1 || !input.kind2) && notes.remark.words.empty()) notes.remark.words = nopropertychosen;
@@ -91,14 +96,12 @@ PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolu
     case Unresolved::nokind: notes.remark.words = nopropertychosen; break;
     case Unresolved::samekind:
     case Unresolved::humidityratiowithdewpoint: notekinds(notes, input, resolution); break;
-    case Unresolved::givenvalue: {
-      Remark remark = remarkon(input, atm, resolution);
-      if (remark.exact && notes.remark.words.empty()) notes.remark = std::move(remark);
-      notevalue(notes, input, resolution.kind, whynot(resolution, windowwording));
+    case Unresolved::givenvalue:
+      if (notes.remark.words.empty()) notes.remark = remarkon(input, atm, resolution);
+      noteranges(notes, input);
       break;
-    }
     case Unresolved::search:
-    case Unresolved::state: notepair(notes, input, atm, resolution); break;
+    case Unresolved::state: notepair(notes, input, atm, resolution, chartstands); break;
   }
   return notes;
 }

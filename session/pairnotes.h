@@ -45,7 +45,8 @@ struct PairNotes {
 };
 
 /// @param resolution of this input, or the input rule that it breaks. Boxes that are still empty are no fault.
-PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolution);
+/// @param chartstands whether there is a chart for a search that keeps to one
+PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolution, bool chartstands = true);
 
 /// A pair with its resolution, the input rules tested first: what the live rows show.
 Resolution resolveinput(const PairInput& input, double atm, const RangeFinders& finders, SolverFields& fields);

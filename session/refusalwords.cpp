@@ -4,6 +4,8 @@
 #include <array>
 
 #include "engine/numbertext.h"
+#include "engine/pairlimits.h"
+#include "engine/value.h"
 
 namespace moistair {
 
@@ -57,6 +59,18 @@ std::string whynot(const Resolution& resolution, const Wording& wording) {
     default: break;
   }
   return nosuchstate;
+}
+
+std::array<std::string, 2> rangefaults(const Given& first, const Given& second, const Wording& wording) {
+  std::array<std::string, 2> faults;
+  const auto limits = limitsof(first.kind, second.kind);
+  if (!limits) return faults;
+  const std::array<Given, 2> pair = {first, second};
+  for (std::size_t i = 0; i < pair.size(); ++i) {
+    if (!hasvalue(pair[i].value) || (*limits)[i].accept(pair[i].value)) continue;
+    faults[i] = wording.name(pair[i].kind) + (wording.mustbe + rangewords((*limits)[i]));
+  }
+  return faults;
 }
 
 std::string whynone(const Answers& answers) {

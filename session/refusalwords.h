@@ -5,6 +5,7 @@
 /// call a property: `dp` has to be typed on a command line, a person reads "dew point".
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "engine/answers.h"
@@ -32,6 +33,10 @@ std::string boundwords(const std::string& name, bool above, double bound);
 
 /// Why a pair was not resolved: a text without commas and quotes.
 std::string whynot(const Resolution& resolution, const Wording& wording);
+
+/// What each value of a pair has to be where it is beyond its limits: "dry bulb: above 0 and up to 120". Empty for one
+/// that is within them, and for one that is no value.
+std::array<std::string, 2> rangefaults(const Given& first, const Given& second, const Wording& wording);
 
 /// Why no state has both values: "above saturation", "wet bulb would not be above 0". Empty if one has.
 std::string whynone(const Answers& answers);

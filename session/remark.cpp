@@ -21,7 +21,8 @@ constexpr const char* exactly = "exact: ";
 constexpr const char* another = "another state has both values: ";
 constexpr const char* nonehasboth = "no state has both values: ";
 constexpr const char* nonefound = "no state found: ";
-constexpr const char* notfound = "no state found by the search; ";
+constexpr const char* notfound = "no state found by the search";
+constexpr const char* drawfirst = ": draw a chart to search on";
 
 /// "dew point 28.72"
 std::string told(PropertyKind kind, double value) {
@@ -50,6 +51,15 @@ std::string misses(std::array<Given, 2> pair, const StatePoint& found, double at
   return text;
 }
 
+/// Why the search has nothing to show for a pair that has answers or a value beyond its limits.
+std::string unfound(const Given& first, const Given& second, const Resolution& resolution, bool chartstands) {
+  if (resolution.reason != Unresolved::givenvalue) {
+    return std::string(notfound) + (resolution.unseenline && !chartstands ? drawfirst : "");
+  }
+  const auto [one, other] = rangefaults(first, second, windowwording);
+  return one + (one.empty() || other.empty() ? "" : "; ") + other;
+}
+
 /// Seven decimals, as shown. Saturated air can come out a hair above saturation by that, and is then taken a little
 /// drier.
 Bulbs bulbsof(const StatePoint& state, double atm) {
@@ -63,14 +73,15 @@ Bulbs bulbsof(const StatePoint& state, double atm) {
 
 }  // namespace
 
-Remark remarkon(Given first, Given second, double atm, const Resolution& resolution) {
+Remark remarkon(Given first, Given second, double atm, const Resolution& resolution, bool chartstands) {
   const Answers found = answers(first, second, atm);
   if (found.reason == NoAnswer::nopair) return {};
   const StatePoint& point = resolution.point;
   std::vector<StatePoint> states = found.states;
   if (!resolution.resolved()) {
-    if (states.empty()) return {nonefound + whynone(found), {}};
-    return {std::string(notfound) + exactly + told(states), bulbsof(states.front(), atm)};
+    const std::string why = unfound(first, second, resolution, chartstands);
+    if (!states.empty()) return {why + "; " + exactly + told(states), bulbsof(states.front(), atm)};
+    return {resolution.reason == Unresolved::givenvalue ? why : nonefound + whynone(found), {}};
   }
   const auto away = [&](const StatePoint& state) { return std::hypot(state.db - point.db, state.wb - point.wb); };
   std::sort(states.begin(), states.end(),
@@ -86,13 +97,13 @@ Remark remarkon(Given first, Given second, double atm, const Resolution& resolut
   return {another + told(states), bulbsof(states.front(), atm)};
 }
 
-Remark remarkon(const PairInput& input, double atm, const Resolution& resolution) {
+Remark remarkon(const PairInput& input, double atm, const Resolution& resolution, bool chartstands) {
   if (inputfault(input.kind1, input.kind2, input.value1, input.value2) != Unresolved::none) return {};
   if (!input.kind1 || !input.kind2) return {};
   const Given first{*input.kind1, strictnumber(input.value1)};
   const Given second{*input.kind2, strictnumber(input.value2)};
   if (!hasvalue(first.value) || !hasvalue(second.value)) return {};
-  return remarkon(first, second, atm, resolution);
+  return remarkon(first, second, atm, resolution, chartstands);
 }
 
 }  // namespace moistair

@@ -30,11 +30,13 @@ struct Remark {
 /// What there is to say of a pair:
 /// - of a state that visibly misses a given value: what it has for it, and the exact answers, the nearest first
 /// - of a state that does not, but is not the only one: the others
-/// - of no state: the exact answers that the search did not find, or the reason
+/// - of no state: what each value has to be that is beyond its limits, else that the search found none, and the exact
+///   answers; or the reason
 /// Nothing of a pair that the input rules refuse.
-Remark remarkon(Given first, Given second, double atm, const Resolution& resolution);
+/// @param chartstands whether there is a chart for a search that keeps to one
+Remark remarkon(Given first, Given second, double atm, const Resolution& resolution, bool chartstands = true);
 
 /// The same for what the lists and boxes of a window hold. A text that is no number gets no remark.
-Remark remarkon(const PairInput& input, double atm, const Resolution& resolution);
+Remark remarkon(const PairInput& input, double atm, const Resolution& resolution, bool chartstands = true);
 
 }  // namespace moistair

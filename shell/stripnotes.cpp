@@ -46,7 +46,7 @@ StripNotes::Ground StripNotes::ground() const {
 void StripNotes::judge(const Resolution& resolution) {
   ground_ = ground();
   resolution_ = resolution;
-  pair_ = pairnotes(ground_.input, ground_.atm, resolution);
+  pair_ = pairnotes(ground_.input, ground_.atm, resolution, ground_.chartstands);
   setnotes(pairboxes(strip_), pair_);
 }
 

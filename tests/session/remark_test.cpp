@@ -49,7 +49,7 @@ TEST(Remarks, SayWhatTheSearchDoesNot) {
        "33.9643675 30.9622758"},
       {"beyond the limits of the row",
        {db, h, "119.5", "61.99"},
-       "no state found by the search; exact: dry bulb 119.50, wet bulb 94.29",
+       "enthalpy: above 0 and up to 61.9; exact: dry bulb 119.50, wet bulb 94.29",
        "119.5 94.2876784"},
       {"saturated air that can be put into the boxes",
        {rh, h, "100", "8"},

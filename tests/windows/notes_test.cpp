@@ -121,7 +121,7 @@ TEST(Remarks, FollowThePressureTheChartAndTheListsBetweenKeys) {
   select(program.window, "Combo2", 5);
   program.typepoint("13.68", "27.65");
   const char* exact = "exact: dry bulb 43.13, wet bulb 36.56";
-  EXPECT_EQ(said(program.window), std::string("no state found by the search; ") + exact);
+  EXPECT_EQ(said(program.window), std::string("no state found by the search: draw a chart to search on; ") + exact);
   program.drawchart();
   const std::string missed = std::string("this state has dew point 28.72 for the 27.65 given; ") + exact;
   EXPECT_EQ(said(program.window), "row above: empty until the next key; now: " + missed);

@@ -17,7 +17,8 @@ constexpr int leastletters = 9;  // of a text that gives way
 
 }  // namespace
 
-std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int room) {
+std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int gap,
+                              int room) {
   std::vector<int> widths = wanted;
   int over = std::accumulate(wanted.begin(), wanted.end(), -room);
   const int last = giveway.empty() ? 0 : *std::max_element(giveway.begin(), giveway.end());
@@ -27,6 +28,13 @@ std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<
       const int given = std::clamp(over, 0, std::max(0, widths[i] - least));
       widths[i] -= given;
       over -= given;
+    }
+  }
+  for (int turn = 1; turn <= last; ++turn) {
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+      if (giveway[i] != turn || over <= 0 || widths[i] == 0) continue;
+      over -= widths[i] + gap;
+      widths[i] = 0;
     }
   }
   if (!widths.empty()) widths.front() = std::max(0, widths.front() - over);
@@ -63,12 +71,12 @@ void CellRow::place() {
     giveway.push_back(cell.giveway);
     rules += cell.text.isEmpty() && &cell != &cells_.front() ? 0 : 1;  // the first one has the room left over
   }
-  const auto widths =
-      sharedwidths(wanted, giveway, leastletters * fontMetrics().averageCharWidth(), width() - gap * rules - gap / 2);
+  const auto widths = sharedwidths(wanted, giveway, leastletters * fontMetrics().averageCharWidth(), gap,
+                                   width() - gap * rules - gap / 2);
   int left = 0;
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     QWidget& widget = *cells_[i].widget;
-    const bool shown = i == 0 || !cells_[i].text.isEmpty();
+    const bool shown = i == 0 || widths[i] > 0;
     const QRect place(left, 0, widths[i], height());
     if (shown != widget.isVisibleTo(this) || (shown && place != widget.geometry())) update();
     widget.setVisible(shown);
@@ -94,7 +102,7 @@ void CellRow::paintEvent(QPaintEvent*) {
   QColor color = palette().color(QPalette::WindowText);
   color.setAlphaF(0.35F);
   for (std::size_t i = 1; i < cells_.size(); ++i) {
-    if (cells_[i].text.isEmpty()) continue;
+    if (!cells_[i].widget->isVisibleTo(this)) continue;
     painter.fillRect(QRect(cells_[i].widget->x() - gap / 2 - 1, margin, 1, height() - 2 * margin), color);
   }
 }

@@ -10,11 +10,12 @@ namespace moistair {
 /// One text of a row.
 struct RowCell {
   QWidget* widget;  ///< with a property "text"
-  int giveway;      ///< the lowest gives way first; 0 for one that never does
+  int giveway;      ///< the lowest gives way first, and goes first; 0 for one that does not
 };
 
-/// Gives each text the room that it wants, the first one what is left over, and those that may give way less where
-/// there is not enough, one after the other. An empty text takes no room. Between two texts there is a rule.
+/// Gives each text the room that it wants and the first one what is left over. Where there is not enough, those that
+/// may give way have less, one after the other, and where that does not do they go, one after the other, before the
+/// first one is cut. An empty text takes no room. Between two texts there is a rule.
 class CellRow final : public QWidget {
 public:
   explicit CellRow(const std::vector<RowCell>& cells);
@@ -42,7 +43,9 @@ private:
 
 /// The widths of texts that want so much and give way in an order, in a room too small or too large for them.
 /// @param giveway as in `RowCell`
-/// @param least what one that gives way keeps, if it wants that much
-std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int room);
+/// @param least what one that gives way keeps, if it wants that much, or else nothing
+/// @param gap that there is between two, and is gained with each one that goes
+std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int gap,
+                              int room);
 
 }  // namespace moistair

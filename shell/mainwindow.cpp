@@ -123,6 +123,7 @@ void MainWindow::makemenus() {
   edit->addSeparator();
   notes_->fillmenu(*edit);
   chart_.changed = [this] {
+    status_->endanswer();
     showhistory();
     files_->follow();
     notes_->follow();

@@ -25,7 +25,7 @@ StatusLine::StatusLine(QWidget* parent)
       records_(new ElidedLabel),
       document_(new ElidedLabel),
       row_(new CellRow(
-          {{voice_, 3}, {pressure_, 0}, {header_, 0}, {changes_, 0}, {chart_, 2}, {records_, 0}, {document_, 1}})) {
+          {{voice_, 0}, {pressure_, 0}, {header_, 0}, {changes_, 0}, {chart_, 2}, {records_, 3}, {document_, 1}})) {
   setObjectName(QStringLiteral("statusline"));
   setSizeGripEnabled(false);
   voice_->setObjectName(QStringLiteral("voice"));
@@ -85,12 +85,13 @@ void StatusLine::answer(const QString& words, BoxMark mark, const QString& tip) 
   answer_ = words;
   answertip_ = tip;
   answermark_ = mark;
-  if (!words.isEmpty()) {
-    answered_.start(answertime);
-  } else if (answered_.isActive()) {
-    answered_.stop();
-  }
+  answered_.stop();
+  if (!words.isEmpty() && mark != BoxMark::fault) answered_.start(answertime);
   speak();
+}
+
+void StatusLine::endanswer() {
+  if (!answer_.isEmpty()) answer({});
 }
 
 void StatusLine::speak() {

@@ -18,8 +18,9 @@ class CellRow;
 /// document's name. To the left of them it speaks: a remark on the pair in the boxes, and for a while the answer to a
 /// command. It shows what it is told and decides nothing.
 ///
-/// Where there is not room for all, the document's name gives way first, then the chart, then what is said; the
-/// pressure in force, a header that states another one, and limits that are not drawn stay readable.
+/// Where there is not room for all, the document's name gives way first, then the chart, then the records, at last
+/// wholly, before what is said is cut; the pressure in force, a header that states another one, and limits that are not
+/// drawn stay readable.
 class StatusLine final : public QStatusBar {
   Q_OBJECT
 
@@ -36,11 +37,14 @@ public:
   /// What is to be said of the boxes, until the next remark.
   void remark(const PairNotes& notes);
 
-  /// The answer to a command, until the next key in a box or for some seconds.
+  /// The answer to a command, until the next key in a box, the next command, or for some seconds; a fault stays.
   void answer(const QString& words, BoxMark mark = BoxMark::none, const QString& tip = {});
 
   /// The same of a file: "chart written to room.png", or why it was not.
   void answerfile(const QString& what, const QString& path, const std::optional<QString>& failure = {});
+
+  /// Another command has been given.
+  void endanswer();
 
 Q_SIGNALS:
   void headerchosen();  ///< the pressure that the header states is to be in force again

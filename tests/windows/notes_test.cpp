@@ -108,6 +108,8 @@ TEST(Remarks, PutTheExactStateIntoTheBoxes) {
   EXPECT_EQ(said(program.window),
             "this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56");
   EXPECT_EQ(text(program.window, "Label13"), "42.4687500") << "the row stays as it is";
+  const auto& voice = control<QWidget>(program.window, "voice");
+  EXPECT_GE(voice.width(), voice.sizeHint().width()) << "what stands is cut before a remark";
   click(program.window, "voice");
   EXPECT_EQ(text(program.window, "Text4") + "|" + text(program.window, "Text5"), "43.1289323|36.5554906");
   EXPECT_EQ(text(program.window, "Label16").substr(0, 7) + text(program.window, "Label24").substr(0, 7),

@@ -76,13 +76,12 @@ void CellRow::place() {
   int left = 0;
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     QWidget& widget = *cells_[i].widget;
-    const bool shown = i == 0 || widths[i] > 0;
+    const bool shown = !cells_[i].text.isEmpty() && widths[i] > 0;
     const QRect place(left, 0, widths[i], height());
     if (shown != widget.isVisibleTo(this) || (shown && place != widget.geometry())) update();
     widget.setVisible(shown);
-    if (!shown) continue;
-    widget.setGeometry(place);
-    left += widths[i] + gap;
+    if (shown) widget.setGeometry(place);
+    if (shown || i == 0) left += widths[i] + gap;
   }
 }
 

@@ -1,5 +1,6 @@
 #include "toolkit/tellingline.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QPainter>
 
@@ -11,11 +12,37 @@ namespace {
 
 constexpr int margin = 3;  // pixels, on both sides
 
+/// What assistive technology is told of a line: only one that does something is a button.
+class LineInterface final : public QAccessibleWidget {
+public:
+  explicit LineInterface(TellingLine& line) : QAccessibleWidget(&line), line_(line) {}
+
+  QAccessible::Role role() const override {
+    return line_.clickable() ? QAccessible::PushButton : QAccessible::StaticText;
+  }
+  QStringList actionNames() const override { return line_.clickable() ? QStringList{pressAction()} : QStringList{}; }
+  void doAction(const QString& name) override {
+    if (line_.clickable() && name == pressAction()) line_.click();
+  }
+
+private:
+  TellingLine& line_;
+};
+
+QAccessibleInterface* lineinterface(const QString&, QObject* object) {
+  auto* line = qobject_cast<TellingLine*>(object);
+  return line == nullptr ? nullptr : new LineInterface(*line);
+}
+
 }  // namespace
 
 TellingLine::TellingLine(QWidget* parent) : QAbstractButton(parent) {
+  QAccessible::installFactory(lineinterface);  // does nothing the second time
+  QSizePolicy kept(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  kept.setRetainSizeWhenHidden(true);
+  setSizePolicy(kept);
+  hide();
   setFocusPolicy(Qt::NoFocus);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   connect(this, &QAbstractButton::pressed, this, [this] {
     if (!clickable_) setDown(false);
   });
@@ -32,6 +59,7 @@ void TellingLine::tell(const QString& words, BoxMark mark, bool clickable, const
   const Qt::CursorShape shape = clickable ? Qt::PointingHandCursor : Qt::ArrowCursor;
   if (cursor().shape() != shape) setCursor(shape);
   room_ = -1;
+  setVisible(!words.isEmpty());
   update();
 }
 

@@ -8,8 +8,9 @@
 
 namespace moistair {
 
-/// Shows as much of its words as it has room for, with the sign of a mark before them. Where a click does something the
-/// words are underlined. It never takes the focus, so it is no tab stop; assistive technology gets all of the words.
+/// Shows as much of its words as it has room for, with the sign of a mark before them, and is hidden while it has none.
+/// Where a click does something the words are underlined. It never takes the focus, so it is no tab stop; assistive
+/// technology gets all of the words, as a text, or as a button where a click does something.
 class TellingLine final : public QAbstractButton {
   Q_OBJECT
 
@@ -18,6 +19,8 @@ public:
 
   /// @param tip what else there is to say; the words themselves where there is nothing and they are cut
   void tell(const QString& words, BoxMark mark = BoxMark::none, bool clickable = false, const QString& tip = {});
+
+  bool clickable() const { return clickable_; }
 
   QSize sizeHint() const override;  ///< room for all of the words
   QSize minimumSizeHint() const override;

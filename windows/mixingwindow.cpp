@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QFrame>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "mixing/mixingblock.h"
@@ -76,6 +77,9 @@ constexpr std::array<ReadoutNames, readoutcount> readoutnames = {{
     {"Label54", {"Label58", "Label62", "Label66"}},
     {"Label55", {"Label59", "Label63", "Label67"}},
 }};
+
+/// What a click on the line of a stream does, for the keyboard.
+constexpr std::array<QKeyCombination, 2> exactkeys = {Qt::CTRL | Qt::Key_1, Qt::CTRL | Qt::Key_2};
 
 constexpr Control drawcontrol{"Command1", "Draw mixing line and points on the chart", "", {0, 0}, 10};
 constexpr Control savecontrol{"Command3", "Save data", "", {0, 1}, 11};
@@ -202,7 +206,9 @@ QLayout* MixingWindow::makenotes() {
     noteslines_[stream] = new TellingLine(this);
     noteslines_[stream]->setObjectName(QStringLiteral("note%1").arg(stream + 1));
     lines->addWidget(noteslines_[stream]);
-    connect(noteslines_[stream], &TellingLine::clicked, this, [this, stream] { useexact(stream); });
+    const auto exact = [this, stream] { useexact(stream); };
+    connect(noteslines_[stream], &TellingLine::clicked, this, exact);
+    connect(new QShortcut(exactkeys[stream], this), &QShortcut::activated, this, exact);
   }
   const std::string pressure = pressureremark(problem_.pressure);
   if (!pressure.empty()) {
@@ -268,7 +274,7 @@ void MixingWindow::shownotes(std::size_t number, const Resolution& resolution) {
   const StreamNotes& notes = notes_[number] = streamnotes(problem_, number, resolution);
   setnotes(inputs_[number], notes.pair);
   setnote(*inputs_[number].flow, notes.flow);
-  tellremark(*noteslines_[number], notes.pair);
+  tellremark(*noteslines_[number], notes.pair, exactkeys[number]);
 }
 
 void MixingWindow::useexact(std::size_t number) {

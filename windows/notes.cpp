@@ -36,10 +36,11 @@ void watchkinds(const PairBoxes& boxes, const PairNotes& notes) {
 
 void tellnote(TellingLine& line, const BoxNote& note) { line.tell(QString::fromStdString(note.words), markof(note)); }
 
-void tellremark(TellingLine& line, const PairNotes& notes) {
+void tellremark(TellingLine& line, const PairNotes& notes, const QKeySequence& keys) {
   const bool exact = notes.remark.exact.has_value();
-  line.tell(QString::fromStdString(notes.remark.words), markof({notes.remark.words, notes.refused}), exact,
-            exact ? QString::fromUtf8(exacttip) : QString());
+  QString tip = exact ? QString::fromUtf8(exacttip) : QString();
+  if (exact && !keys.isEmpty()) tip += QStringLiteral(" (%1)").arg(keys.toString(QKeySequence::NativeText));
+  line.tell(QString::fromStdString(notes.remark.words), markof({notes.remark.words, notes.refused}), exact, tip);
 }
 
 void putexact(const Bulbs& bulbs, const PairBoxes& boxes) {

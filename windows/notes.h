@@ -2,6 +2,7 @@
 /// How the windows show what is said of their boxes.
 #pragma once
 
+#include <QKeySequence>
 #include <QLineEdit>
 
 #include "session/pairnotes.h"
@@ -28,7 +29,8 @@ void watchkinds(const PairBoxes& boxes, const PairNotes& notes);
 
 void tellnote(TellingLine& line, const BoxNote& note);
 /// Words, and a click where they offer the exact state.
-void tellremark(TellingLine& line, const PairNotes& notes);
+/// @param keys that do the same, for the tool tip
+void tellremark(TellingLine& line, const PairNotes& notes, const QKeySequence& keys = {});
 
 /// Puts a dry and a wet bulb into the boxes, as if they had been chosen and typed.
 void putexact(const Bulbs& bulbs, const PairBoxes& boxes);

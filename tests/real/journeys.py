@@ -10,7 +10,7 @@ import signal
 import struct
 import subprocess
 
-from driver import BOX, BUTTON, LIST, Role, colours, equal, expect, key, otherscreen, screenshot, wait, xdotool
+from driver import BOX, BUTTON, LABEL, LIST, Role, colours, equal, expect, key, otherscreen, screenshot, wait, xdotool
 from pointing import byhand, readings
 from session import (BLACK, BLUE, BOXTITLE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE,
                      RED, REPORT, SECONDVALUE, WHITE, logtext)
@@ -432,7 +432,7 @@ def document(session):
 def nothingsilent(session):
     """What would give a wrong result without a word is seen: at the box, in a line of words, by assistive technology."""
     def said(window, words):
-        line = window.look().need(BUTTON, words)
+        line = wait(lambda: window.look().find(BUTTON, words) or window.find(LABEL, words), repr(words))
         screenshot(os.path.join(session.pictures, "said " + words.replace("/", "-") + ".png"))
         return line
 

@@ -74,12 +74,14 @@ Corner freecorner(const Document& document, const PinnedReading& pinned, WindowS
     const auto* other = std::get_if<PinnedReading>(&document.entries[mark.entry].content);
     if (other != nullptr) taken.push_back(labelbox(other->state, other->corner, area));
   }
-  const auto isfree = [&](Corner corner) {
+  const auto covered = [&](Corner corner) {
     const LabelBox label = labelbox(pinned.state, corner, area);
-    return std::none_of(taken.begin(), taken.end(), [&](const LabelBox& box) { return box.overlaps(label); });
+    double sum = 0;
+    for (const LabelBox& box : taken) sum += label.covered(box);
+    return sum;
   };
-  const auto* found = std::find_if(corners.begin(), corners.end(), isfree);
-  return found == corners.end() ? corners.front() : *found;
+  return *std::min_element(corners.begin(), corners.end(),
+                           [&](Corner one, Corner other) { return covered(one) < covered(other); });
 }
 
 bool ispoint(const Entry& entry) { return std::holds_alternative<MarkedPoint>(entry.content); }

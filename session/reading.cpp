@@ -92,8 +92,7 @@ Reading readingat(const ChartLimits& limits, double atm, Place place) {
   } else if (place.w > saturationratio(place.db, atm)) {
     reading.reason = abovesaturation;
   } else {
-    const bool bound = resolution.reason == Unresolved::givenvalue || resolution.reason == Unresolved::state;
-    reading.reason = bound ? outsidelimits : nostatehere;
+    reading.reason = nostatehere;  // as where there is no moisture at all
   }
   return reading;
 }

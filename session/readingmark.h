@@ -2,6 +2,7 @@
 /// A reading kept on the chart: a cross where it was taken, and a small label with the state.
 #pragma once
 
+#include <algorithm>
 #include <array>
 
 #include "chart/chartframe.h"
@@ -19,8 +20,10 @@ inline constexpr std::array<Corner, 4> corners = {Corner::upperleft, Corner::upp
 struct LabelBox {
   double left, top, right, bottom;
 
-  bool overlaps(const LabelBox& other) const {
-    return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+  double covered(const LabelBox& other) const {  ///< how much of it another one covers [square twips]
+    const double width = std::min(right, other.right) - std::max(left, other.left);
+    const double height = std::min(bottom, other.bottom) - std::max(top, other.top);
+    return std::max(width, 0.0) * std::max(height, 0.0);
   }
 };
 

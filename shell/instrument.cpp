@@ -38,6 +38,9 @@ void Instrument::follow() {
   grabbed_.reset();
   standing_ = standingchart(chart_.document());
   marks_ = marksof(chart_.document());
+  // The last of several at one place draws the pointer: a point, which can be moved, before what is put on it.
+  std::stable_partition(marks_.begin(), marks_.end(),
+                        [this](const Mark& mark) { return !ispoint(chart_.document().entries[mark.entry]); });
   targets_.clear();
   for (const Mark& mark : marks_) targets_.push_back(mark.place);
   if (!standing_) haslast_ = false;
@@ -55,6 +58,9 @@ bool Instrument::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonDblClick: return onmouse(*static_cast<QMouseEvent*>(event));
     case QEvent::KeyPress:
     case QEvent::KeyRelease: return onkey(*static_cast<QKeyEvent*>(event));
+    case QEvent::ShortcutOverride:  // Alt is the drag's, and not for the letters of the menus
+      if (dragging_ && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt) event->accept();
+      break;
     case QEvent::Leave:
       if (QApplication::activePopupWidget() == nullptr) onleave();  // a menu is for the place where it was opened
       break;
@@ -151,7 +157,8 @@ void Instrument::show(Spot spot, double atm) {
     haslast_ = true;
   }
   const auto from = dragging_ ? std::optional(targets_[*grabbed_]) : std::nullopt;
-  layer_->show({ground_.plot(standing_->limits), atm, spot_->reading, titleof(*spot_, atm), from});
+  title_ = titleof(*spot_, atm);
+  layer_->show({ground_.plot(standing_->limits), atm, spot_->reading, title_, from});
   setshape();
   telling_.start();
 }
@@ -168,7 +175,10 @@ void Instrument::hide() {
 /// Who cannot see the reading gets it as the chart's description. A pointer on its way says nothing.
 void Instrument::tell() {
   telling_.stop();
-  widget_.setAccessibleDescription(spot_ ? QString::fromStdString(spokenreading(spot_->reading)) : QString());
+  QString words;
+  if (spot_) words = QString::fromStdString(spokenreading(spot_->reading));
+  if (spot_ && !title_.isEmpty()) words = title_ + QStringLiteral(": ") + words;
+  widget_.setAccessibleDescription(words);
 }
 
 /// The pointer's shape tells what pressing would do.

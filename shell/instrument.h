@@ -95,6 +95,7 @@ private:
   void copy(const Spot& spot);
   void openmenu(const QContextMenuEvent& event);
   void staywith(QMenu& menu);
+  std::vector<Spot> atsameplace(const Spot& spot) const;
   void fillmenu(QMenu& menu, const Spot& spot);
 
   QWidget& widget_;
@@ -113,6 +114,7 @@ private:
   QPointF pointer_;
   bool dragging_ = false;
   std::optional<std::size_t> grabbed_;  ///< the mark under the pointer when the button went down
+  QString title_;  ///< what is shown above the reading
   QTimer telling_;
 };
 

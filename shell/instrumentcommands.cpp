@@ -111,11 +111,10 @@ void Instrument::drop() {
   }
 }
 
-/// A line of the property that the place has, at the pressure and between the limits of the chart.
+/// A line of the property that the place has, as it is read there, at the pressure and between the limits of the chart.
 void Instrument::draw(LineKind kind, const Spot& spot) {
-  const double value = *spot.reading.state.*keptby(kind);
-  const char* reason =
-      chart_.add({*standing_, PropertyLine{kind, numbertext(lenientnumber(showvalue(value)))}}, ground_.window());
+  const std::string value = readingtext(rowof(keptby(kind)), *spot.reading.state);
+  const char* reason = chart_.add({*standing_, PropertyLine{kind, numbertext(lenientnumber(value))}}, ground_.window());
   if (reason != nullptr) Q_EMIT refused(QString::fromUtf8(reason));
 }
 
@@ -177,6 +176,18 @@ void Instrument::staywith(QMenu& menu) {
   connect(&menu, &QMenu::aboutToHide, this, [this, ask] { QTimer::singleShot(0, this, ask); });
 }
 
+/// The same place with each mark that is there, one of a kind of entry after the other.
+std::vector<Instrument::Spot> Instrument::atsameplace(const Spot& spot) const {
+  std::vector<Spot> spots;
+  std::optional<std::size_t> last;  // a mixture of one air has three marks at a place
+  for (std::size_t mark = marks_.size(); mark-- > 0;) {
+    if (targets_[mark] != targets_[*spot.mark] || marks_[mark].entry == last) continue;
+    spots.push_back({spot.reading, mark});
+    last = marks_[mark].entry;
+  }
+  return spots;
+}
+
 void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
   const auto add = [&](const QString& text, auto run) { menu.addAction(text, this, run); };
   if (spot.reading.state) {
@@ -193,7 +204,9 @@ void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
     menu.addSeparator();
   }
   if (spot.mark) {
-    add(tr("&Delete ") + menutext(captionof(entryof(*spot.mark))), [this, spot] { erase(spot); });
+    for (const Spot& other : atsameplace(spot)) {
+      add(tr("&Delete ") + menutext(captionof(entryof(*other.mark))), [this, other] { erase(other); });
+    }
     if (movable(*spot.mark)) add(tr("&Rename..."), [this, spot] { rename(spot); });
   }
   if (spot.reading.state) add(tr("&Copy state"), [this, spot] { copy(spot); });

@@ -112,6 +112,7 @@ void ReadingLayer::layout() {
   const auto& [box, atm, reading, title, moved] = *shown_;
   spot_ = QPointF(box.x(reading.place.db), box.y(reading.place.w)).toPoint();
   plot_ = QRectF(QPointF(box.left, box.top), QPointF(box.right, box.bottom)).toAlignedRect();
+  plot_.adjust(0, 0, 1, 1);  // the frame is of the plot on all its sides
   curves_ = {};
   values_.clear();
   if (reading.state) {

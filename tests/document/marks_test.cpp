@@ -37,7 +37,7 @@ TEST(Marks, LabelsOfReadingsKeepOffEachOther) {
     auto pinned = *readingtokeep(*standingchart(desk.document()), place);
     pinned.corner = freecorner(desk.document(), pinned, window);
     const LabelBox label = labelbox(pinned.state, pinned.corner, area);
-    for (const LabelBox& other : labels) EXPECT_FALSE(label.overlaps(other)) << place.db;
+    for (const LabelBox& other : labels) EXPECT_EQ(label.covered(other), 0) << place.db;
     labels.push_back(label);
     EXPECT_EQ(desk.commands.add({*standingchart(desk.document()), pinned}, window), nullptr);
   }

@@ -60,8 +60,8 @@ TEST(Reading, SaysTheStateOrWhyThereIsNone) {
        sea,
        {90, 0.0201},
        "Outside the limits: DB 90.00 Deg F, H.ratio 0.02010 lb/lb"},
-      {"no air is quite dry", whole, sea, {75, 0}, "Outside the limits: DB 75.00 Deg F, H.ratio 0.00000 lb/lb"},
-      {"nor at zero", whole, sea, {0, 0.0005}, "Outside the limits: DB 0.00 Deg F, H.ratio 0.00050 lb/lb"},
+      {"no air is quite dry", whole, sea, {75, 0}, "No state of air: DB 75.00 Deg F, H.ratio 0.00000 lb/lb"},
+      {"nor at zero", whole, sea, {0, 0.0005}, "No state of air: DB 0.00 Deg F, H.ratio 0.00050 lb/lb"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

@@ -250,28 +250,42 @@ void MixingWindow::connectinputs(std::size_t stream) {
   const Inputs& inputs = inputs_[stream];
   const auto change = [this, stream] { onchange(stream); };
   for (ListBox* list : {inputs.kind1, inputs.kind2}) connect(list, &ListBox::chosen, this, change);
-  watchkinds(inputs, notes_[stream].pair);
+  for (const ListBox* list : {inputs.kind1, inputs.kind2}) {
+    connect(list, &QComboBox::editTextChanged, this, [this, stream] { judge(stream); });
+  }
   for (QLineEdit* box : {inputs.flow, inputs.value1, inputs.value2}) {
     connect(box, &QLineEdit::textChanged, this, change);
   }
 }
 
-void MixingWindow::onchange(std::size_t number) {
+void MixingWindow::readinputs(MixingProblem& problem, std::size_t number) const {
   const Inputs& inputs = inputs_[number];
-  AirStream& stream = problem_.streams[number];
+  AirStream& stream = problem.streams[number];
   stream.kind1 = kindat(inputs.kind1->selected());
   stream.kind2 = kindat(inputs.kind2->selected());
   stream.value1 = inputs.value1->text().toStdString();
   stream.value2 = inputs.value2->text().toStdString();
   stream.flow = inputs.flow->text().toStdString();
+}
+
+void MixingWindow::onchange(std::size_t number) {
+  readinputs(problem_, number);
   const Resolution resolution = resolvestream(problem_, number);
   mixstreams(problem_);
   showproblem();
-  shownotes(number, resolution);
+  shownotes(problem_, number, resolution);
 }
 
-void MixingWindow::shownotes(std::size_t number, const Resolution& resolution) {
-  const StreamNotes& notes = notes_[number] = streamnotes(problem_, number, resolution);
+/// A text typed into a list leaves the columns as they are, but is told of.
+void MixingWindow::judge(std::size_t number) {
+  MixingProblem problem = problem_;
+  readinputs(problem, number);
+  const Resolution resolution = resolvestream(problem, number);
+  shownotes(problem, number, resolution);
+}
+
+void MixingWindow::shownotes(const MixingProblem& problem, std::size_t number, const Resolution& resolution) {
+  const StreamNotes& notes = notes_[number] = streamnotes(problem, number, resolution);
   setnotes(inputs_[number], notes.pair);
   setnote(*inputs_[number].flow, notes.flow);
   tellremark(*noteslines_[number], notes.pair, exactkeys[number]);

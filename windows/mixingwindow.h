@@ -73,7 +73,9 @@ private:
   void connectinputs(std::size_t stream);
   void onchange(std::size_t stream);
   void showproblem();
-  void shownotes(std::size_t stream, const Resolution& resolution);
+  void readinputs(MixingProblem& problem, std::size_t stream) const;
+  void judge(std::size_t stream);
+  void shownotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
   void useexact(std::size_t stream);
   void fill(const std::array<AirStream, 2>& streams);
   void remember();

@@ -11,10 +11,6 @@ BoxMark markof(const BoxNote& note) {
   return note.fault ? BoxMark::fault : BoxMark::note;
 }
 
-void markkind(ListBox& list, const BoxNote& note) {
-  setnote(list, list.selected() < 0 ? BoxNote{nopropertychosen, true} : note);
-}
-
 }  // namespace
 
 void setnote(QWidget& control, const BoxNote& note) {
@@ -22,16 +18,10 @@ void setnote(QWidget& control, const BoxNote& note) {
 }
 
 void setnotes(const PairBoxes& boxes, const PairNotes& notes) {
-  markkind(*boxes.kind1, notes.kinds[0]);
-  markkind(*boxes.kind2, notes.kinds[1]);
+  setnote(*boxes.kind1, notes.kinds[0]);
+  setnote(*boxes.kind2, notes.kinds[1]);
   setnote(*boxes.value1, notes.values[0]);
   setnote(*boxes.value2, notes.values[1]);
-}
-
-void watchkinds(const PairBoxes& boxes, const PairNotes& notes) {
-  for (ListBox* list : {boxes.kind1, boxes.kind2}) {
-    QObject::connect(list, &QComboBox::editTextChanged, list, [boxes, &notes] { setnotes(boxes, notes); });
-  }
 }
 
 void tellnote(TellingLine& line, const BoxNote& note) { line.tell(QString::fromStdString(note.words), markof(note)); }

@@ -22,11 +22,6 @@ struct PairBoxes {
 void setnote(QWidget& control, const BoxNote& note);
 void setnotes(const PairBoxes& boxes, const PairNotes& notes);
 
-/// A text typed into a list runs nothing, so that what is shown may still be of another property: the list is marked at
-/// once. To be called once for each pair.
-/// @param notes of the pair, as last shown; they outlive the boxes
-void watchkinds(const PairBoxes& boxes, const PairNotes& notes);
-
 void tellnote(TellingLine& line, const BoxNote& note);
 /// Words, and a click where they offer the exact state.
 /// @param keys that do the same, for the tool tip

@@ -174,6 +174,8 @@ TEST(Remarks, OfStreamsStandBelowTheMixingTable) {
   QTest::keyClick(&window, Qt::Key_1, Qt::ControlModifier);
   EXPECT_EQ(text(window, "Text4"), "43.1289323");
   EXPECT_EQ(text(window, "note1"), "Stream 1: air flow: read as 12");
+  control<ListBox>(window, "Combo3").setEditText(QStringLiteral("foo"));
+  EXPECT_EQ(text(window, "note2"), "Stream 2: air flow: must be above 0; no property is chosen");
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ void drawmixture(SheetWork& work, const SheetMixture& mixture) {
     for (const std::string& words : {text, shorttext}) {
       for (LabelPlace& place : placesalong(work.canvas, line, words, style, 0.5, aside * work.em())) {
         place.cost += (aside < 0 ? 0.1 : 0) + (words == text ? 0 : 1);
-        label.places.push_back(std::move(place));
+        if (withinplot(work, place)) label.places.push_back(std::move(place));
       }
     }
   }
@@ -79,9 +79,10 @@ void drawmixture(SheetWork& work, const SheetMixture& mixture) {
   for (int turn = 0; turn < 8; ++turn) {  // where the line is too short for it
     const SheetPoint outward = direction(45.0 * turn + 20);
     for (const double away : {2.2, 4.0}) {
-      label.places.push_back({beside(work.canvas, mixed, outward, away * work.em(), text, style),
-                              1 + away / 4,
-                              {mixed, mixed + outward * (away * work.em())}});
+      LabelPlace place{beside(work.canvas, mixed, outward, away * work.em(), text, style),
+                       1 + away / 4,
+                       {mixed, mixed + outward * (away * work.em())}};
+      if (withinplot(work, place)) label.places.push_back(std::move(place));
     }
   }
   work.board.add(std::move(label));
@@ -114,7 +115,7 @@ void labelstate(SheetWork& work, const SheetState& state) {
         const double gap = markradius * em + away * em;
         LabelPlace place{beside(work.canvas, at, outward, gap, text, style), cost + upright + 0.45 * away, {}};
         if (away > 1) place.leader = {at + outward * (markradius * em), at + outward * (gap - 0.15 * em)};
-        label.places.push_back(std::move(place));
+        if (withinplot(work, place)) label.places.push_back(std::move(place));
       }
     }
   };

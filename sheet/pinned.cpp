@@ -60,7 +60,7 @@ Label pinnedlabel(const SheetWork& work, const SheetState& state, SheetPoint at,
       place.text = place.more.front();
       place.text.style.bold = true;
       place.more.erase(place.more.begin());
-      label.places.push_back(std::move(place));
+      if (withinplot(work, place)) label.places.push_back(std::move(place));
     }
   }
   return label;

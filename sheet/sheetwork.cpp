@@ -31,6 +31,16 @@ void fixedtext(SheetWork& work, SheetTextOperation text) {
   work.canvas.text(std::move(text));
 }
 
+bool withinplot(const SheetWork& work, const LabelPlace& place) {
+  const SheetPlot& plot = work.plot;
+  const auto within = [&](SheetPoint point) {
+    return point.x >= plot.left && point.x <= plot.right && point.y >= plot.top && point.y <= plot.bottom;
+  };
+  const auto corners = boxof(work.canvas, place).corners();
+  return std::all_of(corners.begin(), corners.end(), within) &&
+         std::all_of(place.leader.begin(), place.leader.end(), within);
+}
+
 std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
                                     const std::string& text, const TextStyle& style, double preferred, double aside) {
   constexpr int count = 24;

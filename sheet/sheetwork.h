@@ -47,6 +47,9 @@ SheetTextOperation beside(const SheetCanvas& canvas, SheetPoint place, SheetPoin
 /// Draws a text at a fixed place, which labels then avoid.
 void fixedtext(SheetWork& work, SheetTextOperation text);
 
+/// Whether a label of what stands on the chart would stay off the scales: it and its leader within the plot's edges.
+bool withinplot(const SheetWork& work, const LabelPlace& place);
+
 /// Places for a text along a line, turned as the line runs there, its middle `aside` of the line [pixels, to the left
 /// of its direction]; those near `preferred`, a part of the line's length, cost least.
 std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,

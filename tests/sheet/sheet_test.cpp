@@ -7,6 +7,7 @@
 #include "sheet/curves.h"
 #include "sheet/geometry.h"
 #include "sheet/layout.h"
+#include "sheet/theme.h"
 
 namespace {
 
@@ -67,6 +68,8 @@ Document documentof(const Sheet& sheet, int crowd = 6) {
   desk.point("75", "62", "Room");
   desk.point("56", "55", "Supply air behind the coil, as measured");
   desk.point("28", "24", "");
+  desk.point("20", "12.3", "Zone");
+  desk.point("119.8", "83", "Zone");
   for (int i = 0; i < crowd; ++i) desk.point(std::to_string(76 + i / 3).c_str(), "61.5", "Zone");
   desk.mix("74", "60", "88", "71");
   desk.pin();
@@ -99,9 +102,29 @@ Box placeof(const SheetTextOperation& text) {
   return textbox(text, extentof(text.text, text.style.size, text.style.bold));
 }
 
-/// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge.
-std::string faultsof(const SheetDrawing& sheet, const SheetPage& page, const std::vector<SheetPoint>& frame) {
+/// A point's name, which alone is bold on the chart, or a line from a label to what it names, between the scales.
+std::string amongscales(const SheetPlot& plot, const SheetPage& page) {
+  const auto& ink = themeof(SheetColors::color).ink;
+  const auto beyond = [&](SheetPoint at) {
+    return at.x < plot.left || at.x > plot.right || at.y < plot.top || at.y > plot.bottom;
+  };
   std::string faults;
+  for (const SheetOperation& operation : page.operations) {
+    if (const auto* text = std::get_if<SheetTextOperation>(&operation)) {
+      const auto corners = placeof(*text).corners();
+      const bool name = text->style.bold && (text->text.starts_with("Zone") || text->text.starts_with("Room"));
+      if (name && std::any_of(corners.begin(), corners.end(), beyond)) faults += text->text + " among scales; ";
+    } else if (const auto* line = std::get_if<PolylineOperation>(&operation)) {
+      const bool leader = line->width == 0.6 && line->points.size() == 2 && line->color == ink;
+      if (leader && (beyond(line->points[0]) || beyond(line->points[1]))) faults += "a leader among scales; ";
+    }
+  }
+  return faults;
+}
+
+/// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge, a name off the plot.
+std::string faultsof(const SheetDrawing& sheet, const SheetPage& page, const std::vector<SheetPoint>& frame) {
+  std::string faults = frame.empty() ? std::string() : amongscales(sheet.plot, page);
   const auto texts = textsof(page);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const Box box = placeof(*texts[i]);

@@ -115,7 +115,7 @@ TEST(Instrument, DragsAPointInOneStep) {
     program.release(80, 0.011);
     program.point(row.db, row.w);
     const std::string told = program.told();
-    EXPECT_NEAR(std::stod(told.substr(3)), row.db, 0.1) << told;
+    EXPECT_NEAR(std::stod(told.substr(std::string("Point A: DB ").size())), row.db, 0.1) << told;
     EXPECT_NEAR(std::stod(told.substr(told.find("ratio") + 6)), row.w, 1e-4) << told;
     EXPECT_EQ(program.lastprint(), "A");
     EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Move Point A");

@@ -49,10 +49,25 @@ std::vector<SheetPoint> cut(const std::vector<SheetPoint>& line, double left, do
   return part;
 }
 
-/// Where an enthalpy stands on the rule, on which it rises all along; none too where the rule runs nearly in the
-/// direction in which the enthalpy stays.
-std::optional<SheetPoint> onrule(const SheetPlot& plot, const std::vector<SheetPoint>& rule, double h) {
-  constexpr double flattest = 0.3;  // sine of the angle between the two
+/// The sine of the angle between a piece of the rule and the direction in which the enthalpy stays.
+double steepness(const SheetPlot& plot, SheetPoint from, SheetPoint to) {
+  return std::abs(cross(unit(to - from), outwardat(plot, from)));
+}
+
+/// Ticks on a flatter piece of the rule could not be told from it.
+constexpr double flattest = 0.1;
+/// On a flatter piece than this the numbers stand beside the rule and not beyond the ticks, which are longer there.
+constexpr double flat = 0.35;
+
+/// A place on the rule.
+struct RulePlace {
+  SheetPoint at;
+  SheetPoint aside;  ///< straight away from the rule, outwards
+  double steepness;
+};
+
+/// Where an enthalpy stands on the rule, on which it rises all along; nowhere where the rule is too flat.
+std::optional<RulePlace> onrule(const SheetPlot& plot, const std::vector<SheetPoint>& rule, double h) {
   for (std::size_t i = 1; i < rule.size(); ++i) {
     const double low = enthalpyat(plot, rule[i - 1]);
     const double high = enthalpyat(plot, rule[i]);
@@ -63,10 +78,26 @@ std::optional<SheetPoint> onrule(const SheetPlot& plot, const std::vector<SheetP
       const SheetPoint middle = (below + above) * 0.5;
       (enthalpyat(plot, middle) <= h ? below : above) = middle;
     }
-    const bool steep = std::abs(cross(unit(rule[i] - rule[i - 1]), outwardat(plot, below))) > flattest;
-    return steep ? std::optional(below) : std::nullopt;
+    const double steep = steepness(plot, rule[i - 1], rule[i]);
+    const SheetPoint along = unit(rule[i] - rule[i - 1]);
+    return steep > flattest ? std::optional(RulePlace{below, {along.y, -along.x}, steep}) : std::nullopt;
   }
   return std::nullopt;
+}
+
+/// The longest part of the rule that has ticks.
+std::vector<SheetPoint> tickedpart(const SheetPlot& plot, const std::vector<SheetPoint>& rule) {
+  std::vector<SheetPoint> longest, part;
+  for (std::size_t i = 1; i < rule.size(); ++i) {
+    if (steepness(plot, rule[i - 1], rule[i]) <= flattest) {
+      part.clear();
+      continue;
+    }
+    if (part.empty()) part.push_back(rule[i - 1]);
+    part.push_back(rule[i]);
+    if (lengthof(part) > lengthof(longest)) longest = part;
+  }
+  return longest;
 }
 
 /// The length of the rule as it is seen along the lines of constant enthalpy [pixels].
@@ -109,25 +140,28 @@ void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
   for (const double h : multiples(low, high, fine)) {
     const auto at = onrule(plot, rule, h);
     if (!at) continue;
-    const SheetPoint outward = outwardat(plot, *at);
+    const SheetPoint outward = outwardat(plot, at->at);
     const bool numbered = ismultiple(h, main);
-    const double size = (numbered ? 0.75 : 0.35) * em;
-    work.canvas.polyline({*at, *at + outward * size}, stroke.width, stroke.color);
+    const double size = (numbered ? 0.75 : 0.35) * std::max(1.0, flat / at->steepness) * em;
+    work.canvas.polyline({at->at, at->at + outward * size}, stroke.width, stroke.color);
     if (!numbered) continue;
     const std::string text = numeral(h, decimalsof(main));
     Label label{importance::scale + (ismultiple(h, 10) ? 40 : 10), {}, false};
+    const bool isflat = at->steepness < flat;
+    const SheetPoint end = at->at + outward * size;
     for (const double away : {0.25, 0.6, 1.0, 1.5}) {
       label.places.push_back(
-          {beside(work.canvas, *at, outward, size + away * em, text, work.theme.text(em)), away, {}});
+          {beside(work.canvas, end, isflat ? at->aside : outward, away * em, text, work.theme.text(em)), away, {}});
     }
     work.board.add(std::move(label));
   }
   const TextStyle style = work.theme.text(0.9 * em);
+  const std::vector<SheetPoint> ticked = tickedpart(plot, rule);
   Label words{importance::caption, {}, false};
   double cost = 0;
   for (const char* text : {"Enthalpy, Btu per lb of dry air", "Enthalpy, Btu/lb", "Btu/lb"}) {
     for (const double aside : {2.9, 3.5}) {
-      for (LabelPlace& place : placesalong(work.canvas, rule, text, style, 0.55, aside * em)) {
+      for (LabelPlace& place : placesalong(work.canvas, ticked, text, style, 0.55, aside * em)) {
         place.cost += cost + aside;
         words.places.push_back(std::move(place));
       }

@@ -62,9 +62,18 @@ std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector
   return places;
 }
 
+namespace {
+
+constexpr std::size_t longest = 1000;  // bytes; no page has room for more, and to measure more takes its time
+
+}  // namespace
+
+double measured(const SheetCanvas& canvas, const std::string& text, const TextStyle& style) {
+  return text.size() <= longest ? canvas.widthof(text, style) : 1e9;
+}
+
 std::string fitted(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width) {
-  constexpr std::size_t longest = 1000;  // bytes; no page has room for more, and to measure more takes its time
-  if (text.size() <= longest && canvas.widthof(text, style) <= width) return text;
+  if (measured(canvas, text, style) <= width) return text;
   std::size_t keep = 0;
   std::size_t beyond = std::min(text.size(), longest);
   while (keep + 1 < beyond) {
@@ -73,6 +82,15 @@ std::string fitted(const SheetCanvas& canvas, const std::string& text, const Tex
   }
   while (keep > 0 && (static_cast<unsigned char>(text[keep]) & 0xC0) == 0x80) --keep;  // not within a letter
   return keep == 0 ? std::string() : text.substr(0, keep) + "…";
+}
+
+FittedText shrunk(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width,
+                  double least) {
+  constexpr double slack = 1e-6;  // what is shrunk to its room is not to be cut off for the sake of rounding
+  const double whole = measured(canvas, text, style);
+  TextStyle small = style;
+  if (whole > width) small.size *= std::max(least, width / whole);
+  return {fitted(canvas, text, small, width * (1 + slack)), small};
 }
 
 }  // namespace moistair

@@ -59,4 +59,16 @@ std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector
 /// A text as wide as its room at most: what is cut off ends in an ellipsis.
 std::string fitted(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width);
 
+/// The width of a text, and more than any page has for one that is too long to be measured.
+double measured(const SheetCanvas& canvas, const std::string& text, const TextStyle& style);
+
+/// A text in letters so small, down to a part of their size, that it is no wider than its room; what is too wide even
+/// so is cut off.
+struct FittedText {
+  std::string text;
+  TextStyle style;
+};
+FittedText shrunk(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width,
+                  double least = 0.7);
+
 }  // namespace moistair

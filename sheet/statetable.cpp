@@ -1,6 +1,7 @@
 // The table of the states that stand on a sheet.
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 #include "engine/value.h"
 #include "sheet/parts.h"
@@ -19,23 +20,19 @@ struct Column {
   const char* head;
   const char* unit;
   int decimals;
-  double part;  ///< of the table's width
 };
 
 /// In the order of the report.
 constexpr std::array<Column, reportrows.size()> columns = {{
-    {"Dry bulb", "°F", 1, 0.085},
-    {"Wet bulb", "°F", 1, 0.085},
-    {"Rel. hum.", "%", 1, 0.085},
-    {"Enthalpy", "Btu/lb", 2, 0.09},
-    {"Sp. volume", "cu ft/lb", 2, 0.095},
-    {"Hum. ratio", "lb/lb", 5, 0.095},
-    {"Dew point", "°F", 1, 0.09},
-    {"Vapor pr.", "in Hg", 3, 0.09},
+    {"Dry bulb", "°F", 1},
+    {"Wet bulb", "°F", 1},
+    {"Rel. hum.", "%", 1},
+    {"Enthalpy", "Btu/lb", 2},
+    {"Sp. volume", "cu ft/lb", 2},
+    {"Hum. ratio", "lb/lb", 5},
+    {"Dew point", "°F", 1},
+    {"Vapor pr.", "in Hg", 3},
 }};
-constexpr double numberpart = 0.04;
-constexpr double namepart = 0.245;
-
 /// A state worked out at another pressure than the chart's says so, and one that is not on the chart.
 std::string namein(const SheetContent& content, const SheetState& state) {
   std::string name = state.pinned ? "Read-out" : state.name;
@@ -43,6 +40,72 @@ std::string namein(const SheetContent& content, const SheetState& state) {
   if (state.atm != content.pressure.atm) add("(at " + numeral(state.atm, 3) + " in Hg)");
   if (!content.limits.contain(state.db(), state.w())) add("(not on the chart)");
   return name;
+}
+
+std::string textof(const SheetState& state, std::size_t property) {
+  return numeral(state.properties[property], columns[property].decimals);
+}
+
+/// The letters of a table, and the widths of its columns: of all its pages the same.
+struct TableLook {
+  double em;  ///< smaller than elsewhere where the numbers have no room otherwise [pixels]
+  TextStyle head, unit, number, cell;
+  double gap;
+  double numbers = 0, names = 0;  ///< of the first two columns [pixels]
+  std::array<double, columns.size()> widths{};
+
+  TableLook(const Theme& theme, double letters)
+      : em(letters),
+        head(theme.bold(0.85 * em)),
+        unit(theme.small(0.8 * em)),
+        number(theme.bold(em)),
+        cell(theme.text(em)),
+        gap(cellgap * em) {}
+
+  double sum() const { return std::accumulate(widths.begin(), widths.end(), numbers + names); }
+
+  /// As wide as what stands in them; but for the identifications, which may be cut off.
+  void measure(const SheetCanvas& canvas, const SheetContent& content) {
+    const double leastname = 9 * em;
+    numbers = canvas.widthof("No.", head);
+    names = canvas.widthof("Identification", head);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      widths[i] = std::max(canvas.widthof(columns[i].head, head), canvas.widthof(columns[i].unit, unit));
+    }
+    for (const SheetState& state : content.states) {
+      numbers = std::max(numbers, canvas.widthof(std::to_string(state.number), number));
+      names = std::max(names, std::min(leastname, measured(canvas, namein(content, state), cell)));
+      for (std::size_t i = 0; i < columns.size(); ++i) {
+        widths[i] = std::max(widths[i], canvas.widthof(textof(state, i), cell));
+      }
+    }
+    for (double* width : {&numbers, &names}) *width += 2 * gap;
+    for (double& width : widths) width += 1.5 * gap;
+  }
+
+  /// What is left of the table's width goes to the identifications as far as they need it, then to all columns.
+  void spread(const SheetCanvas& canvas, const SheetContent& content, double width) {
+    double wanted = names;
+    for (const SheetState& state : content.states) {
+      wanted = std::max(wanted, measured(canvas, namein(content, state), cell) + 2 * gap);
+    }
+    names = std::min(wanted, names + std::max(0.0, width - sum()));
+    const double share = std::max(0.0, width - sum()) / static_cast<double>(columns.size() + 1);
+    names += share;
+    for (double& column : widths) column += share;
+  }
+};
+
+TableLook lookof(const SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, double width) {
+  const Theme& theme = themeof(options.colors);
+  TableLook look(theme, options.lettersize);
+  look.measure(canvas, content);
+  if (look.sum() > width) {
+    look = TableLook(theme, options.lettersize * width / look.sum());
+    look.measure(canvas, content);
+  }
+  look.spread(canvas, content, width);
+  return look;
 }
 
 }  // namespace
@@ -59,38 +122,32 @@ void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
   const SheetPoint corner = area.corners()[0];
   const double right = corner.x + width;
   const double bottom = corner.y + tableheight(options, rows);
-  const TextStyle head = theme.bold(0.85 * em);
-  const TextStyle unit = theme.small(0.8 * em);
-  const TextStyle cell = theme.text(em);
-  const double gap = cellgap * em;
+  const TableLook look = lookof(canvas, content, options, width);
+  const double gap = look.gap;
   const double headbottom = corner.y + headheight * em;
   canvas.area({corner, {right, corner.y}, {right, headbottom}, {corner.x, headbottom}}, theme.shade);
-  const auto text = [&](double x, double y, const std::string& words, const TextStyle& style, double room,
-                        Anchor anchor) {
-    canvas.text({x, y}, fitted(canvas, words, style, room), style, anchor);
-  };
-  const double namex = corner.x + numberpart * width;
-  text(namex - gap, corner.y + 1.2 * em, "No.", head, numberpart * width - gap, Anchor::end);
-  text(namex + gap, corner.y + 1.2 * em, "Identification", head, namepart * width - 2 * gap, Anchor::start);
-  double x = namex + namepart * width;
-  for (const Column& column : columns) {
-    x += column.part * width;
-    const double room = column.part * width - gap;
-    text(x - gap, corner.y + 1.2 * em, column.head, head, room, Anchor::end);
-    text(x - gap, corner.y + 2.3 * em, column.unit, unit, room, Anchor::end);
+  const double namex = corner.x + look.numbers;
+  const double headline = corner.y + 1.2 * em;
+  canvas.text({namex - gap, headline}, "No.", look.head, Anchor::end);
+  canvas.text({namex + gap, headline}, "Identification", look.head);
+  double x = namex + look.names;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    x += look.widths[i];
+    canvas.text({x - gap, headline}, columns[i].head, look.head, Anchor::end);
+    canvas.text({x - gap, corner.y + 2.3 * em}, columns[i].unit, look.unit, Anchor::end);
   }
   for (std::size_t i = 0; i < rows; ++i) {
     const SheetState& state = content.states[first + i];
     const double top = headbottom + rowheight * em * static_cast<double>(i);
     const double y = top + 1.15 * em;
     if (i > 0) canvas.polyline({{corner.x, top}, {right, top}}, theme.grid.width, theme.grid.color);
-    text(namex - gap, y, std::to_string(state.number), theme.bold(em), numberpart * width, Anchor::end);
-    text(namex + gap, y, namein(content, state), cell, namepart * width - 2 * gap, Anchor::start);
-    x = namex + namepart * width;
+    canvas.text({namex - gap, y}, std::to_string(state.number), look.number, Anchor::end);
+    const auto [name, style] = shrunk(canvas, namein(content, state), look.cell, look.names - 2 * gap);
+    canvas.text({namex + gap, y}, name, style);
+    x = namex + look.names;
     for (std::size_t property = 0; property < columns.size(); ++property) {
-      x += columns[property].part * width;
-      const std::string number = numeral(state.properties[property], columns[property].decimals);
-      text(x - gap, y, number, cell, columns[property].part * width - gap, Anchor::end);
+      x += look.widths[property];
+      canvas.text({x - gap, y}, textof(state, property), look.cell, Anchor::end);
     }
   }
   for (const double y : {corner.y, headbottom, bottom}) {

@@ -1,6 +1,7 @@
 // Sheets: no text over another or over the frame on any chart and page, curves as exact as promised, all of the
 // document on them.
 #include <algorithm>
+#include <array>
 
 #include "document/desk.h"
 #include "sheet/boundary.h"
@@ -122,12 +123,21 @@ std::string amongscales(const SheetPlot& plot, const SheetPage& page) {
   return faults;
 }
 
-/// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge, a name off the plot.
+/// Titles and identifications may be cut off where they are too long.
+bool iscut(const std::string& text) {
+  constexpr std::array mayend = {"A ", "Supply", "Zone", "Read-out"};
+  const bool may = std::any_of(mayend.begin(), mayend.end(), [&](const char* start) { return text.starts_with(start); });
+  return text.ends_with("…") && !may;
+}
+
+/// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge, a name off the plot, a
+/// text of the program that is cut off.
 std::string faultsof(const SheetDrawing& sheet, const SheetPage& page, const std::vector<SheetPoint>& frame) {
   std::string faults = frame.empty() ? std::string() : amongscales(sheet.plot, page);
   const auto texts = textsof(page);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const Box box = placeof(*texts[i]);
+    if (iscut(texts[i]->text)) faults += texts[i]->text + " is cut off; ";
     for (const SheetPoint corner : box.corners()) {
       if (corner.x < 0 || corner.y < 0 || corner.x > sheet.width || corner.y > sheet.height) {
         faults += texts[i]->text + " beyond the edge; ";

@@ -12,8 +12,8 @@ namespace moistair {
 
 namespace {
 
-constexpr int gap = 11;          // pixels, with a rule in its middle
-constexpr int leastletters = 9;  // of a text that gives way
+constexpr int gap = 11;           // pixels, with a rule in its middle
+constexpr int leastletters = 13;  // of a text that gives way: "no records" is whole or gone
 
 }  // namespace
 

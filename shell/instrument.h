@@ -114,7 +114,7 @@ private:
   QPointF pointer_;
   bool dragging_ = false;
   std::optional<std::size_t> grabbed_;  ///< the mark under the pointer when the button went down
-  QString title_;  ///< what is shown above the reading
+  QString title_;                       ///< what is shown above the reading
   QTimer telling_;
 };
 

@@ -45,7 +45,7 @@ std::string today() {
 SheetOptions sheetof(const SheetCommandOptions& options) {
   SheetOptions sheet = options.sheet;
   const auto page = pagenamed(options.size.empty() ? options.page : options.size, options.portrait);
-  if (!page) throw badusage("a page is letter, a4, tabloid, a3, or two sides such as 1200x800 or 11x8.5in");
+  if (!page) throw badusage("a page is letter, a4, tabloid, a3, or " + sizeinwords());
   sheet.page = *page;
   if (!options.lettersize.empty()) sheet.lettersize = numberof(options.lettersize, "font size") * pixelsperpoint;
   if (!options.lettersize.empty() && !(sheet.lettersize >= leastletters && sheet.lettersize <= mostletters)) {

@@ -67,7 +67,8 @@ double elevationof(double atm) {
 }
 
 std::string elevationtext(const Pressure& pressure) {
-  if (pressure.entry.unit == PressureUnit::elevation) return numbertext(lenientnumber(pressure.entry.text)) + " ft";
+  if (pressure.entry.unit == PressureUnit::elevation)
+    return printed(numbertext(lenientnumber(pressure.entry.text))) + " ft";
   const double elevation = elevationof(pressure.atm);
   if (!hasvalue(elevation)) return {};
   return elevation < 1 ? "sea level" : numeral(elevation, 0) + " ft";

@@ -19,7 +19,7 @@ constexpr double lineweight = 0.6;  // what covering one of these lines costs
 
 /// How a line of constant property is called on itself.
 std::string nameof(const SheetLine& line) {
-  const std::string value = numbertext(line.value);
+  const std::string value = printed(numbertext(line.value));
   switch (line.kind) {
     case LineKind::relativehumidity: return value + " % RH";
     case LineKind::wetbulb: return "WB " + value + " °F";

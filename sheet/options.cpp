@@ -43,6 +43,11 @@ std::optional<PageSize> pagenamed(std::string_view text, bool portrait) {
   return size;
 }
 
+std::string sizeinwords() {
+  return "two sides from " + numbertext(leastside) + " to " + numbertext(mostside) +
+         " pixels, such as 1200x800, or in inches, such as 11x8.5in";
+}
+
 double lettersfor(const PageSize& page) {
   constexpr double smallest = 6;
   constexpr double largest = 12;

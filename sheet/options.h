@@ -43,6 +43,9 @@ PageSize pageof(const NamedPage& page, bool portrait);
 /// any other text and for sides that are out of range.
 std::optional<PageSize> pagenamed(std::string_view text, bool portrait);
 
+/// What a page's size is, for whoever has typed something else: "two sides from 200 to ...".
+std::string sizeinwords();
+
 enum class SheetColors { color, grey, dark };
 inline constexpr std::array<const char*, 3> colornames = {"color", "grey", "dark"};
 

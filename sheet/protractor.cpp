@@ -68,7 +68,7 @@ void drawprotractor(SheetWork& work, SheetPoint corner, double width) {
     spoke(work, centre, directionof(work.plot, ratio), radius - 0.4 * em, radius, scale);
   }
   for (const double ratio : {-0.5, -1.0, -2.0, 5.0, 2.0, 1.5}) {
-    label(ratio, ratio < 0 ? "−" + numeral(-ratio, 1) : numeral(ratio, 1), 1);
+    label(ratio, numeral(ratio, 1), 1);
   }
   label(1e6, "∞", 2);
   const TextStyle style = work.theme.text(0.9 * em);

@@ -47,11 +47,16 @@ inline int decimalsof(double step) {
   return decimals;
 }
 
+/// A number as text with the sign that printers set before what is below zero.
+inline std::string printed(const std::string& number) {
+  return number.starts_with('-') ? "−" + number.substr(1) : number;
+}
+
 /// A number with so many decimals, and without a point where there are none.
 inline std::string numeral(double number, int decimals) {
   std::string text = fixeddecimals(number, decimals);
   if (text.ends_with('.')) text.pop_back();
-  return text;
+  return printed(text);
 }
 
 }  // namespace moistair

@@ -50,11 +50,12 @@ struct Mover {
   }
 };
 
-const FileFormat& formatoffilter(const QString& filter) {
-  for (const FileFormat& format : fileformats) {
-    if (filter == QLatin1String(format.filter)) return format;
-  }
-  return fileformats.front();
+/// The kinds of files, one of them before all others.
+auto formatsfrom(const char* first) {
+  auto formats = fileformats;
+  std::stable_partition(formats.begin(), formats.end(),
+                        [&](const FileFormat& format) { return QLatin1String(format.ending) == QLatin1String(first); });
+  return formats;
 }
 
 /// What is printed to a file is written as every other file is. Returns why it was not, nothing if it was.
@@ -98,16 +99,20 @@ Drawing fittedto(const Document& document, QSize size) {
   return drawing;
 }
 
-std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, const QString& what,
+std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, const QString& what, const char* first,
                                      const std::function<QByteArray(const FileFormat& format)>& content) {
+  const auto formats = formatsfrom(first);
   SaveDialog dialog;
   SaveRequest request{QStringLiteral("Export ") + what, {}};
-  for (const FileFormat& format : fileformats) request.filters.append(QLatin1String(format.filter));
+  for (const FileFormat& format : formats) request.filters.append(QLatin1String(format.filter));
   auto path = dialog.ask(window, request);
   if (!path) return path;
   const FileFormat* format = formatofname(path->toStdString());
   if (format == nullptr) {
-    format = &formatoffilter(dialog.lastfilter());
+    const auto chosen = std::find_if(formats.begin(), formats.end(), [&](const FileFormat& offered) {
+      return dialog.lastfilter() == QLatin1String(offered.filter);
+    });
+    format = chosen == formats.end() ? &formats.front() : &*chosen;
     path = completename(window, request.title, *path, {QLatin1String(format->ending)});
     if (!path) return path;
   }
@@ -120,7 +125,7 @@ std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, con
 }
 
 std::optional<QString> exportchart(QWidget* window, const SessionLog& log, const Document& document, QSize size) {
-  return exportpicture(window, log, QStringLiteral("chart"), [&](const FileFormat& format) {
+  return exportpicture(window, log, QStringLiteral("chart"), ".svg", [&](const FileFormat& format) {
     return format.content(fittedto(document, size), size, exportscale);
   });
 }

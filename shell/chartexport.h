@@ -33,7 +33,8 @@ Drawing fittedto(const Document& document, QSize size);
 /// of the filter chosen, whose ending is then added. Tells the user of a file that could not be written, and why.
 /// Returns the path of one that was.
 /// @param what as the user calls it; "Export what" is the title of the dialog
-std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, const QString& what,
+/// @param first ending of the format that the dialog offers first
+std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, const QString& what, const char* first,
                                      const std::function<QByteArray(const FileFormat& format)>& content);
 
 /// The same for the chart.

@@ -42,20 +42,28 @@ void Sheets::follow(const QSize& visible) {
 
 std::optional<PlotBox> Sheets::plot() { return view_->isHidden() ? std::nullopt : std::optional(view_->plot()); }
 
+/// Tells the user where none stands: a sheet of an empty chart is not what was wanted.
+bool Sheets::haschart() const {
+  const bool stands = lastchart(chart_.document()) != nullptr;
+  if (!stands) message(&window_, tr("There is no chart to make a sheet of."));
+  return stands;
+}
+
 std::optional<QString> Sheets::exportsheet() {
+  if (!haschart()) return std::nullopt;
   const SheetContent content = contentof(chart_.document());
   SheetDialog dialog(&window_, content, options_);
   const bool accepted = dialog.exec() == QDialog::Accepted;
   options_ = dialog.options();
   if (!accepted) return std::nullopt;
-  return exportpicture(&window_, log_, QStringLiteral("sheet"), [&](const FileFormat& format) {
+  return exportpicture(&window_, log_, QStringLiteral("sheet"), ".pdf", [&](const FileFormat& format) {
     return sheetcontent(format.ending, layoutsheet(content, options_, sheetextents()), options_.title, exportscale);
   });
 }
 
 QPageLayout Sheets::print(const QPageLayout& page) {
   switch (askwhat()) {
-    case Printed::sheet: return printsheet(page);
+    case Printed::sheet: return haschart() ? printsheet(page) : page;
     case Printed::chart: return printchart(&window_, log_, chart_.document(), page);
     case Printed::nothing: break;
   }

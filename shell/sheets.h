@@ -48,6 +48,7 @@ Q_SIGNALS:
 private:
   enum class Printed { nothing, chart, sheet };
 
+  bool haschart() const;
   Printed askwhat();
   QPageLayout printsheet(const QPageLayout& page);
   void show();

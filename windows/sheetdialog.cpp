@@ -216,11 +216,7 @@ void SheetDialog::follow() {
   orientation_->setEnabled(!other);
   const auto read = this->read();
   accept_->setEnabled(read.has_value());
-  fault_->setText(
-      read ? QString()
-           : tr("A size is two sides from %1 to %2 pixels, such as 1200x800, or in inches, such as 11x8.5in.")
-                 .arg(leastside)
-                 .arg(mostside));
+  fault_->setText(read ? QString() : tr("A size is %1.").arg(QString::fromStdString(sizeinwords())));
   if (!read) return;
   options_ = *read;
   SheetDrawing sheet = layoutsheet(content_, options_, extents_);

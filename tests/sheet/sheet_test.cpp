@@ -126,12 +126,13 @@ std::string amongscales(const SheetPlot& plot, const SheetPage& page) {
 /// Titles and identifications may be cut off where they are too long.
 bool iscut(const std::string& text) {
   constexpr std::array mayend = {"A ", "Supply", "Zone", "Read-out"};
-  const bool may = std::any_of(mayend.begin(), mayend.end(), [&](const char* start) { return text.starts_with(start); });
+  const bool may =
+      std::any_of(mayend.begin(), mayend.end(), [&](const char* start) { return text.starts_with(start); });
   return text.ends_with("…") && !may;
 }
 
-/// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge, a name off the plot, a
-/// text of the program that is cut off.
+/// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge, a name off the plot,
+/// a text of the program that is cut off.
 std::string faultsof(const SheetDrawing& sheet, const SheetPage& page, const std::vector<SheetPoint>& frame) {
   std::string faults = frame.empty() ? std::string() : amongscales(sheet.plot, page);
   const auto texts = textsof(page);

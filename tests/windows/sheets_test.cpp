@@ -33,8 +33,15 @@ TEST(Sheets, AreExportedAsChosenAndChosenSoTheNextTime) {
   for (const char* part : {"viewBox=\"0 0 900 600\"", "<title>Handed in</title>", ">A</text>", ">50 % RH</text>"}) {
     EXPECT_NE(sheet.find(part), std::string::npos) << part;
   }
-  EXPECT_EQ(exportsheet(program, "11x8.5in", "s.pdf"), "900x600");
+  EXPECT_EQ(exportsheet(program, "11x8.5in", "s"), "900x600");  // without an ending: the format offered first
   EXPECT_EQ(program.file("s.pdf").substr(0, 4), "%PDF");
+}
+
+TEST(Sheets, AreNotMadeWithoutAChart) {
+  Program program;
+  const BoxAnswers answers;
+  action(program.window, "Export s&heet").trigger();
+  EXPECT_EQ(answers.lasttext(), "There is no chart to make a sheet of.");
 }
 
 TEST(Sheets, StandInPlaceOfTheDrawingWhileAChartStands) {

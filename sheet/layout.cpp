@@ -187,7 +187,8 @@ private:
 
   void drawrows(double top, std::size_t rows) {
     const auto corners = parts_.above.corners();
-    drawtable(canvas_, content_, options_, boxof({corners[0].x, top}, corners[2]), next_, rows);
+    if (!table_) table_ = tabledrawer(canvas_, content_, options_, corners[2].x - corners[0].x);
+    table_(boxof({corners[0].x, top}, corners[2]), next_, rows);
     next_ += rows;
   }
 
@@ -203,6 +204,7 @@ private:
   PageParts parts_;
   SheetCanvas canvas_;
   SheetDrawing drawing_;
+  TableDrawer table_;
   std::size_t next_ = 0, last_ = 0;  ///< rows of the table
   std::size_t underchart_ = 0, perpage_ = 1, pages_ = 1;
 };

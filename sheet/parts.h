@@ -3,6 +3,7 @@
 /// one.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,9 +46,11 @@ double titleblockheight(const SheetOptions& options);
 void drawtitleblock(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const Box& area,
                     const std::string& page);
 
-/// So many rows of the table of states from the first, in a rectangle that begins at its top.
+/// Draws so many rows of the table of states from the first, in a rectangle that begins at its top.
+using TableDrawer = std::function<void(const Box& area, std::size_t first, std::size_t rows)>;
+
+/// That for a table of some width [pixels], whose columns are measured once for all its pages.
 double tableheight(const SheetOptions& options, std::size_t rows);
-void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const Box& area,
-               std::size_t first, std::size_t rows);
+TableDrawer tabledrawer(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, double width);
 
 }  // namespace moistair

@@ -108,21 +108,14 @@ TableLook lookof(const SheetCanvas& canvas, const SheetContent& content, const S
   return look;
 }
 
-}  // namespace
-
-double tableheight(const SheetOptions& options, std::size_t rows) {
-  return options.lettersize * (headheight + rowheight * static_cast<double>(rows));
-}
-
-void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const Box& area,
-               std::size_t first, std::size_t rows) {
+void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const TableLook& look,
+               const Box& area, std::size_t first, std::size_t rows) {
   const Theme& theme = themeof(options.colors);
   const double em = options.lettersize;
   const double width = 2 * area.halflength;
   const SheetPoint corner = area.corners()[0];
   const double right = corner.x + width;
   const double bottom = corner.y + tableheight(options, rows);
-  const TableLook look = lookof(canvas, content, options, width);
   const double gap = look.gap;
   const double headbottom = corner.y + headheight * em;
   canvas.area({corner, {right, corner.y}, {right, headbottom}, {corner.x, headbottom}}, theme.shade);
@@ -153,6 +146,19 @@ void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
   for (const double y : {corner.y, headbottom, bottom}) {
     canvas.polyline({{corner.x, y}, {right, y}}, theme.scale.width, theme.scale.color);
   }
+}
+
+}  // namespace
+
+double tableheight(const SheetOptions& options, std::size_t rows) {
+  return options.lettersize * (headheight + rowheight * static_cast<double>(rows));
+}
+
+TableDrawer tabledrawer(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, double width) {
+  return [&canvas, &content, &options, look = lookof(canvas, content, options, width)](
+             const Box& area, std::size_t first, std::size_t rows) {
+    drawtable(canvas, content, options, look, area, first, rows);
+  };
 }
 
 }  // namespace moistair

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <set>
+#include <span>
 
 namespace moistair {
 
@@ -93,11 +94,13 @@ private:
   }
 
   std::string place() const {
+    constexpr std::size_t told = 5;  // no document has more, and a message is to be read
     std::string place;
-    for (const Level& level : levels_) {
+    for (const Level& level : std::span(levels_).first(std::min(told, levels_.size()))) {
       if (!place.empty()) place += ", ";
       place += level.name.empty() ? std::to_string(level.element) : repeated(level.name);
     }
+    if (levels_.size() > told) place += ", ...";
     return place;
   }
 

@@ -16,16 +16,6 @@ constexpr std::size_t firstproperty = 3;
 constexpr std::array<const char*, firstproperty> firstheads = {"Kind", "Identification", "Atmos. pr (in Hg)"};
 constexpr std::array<const char*, 3> mixingmarks = {"St1", "Mix", "St2"};
 
-double StatePoint::*propertyof(LineKind kind) {
-  switch (kind) {
-    case LineKind::relativehumidity: return &StatePoint::rh;
-    case LineKind::wetbulb: return &StatePoint::wb;
-    case LineKind::enthalpy: return &StatePoint::h;
-    case LineKind::specificvolume: break;
-  }
-  return &StatePoint::v;
-}
-
 /// Appends the rows of an entry.
 struct RowWriter {
   std::vector<TableRow>& rows;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <limits>
 
 #include "engine/moistair.h"
 
@@ -39,6 +40,12 @@ inline double pvsat(double temp) {
   const auto index = static_cast<std::size_t>(place);
   const double nodetemp = SaturationTable::lowest + static_cast<double>(index) / SaturationTable::perdegree;
   return nodetemp == temp ? saturations.entries[index].pvs : psychro_pvs(temp);
+}
+
+/// Humidity ratio of saturated air [lb/lb]; infinite where water boils.
+inline double saturationratio(double db, double atm) {
+  const double ps = pvsat(db);
+  return ps < atm ? ratioof(ps, atm) : std::numeric_limits<double>::infinity();
 }
 
 /// A saturation pressure [in Hg], its slope and its curvature by the temperature in deg F.

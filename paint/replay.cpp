@@ -10,10 +10,6 @@ namespace moistair {
 
 namespace {
 
-QPointF pixels(float x, float y) {
-  return {static_cast<double>(x) / twipsperpixel, static_cast<double>(y) / twipsperpixel};
-}
-
 QColor screencolor(const std::optional<Color>& color) {
   return color ? QColor(color->red, color->green, color->blue) : QColor(Qt::black);
 }
@@ -138,6 +134,10 @@ PaintedText paintedtext(const TextOperation& text, const QFontMetricsF& metrics,
   const double width = metrics.horizontalAdvance(characters);
   const QPointF corner = pixels(text.x, text.y);
   return {characters, corner + QPointF(-overhang(corner.x(), width, ground), metrics.ascent()), width};
+}
+
+QPointF pixels(float x, float y) {
+  return {static_cast<double>(x) / twipsperpixel, static_cast<double>(y) / twipsperpixel};
 }
 
 QFont canvasfont() {

@@ -18,6 +18,9 @@
 
 namespace moistair {
 
+/// A place of a drawing [twips] in logical pixels.
+QPointF pixels(float x, float y);
+
 /// Font of all text on the chart, and the name that its files have.
 inline constexpr const char* canvasfamily = "DejaVu Sans";
 QFont canvasfont();

@@ -21,12 +21,6 @@ constexpr double saturationreach = 5;  // pixels
 
 double rounded(double value, double parts) { return std::round(value * parts) / parts; }
 
-/// Humidity ratio of saturated air; no value where water boils.
-double saturationratio(double db, double atm) {
-  const double ps = pvsat(db);
-  return ps < atm ? ratioof(ps, atm) : novalue;
-}
-
 Resolution resolved(const Place& place, double atm) {
   SolverFields fields;
   return resolvepair({PropertyKind::db, place.db}, {PropertyKind::w, place.w}, atm, openrangefinders(), fields);
@@ -38,11 +32,6 @@ std::string coordinatetext(double value, int decimals) {
   const double parts = std::pow(10, decimals);
   const bool isshort = std::abs(rounded(value, parts) - value) < 0.5 / shownparts;
   return fixeddecimals(value, isshort ? decimals : most);
-}
-
-const ReadingRow& rowof(double StatePoint::*value) {
-  return *std::find_if(readingrows.begin(), readingrows.end(),
-                       [&](const ReadingRow& row) { return row.value == value; });
 }
 
 std::string spokenrow(const ReadingRow& row, const StatePoint& state) {
@@ -168,6 +157,11 @@ std::vector<Place> humiditycurve(const ChartLimits& limits, double atm, const St
     if (places.back().w > limits.highhr) break;
   }
   return places;
+}
+
+const ReadingRow& rowof(double StatePoint::*value) {
+  return *std::find_if(readingrows.begin(), readingrows.end(),
+                       [&](const ReadingRow& row) { return row.value == value; });
 }
 
 std::string readingtext(const ReadingRow& row, const StatePoint& state) {

@@ -100,6 +100,9 @@ inline constexpr std::array<ReadingRow, 8> readingrows = {{
     {"V. pr", "pv", "In Hg", 4, &StatePoint::pv},
 }};
 
+/// The row of a property, which has to be one of them.
+const ReadingRow& rowof(double StatePoint::*value);
+
 /// The value of a row. Dry bulb and humidity ratio, which a place is given by, with as many decimals as they have.
 std::string readingtext(const ReadingRow& row, const StatePoint& state);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/saturation.h"
 #include "sheet/curves.h"
 
 namespace moistair {

@@ -1,9 +1,9 @@
 #include "sheet/curves.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "engine/moistair.h"
+#include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "sheet/geometry.h"
 
@@ -57,11 +57,6 @@ bool SheetPlot::holds(SheetPoint place) const {
   const double drybulb = db(place.x);
   const double ratio = w(place.y);
   return limits.contain(drybulb, ratio) && ratio <= saturationratio(drybulb, atm);
-}
-
-double saturationratio(double db, double atm) {
-  const double w = psychro_wrh(db, 100, atm);
-  return w > 0 ? w : std::numeric_limits<double>::infinity();
 }
 
 LineFunction linefunction(LineKind kind, double value, double atm) {

@@ -17,9 +17,6 @@ namespace moistair {
 /// Humidity ratio by the dry bulb [deg F]; no value where the line has none.
 using LineFunction = std::function<double(double db)>;
 
-/// Humidity ratio of saturated air [lb/lb]; infinite where the water boils.
-double saturationratio(double db, double atm);
-
 /// The function of a line of constant property.
 LineFunction linefunction(LineKind kind, double value, double atm);
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/moistair.h"
+#include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "sheet/curves.h"
 #include "sheet/parts.h"

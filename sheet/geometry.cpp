@@ -91,15 +91,6 @@ bool crosses(const Box& box, SheetPoint from, SheetPoint to) {
   return cut(start.x, way.x, box.halflength) && cut(start.y, way.y, box.halfheight);
 }
 
-std::optional<SheetPoint> meeting(SheetPoint a, SheetPoint b, SheetPoint c, SheetPoint d) {
-  const double turn = cross(b - a, d - c);
-  if (turn == 0) return std::nullopt;
-  const double first = cross(c - a, d - c) / turn;
-  const double second = cross(c - a, b - a) / turn;
-  if (!(first >= 0 && first <= 1 && second >= 0 && second <= 1)) return std::nullopt;
-  return a + (b - a) * first;
-}
-
 double lengthof(const std::vector<SheetPoint>& line) {
   double sum = 0;
   for (std::size_t i = 1; i < line.size(); ++i) sum += distance(line[i - 1], line[i]);

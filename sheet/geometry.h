@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cmath>
-#include <optional>
 #include <vector>
 
 #include "sheet/sheetdrawing.h"
@@ -53,9 +52,6 @@ bool overlap(const Box& a, const Box& b);
 
 /// Whether any part of a line lies within a box.
 bool crosses(const Box& box, SheetPoint from, SheetPoint to);
-
-/// Where the line from a to b meets the line from c to d; none if they do not.
-std::optional<SheetPoint> meeting(SheetPoint a, SheetPoint b, SheetPoint c, SheetPoint d);
 
 /// A place along a line of many pieces, and the direction there.
 struct PlaceOnLine {

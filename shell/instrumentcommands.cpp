@@ -12,22 +12,6 @@ namespace moistair {
 
 namespace {
 
-/// What of a state a line keeps.
-double StatePoint::*keptby(LineKind kind) {
-  switch (kind) {
-    case LineKind::relativehumidity: return &StatePoint::rh;
-    case LineKind::wetbulb: return &StatePoint::wb;
-    case LineKind::enthalpy: return &StatePoint::h;
-    case LineKind::specificvolume: break;
-  }
-  return &StatePoint::v;
-}
-
-const ReadingRow& rowof(double StatePoint::*value) {
-  return *std::find_if(readingrows.begin(), readingrows.end(),
-                       [&](const ReadingRow& row) { return row.value == value; });
-}
-
 QString menutext(const std::string& text) {
   return QString::fromStdString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
@@ -113,7 +97,7 @@ void Instrument::drop() {
 
 /// A line of the property that the place has, as it is read there, at the pressure and between the limits of the chart.
 void Instrument::draw(LineKind kind, const Spot& spot) {
-  const std::string value = readingtext(rowof(keptby(kind)), *spot.reading.state);
+  const std::string value = readingtext(rowof(propertyof(kind)), *spot.reading.state);
   const char* reason = chart_.add({*standing_, PropertyLine{kind, numbertext(lenientnumber(value))}}, ground_.window());
   if (reason != nullptr) Q_EMIT refused(QString::fromUtf8(reason));
 }
@@ -196,7 +180,7 @@ void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
     menu.addSeparator();
     for (const LineKind kind :
          {LineKind::relativehumidity, LineKind::wetbulb, LineKind::enthalpy, LineKind::specificvolume}) {
-      const ReadingRow& row = rowof(keptby(kind));
+      const ReadingRow& row = rowof(propertyof(kind));
       const QString value = QString::fromStdString(readingtext(row, *spot.reading.state));
       add(tr("%1 %2 %3 through here").arg(QLatin1String(captionof(kind)), value, QLatin1String(row.unit)),
           [this, kind, spot] { draw(kind, spot); });

@@ -18,8 +18,6 @@ namespace {
 struct Course {
   QPainterPath& path;
 
-  static QPointF pixels(float x, float y) { return QPointF(double{x}, double{y}) / twipsperpixel; }
-
   void operator()(const LineOperation& line) const {
     const QPointF from = pixels(line.x1, line.y1);
     if (path.currentPosition() != from) path.moveTo(from);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "document/desk.h"
+#include "engine/saturation.h"
 #include "sheet/boundary.h"
 #include "sheet/curves.h"
 #include "sheet/geometry.h"

@@ -76,11 +76,7 @@ TEST(Files, AreSavedAndOpenedAsTheyWere) {
 
 TEST(Files, BringTheirPressureInForce) {
   Program program(Program::AtStart);
-  QWidget& pressure = program.dialog("Form2");
-  select(pressure, "Combo1", 3);
-  type(pressure, "Text1", "5000");
-  const BoxAnswers answers(QMessageBox::Yes);
-  click(pressure, "Command1");
+  program.setelevation("5000");
   program.drawchart();
   const SaveAnswer save(program.path("high"));
   action(program.window, "Save &as").trigger();

@@ -29,18 +29,10 @@ std::string marked(QWidget& window, const char* name) {
   return found.toolTip().toStdString();
 }
 
-void setelevation(Program& program, const char* feet) {
-  QWidget& pressure = program.open("Command4", "Form2");
-  select(pressure, "Combo1", 3);
-  type(pressure, "Text1", feet);
-  const BoxAnswers answers(QMessageBox::Yes);
-  click(pressure, "Command1");
-}
-
 TEST(StatusLine, PutsThePressureOfTheHeaderBackInForce) {
   Program program;
   EXPECT_EQ(facts(program.window), "29.92126 in Hg|||No chart|no records|");
-  setelevation(program, "5000");
+  program.setelevation("5000");
   program.drawchart();
   program.typepoint("75", "62.5");
   const std::string row = program.row();
@@ -139,7 +131,7 @@ TEST(Remarks, FollowThePressureTheChartAndTheListsBetweenKeys) {
   EXPECT_EQ(said(program.window), std::string("row above: from before; now: no state found by the search; ") + exact);
   select(program.window, "Combo3", 0);
   EXPECT_EQ(said(program.window), missed);
-  setelevation(program, "5000");
+  program.setelevation("5000");
   program.drawchart();
   program.typepoint("13.68", "27.65");
   EXPECT_EQ(said(program.window), "");
@@ -154,7 +146,7 @@ TEST(Remarks, FollowThePressureTheChartAndTheListsBetweenKeys) {
 
 TEST(Remarks, OfStreamsStandBelowTheMixingTable) {
   Program program;
-  setelevation(program, "5000");
+  program.setelevation("5000");
   click(program.window, "Command4");
   program.returntochart();
   QWidget& window = program.open("Command13", "Form5");

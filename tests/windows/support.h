@@ -172,6 +172,15 @@ public:
 
   void returntochart() { click(dialog("Form2"), "Command2"); }
 
+  /// Sets the elevation of the site in the pressure window, which is open at the start and else opened.
+  void setelevation(const char* feet) {
+    QWidget& pressure = isopen("Form2") ? dialog("Form2") : open("Command4", "Form2");
+    select(pressure, "Combo1", 3);
+    type(pressure, "Text1", feet);
+    const BoxAnswers answers(QMessageBox::Yes);
+    click(pressure, "Command1");
+  }
+
   void drawchart(bool blank = false) {
     QWidget& charttype = open("Command3", "Form6");
     if (blank) control<QAbstractButton>(charttype, "Option2").click();

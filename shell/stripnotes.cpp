@@ -135,7 +135,7 @@ void StripNotes::tellempty() {
   const auto boxes = lineboxes(strip_);
   const auto drawn = emptylines(chart_.document(), values_.pressure.lenient());
   for (std::size_t kind = 0; kind < boxes.size(); ++kind) {
-    boxes[kind]->setPlaceholderText(drawn[kind] ? tr("draws 0") : tr("no line"));
+    boxes[kind]->setPlaceholderText(drawn[kind] ? tr("line 0") : tr("no line"));
   }
 }
 

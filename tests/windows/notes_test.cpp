@@ -90,7 +90,7 @@ TEST(Boxes, SayWhatTheyAreReadAs) {
   for (const char* box : {"Text1", "Text2", "Text3", "Text6"}) {
     empty += control<QLineEdit>(program.window, box).placeholderText().toStdString() + "|";
   }
-  EXPECT_EQ(empty, "draws 0|draws 0|draws 0|no line|");
+  EXPECT_EQ(empty, "line 0|line 0|line 0|no line|");
   auto& kind = *control<ListBox>(program.window, "Combo1").lineEdit();
   kind.selectAll();
   QTest::keyClicks(&kind, QStringLiteral("Rel"));

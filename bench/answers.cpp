@@ -13,9 +13,9 @@
 #include <string>
 #include <vector>
 
+#include "advice/pairnotes.h"
 #include "engine/answers.h"
 #include "engine/openfinders.h"
-#include "session/pairnotes.h"
 
 namespace moistair {
 namespace {

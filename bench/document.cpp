@@ -3,8 +3,8 @@
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include "document/documentfile.h"
-#include "document/history.h"
+#include "model/documentfile.h"
+#include "model/history.h"
 
 namespace {
 

@@ -17,9 +17,9 @@
 
 #include "chart/drawchart.h"
 #include "chart/drawing.h"
+#include "engine/mixingproblem.h"
 #include "engine/openfinders.h"
 #include "engine/resolver.h"
-#include "mixing/mixingproblem.h"
 
 namespace moistair {
 namespace {

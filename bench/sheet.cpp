@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 
-#include "document/document.h"
+#include "model/document.h"
 #include "paint/sheetpaint.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

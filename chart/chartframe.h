@@ -12,8 +12,8 @@
 
 #include "chart/canvas.h"
 #include "engine/moistair.h"
-#include "engine/numbertext.h"
 #include "engine/state.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 

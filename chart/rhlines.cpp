@@ -1,7 +1,7 @@
 #include "chart/propertylines.h"
 #include "chart/tracing.h"
 #include "engine/moistair.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "engine/solvers.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

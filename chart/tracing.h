@@ -3,7 +3,7 @@
 #pragma once
 
 #include "chart/chartframe.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

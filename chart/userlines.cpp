@@ -1,5 +1,5 @@
 #include "chart/propertylines.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

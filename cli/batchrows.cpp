@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <variant>
 
+#include "advice/refusalwords.h"
 #include "cli/check.h"
 #include "cli/fault.h"
 #include "cli/properties.h"
-#include "engine/value.h"
-#include "session/numberformat.h"
-#include "session/refusalwords.h"
-#include "session/tablefield.h"
+#include "text/numberformat.h"
+#include "text/tablefield.h"
+#include "text/value.h"
 
 namespace moistair {
 

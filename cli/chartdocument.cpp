@@ -11,7 +11,7 @@
 #include "cli/fault.h"
 #include "cli/picture.h"
 #include "cli/properties.h"
-#include "document/documentfile.h"
+#include "model/documentfile.h"
 
 namespace moistair {
 

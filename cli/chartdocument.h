@@ -10,7 +10,7 @@
 #include "cli/limitsoption.h"
 #include "cli/pressureoption.h"
 #include "cli/stream.h"
-#include "document/document.h"
+#include "model/document.h"
 
 namespace moistair {
 

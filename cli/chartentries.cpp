@@ -9,8 +9,8 @@
 #include "cli/limitsoption.h"
 #include "cli/mixoptions.h"
 #include "cli/properties.h"
-#include "session/pointreport.h"
-#include "session/utf8.h"
+#include "model/pointreport.h"
+#include "text/utf8.h"
 
 namespace moistair {
 

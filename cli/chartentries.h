@@ -6,7 +6,7 @@
 #include <string>
 
 #include "chart/chartframe.h"
-#include "document/document.h"
+#include "model/document.h"
 
 namespace moistair {
 

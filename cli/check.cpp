@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "advice/remark.h"
 #include "cli/format.h"
-#include "session/remark.h"
 
 namespace moistair {
 

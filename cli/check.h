@@ -9,8 +9,8 @@
 #include <string>
 
 #include "cli/properties.h"
-#include "document/jsonnode.h"
 #include "engine/answers.h"
+#include "model/jsonnode.h"
 
 namespace moistair {
 

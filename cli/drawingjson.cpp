@@ -3,8 +3,8 @@
 #include <string_view>
 #include <variant>
 
-#include "document/jsonnode.h"
-#include "session/numberformat.h"
+#include "model/jsonnode.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <map>
 
-#include "engine/numbertext.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 

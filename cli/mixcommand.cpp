@@ -10,8 +10,8 @@
 #include "cli/format.h"
 #include "cli/mixoptions.h"
 #include "cli/stream.h"
-#include "document/jsonnode.h"
-#include "session/numberformat.h"
+#include "model/jsonnode.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 

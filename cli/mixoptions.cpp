@@ -5,7 +5,7 @@
 
 #include "cli/fault.h"
 #include "cli/properties.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "cli/pressureoption.h"
-#include "mixing/mixingproblem.h"
+#include "engine/mixingproblem.h"
 
 namespace moistair {
 

@@ -2,10 +2,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "advice/refusalwords.h"
 #include "cli/fault.h"
-#include "engine/numbertext.h"
-#include "engine/value.h"
-#include "session/refusalwords.h"
+#include "text/numbertext.h"
+#include "text/value.h"
 
 namespace moistair {
 

@@ -9,7 +9,7 @@
 #include <variant>
 
 #include "engine/moistair.h"
-#include "session/pressureunits.h"
+#include "engine/pressureunits.h"
 
 namespace CLI {
 class App;

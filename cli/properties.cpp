@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "advice/refusalwords.h"
 #include "cli/fault.h"
-#include "engine/value.h"
-#include "session/pointreport.h"
-#include "session/refusalwords.h"
+#include "model/pointreport.h"
+#include "text/value.h"
 
 namespace moistair {
 

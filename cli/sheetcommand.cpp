@@ -13,9 +13,9 @@
 #include "cli/fault.h"
 #include "cli/picture.h"
 #include "cli/properties.h"
-#include "session/utf8.h"
 #include "sheet/content.h"
 #include "sheet/options.h"
+#include "text/utf8.h"
 
 namespace moistair {
 

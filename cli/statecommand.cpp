@@ -16,8 +16,8 @@
 #include "cli/pressureoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
-#include "document/jsonnode.h"
-#include "session/numberformat.h"
+#include "model/jsonnode.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 

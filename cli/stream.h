@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "session/descriptor.h"
-#include "session/outputfile.h"
+#include "files/descriptor.h"
+#include "files/outputfile.h"
 
 namespace moistair {
 

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "engine/moistair.h"
-#include "engine/value.h"
 #include "engine/vaporterms.h"
+#include "text/value.h"
 
 namespace moistair {
 

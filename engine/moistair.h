@@ -14,7 +14,7 @@
 /// (value.h).
 #pragma once
 
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

@@ -5,7 +5,7 @@
 
 #include "engine/moistair.h"
 #include "engine/solvers.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

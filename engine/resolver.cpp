@@ -8,7 +8,7 @@
 #include "engine/nested.h"
 #include "engine/pairlimits.h"
 #include "engine/solvers.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

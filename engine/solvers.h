@@ -14,7 +14,7 @@
 
 #include "engine/searched.h"
 #include "engine/state.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

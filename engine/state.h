@@ -11,7 +11,7 @@
 #include <optional>
 #include <string_view>
 
-#include "engine/numbertext.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 

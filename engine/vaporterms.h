@@ -9,7 +9,7 @@
 #include <cmath>
 
 #include "engine/moistair.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 namespace moistair {
 

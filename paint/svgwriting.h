@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "chart/canvas.h"
-#include "engine/numbertext.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 

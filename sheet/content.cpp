@@ -3,12 +3,12 @@
 #include <cmath>
 #include <utility>
 
-#include "document/table.h"
 #include "engine/moistair.h"
-#include "engine/numbertext.h"
-#include "engine/value.h"
+#include "model/table.h"
 #include "sheet/curves.h"
 #include "sheet/steps.h"
+#include "text/numbertext.h"
+#include "text/value.h"
 
 namespace moistair {
 

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "document/document.h"
-#include "session/pointreport.h"
+#include "model/document.h"
+#include "model/pointreport.h"
 
 namespace moistair {
 

@@ -4,9 +4,9 @@
 #include <map>
 #include <utility>
 
-#include "engine/numbertext.h"
 #include "sheet/curves.h"
 #include "sheet/parts.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 

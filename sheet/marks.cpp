@@ -2,11 +2,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/numbertext.h"
-#include "engine/value.h"
 #include "sheet/curves.h"
 #include "sheet/parts.h"
 #include "sheet/steps.h"
+#include "text/numbertext.h"
+#include "text/value.h"
 
 namespace moistair {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <utility>
 
-#include "engine/numbertext.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 

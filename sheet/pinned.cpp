@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "session/reading.h"
+#include "chart/reading.h"
 #include "sheet/parts.h"
 #include "sheet/steps.h"
 

@@ -3,9 +3,9 @@
 #include <array>
 #include <numeric>
 
-#include "engine/value.h"
 #include "sheet/parts.h"
 #include "sheet/steps.h"
+#include "text/value.h"
 
 namespace moistair {
 

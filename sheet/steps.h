@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/numbertext.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 

@@ -11,7 +11,7 @@
 #include <functional>
 #include <optional>
 
-#include "document/document.h"
+#include "model/document.h"
 #include "paint/exports.h"
 
 class QPagedPaintDevice;

@@ -4,10 +4,10 @@
 #include <QUrl>
 #include <QWindow>
 
+#include "chart/pointmark.h"
+#include "engine/pressureunits.h"
+#include "model/pointreport.h"
 #include "paint/exports.h"
-#include "session/pointmark.h"
-#include "session/pointreport.h"
-#include "session/pressureunits.h"
 #include "shell/chartexport.h"
 #include "shell/filewriting.h"
 #include "shell/mainwindow.h"

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "document/again.h"
+#include "model/again.h"
 #include "shell/filewriting.h"
 #include "shell/mainwindow.h"
 #include "shell/sheets.h"

@@ -8,10 +8,10 @@
 #include <system_error>
 #include <utility>
 
-#include "document/documentfile.h"
-#include "session/earliersessions.h"
-#include "session/inputfile.h"
-#include "session/outputfile.h"
+#include "files/inputfile.h"
+#include "files/outputfile.h"
+#include "log/earliersessions.h"
+#include "model/documentfile.h"
 #include "shell/filewriting.h"
 #include "toolkit/dialog.h"
 #include "toolkit/messages.h"

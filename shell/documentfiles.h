@@ -13,8 +13,8 @@
 #include <functional>
 #include <vector>
 
-#include "document/chartcommands.h"
-#include "session/sessionlog.h"
+#include "log/sessionlog.h"
+#include "model/chartcommands.h"
 #include "toolkit/savedialog.h"
 
 namespace moistair {

@@ -7,8 +7,8 @@
 #include <optional>
 #include <string_view>
 
-#include "session/outputfile.h"
-#include "session/sessionlog.h"
+#include "files/outputfile.h"
+#include "log/sessionlog.h"
 #include "toolkit/filename.h"
 
 namespace moistair {

@@ -16,8 +16,8 @@
 #include <optional>
 #include <vector>
 
-#include "document/chartcommands.h"
-#include "document/marks.h"
+#include "model/chartcommands.h"
+#include "model/marks.h"
 #include "windows/readinglayer.h"
 
 namespace moistair {

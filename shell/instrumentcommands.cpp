@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "session/pointreport.h"
+#include "model/pointreport.h"
 #include "shell/instrument.h"
 
 namespace moistair {

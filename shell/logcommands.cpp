@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "document/documentfile.h"
-#include "session/earliersessions.h"
+#include "log/earliersessions.h"
+#include "model/documentfile.h"
 #include "shell/mainwindow.h"
 #include "toolkit/filename.h"
 #include "toolkit/messages.h"

@@ -7,7 +7,7 @@
 #include <QWindow>
 
 #include "chart/chartfinders.h"
-#include "session/pressureunits.h"
+#include "engine/pressureunits.h"
 #include "shell/chartmenu.h"
 #include "shell/sheets.h"
 #include "shell/startup.h"

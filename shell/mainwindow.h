@@ -11,10 +11,10 @@
 #include <QPageLayout>
 #include <QPointer>
 
-#include "document/chartcommands.h"
-#include "session/locate.h"
-#include "session/sessionlog.h"
-#include "session/sessionvalues.h"
+#include "log/sessionlog.h"
+#include "model/chartcommands.h"
+#include "model/locate.h"
+#include "model/sessionvalues.h"
 #include "shell/documentfiles.h"
 #include "shell/instrument.h"
 #include "shell/strip.h"

@@ -7,8 +7,8 @@
 #include <QWidget>
 #include <optional>
 
-#include "document/chartcommands.h"
-#include "session/reading.h"
+#include "chart/reading.h"
+#include "model/chartcommands.h"
 #include "sheet/options.h"
 #include "windows/sheetview.h"
 

@@ -5,8 +5,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
-#include "document/standing.h"
-#include "session/pairnotes.h"
+#include "advice/pairnotes.h"
+#include "advice/standing.h"
 #include "toolkit/elidedlabel.h"
 #include "toolkit/tellingline.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "engine/numbertext.h"
+#include "text/numbertext.h"
 #include "toolkit/controls.h"
 #include "toolkit/valuebox.h"
 

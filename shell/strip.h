@@ -10,7 +10,7 @@
 
 #include "chart/chartframe.h"
 #include "engine/state.h"
-#include "session/locate.h"
+#include "model/locate.h"
 #include "toolkit/listbox.h"
 
 class QGridLayout;

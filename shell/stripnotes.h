@@ -7,9 +7,9 @@
 #include <array>
 #include <functional>
 
-#include "document/chartcommands.h"
-#include "session/pairnotes.h"
-#include "session/sessionlog.h"
+#include "advice/pairnotes.h"
+#include "log/sessionlog.h"
+#include "model/chartcommands.h"
 #include "shell/statusline.h"
 #include "shell/strip.h"
 

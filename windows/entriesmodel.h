@@ -5,7 +5,7 @@
 #include <QAbstractTableModel>
 #include <vector>
 
-#include "document/table.h"
+#include "model/table.h"
 
 namespace moistair {
 

@@ -5,7 +5,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-#include "mixing/mixingblock.h"
+#include "log/mixingblock.h"
 #include "toolkit/messages.h"
 #include "toolkit/valuebox.h"
 

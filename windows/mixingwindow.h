@@ -15,10 +15,10 @@
 #include <string>
 #include <vector>
 
+#include "advice/streamnotes.h"
 #include "chart/chartframe.h"
-#include "mixing/mixingproblem.h"
-#include "mixing/streamnotes.h"
-#include "session/sessionvalues.h"
+#include "engine/mixingproblem.h"
+#include "model/sessionvalues.h"
 #include "toolkit/controls.h"
 #include "toolkit/dialog.h"
 #include "toolkit/listbox.h"

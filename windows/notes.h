@@ -5,7 +5,7 @@
 #include <QKeySequence>
 #include <QLineEdit>
 
-#include "session/pairnotes.h"
+#include "advice/pairnotes.h"
 #include "toolkit/listbox.h"
 #include "toolkit/tellingline.h"
 

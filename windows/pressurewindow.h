@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "session/pressureunits.h"
+#include "engine/pressureunits.h"
 #include "toolkit/dialog.h"
 
 class QGridLayout;

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "session/reading.h"
+#include "chart/reading.h"
 
 namespace moistair {
 

@@ -2,7 +2,7 @@
 /// The window of the point report, "Locate point".
 #pragma once
 
-#include "session/pointreport.h"
+#include "model/pointreport.h"
 #include "toolkit/dialog.h"
 
 namespace moistair {

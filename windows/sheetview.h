@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <vector>
 
+#include "chart/reading.h"
 #include "paint/sheetpaint.h"
-#include "session/reading.h"
 
 namespace moistair {
 

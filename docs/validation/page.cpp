@@ -5,11 +5,11 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "advice/remark.h"
 #include "cli/properties.h"
 #include "engine/answers.h"
 #include "engine/moistair.h"
-#include "engine/numbertext.h"
-#include "session/remark.h"
+#include "text/numbertext.h"
 
 namespace moistair::validation {
 

@@ -6,9 +6,9 @@
 #include "cli/properties.h"
 #include "engine/answers.h"
 #include "engine/moistair.h"
-#include "engine/numbertext.h"
 #include "engine/vaporterms.h"
 #include "svg.h"
+#include "text/numbertext.h"
 
 namespace moistair::validation {
 

@@ -6,10 +6,10 @@
 
 #include "cli/csv.h"
 #include "engine/moistair.h"
-#include "engine/numbertext.h"
-#include "engine/value.h"
+#include "engine/pressureunits.h"
 #include "engine/vaporterms.h"
-#include "session/pressureunits.h"
+#include "text/numbertext.h"
+#include "text/value.h"
 
 namespace moistair::validation {
 

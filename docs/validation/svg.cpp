@@ -1,6 +1,6 @@
 #include "svg.h"
 
-#include "engine/numbertext.h"
+#include "text/numbertext.h"
 
 namespace moistair::validation {
 

@@ -2,8 +2,8 @@
 
 #include <initializer_list>
 
-#include "engine/value.h"
 #include "support/charts.h"
+#include "text/value.h"
 
 namespace moistair::test {
 namespace {

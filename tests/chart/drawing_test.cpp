@@ -1,5 +1,5 @@
-#include "engine/value.h"
 #include "support/charts.h"
+#include "text/value.h"
 
 namespace moistair::test {
 namespace {

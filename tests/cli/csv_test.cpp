@@ -1,5 +1,5 @@
 #include "cli/csv.h"
-#include "session/tablefield.h"
+#include "text/tablefield.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -9,11 +9,11 @@
 #include <map>
 
 #include "chart/drawing.h"
+#include "chart/mixingline.h"
+#include "chart/pointmark.h"
 #include "data/rows.h"
-#include "mixing/mixingline.h"
-#include "session/chartlifecycle.h"
-#include "session/pointmark.h"
-#include "session/pointreport.h"
+#include "model/chartlifecycle.h"
+#include "model/pointreport.h"
 
 namespace moistair::data {
 namespace {

@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "chart/chartfinders.h"
+#include "engine/mixingproblem.h"
 #include "engine/openfinders.h"
 #include "engine/resolver.h"
-#include "engine/value.h"
-#include "mixing/mixingproblem.h"
-#include "session/numberformat.h"
+#include "text/numberformat.h"
+#include "text/value.h"
 
 namespace moistair::data {
 

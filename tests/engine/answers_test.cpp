@@ -5,7 +5,7 @@
 #include <ctime>
 
 #include "engine/moistair.h"
-#include "engine/value.h"
+#include "text/value.h"
 
 using namespace moistair;
 using enum PropertyKind;

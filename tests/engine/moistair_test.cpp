@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "engine/value.h"
+#include "text/value.h"
 
 using namespace moistair;
 

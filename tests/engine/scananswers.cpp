@@ -18,8 +18,8 @@
 
 #include "engine/answers.h"
 #include "engine/moistair.h"
-#include "engine/numbertext.h"
-#include "engine/value.h"
+#include "text/numbertext.h"
+#include "text/value.h"
 
 using namespace moistair;
 using enum PropertyKind;

@@ -2,7 +2,7 @@
 #include "must.h"
 
 #include "cli/csv.h"
-#include "session/tablefield.h"
+#include "text/tablefield.h"
 
 using namespace moistair;
 using fuzz::must;

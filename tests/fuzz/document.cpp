@@ -2,10 +2,10 @@
 // and its changes can be taken back.
 #include "must.h"
 
-#include "document/documentfile.h"
-#include "document/history.h"
-#include "document/table.h"
-#include "session/utf8.h"
+#include "model/documentfile.h"
+#include "model/history.h"
+#include "model/table.h"
+#include "text/utf8.h"
 
 using namespace moistair;
 using fuzz::must;

@@ -1,8 +1,8 @@
 // Any bytes as a number that somebody typed.
 #include "must.h"
 
-#include "engine/numbertext.h"
-#include "engine/value.h"
+#include "text/numbertext.h"
+#include "text/value.h"
 
 using namespace moistair;
 using fuzz::must;

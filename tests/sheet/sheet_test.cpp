@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "document/desk.h"
 #include "engine/saturation.h"
+#include "model/desk.h"
 #include "sheet/boundary.h"
 #include "sheet/curves.h"
 #include "sheet/geometry.h"

@@ -1,0 +1,42 @@
+/// \file
+/// What is said beside the state that a search found: how far it is off, what else there is, why there is nothing.
+///
+/// The row, the report and the log show the state that the search has found, with the two values as they were given.
+/// Where that state has a visibly different value, where another state has both, or where there is none, the windows
+/// and the headless tool say so in the words of this file. It judges `resolvepair` by `answers` and changes neither.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "advice/refusalwords.h"
+#include "engine/answers.h"
+#include "engine/resolver.h"
+#include "model/locate.h"
+
+namespace moistair {
+
+/// A dry bulb and a wet bulb to put into the two boxes [deg F], rounded to as many decimals as are shown and such that
+/// the pair resolves.
+struct Bulbs {
+  double db, wb;
+};
+
+struct Remark {
+  std::string words;           ///< one line without a full stop; empty if there is nothing to say
+  std::optional<Bulbs> exact;  ///< of the answer that the words name first
+};
+
+/// What there is to say of a pair:
+/// - of a state that visibly misses a given value: what it has for it, and the exact answers, the nearest first
+/// - of a state that does not, but is not the only one: the others
+/// - of no state: what each value has to be that is beyond its limits, else that the search found none, and the exact
+///   answers; or the reason
+/// Nothing of a pair that the input rules refuse.
+/// @param chartstands whether there is a chart for a search that keeps to one
+Remark remarkon(Given first, Given second, double atm, const Resolution& resolution, bool chartstands = true);
+
+/// The same for what the lists and boxes of a window hold. A text that is no number gets no remark.
+Remark remarkon(const PairInput& input, double atm, const Resolution& resolution, bool chartstands = true);
+
+}  // namespace moistair

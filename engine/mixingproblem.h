@@ -1,0 +1,97 @@
+/// \file
+/// Two streams of moist air and their adiabatic mixture.
+///
+/// A problem is three columns of texts: two streams, each given by any two properties and an air flow rate, and the
+/// mixed stream. The columns are the stores of their values: every step reads its inputs back from the texts, rounded
+/// as shown, so the balance agrees with what the user can work out from the window. The mixture follows from the moist
+/// air rates (dry air and vapour), not from the dry air rates.
+///
+/// The mixing window runs `resolvestream` and then `mixstreams` at every change; the mixing line and the block for the
+/// log read the columns. Nothing here knows a chart, and nothing here is ever refused with a message: an unfinished
+/// problem has blank texts.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "engine/pressureunits.h"
+#include "engine/resolver.h"
+
+namespace moistair {
+
+/// One column of the mixing window. The mixed stream has no kinds and no values.
+struct AirStream {
+  std::optional<PropertyKind> kind1, kind2;  ///< none if the list shows a text that is no property
+  std::string value1, value2;                ///< as typed, read strictly
+  std::string flow;                     ///< air flow rate [actual cu ft/min]: as typed; of the mixed stream the sum
+  bool complete = false;                ///< whether the stream is resolved
+  std::string pressure;                 ///< pressure or elevation as the user entered it
+  std::string db, wb, rh, h, v, w, dp;  ///< as in StatePoint, seven decimals
+  std::string pv;                       ///< vapour pressure [in Hg]
+  std::string pvsat;                    ///< saturation vapour pressure at the dry bulb [in Hg]
+  std::string dryrate, vaporrate, moistrate;  ///< flow of dry air, of water vapour, of both [lb/min]
+
+  bool operator==(const AirStream&) const = default;
+};
+
+/// The pressure a problem is solved at, taken over when its window opens.
+struct MixingPressure {
+  double atm = 0;       ///< pressure in force [in Hg]
+  PressureEntry entry;  ///< the pressure last set, as the user gave it
+};
+
+struct MixingProblem {
+  MixingPressure pressure;
+  std::array<AirStream, 2> streams;
+  AirStream mixed;
+  std::string pressurecaption;  ///< empty until the first stream is resolved, and never blanked again
+  bool savable = false;         ///< whether the mixed column is filled
+  SolverFields solverfields;    ///< shared by both streams, and by nothing else
+  Way way = Way::quick;         ///< of all searches
+};
+
+/// One row of the table: a caption, the print-zone steps that bring its value to column 57 of the log, and the text.
+struct ReadoutRow {
+  const char* caption;  ///< null for the pressure, whose caption depends on its unit
+  int zonesteps;        ///< 0 for a row that is not saved
+  std::string AirStream::*text;
+};
+
+inline constexpr std::size_t readoutcount = 14;
+inline constexpr std::size_t shownreadouts = 10;  ///< the rows behind these are neither seen nor saved
+
+/// All rows of the table from the flow downwards, in the window and in the log.
+inline constexpr std::array<ReadoutRow, readoutcount> readoutrows = {{
+    {"Air flow rate (acfm)", 3, &AirStream::flow},
+    {nullptr, 3, &AirStream::pressure},
+    {"Dry bulb temp (Deg F)", 3, &AirStream::db},
+    {"Wet bulb temp (Deg F)", 3, &AirStream::wb},
+    {"Relative humidity (%)", 3, &AirStream::rh},
+    {"Specific enthalpy (btu/lb)", 3, &AirStream::h},
+    {"Specific volume (cuf/lb)", 3, &AirStream::v},
+    {"Humidity ratio (lb/lb of air)", 2, &AirStream::w},
+    {"Dew point (Deg F)", 3, &AirStream::dp},
+    {"Vapor pressure (In Hg)", 3, &AirStream::pv},
+    {"Vapor pr. at saturation (In Hg)", 0, &AirStream::pvsat},
+    {"Dry air fow rate (lb/min)", 0, &AirStream::dryrate},
+    {"Water vapor flow rate  (lb/min)", 0, &AirStream::vaporrate},
+    {"Moist air flow rate (lb/min)", 0, &AirStream::moistrate},
+}};
+
+/// Heads of the columns: the two streams and the mixed stream.
+inline constexpr std::array<const char*, 3> columnheads = {"Stream 1", "Steram 2", "Mixed stream"};
+
+/// The caption of a row as it stands in the window now.
+std::string captionof(const ReadoutRow& row, const MixingProblem& problem);
+
+/// Resolves a stream, 0 or 1, from its kinds, values and flow. Where it cannot be resolved it stays incomplete and its
+/// read-outs blank; what comes back says why. The mixed column is blanked, the other stream not touched. `mixstreams`
+/// must follow.
+Resolution resolvestream(MixingProblem& problem, std::size_t stream);
+
+/// Fills the mixed column from the two streams, or blanks it when one of them is incomplete, a flow is not above 0, or
+/// so little flows that the moist air rate reads 0. A mixture too dry to have a dew point has a blank one.
+void mixstreams(MixingProblem& problem);
+
+}  // namespace moistair

@@ -1,0 +1,88 @@
+/// \file
+/// The one way in which a file is written: pictures, tables, copies of the log, documents.
+///
+/// Who saves over a file must never lose both the old one and the new one. So a regular file, and one that is not there
+/// yet, is written beside its place, brought to the disk and moved there when it is whole: a full disk, a kill or a
+/// power failure leaves the old file or the new one, and no other file where the system can make one without a name.
+/// The new file keeps the permissions of the old one. Where nothing can be put beside the old file, or where the new
+/// one could not have its owner, it is collected elsewhere and copied into the old one at the end.
+///
+/// A symbolic link stays, and what it leads to is written; a loop of links is refused. Whatever is no regular file (a
+/// FIFO, a device, a descriptor of this process by a name such as /dev/stdout) is written into and never replaced. A
+/// name is bytes and is used as it is.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "files/descriptor.h"
+
+struct stat;
+
+namespace moistair {
+
+/// Why a file was not written.
+struct WriteFailure {
+  int error;    ///< errno of the step that failed
+  bool opened;  ///< it could be opened or made, and was not written to its end
+
+  /// "No space left on device".
+  std::string reason() const;
+};
+
+/// What becomes of a FIFO that nobody reads.
+enum class Reader {
+  awaited,  ///< waits for one, as a command does
+  present,  ///< fails at once if there is none, and soon if it does not read, as a window must
+};
+
+class OutputFile {
+public:
+  /// Opens what the name leads to; `failure` tells whether that worked.
+  explicit OutputFile(const std::filesystem::path& name, Reader reader = Reader::awaited);
+
+  /// Writes into what is open already; it stays open.
+  static OutputFile through(int descriptor);
+
+  OutputFile(OutputFile&&) noexcept = default;
+  OutputFile& operator=(OutputFile&&) = delete;
+
+  /// Without a `commit` the old file stays as it was.
+  ~OutputFile();
+
+  /// Appends; false from the first failure on.
+  bool write(std::string_view bytes);
+
+  /// The file takes its place. The last chance to hear of a failure.
+  bool commit();
+
+  const std::optional<WriteFailure>& failure() const { return failure_; }
+
+  /// Where the bytes go: what was opened, or a file that has not taken its place yet.
+  int descriptor() const { return file_.number(); }
+
+private:
+  OutputFile() = default;
+  bool open(const std::filesystem::path& name, Reader reader);
+  bool openspecial(const std::filesystem::path& name, Reader reader);
+  bool openbeside(const struct stat* former);
+  bool openspool();
+  bool replace();
+  bool givename();
+  bool copyover();
+  void dropname();
+  bool fail(int error);
+
+  std::filesystem::path target_;     ///< behind all links; empty where the bytes go through
+  std::filesystem::path temporary_;  ///< name of the file beside, empty while it has none
+  Descriptor file_;
+  Descriptor former_;  ///< the file to copy into, open only if it is not to be replaced
+  std::optional<WriteFailure> failure_;
+};
+
+/// A whole file at once, never waiting for a reader.
+std::optional<WriteFailure> writefile(const std::filesystem::path& name, std::string_view bytes);
+
+}  // namespace moistair

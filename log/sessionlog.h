@@ -1,0 +1,75 @@
+/// \file
+/// The record of what the user chose to keep in one run: a text file that grows by one block at each "Save data".
+///
+/// Nothing of the log is held in memory: each operation looks for the file anew, so it may vanish or become unwritable
+/// between any two of them. No operation throws, and each says whether it worked; the window that asked for it tells
+/// the user. The file holds one byte a character (singlebyte.h) and ends every line with carriage return and line feed.
+/// It lives as long as the session: new at start, gone at exit; what it held is then among the earlier sessions.
+///
+/// The file is locked while its session lasts, so that a second copy of the program neither empties nor removes it but
+/// takes a name of its own, temp-2.txt and so on. A log without a lock has been left behind by a run that could not end
+/// in order, and is kept before anything else happens to it. What is not a plain file (a FIFO, a folder, a link) is not
+/// touched.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "files/descriptor.h"
+#include "log/logplaces.h"
+
+namespace moistair {
+
+class SessionLog {
+public:
+  explicit SessionLog(LogPlaces places);
+
+  const std::filesystem::path& path() const { return path_; }
+  const LogPlaces& places() const { return places_; }
+  const std::filesystem::path& sessions() const { return places_.sessions; }
+
+  /// Makes the file, with one empty line in it. What earlier runs have left behind is kept first.
+  bool newlog();
+
+  /// Appends a block, in one go. A file that is gone is made anew, without the empty first line. When the block cannot
+  /// be written whole, the file is left as it was.
+  /// @param lines UTF-8, without line ends
+  bool append(const std::vector<std::string>& lines);
+
+  /// How many blocks the file holds: those appended since it was made.
+  std::size_t records();
+
+  /// The whole file as UTF-8, every line with its line end; none if the file cannot be read.
+  std::optional<std::string> read();
+
+  /// Whether the log is the file of this path, by whatever name.
+  bool isat(const std::filesystem::path& other) const;
+
+  /// Writes a copy, replacing a file of that name. Copying the log onto itself changes nothing. A log
+  /// that cannot be read leaves the target alone.
+  bool copyto(const std::filesystem::path& target);
+
+  /// The end of the session: the file goes, and what it held is kept. A file that cannot be kept stays, for the next
+  /// start to try again. Also true if the file is gone already.
+  bool end();
+
+private:
+  bool hold();
+  bool claim();
+  void keepleftbehind() const;
+
+  LogPlaces places_;
+  std::filesystem::path path_;
+  Descriptor file_;  ///< the file, locked, while there is one
+  std::size_t records_ = 0;
+};
+
+/// The bytes of a log; none if it is no plain file or cannot be read.
+std::optional<std::string> readlogbytes(const std::filesystem::path& log);
+
+/// The same as UTF-8, every line with its line end.
+std::optional<std::string> readlog(const std::filesystem::path& log);
+
+}  // namespace moistair

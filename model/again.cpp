@@ -1,0 +1,77 @@
+#include "model/again.h"
+
+#include <utility>
+
+#include "chart/chartfinders.h"
+#include "chart/pointmark.h"
+#include "model/locate.h"
+#include "model/marks.h"
+#include "model/pointreport.h"
+
+namespace moistair {
+
+namespace {
+
+/// Works an entry out anew; returns nullptr, or the message with which it is refused.
+struct Reworker {
+  const Setting& setting;
+  const RangeFinders& finders;
+
+  const char* operator()(MarkedPoint& point) const {
+    const auto& [one, two] = point.given;
+    SolverFields fields;  // no other point can change the result
+    const Location location = locatepoint(
+        {one.kind, two.kind, one.value, two.value}, [] { return true; }, setting.pressure.atm, finders, fields);
+    if (location.refusal) return location.refusal->text;
+    point.state = readreport(fillreport(location.resolution.point, point.identification, setting.pressure.entry));
+    return nullptr;
+  }
+
+  /// A stream that does not resolve has a blank column, which is refused when it is drawn.
+  const char* operator()(MixingLine& line) const {
+    MixingProblem problem;
+    problem.pressure = {setting.pressure.atm, setting.pressure.entry};
+    problem.streams = {line.columns.at(0), line.columns.at(1)};
+    for (const std::size_t stream : {std::size_t{0}, std::size_t{1}}) {
+      problem.solverfields = {};
+      resolvestream(problem, stream);
+    }
+    mixstreams(problem);
+    line.columns = {problem.streams[0], problem.streams[1], problem.mixed};
+    return nullptr;
+  }
+
+  /// The same place of the other chart, where the air is another.
+  const char* operator()(PinnedReading& pinned) const {
+    const auto again = readingtokeep(setting, {pinned.state.db, pinned.state.w});
+    if (!again) return pointoutoflimits;
+    pinned.state = again->state;
+    return nullptr;
+  }
+
+  const char* operator()(PropertyLine&) const { return nullptr; }
+  const char* operator()(DrawnChart&) const { return nullptr; }
+  const char* operator()(HeaderLine&) const { return nullptr; }
+};
+
+}  // namespace
+
+Again again(const std::vector<Entry>& before, const Setting& setting, WindowSize window) {
+  const PlotArea area = plotarea(setting.limits, window);
+  const RangeFinders finders = chartrangefinders([area] { return area; });
+  Again result;
+  RecordingCanvas scratch;
+  for (const Entry& earlier : before) {
+    Entry entry{setting, earlier.content};
+    const char* message = std::visit(Reworker{setting, finders}, entry.content);
+    if (message == nullptr) message = draw(entry, scratch, window);
+    if (message == nullptr) {
+      result.entries.push_back(std::move(entry));
+    } else {
+      result.leftout.push_back({earlier, message});
+    }
+  }
+  return result;
+}
+
+}  // namespace moistair

@@ -1,0 +1,180 @@
+#include "model/document.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "chart/mixingline.h"
+#include "chart/pointmark.h"
+#include "chart/reading.h"
+#include "chart/scales.h"
+
+namespace moistair {
+
+namespace {
+
+/// Draws what an entry holds with the limits and the pressure that it was drawn with.
+struct EntryDrawer {
+  ChartCanvas& canvas;
+  WindowSize window;
+  const Setting& setting;
+
+  PlotArea area() const { return plotarea(setting.limits, window); }
+  Chart chart() const { return {canvas, area(), setting.pressure.atm}; }
+  std::string header() const { return headerline(setting.pressure.entry); }
+
+  const char* operator()(const HeaderLine&) const {
+    printheader(canvas, window, header());
+    return nullptr;
+  }
+
+  const char* operator()(const DrawnChart& drawn) const {
+    drawchart(chart(), drawn.type, header());
+    return nullptr;
+  }
+
+  const char* operator()(const PropertyLine& line) const {
+    return drawline(chart(), line.kind, line.value) ? nullptr : linenotfeasible;
+  }
+
+  const char* operator()(const MarkedPoint& point) const {
+    return markpoint(canvas, point.state, area(), point.identification) ? nullptr : pointoutoflimits;
+  }
+
+  const char* operator()(const MixingLine& line) const {
+    MixingProblem problem;
+    problem.streams = {line.columns.at(0), line.columns.at(1)};
+    problem.mixed = line.columns.at(2);
+    return drawmixingline(canvas, problem, area());
+  }
+
+  const char* operator()(const PinnedReading& pinned) const {
+    return pinreading(canvas, pinned.state, pinned.corner, area()) ? nullptr : pointoutoflimits;
+  }
+};
+
+struct EntryCaption {
+  std::string operator()(const HeaderLine&) const { return "Pressure"; }
+  std::string operator()(const DrawnChart& drawn) const {
+    return drawn.type == ChartType::standard ? "Standard chart" : "Blank chart";
+  }
+  std::string operator()(const PropertyLine& line) const {
+    return std::string(captionof(line.kind)) + (line.value.empty() ? "" : " ") + line.value;
+  }
+  std::string operator()(const MarkedPoint& point) const {
+    return point.identification.empty() ? "Point" : "Point " + point.identification;
+  }
+  std::string operator()(const MixingLine&) const { return "Mixture"; }
+  std::string operator()(const PinnedReading& pinned) const {
+    const Place place{pinned.state.db, pinned.state.w};
+    return "Read-out " + drybulbtext(place) + ", " + ratiotext(place);
+  }
+};
+
+/// Clears the canvas and draws all, the background picture kept as such.
+/// @param after called with each entry, and with the message if it has drawn nothing
+template <class After>
+void drawentries(const Document& document, ChartCanvas& canvas, WindowSize window, const After& after) {
+  canvas.DropPicture();
+  canvas.Cls();
+  std::size_t drawn = 0;
+  for (const Entry& entry : document.entries) {
+    after(entry, draw(entry, canvas, window));
+    if (++drawn == document.background) canvas.KeepPicture();
+  }
+}
+
+}  // namespace
+
+const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window) {
+  return std::visit(EntryDrawer{canvas, window, entry.setting}, entry.content);
+}
+
+void draw(const Document& document, ChartCanvas& canvas, WindowSize window) {
+  drawentries(document, canvas, window, [](const Entry&, const char*) {});
+}
+
+std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window) {
+  std::vector<const char*> messages;
+  messages.reserve(document.entries.size());
+  drawentries(document, canvas, window, [&](const Entry&, const char* message) { messages.push_back(message); });
+  std::vector<Entry> kept;
+  std::vector<LeftOut> leftout;
+  std::size_t background = 0;
+  for (std::size_t i = 0; i < messages.size(); ++i) {
+    if (messages[i] != nullptr) {
+      leftout.push_back({std::move(document.entries[i]), messages[i]});
+    } else {
+      kept.push_back(std::move(document.entries[i]));
+      if (i < document.background) ++background;
+    }
+  }
+  document.entries = std::move(kept);
+  document.background = background;
+  return leftout;
+}
+
+Drawing drawingof(const Document& document, WindowSize window) {
+  RecordingCanvas canvas;
+  draw(document, canvas, window);
+  return canvas.drawing();
+}
+
+std::optional<ChartLimits> standinglimits(const Document& document) {
+  const DrawnLimits& drawn = document.stand.drawn;
+  const ChartLimits limits{drawn.lowdb.lenient(), drawn.highdb.lenient(), drawn.lowhr.lenient(),
+                           drawn.highhr.lenient()};
+  if (!(limits.lowdb < limits.highdb && limits.lowhr < limits.highhr)) return std::nullopt;
+  return limits;
+}
+
+const Entry* lastchart(const Document& document) {
+  const auto ischart = [](const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); };
+  const auto last = std::find_if(document.entries.rbegin(), document.entries.rend(), ischart);
+  return last == document.entries.rend() ? nullptr : &*last;
+}
+
+void relimit(Document& document, const ChartLimits& limits) {
+  for (Entry& entry : document.entries) {
+    if (!std::holds_alternative<HeaderLine>(entry.content)) entry.setting.limits = limits;
+  }
+  if (standinglimits(document)) document.stand = standof(limits);
+}
+
+Document newdocument(const Pressure& pressure) {
+  Document document;
+  document.entries.push_back({{{}, pressure}, HeaderLine{}});
+  document.pressure = pressure;
+  return document;
+}
+
+ChartStand standof(const ChartLimits& limits) {
+  ChartStand stand;
+  rememberlimits(limits, stand.drawn);
+  stand.frame = plotframe(limits);
+  return stand;
+}
+
+const char* captionof(LineKind kind) {
+  switch (kind) {
+    case LineKind::relativehumidity: return "Relative humidity line";
+    case LineKind::wetbulb: return "Wet bulb line";
+    case LineKind::enthalpy: return "Enthalpy line";
+    case LineKind::specificvolume: break;
+  }
+  return "Specific volume line";
+}
+
+double StatePoint::*propertyof(LineKind kind) {
+  switch (kind) {
+    case LineKind::relativehumidity: return &StatePoint::rh;
+    case LineKind::wetbulb: return &StatePoint::wb;
+    case LineKind::enthalpy: return &StatePoint::h;
+    case LineKind::specificvolume: break;
+  }
+  return &StatePoint::v;
+}
+
+std::string captionof(const Entry& entry) { return std::visit(EntryCaption{}, entry.content); }
+
+}  // namespace moistair

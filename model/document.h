@@ -1,0 +1,147 @@
+/// \file
+/// What stands on the chart, as data.
+///
+/// The canvas shows what was drawn; a `Document` says what was done to it: the list of charts, lines, points and
+/// mixtures that stand, in their order, each as a plain value with the limits and the pressure that it was drawn with.
+/// Drawn by `draw` on a canvas of the window's size it gives, operation for operation, what the commands drew one by
+/// one; on any other size it is laid out anew. The size itself is no part of it. What a command refuses never enters a
+/// document, and what the canvas loses leaves it.
+///
+/// The main window changes its document through `ChartCommands` (chartcommands.h), the headless tool builds one from
+/// its options, files hold one as text (documentfile.h).
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "chart/drawing.h"
+#include "chart/propertylines.h"
+#include "chart/readingmark.h"
+#include "engine/mixingproblem.h"
+#include "engine/pressureunits.h"
+#include "model/chartlifecycle.h"
+
+namespace moistair {
+
+/// What an entry was drawn with. The pressure in force can differ from the one that the chart's header states, the
+/// limits in the lists from those of the chart.
+struct Setting {
+  ChartLimits limits;
+  Pressure pressure;
+
+  bool operator==(const Setting&) const = default;
+};
+
+/// The line that states the pressure, alone: what stands after start-up and after a change of pressure.
+struct HeaderLine {
+  bool operator==(const HeaderLine&) const = default;
+};
+
+struct DrawnChart {
+  ChartType type = ChartType::standard;
+
+  bool operator==(const DrawnChart&) const = default;
+};
+
+/// A line by value, as typed: a text that is no number counts as 0.
+struct PropertyLine {
+  LineKind kind = LineKind::relativehumidity;
+  std::string value;
+
+  bool operator==(const PropertyLine&) const = default;
+};
+
+struct TypedProperty {
+  PropertyKind kind = PropertyKind::db;
+  std::string value;  ///< as typed
+
+  bool operator==(const TypedProperty&) const = default;
+};
+
+/// A point as it was marked: its state is what the report showed, rounded as it stood there.
+struct MarkedPoint {
+  std::array<TypedProperty, 2> given;
+  StatePoint state;
+  std::string identification;  ///< as typed, which may be empty
+
+  bool operator==(const MarkedPoint&) const = default;
+};
+
+/// A mixing line with its points: the columns of the mixing window as they stood.
+struct MixingLine {
+  std::vector<AirStream> columns;  ///< stream 1, stream 2 and the mixed stream
+
+  bool operator==(const MixingLine&) const = default;
+};
+
+/// A reading kept on the chart, as a report would show it.
+struct PinnedReading {
+  StatePoint state;
+  Corner corner = Corner::upperleft;  ///< where its label stands
+
+  bool operator==(const PinnedReading&) const = default;
+};
+
+using Content = std::variant<HeaderLine, DrawnChart, PropertyLine, MarkedPoint, MixingLine, PinnedReading>;
+
+struct Entry {
+  Setting setting;
+  Content content;
+
+  bool operator==(const Entry&) const = default;
+};
+
+struct Document {
+  std::vector<Entry> entries;  ///< in the order in which they lie over each other
+  std::size_t background = 0;  ///< so many of them, from the first, are in the background picture
+  Pressure pressure;           ///< last set, not necessarily that of any entry
+  ChartStand stand;            ///< the chart that counts as standing, and so decides what may be added
+};
+
+/// Draws one entry over what is on the canvas and returns nullptr, or draws nothing and returns the message with which
+/// a command refuses it: a line, a point or a mixture outside its limits.
+const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window);
+
+/// Clears the canvas and draws all of a document, its background picture kept as such.
+void draw(const Document& document, ChartCanvas& canvas, WindowSize window);
+
+/// An entry that was wanted on a chart and is not there.
+struct LeftOut {
+  Entry entry;
+  std::string reason;  ///< in the words for the user
+};
+
+/// The same, and takes out of the document what draws nothing with its limits and its pressure. Returns what it took.
+std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window);
+
+/// All of a document as a list of operations.
+Drawing drawingof(const Document& document, WindowSize window);
+
+/// The limits of the chart that counts as standing; none before the first and after a clearing.
+std::optional<ChartLimits> standinglimits(const Document& document);
+
+/// The last chart in the list; null if there is none.
+const Entry* lastchart(const Document& document);
+
+/// All of a document on a chart with other limits. What lies outside them is still in it, and draws nothing.
+void relimit(Document& document, const ChartLimits& limits);
+
+/// A document after a change of pressure: the header line alone.
+Document newdocument(const Pressure& pressure);
+
+/// What counts as standing once a chart with these limits has been drawn.
+ChartStand standof(const ChartLimits& limits);
+
+/// "Relative humidity line", as the user reads it.
+const char* captionof(LineKind kind);
+
+/// What a line of this kind keeps of a state.
+double StatePoint::*propertyof(LineKind kind);
+
+/// An entry in a few words: "Relative humidity line 50", "Point A", "Mixture".
+std::string captionof(const Entry& entry);
+
+}  // namespace moistair

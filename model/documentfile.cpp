@@ -1,0 +1,148 @@
+// How a document is written.
+#include "model/documentfile.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "model/documentnames.h"
+#include "model/jsonnode.h"
+#include "text/utf8.h"
+
+namespace moistair {
+
+namespace {
+
+Json jsonof(const Pressure& pressure) {
+  const auto& [entry, atm] = pressure;
+  return {{"unit", entry.unit ? Json(nameof(unitnames, *entry.unit)) : Json()},
+          {"entry", entry.text},
+          {"inhg", jsonnumber(atm)}};
+}
+
+Json jsonof(const ChartLimits& limits) {
+  return Json::array(
+      {jsonnumber(limits.lowdb), jsonnumber(limits.highdb), jsonnumber(limits.lowhr), jsonnumber(limits.highhr)});
+}
+
+Json givenof(PropertyKind kind1, const std::string& value1, PropertyKind kind2, const std::string& value2) {
+  return {{nameof(kind1), value1}, {nameof(kind2), value2}};
+}
+
+Json columnof(const AirStream& column) {
+  Json json = Json::object();
+  for (const auto& [text, name] : columnnames) json[name] = column.*text;
+  return json;
+}
+
+Json streamof(const AirStream& stream) {
+  return {{"given", givenof(stream.kind1.value_or(PropertyKind::db), stream.value1,
+                            stream.kind2.value_or(PropertyKind::db), stream.value2)},
+          {"flow", stream.flow},
+          {"shown", columnof(stream)}};
+}
+
+Json jsonof(const StatePoint& point) {
+  Json state = Json::object();
+  for (const auto& [value, name] : statenames) state[name] = jsonnumber(point.*value);
+  return state;
+}
+
+/// What an entry holds beyond its limits and its pressure.
+struct ContentWriter {
+  Json& json;
+
+  void operator()(const HeaderLine&) const { json["kind"] = "header"; }
+
+  void operator()(const DrawnChart& chart) const {
+    json["kind"] = "chart";
+    json["type"] = nameof(typenames, chart.type);
+  }
+
+  void operator()(const PropertyLine& line) const {
+    json["kind"] = "line";
+    json["property"] = nameof(linenames, line.kind);
+    json["value"] = line.value;
+  }
+
+  void operator()(const MarkedPoint& point) const {
+    const auto& [one, two] = point.given;
+    json["kind"] = "point";
+    json["id"] = point.identification;
+    json["given"] = givenof(one.kind, one.value, two.kind, two.value);
+    json["state"] = jsonof(point.state);
+  }
+
+  void operator()(const PinnedReading& pinned) const {
+    json["kind"] = "readout";
+    json["state"] = jsonof(pinned.state);
+    json["label"] = nameof(cornernames, pinned.corner);
+  }
+
+  void operator()(const MixingLine& line) const {
+    json["kind"] = "mixture";
+    json["streams"] = Json::array({streamof(line.columns[0]), streamof(line.columns[1])});
+    json["mixed"] = {{"flow", line.columns[2].flow}, {"shown", columnof(line.columns[2])}};
+  }
+};
+
+/// @param before setting of the entry before, which becomes that of this one
+Json jsonof(const Entry& entry, Setting& before) {
+  Json json = Json::object();
+  std::visit(ContentWriter{json}, entry.content);
+  if (haslimits(entry) && entry.setting.limits != before.limits) {
+    before.limits = entry.setting.limits;
+    json["limits"] = jsonof(before.limits);
+  }
+  if (entry.setting.pressure != before.pressure) {
+    before.pressure = entry.setting.pressure;
+    json["pressure"] = jsonof(before.pressure);
+  }
+  return json;
+}
+
+/// A path as text, or byte for byte where it is none.
+Json jsonofpath(std::string_view path) {
+  if (isutf8(path)) return std::string(path);
+  Json bytes = Json::array();
+  for (const char c : path) bytes.push_back(static_cast<unsigned char>(c));
+  return bytes;
+}
+
+/// The first format that can hold a document.
+int formatfor(const Document& document) {
+  const auto isreadout = [](const Entry& entry) { return std::holds_alternative<PinnedReading>(entry.content); };
+  return std::any_of(document.entries.begin(), document.entries.end(), isreadout) ? documentformat : 1;
+}
+
+/// @param head members of the whole behind its format
+std::string written(const Document& document, const Json& head) {
+  std::string text = "{\n\"format\": " + std::to_string(formatfor(document));
+  for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + jsontext(value);
+  text += ",\n\"entries\": [";
+  Setting before{{}, document.pressure};
+  const char* separator = "\n";
+  for (const Entry& entry : document.entries) {
+    text += std::exchange(separator, ",\n") + jsontext(jsonof(entry, before));
+  }
+  return text + "\n]\n}\n";
+}
+
+Json headof(const Document& document) {
+  Json head = {{"pressure", jsonof(document.pressure)}};
+  if (const auto limits = standinglimits(document)) head["drawn"] = jsonof(*limits);
+  if (document.background > 0) head["background"] = document.background;
+  return head;
+}
+
+}  // namespace
+
+std::string filetext(const Document& document) { return written(document, headof(document)); }
+
+std::string recoverytext(const Document& document, std::string_view file) {
+  Json head = headof(document);
+  head["file"] = jsonofpath(file);
+  return written(document, head);
+}
+
+}  // namespace moistair

@@ -1,0 +1,40 @@
+/// \file
+/// A document as text: the content of a file.
+///
+/// The file is JSON that a person can read, one entry a line, with `format` at its top (documented in the manual,
+/// document.html). Texts are kept as typed and states as they were shown; nothing is computed anew, so what is read
+/// draws as what was written, and writing what was read gives the same text. An entry names its limits and its pressure
+/// only where they differ from those of the entry before.
+///
+/// Reading trusts nothing. A text that is no such document, at whatever place, gives a message and no document.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "model/document.h"
+
+namespace moistair {
+
+inline constexpr const char* documentending = ".moistair";
+
+/// The latest format, which has read-outs beyond the first. A document is written in the first that can hold it, so
+/// that earlier versions of the program read what they know; all are read.
+inline constexpr int documentformat = 2;
+
+std::string filetext(const Document& document);
+
+/// The same for a file of unsaved work, which also tells where the document belongs.
+/// @param file path, any bytes; empty for a document without a file
+std::string recoverytext(const Document& document, std::string_view file);
+
+struct ReadDocument {
+  std::optional<Document> document;
+  std::string file;   ///< of unsaved work: where the document belongs
+  std::string fault;  ///< without a document: the place and the reason, "entry 3, state, db: must be ..."
+};
+
+ReadDocument readdocument(std::string_view text);
+
+}  // namespace moistair

@@ -1,0 +1,197 @@
+#include "model/history.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace moistair {
+
+namespace {
+
+using Place = std::vector<Entry>::difference_type;
+
+/// A change that changes nothing yet.
+Change nochange(const Document& document, std::string name) {
+  Change change;
+  change.name = std::move(name);
+  change.at = document.entries.size();
+  change.background = document.background;
+  change.pressure = document.pressure;
+  change.stand = document.stand;
+  return change;
+}
+
+/// Everything from a place on is removed.
+Change removal(const Document& document, std::string name, std::size_t from) {
+  Change change = nochange(document, std::move(name));
+  change.at = from;
+  change.count = document.entries.size() - from;
+  change.endschart = true;
+  return change;
+}
+
+/// One entry in place of another.
+Change replacement(const Document& document, std::string name, std::size_t place, Entry entry) {
+  Change change = nochange(document, std::move(name));
+  change.at = place;
+  change.count = 1;
+  change.entries.push_back(std::move(entry));
+  return change;
+}
+
+bool ischart(const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); }
+
+/// Whether it can be put on another chart.
+bool islasting(const Entry& entry) { return !ischart(entry) && !std::holds_alternative<HeaderLine>(entry.content); }
+
+std::string deletionname(const Document& document, const std::vector<std::size_t>& places) {
+  if (places.size() != 1) return "Delete " + std::to_string(places.size()) + " entries";
+  return "Delete " + captionof(document.entries[places.front()]);
+}
+
+}  // namespace
+
+Change addition(const Document& document, Entry entry) {
+  Change change = nochange(document, captionof(entry));
+  change.entries.push_back(std::move(entry));
+  return change;
+}
+
+Change additions(const Document& document, std::vector<Entry> entries, std::string name) {
+  Change change = nochange(document, std::move(name));
+  change.entries = std::move(entries);
+  return change;
+}
+
+Change clearing(const Document& document) { return removal(document, drawname, document.background); }
+
+Change drawing(const Document& document, Entry chart) {
+  Change change = clearing(document);
+  change.stand = standof(chart.setting.limits);
+  change.entries.push_back(std::move(chart));
+  return change;
+}
+
+Change emptying(const Document& document) {
+  Change change = removal(document, clearname, 0);
+  change.background = 0;
+  forgetlimits(change.stand.drawn);
+  return change;
+}
+
+Change repressuring(const Document& document, const Pressure& pressure) {
+  Change change = emptying(document);
+  change.name = pressurename;
+  change.entries = newdocument(pressure).entries;
+  change.pressure = pressure;
+  return change;
+}
+
+Change deletion(const Document& document, std::vector<std::size_t> places) {
+  std::sort(places.begin(), places.end());
+  places.erase(std::unique(places.begin(), places.end()), places.end());
+  Change change = nochange(document, deletionname(document, places));
+  if (places.empty()) return change;
+  change.at = places.front();
+  change.count = places.back() - places.front() + 1;
+  for (std::size_t i = change.at; i < change.at + change.count; ++i) {
+    const bool stays = !std::binary_search(places.begin(), places.end(), i);
+    if (stays) change.entries.push_back(document.entries[i]);
+  }
+  change.background -=
+      static_cast<std::size_t>(std::lower_bound(places.begin(), places.end(), document.background) - places.begin());
+  const Entry* last = lastchart(document);
+  const auto deleted = [&](std::size_t place) { return &document.entries[place] == last; };
+  if (std::any_of(places.begin(), places.end(), deleted)) forgetlimits(change.stand.drawn);
+  return change;
+}
+
+Change renaming(const Document& document, std::size_t place, std::string identification) {
+  Entry entry = document.entries[place];
+  const std::string name = "Rename " + captionof(entry);
+  std::get<MarkedPoint>(entry.content).identification = std::move(identification);
+  return replacement(document, name, place, std::move(entry));
+}
+
+Change moving(const Document& document, std::size_t place, Entry moved) {
+  const std::string name = "Move " + captionof(moved);
+  return replacement(document, name, place, std::move(moved));
+}
+
+void carryout(Change& change, Document& document) {
+  std::vector<Entry>& entries = document.entries;
+  const auto first = entries.begin() + static_cast<Place>(change.at);
+  const auto last = first + static_cast<Place>(change.count);
+  std::vector<Entry> removed(std::make_move_iterator(first), std::make_move_iterator(last));
+  const std::size_t count = change.entries.size();
+  const auto gap = entries.erase(first, last);
+  entries.insert(gap, std::make_move_iterator(change.entries.begin()), std::make_move_iterator(change.entries.end()));
+  change.count = count;
+  change.entries = std::move(removed);
+  std::swap(change.background, document.background);
+  std::swap(change.pressure, document.pressure);
+  std::swap(change.stand, document.stand);
+}
+
+void History::carryout(Change change) {
+  forgetredo();
+  const bool joins = joinslast(change);
+  moistair::carryout(change, document_);
+  if (joins) {
+    changes_.back().count += change.count;
+    if (saved_ == done_) saved_ = std::nullopt;
+    return;
+  }
+  changes_.push_back(std::move(change));
+  ++done_;
+}
+
+/// Whether it is the second half of drawing a chart, right behind the first.
+bool History::joinslast(const Change& change) const {
+  if (changes_.empty() || change.name != drawname || change.count > 0) return false;
+  const Change& last = changes_.back();
+  return last.name == drawname && last.count == 0 && last.at == change.at;
+}
+
+void History::forgetredo() {
+  changes_.resize(done_);
+  if (saved_ > done_) saved_ = std::nullopt;
+}
+
+void History::keeppicture() {
+  if (document_.background == document_.entries.size()) return;
+  forgetredo();
+  document_.background = document_.entries.size();
+  saved_ = std::nullopt;
+}
+
+const std::string& History::undoname() const {
+  static const std::string none;
+  return done_ > 0 ? changes_[done_ - 1].name : none;
+}
+
+const std::string& History::redoname() const {
+  static const std::string none;
+  return done_ < changes_.size() ? changes_[done_].name : none;
+}
+
+void History::undo() {
+  if (done_ > 0) moistair::carryout(changes_[--done_], document_);
+}
+
+void History::redo() {
+  if (done_ < changes_.size()) moistair::carryout(changes_[done_++], document_);
+}
+
+std::vector<Entry> History::chartbefore() const {
+  for (std::size_t i = done_; i > 0; --i) {
+    const Change& change = changes_[i - 1];
+    std::vector<Entry> lasting;
+    if (change.endschart)
+      std::copy_if(change.entries.begin(), change.entries.end(), std::back_inserter(lasting), islasting);
+    if (!lasting.empty()) return lasting;
+  }
+  return {};
+}
+
+}  // namespace moistair

@@ -1,0 +1,106 @@
+/// \file
+/// Changes of a document, each of which can be taken back.
+///
+/// A `Change` says what comes in place of what. Carrying it out leaves in it what was there before, so carrying it out
+/// again takes it back, and undo and redo are the same step. Nothing is copied: an entry lies either in the document
+/// or in one change. `ChartCommands` records the changes that the commands of the chart make; those of the table of
+/// entries are made by the functions below.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/document.h"
+
+namespace moistair {
+
+/// In place of `count` entries from `at` on come others. Of the rest of a document it holds what is in force with it.
+struct Change {
+  std::string name;  ///< for the user: "Relative humidity line 50", "Clear chart"
+  std::size_t at = 0;
+  std::size_t count = 0;
+  std::vector<Entry> entries;
+  std::size_t background = 0;
+  Pressure pressure;
+  ChartStand stand;
+  bool endschart = false;  ///< whether what it removes is the chart before, to be put on the next one if wanted
+};
+
+inline constexpr const char* drawname = "Draw chart";
+inline constexpr const char* clearname = "Clear chart";
+inline constexpr const char* pressurename = "New pressure";
+
+/// A change that adds an entry.
+Change addition(const Document& document, Entry entry);
+
+/// The canvas cleared for a new chart: all but the background picture goes.
+Change clearing(const Document& document);
+
+/// A new chart in place of all but the background picture.
+Change drawing(const Document& document, Entry chart);
+
+/// Everything goes, the background picture too.
+Change emptying(const Document& document);
+
+/// Everything goes, and the header line of a new pressure stands alone.
+Change repressuring(const Document& document, const Pressure& pressure);
+
+/// Entries deleted by their places in the list; a chart deleted no longer counts as standing.
+/// @param places each less than the number of entries, in any order
+Change deletion(const Document& document, std::vector<std::size_t> places);
+
+/// A point under another identification. The entry must be a point.
+Change renaming(const Document& document, std::size_t place, std::string identification);
+
+/// A point put elsewhere: `moved` in its place, from `movedto` (marks.h).
+Change moving(const Document& document, std::size_t place, Entry moved);
+
+/// Entries added in one go.
+Change additions(const Document& document, std::vector<Entry> entries, std::string name);
+
+/// Carries a change out and leaves in it the way back.
+void carryout(Change& change, Document& document);
+
+/// A document with the changes that led to it.
+class History {
+public:
+  History() = default;
+  explicit History(Document document) : document_(std::move(document)) {}
+
+  const Document& document() const { return document_; }
+
+  /// Carries a change out; what could be redone is gone. A chart drawn on the canvas that was cleared for it is one
+  /// change with that clearing.
+  void carryout(Change change);
+
+  /// Makes all that stands the background picture. No step of its own, since nothing is seen of it: it goes with the
+  /// change before.
+  void keeppicture();
+
+  /// Name of what the next undo or redo concerns; empty if there is none.
+  const std::string& undoname() const;
+  const std::string& redoname() const;
+
+  void undo();  ///< nothing if there is none
+  void redo();
+
+  /// Whether the document differs from what was last marked as saved; a new one does not.
+  bool changed() const { return saved_ != done_; }
+  void marksaved() { saved_ = done_; }
+  /// An opened document that was not written so, as one recovered after a crash.
+  void markunsaved() { saved_ = std::nullopt; }
+
+  /// Lines, points and mixtures of the chart before: what the last change that ended a chart with any has removed.
+  std::vector<Entry> chartbefore() const;
+
+private:
+  bool joinslast(const Change& change) const;
+  void forgetredo();
+
+  Document document_;
+  std::vector<Change> changes_;
+  std::size_t done_ = 0;  ///< so many of the changes are carried out
+  std::optional<std::size_t> saved_ = 0;
+};
+
+}  // namespace moistair

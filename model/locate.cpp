@@ -1,0 +1,38 @@
+#include "model/locate.h"
+
+#include "chart/chartframe.h"
+
+namespace moistair {
+
+namespace {
+
+/// The answer to a pair without a state.
+const char* messageof(Unresolved reason) {
+  switch (reason) {
+    case Unresolved::samekind: return "Two parameters must be diffrent";
+    case Unresolved::humidityratiowithdewpoint: return "combination of Humidity ration and dew point not feasible";
+    case Unresolved::blankvalue: return "None of the two data input boxes can not be blank for locating point";
+    default: break;
+  }
+  return "The point as per input parameters are either out of chart limits or the such point is not feasible";
+}
+
+}  // namespace
+
+Location locatepoint(const PairInput& input, const std::function<bool()>& chartstands, double atm,
+                     const RangeFinders& finders, SolverFields& fields) {
+  Location location;
+  Resolution& resolution = location.resolution;
+  resolution.reason = inputfault(input.kind1, input.kind2, input.value1, input.value2);
+  if (resolution.resolved()) {
+    if (!chartstands()) {
+      location.refusal = Refusal{drawaxisfirst, true};
+      return location;
+    }
+    resolution = resolvepair(input.kind1, input.value1, input.kind2, input.value2, atm, finders, fields);
+  }
+  if (!resolution.resolved()) location.refusal = Refusal{messageof(resolution.reason)};
+  return location;
+}
+
+}  // namespace moistair

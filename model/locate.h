@@ -1,0 +1,37 @@
+/// \file
+/// Locating a point: the resolution of a pair with every refusal explained.
+///
+/// The live row resolves while the user types and says nothing; the button "Locate point" runs the same resolution and
+/// answers each refusal with a message. It also wants a chart to stand, since the point is meant for it. The main
+/// window calls `locatepoint`, shows the message of a fault or fills the point report.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "engine/resolver.h"
+#include "model/refusal.h"
+
+namespace moistair {
+
+/// What the two lists and the two boxes hold.
+struct PairInput {
+  std::optional<PropertyKind> kind1, kind2;
+  std::string value1, value2;
+
+  bool operator==(const PairInput&) const = default;
+};
+
+struct Location {
+  Resolution resolution;           ///< as computed; its texts are rounded in the report
+  std::optional<Refusal> refusal;  ///< what the user is told instead of the report
+};
+
+/// @param chartstands tells whether the chart on the canvas is the one of the limits in the lists. Asked only of input
+///   that the rules let pass, since asking reads the limits anew.
+/// @param atm atmospheric pressure [in Hg]
+Location locatepoint(const PairInput& input, const std::function<bool()>& chartstands, double atm,
+                     const RangeFinders& finders, SolverFields& fields);
+
+}  // namespace moistair

@@ -1,0 +1,108 @@
+#include "model/marks.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "chart/chartfinders.h"
+#include "chart/pointmark.h"
+#include "engine/resolver.h"
+#include "model/pointreport.h"
+
+namespace moistair {
+
+namespace {
+
+/// The state as a report shows it.
+StatePoint shownstate(const StatePoint& point) { return readreport(fillreport(point, {}, {})); }
+
+/// Whether a chart's axes show the two as one.
+bool samespot(const StatePoint& one, const Place& other) {
+  return std::abs(one.db - other.db) < 0.005 && std::abs(one.w - other.w) < 5e-06;
+}
+
+/// Appends the marks of an entry.
+struct Marker {
+  std::vector<Mark>& marks;
+  std::size_t entry;
+
+  void operator()(const MarkedPoint& point) const { marks.push_back({{point.state.db, point.state.w}, entry}); }
+  void operator()(const MixingLine& line) const {
+    for (const AirStream& column : line.columns) {
+      marks.push_back({{lenientnumber(column.db), lenientnumber(column.w)}, entry});
+    }
+  }
+  void operator()(const PinnedReading& pinned) const { marks.push_back({{pinned.state.db, pinned.state.w}, entry}); }
+  template <class Unmarked>
+  void operator()(const Unmarked&) const {}
+};
+
+}  // namespace
+
+std::optional<Setting> standingchart(const Document& document) {
+  const auto limits = standinglimits(document);
+  const Entry* chart = lastchart(document);
+  if (!limits || chart == nullptr || chart->setting.limits != *limits) return std::nullopt;
+  return chart->setting;
+}
+
+std::vector<Mark> marksof(const Document& document) {
+  std::vector<Mark> marks;
+  const auto chart = standingchart(document);
+  for (std::size_t i = 0; chart && i < document.entries.size(); ++i) {
+    const Entry& entry = document.entries[i];
+    if (entry.setting.limits == chart->limits) std::visit(Marker{marks, i}, entry.content);
+  }
+  return marks;
+}
+
+std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& place) {
+  const Reading reading = readingat(chart.limits, chart.pressure.atm, place);
+  if (!reading.state) return std::nullopt;
+  return PinnedReading{shownstate(*reading.state)};
+}
+
+Corner freecorner(const Document& document, const PinnedReading& pinned, WindowSize window) {
+  const auto chart = standingchart(document);
+  if (!chart) return corners.front();
+  const PlotArea area = plotarea(chart->limits, window);
+  constexpr double markroom = 2 * pointmarkradius;
+  std::vector<LabelBox> taken;
+  for (const Mark& mark : marksof(document)) {
+    const double x = area.plotx(mark.place.db);
+    const double y = area.ploty(mark.place.w);
+    taken.push_back({x - markroom, y - markroom, x + markroom, y + markroom});
+    const auto* other = std::get_if<PinnedReading>(&document.entries[mark.entry].content);
+    if (other != nullptr) taken.push_back(labelbox(other->state, other->corner, area));
+  }
+  const auto covered = [&](Corner corner) {
+    const LabelBox label = labelbox(pinned.state, corner, area);
+    double sum = 0;
+    for (const LabelBox& box : taken) sum += label.covered(box);
+    return sum;
+  };
+  return *std::min_element(corners.begin(), corners.end(),
+                           [&](Corner one, Corner other) { return covered(one) < covered(other); });
+}
+
+bool ispoint(const Entry& entry) { return std::holds_alternative<MarkedPoint>(entry.content); }
+
+std::optional<Entry> movedto(const Entry& point, const Place& place, WindowSize window) {
+  const Setting& setting = point.setting;
+  const Reading reading = readingat(setting.limits, setting.pressure.atm, place);
+  if (!reading.state) return std::nullopt;
+  Entry entry = point;
+  auto& moved = std::get<MarkedPoint>(entry.content);
+  moved.state = shownstate(*reading.state);
+  for (TypedProperty& given : moved.given) given.value = numbertext(moved.state.at(given.kind));
+  const PlotArea area = plotarea(setting.limits, window);
+  SolverFields fields;
+  const auto& [one, two] = moved.given;
+  const Resolution again = resolvepair(one.kind, one.value, two.kind, two.value, setting.pressure.atm,
+                                       chartrangefinders([area] { return area; }), fields);
+  if (again.resolved() && samespot(again.point, place)) moved.state = shownstate(again.point);
+  RecordingCanvas scratch;
+  if (draw(entry, scratch, window) != nullptr) return std::nullopt;
+  return entry;
+}
+
+}  // namespace moistair

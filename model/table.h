@@ -1,0 +1,37 @@
+/// \file
+/// All that stands on the chart as a table of states.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "model/document.h"
+#include "model/pointreport.h"
+
+namespace moistair {
+
+/// A chart, a line or a point is one row, a mixture three: its streams and what they become.
+struct TableRow {
+  std::size_t entry = 0;                             ///< its place in the document
+  std::string kind;                                  ///< "Point", "Relative humidity line", "Standard chart"
+  std::string identification;                        ///< a point's own, a mixture's mark, a chart's limits
+  double pressure = 0;                               ///< that it was worked out at [in Hg]
+  std::array<double, reportrows.size()> properties;  ///< in the order of the report; no value where it has none
+  bool renamable = false;
+};
+
+/// Heads of the columns: kind, identification, pressure and the properties of the report.
+inline constexpr std::size_t tablecolumns = 3 + reportrows.size();
+const char* tablehead(std::size_t column);
+
+/// Every row but for the header line alone, in the order in which things were drawn.
+std::vector<TableRow> tablerows(const Document& document);
+
+/// What stands in a column of a row: seven decimals for the properties, with a zero before the point.
+std::string celltext(const TableRow& row, std::size_t column);
+
+/// Heads and rows, each ended by a line feed, for a file (comma) or a spreadsheet to paste (tab).
+std::string tabletext(const std::vector<TableRow>& rows, char separator);
+
+}  // namespace moistair

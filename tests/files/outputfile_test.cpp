@@ -1,0 +1,180 @@
+#include "files/outputfile.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <thread>
+
+#include "support/temporaryfolder.h"
+#include "tests/faults/faults.h"
+
+using namespace moistair;
+using namespace moistair::sessiontest;
+
+namespace {
+
+mode_t modeof(const fs::path& path) {
+  struct stat facts {};
+  ::stat(path.c_str(), &facts);
+  return facts.st_mode & 07777;
+}
+
+/// An ordinary user for as long as it lives, in tests that root runs: root may write everywhere.
+class OrdinaryUser {
+public:
+  OrdinaryUser() : former_(::geteuid()) {
+    if (former_ == 0 && ::seteuid(65534) != 0) throw std::runtime_error("no other user");
+  }
+  ~OrdinaryUser() { (void)!::seteuid(former_); }
+  OrdinaryUser(const OrdinaryUser&) = delete;
+  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+private:
+  uid_t former_;
+};
+
+class OutputFileTest : public testing::Test {
+protected:
+  void SetUp() override { fs::permissions(place.path, fs::perms(0755)); }
+
+  const TemporaryFolder place;
+  const fs::path folder = place.path;
+  const fs::path target = folder / "target";
+};
+
+}  // namespace
+
+TEST_F(OutputFileTest, LinksStayAndWhatTheyLeadToIsWritten) {
+  fs::create_directory(folder / "below");
+  make(folder / "below" / "old", "old");
+  fs::create_symlink("below", folder / "around");
+  const struct {
+    const char* name;
+    const char* leadsto;
+    const char* written;
+  } rows[] = {
+      {"to a file", "below/old", "below/old"},
+      {"to another link's folder and back out of it", "around/../made", "made"},
+      {"to nothing yet", "below/new", "below/new"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    fs::create_symlink(row.leadsto, target);
+    fs::create_symlink(target, folder / "second");
+    EXPECT_FALSE(writefile(folder / "second", "new"));
+    EXPECT_EQ(bytesof(folder / row.written), "new");
+    EXPECT_TRUE(fs::is_symlink(target) && fs::is_symlink(folder / "second"));
+    fs::remove(target);
+    fs::remove(folder / "second");
+  }
+}
+
+TEST_F(OutputFileTest, WhatCannotBeWrittenIsToldBeforehand) {
+  fs::create_symlink("loop", folder / "loop");
+  ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
+  make(folder / "file", "old");
+  const struct {
+    const char* name;
+    fs::path path;
+    int error;
+  } rows[] = {
+      {"no name", "", ENOENT},
+      {"no such folder", folder / "nowhere" / "a", ENOENT},
+      {"a file for a folder", folder / "file" / "a", ENOTDIR},
+      {"a folder", folder, EISDIR},
+      {"a folder that is not there", folder / "new" / "", EISDIR},
+      {"a loop of links", folder / "loop", ELOOP},
+      {"a FIFO that nobody reads", folder / "fifo", ENXIO},
+      {"too long", folder / std::string(300, 'x'), ENAMETOOLONG},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const auto failure = writefile(row.path, "new");
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->error, row.error);
+    EXPECT_FALSE(failure->opened);
+  }
+  EXPECT_EQ(namesin(folder), (std::vector<std::string>{"fifo", "file", "loop"}));
+}
+
+TEST_F(OutputFileTest, PermissionsStay) {
+  const mode_t mask = ::umask(027);
+  EXPECT_FALSE(writefile(target, "new"));
+  ::umask(mask);
+  EXPECT_EQ(modeof(target), 0640U) << "those of a new file are the user's affair";
+  fs::permissions(target, fs::perms(0604));
+  EXPECT_FALSE(writefile(target, "newer"));
+  EXPECT_EQ(modeof(target), 0604U);
+}
+
+TEST_F(OutputFileTest, AUsersFileInAFolderThatIsClosed) {
+  const fs::path shut = folder / "shut";
+  fs::create_directory(shut);
+  make(shut / "open", "something longer");
+  make(shut / "shut", "old");
+  make(target, "old");
+  fs::permissions(shut / "open", fs::perms(0666));
+  fs::permissions(shut / "shut", fs::perms(0444));
+  fs::permissions(target, fs::perms(0444));
+  fs::permissions(shut, fs::perms(0555));
+  {
+    const OrdinaryUser user;
+    EXPECT_FALSE(writefile(shut / "open", "new"));
+    EXPECT_EQ(writefile(shut / "shut", "new")->error, EACCES);
+    EXPECT_EQ(writefile(shut / "absent", "new")->error, EACCES);
+    EXPECT_EQ(writefile(target, "new")->error, EACCES) << "protected, though its folder may be open";
+    faults::failfrom("fallocate", 1);
+    EXPECT_EQ(writefile(shut / "open", "longer than what is there")->error, ENOSPC);
+    faults::failfrom("", 0);
+  }
+  EXPECT_EQ(bytesof(shut / "open"), "new");
+  EXPECT_EQ(namesin(shut), (std::vector<std::string>{"open", "shut"}));
+  fs::permissions(shut, fs::perms(0755));
+}
+
+TEST_F(OutputFileTest, WhatIsNoFileIsWrittenInto) {
+  ASSERT_EQ(::mkfifo(target.c_str(), 0600), 0);
+  std::string read;
+  std::thread reader([&] { read = bytesof(target); });
+  {
+    OutputFile file(target);
+    EXPECT_TRUE(file.write("through") && file.commit());
+  }
+  reader.join();
+  EXPECT_EQ(read, "through");
+  EXPECT_TRUE(fs::is_fifo(target));
+  fs::create_symlink("/dev/full", folder / "device");
+  const auto failure = writefile(folder / "device", "x");
+  ASSERT_TRUE(failure);
+  EXPECT_TRUE(failure->opened);
+  EXPECT_EQ(failure->reason(), "No space left on device");
+}
+
+TEST_F(OutputFileTest, ADescriptorByItsNameGoesOnWhereItStands) {
+  const Descriptor descriptor(::open(target.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+  OutputFile before = OutputFile::through(descriptor.number());
+  EXPECT_TRUE(before.write("a") && before.commit());
+  fs::create_symlink("/dev/fd/" + std::to_string(descriptor.number()), folder / "name");
+  EXPECT_FALSE(writefile(folder / "name", "b"));
+  EXPECT_EQ(bytesof(target), "ab");
+}
+
+TEST_F(OutputFileTest, NamesThatAreNoTextStayTwo) {
+  EXPECT_FALSE(writefile(folder / "a\xFF", "1"));
+  EXPECT_FALSE(writefile(folder / "a\xFE", "2"));
+  EXPECT_EQ(namesin(folder), (std::vector<std::string>{"a\xFE", "a\xFF"}));
+  EXPECT_EQ(bytesof(folder / "a\xFF"), "1");
+}
+
+TEST_F(OutputFileTest, OneThatIsGivenUpLeavesTheOldFileAlone) {
+  make(target, "old");
+  {
+    OutputFile file(target);
+    EXPECT_TRUE(file.write("new"));
+  }
+  EXPECT_EQ(bytesof(target), "old");
+  EXPECT_EQ(namesin(folder).size(), 1U);
+}

@@ -1,0 +1,152 @@
+#include "model/documentfile.h"
+
+#include "desk.h"
+
+using namespace moistair;
+using namespace moistair::test;
+
+namespace {
+
+/// A document with an entry of each kind.
+std::string sample() {
+  static const std::string text = [] {
+    Desk desk;
+    desk.commands.keeppicture();
+    desk.draw();
+    desk.rhline("40");
+    desk.point("75", "62.5", "A");
+    desk.mix();
+    desk.pin();
+    return filetext(desk.document());
+  }();
+  return text;
+}
+
+std::string replaced(std::string text, std::string_view old, std::string_view with) {
+  const std::size_t at = text.find(old);
+  EXPECT_NE(at, std::string::npos) << old;
+  return at == std::string::npos ? text : text.replace(at, old.size(), with);
+}
+
+/// A file that was changed at one place.
+struct Damage {
+  const char* name;
+  std::string_view old, with;
+  const char* fault;  ///< what the message begins with
+};
+
+constexpr std::string_view point = R"({"db":75,"wb":62.5,"rh":50.3032182,)";
+
+const Damage damages[] = {
+    {"a later format", "\"format\": 2", "\"format\": 3", "format: the file was written by a later version"},
+    {"no format of ours", "\"format\": 2", "\"format\": 0.5", "format: must be from 1 to 2"},
+    {"another file", "\"format\": 2", "\"form\": 2", "this is no chart of Moistair: \"format\" is missing"},
+    {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 15"},
+    {"a number too large for any double", point, R"({"db":1e999,"wb":62.5,"rh":50.3032182,)",
+     "line 10, column 76: number overflow"},
+    {"no number", point, R"({"db":NaN,"wb":62.5,"rh":50.3032182,)", "line 10, column 72: syntax error"},
+    {"a number beyond its bound", point, R"({"db":1e300,"wb":62.5,"rh":50.3032182,)",
+     "entry 4, state, db: must be above 0 and up to 120"},
+    {"a wet bulb above the dry bulb", point, R"({"db":75,"wb":62.5,"rh":103,)", "entry 4, state, rh: must be"},
+    {"a missing number", point, R"({"db":75,"rh":50.3032182,)", "entry 4, state: \"wb\" is missing"},
+    {"a text for a number", point, R"({"db":"75","wb":62.5,"rh":50.3032182,)", "entry 4, state, db: must be a number"},
+    {"a number for a text", R"("id":"A")", R"("id":7)", "entry 4, id: must be a text in quotes"},
+    {"a key that stands twice", R"("id":"A")", R"("id":"A","id":"B")", "entries, 4, id: this key stands twice"},
+    {"a key that is not known", R"("id":"A")", R"("id":"A","color":"red")", "entry 4, color: this key is not known"},
+    {"no UTF-8", R"("id":"A")", "\"id\":\"\xff\"", "line 10, column 23: syntax error"},
+    {"a line break in a text", R"("id":"A")", "\"id\":\"\n\"", "line 10, column 23: syntax error"},
+    {"a kind of entry from elsewhere", R"("kind":"line")", R"("kind":"curve")", "entry 3, kind: must be one of header"},
+    {"another property line", R"("property":"rh")", R"("property":"dp")",
+     "entry 3, property: must be one of rh, wb, h, v"},
+    {"a pair that fixes no state", R"("given":{"db":"75","wb":"62.5"})", R"("given":{"w":"0.01","dp":"50"})",
+     "entry 4, given: must be two properties that fix a state"},
+    {"one property", R"("given":{"db":"75","wb":"62.5"})", R"("given":{"db":"75"})", "entry 4, given: must be two"},
+    {"limits that no list offers", R"("limits":[0,120,0,0.03])", R"("limits":[0,125,0,0.03])",
+     "entry 2: limits must be"},
+    {"three limits", R"("limits":[0,120,0,0.03])", R"("limits":[0,120,0])", "entry 2, limits: must be four numbers"},
+    {"a point outside", R"("state":{"db":75,)", R"("limits":[80,120,0,0.03],"state":{"db":75,)",
+     "entry 4: lies outside"},
+    {"an unknown unit", R"("unit":"standard")", R"("unit":"bar")", "pressure, unit: must be one of standard, inhg"},
+    {"more in the background than there is", R"("background": 1)", R"("background": 7)", "background: must be a whole"},
+    {"a readout of no air", R"("readout","state":{"db":80,)", R"("readout","state":{"db":180,)",
+     "entry 6, state, db: must be above 0"},
+    {"a readout outside", R"("readout","state":{"db":80,)", R"("readout","limits":[90,120,0,0.03],"state":{"db":80,)",
+     "entry 6: lies outside"},
+    {"half a mixture", R"("mixed":)", R"("mixt":)", "entry 5, mixt: this key is not known"},
+    {"a read-out that is none", R"("db":"75.0000000")", R"("db":"warm")",
+     "entry 5, stream 1, shown, db: must be a number"},
+    {"a stream beyond all bounds", R"("rh":"50.3032182")", R"("rh":"0503.032182")",
+     "entry 5, stream 1, shown, rh: must be"},
+};
+
+}  // namespace
+
+TEST(DocumentFile, IsReadByAPerson) {
+  Desk desk;
+  desk.setpressure({PressureUnit::elevation, "5000"});
+  desk.draw();
+  desk.lookatpressure();
+  desk.rhline("40 ");
+  desk.point("75", "62.5", "A \"b\"\n\xc3\xa9");
+  EXPECT_EQ(
+      filetext(desk.document()),
+      R"({
+"format": 1,
+"pressure": {"unit":"elevation","entry":"5000","inhg":24.8961078291965},
+"drawn": [0,120,0,0.03],
+"entries": [
+{"kind":"chart","type":"blank","limits":[0,120,0,0.03]},
+{"kind":"line","property":"rh","value":"40 ","pressure":{"unit":"elevation","entry":"5000","inhg":29.92126}},
+{"kind":"point","id":"A \"b\"\n)"
+      "\xc3\xa9"
+      R"(","given":{"db":"75","wb":"62.5"},"state":{"db":75,"wb":62.5,"rh":50.3032182,"w":0.0092932,"h":28.1695563,"dp":55.2457239,"v":13.6751968,"pv":0.440482}}
+]
+}
+)");
+}
+
+TEST(DocumentFile, DamageIsToldWithItsPlaceAndItsReason) {
+  ASSERT_TRUE(readdocument(sample()).document) << readdocument(sample()).fault;
+  for (const Damage& damage : damages) {
+    SCOPED_TRACE(damage.name);
+    const ReadDocument read = readdocument(replaced(sample(), damage.old, damage.with));
+    EXPECT_FALSE(read.document);
+    EXPECT_EQ(read.fault.substr(0, std::string_view(damage.fault).size()), damage.fault);
+    EXPECT_LT(read.fault.size(), 200U) << "it has to fit into a message";
+  }
+}
+
+TEST(DocumentFile, RubbishIsNoDocument) {
+  const std::string deep(100000, '['), longkey = "{\"format\":1,\"" + std::string(100000, 'k') + "\":1,\"pressure\":1}";
+  for (const std::string& text : {std::string(), std::string("\0\0", 2), std::string("null"), std::string("[]"), deep,
+                                  longkey, std::string("{\"format\":1}"), sample() + "x"}) {
+    const ReadDocument read = readdocument(text);
+    EXPECT_FALSE(read.document);
+    EXPECT_FALSE(read.fault.empty());
+    EXPECT_LT(read.fault.size(), 200U);
+  }
+  for (std::size_t size = 0; size + 1 < sample().size(); ++size) {
+    EXPECT_FALSE(readdocument(sample().substr(0, size)).document) << "cut off at " << size;
+  }
+}
+
+TEST(DocumentFile, APointTooDryForSevenDecimalsIsReadAgain) {
+  Desk desk;
+  desk.draw();
+  StatePoint shown;
+  shown.db = 1e-7;
+  shown.rh = 1e-7;
+  const PairInput input{PropertyKind::db, PropertyKind::rh, ".0000001", ".0000001"};
+  ASSERT_TRUE(desk.commands.markpoint(input, shown, desk.lists, "", window));
+  EXPECT_TRUE(readdocument(filetext(desk.document())).document) << readdocument(filetext(desk.document())).fault;
+}
+
+TEST(DocumentFile, UnsavedWorkKnowsWhereItBelongs) {
+  const Document document = *readdocument(sample()).document;
+  for (const std::string path : {"", "/home/a/b \"c\".moistair", "/home/\xff\x01.moistair"}) {
+    const ReadDocument read = readdocument(recoverytext(document, path));
+    ASSERT_TRUE(read.document) << read.fault;
+    EXPECT_EQ(read.file, path);
+    EXPECT_EQ(filetext(*read.document), sample());
+  }
+}

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 #include <utility>
 
 #include "model/documentnames.h"
@@ -25,20 +26,33 @@ Value named(const JsonNode& node, const std::array<Name<Value>, size>& names) {
   node.fail("must be one of " + offered);
 }
 
+/// A pressure that was set.
 Pressure pressureof(const JsonNode& node) {
   node.onlykeys({"unit", "entry", "inhg"});
   Pressure pressure;
   const JsonNode unit = node.at("unit");
   pressure.entry.unit = unit.isnull() ? std::nullopt : std::optional(named(unit, unitnames));
-  pressure.entry.text = node.at("entry").text();
+  const JsonNode entry = node.at("entry");
+  pressure.entry.text = entry.text();
   pressure.atm = node.at("inhg").number();
+  if (!pressurefor(pressure.entry).accepted) {
+    entry.fail(std::string("must be within the range of its unit, ") + rowof(*pressure.entry.unit).rangehint);
+  }
   return pressure;
 }
 
+/// The pressure of the whole. Without a unit, the pressure window keeps what was in force, a refused value included.
+Pressure setpressureof(const JsonNode& node) {
+  const Pressure pressure = pressureof(node);
+  if (!pressure.entry.unit || isofentry(pressure)) return pressure;
+  node.at("inhg").fail("must be " + pressurefor(pressure.entry).inhg.value_or("") + ", the pressure of its entry, or " +
+                       defaultpressuretext);
+}
+
 ChartLimits limitsof(const JsonNode& node) {
-  const std::vector<JsonNode> numbers = node.elements("limit");
-  if (numbers.size() != 4) node.fail("must be four numbers");
-  return {numbers[0].number(), numbers[1].number(), numbers[2].number(), numbers[3].number()};
+  const std::vector<double> numbers =
+      node.numbers({"lowest dry bulb", "highest dry bulb", "lowest humidity ratio", "highest humidity ratio"});
+  return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
 void checkdrawable(const JsonNode& node, const ChartLimits& limits) {
@@ -205,7 +219,7 @@ std::string pathof(const JsonNode& node) {
 
 void checkformat(const JsonNode& root) {
   const auto format = root.find("format");
-  if (!format) root.fail("this is no chart of Moistair: \"format\" is missing");
+  if (!format) root.fail("\"format\" is missing, so this is not a Moistair document");
   const double number = format->number();
   if (number > documentformat) {
     format->fail("the file was written by a later version of the program (format " + numbertext(number) + ")");
@@ -218,7 +232,7 @@ ReadDocument documentof(const JsonNode& root) {
   root.onlykeys({"format", "file", "pressure", "drawn", "background", "entries"});
   ReadDocument read;
   Document document;
-  document.pressure = pressureof(root.at("pressure"));
+  document.pressure = setpressureof(root.at("pressure"));
   Setting before{{}, document.pressure};
   for (const JsonNode& node : root.at("entries").elements("entry")) document.entries.push_back(entryof(node, before));
   if (const auto drawn = root.find("drawn")) {
@@ -237,9 +251,12 @@ ReadDocument documentof(const JsonNode& root) {
 }  // namespace
 
 ReadDocument readdocument(std::string_view text) {
+  if (text.size() > largestdocument) return {std::nullopt, "", "the document is larger than 64 MB, the limit"};
   try {
     const Json json = parsedjson(text);
     return documentof(JsonNode(json, ""));
+  } catch (const std::bad_alloc&) {
+    return {std::nullopt, "", "there is not enough memory to read it"};
   } catch (const std::exception& fault) {
     return {std::nullopt, "", fault.what()};
   }

@@ -35,7 +35,9 @@ std::string reasonof(const nlohmann::detail::exception& error) {
   for (const std::string_view before : {"] ", "column "}) {
     if (const std::size_t at = reason.find(before); at != std::string::npos) reason.erase(0, at + before.size());
   }
-  if (const std::size_t at = reason.find(": "); at < 8) reason.erase(0, at + 2);
+  // the column's number
+  reason.erase(0, std::min(reason.find_first_not_of("0123456789"), reason.size()));
+  if (reason.starts_with(": ")) reason.erase(0, 2);
   return reason.substr(0, std::min(reason.find("; last read"), longestreason));
 }
 
@@ -59,7 +61,7 @@ public:
   bool key(string_t& name) override {
     Level& level = levels_.back();
     level.name = name;
-    if (!level.keys.insert(name).second) throw JsonFault(place(), "this key stands twice");
+    if (!level.keys.insert(name).second) throw JsonFault(place(), "duplicate key");
     return true;
   }
 
@@ -111,9 +113,17 @@ private:
 }  // namespace
 
 Json parsedjson(std::string_view text) {
+  // The library takes it for the end of the text.
+  if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
+    throw JsonFault(placeofbyte(text, nul + 1), "a NUL byte, which no text holds");
+  }
   Checker checker(text);
   Json::sax_parse(text, &checker);
   return Json::parse(text);
+}
+
+void JsonNode::fail(const std::string& reason) const {
+  throw JsonFault(place_.empty() ? "the document" : place_, reason);
 }
 
 std::string JsonNode::placeof(std::string_view name) const {
@@ -154,6 +164,14 @@ std::vector<JsonNode> JsonNode::elements(const char* name) const {
   elements.reserve(json_.size());
   for (const Json& element : json_) elements.emplace_back(element, place + std::to_string(elements.size() + 1));
   return elements;
+}
+
+std::vector<double> JsonNode::numbers(std::initializer_list<const char*> names) const {
+  if (!json_.is_array() || json_.size() != names.size())
+    fail("must be a list of " + std::to_string(names.size()) + " numbers");
+  std::vector<double> numbers;
+  for (const char* name : names) numbers.push_back(JsonNode(json_[numbers.size()], placeof(name)).number());
+  return numbers;
 }
 
 const std::string& JsonNode::text() const {

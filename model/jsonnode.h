@@ -31,7 +31,7 @@ class JsonNode {
 public:
   JsonNode(const Json& json, std::string place) : json_(json), place_(std::move(place)) {}
 
-  [[noreturn]] void fail(const std::string& reason) const { throw JsonFault(place_, reason); }
+  [[noreturn]] void fail(const std::string& reason) const;
 
   /// A member of an object that has to be there.
   JsonNode at(const char* key) const;
@@ -43,6 +43,9 @@ public:
   std::vector<Member> members() const;  ///< of an object, in the order of the text
   /// Elements of an array. @param name of one of them, in place of the array's: "entry" gives "entry 1"
   std::vector<JsonNode> elements(const char* name) const;
+
+  /// An array of as many numbers as there are names for them.
+  std::vector<double> numbers(std::initializer_list<const char*> names) const;
 
   const std::string& text() const;
   double number() const;

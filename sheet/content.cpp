@@ -98,6 +98,7 @@ SheetContent contentof(const Document& document) {
 
 std::string pressuretext(const Pressure& pressure) {
   std::string text = numeral(pressure.atm, 3) + " in Hg (" + numeral(pressure.atm * psiperinhg, 3) + " psi)";
+  if (!isofentry(pressure)) return text + ", out of range";  // in force though the pressure window refused it
   const std::string elevation = elevationtext(pressure);
   return elevation.empty() ? text : text + ", " + elevation;
 }

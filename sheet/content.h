@@ -53,7 +53,8 @@ struct SheetContent {
 
 SheetContent contentof(const Document& document);
 
-/// "29.921 in Hg (14.696 psi), sea level": a pressure with the elevation that has it.
+/// "29.921 in Hg (14.696 psi), sea level": a pressure with the elevation that has it; one that the pressure
+/// window has refused is marked.
 std::string pressuretext(const Pressure& pressure);
 
 /// "0 to 120 °F, 0 to 0.030 lb/lb".

@@ -117,7 +117,8 @@ public:
         if (!header.blank()) return header;
       }
     }
-    throw badusage(reader_.gaveup() ? name + ": the first line is longer than 8 MB" : name + " is empty");
+    throw badusage(reader_.gaveup() ? name + ": the first line is longer than 8 MB; lines must end in line feeds"
+                                    : name + " is empty");
   }
 
   /// Sets the number of columns; ends the life of the header.

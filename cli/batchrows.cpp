@@ -23,6 +23,13 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+/// Bad usage for a carriage return outside quotes: a table whose lines end in these alone is one line.
+void checklineend(std::string_view field, const std::string& filename) {
+  const std::string_view plain = field.starts_with('"') ? field.substr(field.rfind('"')) : field;
+  if (plain.find('\r') == std::string_view::npos) return;
+  throw badusage(filename + ": the lines end in carriage returns alone; save the table with line feeds");
+}
+
 void take(std::optional<std::size_t>& place, CsvSelection& selection, const std::string& name) {
   if (place) throw badusage("the first line names the column " + name + " twice");
   place = selection.wanted.size();
@@ -154,6 +161,7 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename, cha
   BatchColumns columns;
   std::string scratch;
   eachfield(header.raw, delimiter, [&](std::string_view field) {
+    checklineend(field, filename);
     if (columns.selection.columns == 0 && field.starts_with(byteordermark)) field.remove_prefix(byteordermark.size());
     const std::string name(trimmed(fieldtext(field, scratch)));
     if (const auto kind = kindnamed(lowercase(name))) {

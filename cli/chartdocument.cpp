@@ -31,6 +31,8 @@ std::string contentof(Input& input) {
   constexpr std::size_t readsize = 64u << 10;
   std::string content;
   while (input.read(content, readsize)) {
+    if (content.size() > largestdocument)
+      throw failure(input.name() + ": the document is larger than 64 MB, the limit");
   }
   return content;
 }

@@ -64,8 +64,9 @@ void runsheet(const CLI::App& command, const SheetCommandOptions& options) {
   const SheetOptions sheet = sheetof(options);
   ChartDocument begun = begundocument(options.document);
   RecordingCanvas canvas;
-  // What is out of the limits is found by drawing; what paints is loaded meanwhile.
-  auto drawn = std::async(std::launch::async, [&] { return drawfitting(begun.document, canvas, window); });
+  constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
+  // What is out of the limits is found while what paints is loaded.
+  auto drawn = std::async(either, [&] { return leaveout(begun.document, window); });
   const Painter painter = painterofname(options.output);
   if (painter.format == nullptr) throw badusage(options.output + ": the ending must be .pdf .svg .png or .bmp");
   const double scale = scaleof(options.scale, painter.pixels, sheet.page.width, sheet.page.height);

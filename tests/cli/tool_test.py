@@ -99,7 +99,7 @@ class Usage(ToolTest):
         stream = "db=75,wb=62.5,flow=1000"
         rows = [
             ("nothing", 2, "subcommand", []),
-            ("control characters", 2, "is no command", ["a\nb\x1b[31m"]),
+            ("control characters", 2, "unknown command", ["a\nb\x1b[31m"]),
             ("one property", 2, "not 1", ["state", "db=75"]),
             ("the same twice", 2, "db is given twice", ["state", "db=75", "db=76"]),
             ("unknown property", 2, '"temp" is none of', ["state", "temp=75", "wb=62.5"]),
@@ -107,8 +107,10 @@ class Usage(ToolTest):
             ("bytes that are no text", 2, "is no number", ["state", b"db=\xff\xfe", "wb=62.5"]),
             ("w with dp", 2, "fix no state", ["state", "w=0.01", "dp=50"]),
             ("unknown option", 2, "--frob", ["state", "db=75", "wb=62.5", "--frob"]),
-            ("unknown option before one that is missing", 2, "--frob is no option", ["chart", "--frob", "3"]),
-            ("unknown short option", 2, "-x is no option", ["-x"]),
+            ("unknown option before one that is missing", 2, "unknown option --frob", ["chart", "--frob", "3"]),
+            ("an option before its command", 2, "--inhg comes after the command: moistair-cli state --inhg",
+             ["--inhg", "29", "state", "db=75", "wb=62.5"]),
+            ("unknown short option", 2, "unknown option -x", ["-x"]),
             ("flows beyond all numbers", 1, "too large",
              ["mix", "--stream1", "db=75,wb=62.5,flow=1e308", "--stream2", "db=95,wb=75,flow=1.7e308"]),
             ("enthalpies beyond all numbers", 1, "too large",
@@ -173,6 +175,8 @@ class Batch(ToolTest):
             ("empty", b"", "is empty"),
             ("no header", b"75,62.5\n75,60\n", "must name the columns"),
             ("binary", bytes(range(256)) * 100, "zero bytes"),
+            ("lines that end in carriage returns", b"db,wb\r75,62.5\r76,62\r", "carriage returns alone"),
+            ("the same with quotes", b'db,"wb"\r75,62.5\r', "carriage returns alone"),
         ]
         for name, given, words in rows:
             with self.subTest(name):
@@ -184,6 +188,7 @@ class Batch(ToolTest):
         long = "x" * (1 << 20)
         rows = [
             ("header without a line end", b"db,wb", 0),
+            ("a carriage return in a quoted name", b'"a\rb",db,wb\n,75,62.5\n', 1),
             ("byte order mark", b"\xef\xbb\xbfdb,wb\r\n75,62.5\r\n", 1),
             ("a line of 1 MB", f"note,db,wb\n{long},75,62.5\n,75,62.5\n".encode(), 2),
             ("a quoted field of 1 MB", f'note,db,wb\n"{long}\n{long}",75,62.5\n'.encode(), 1),
@@ -279,6 +284,14 @@ class Batch(ToolTest):
         self.assert_refused(done, 1, "standard output cannot be written")
 
 
+    def test_threads_and_memory_that_there_are_not(self):
+        """Words of the system alone would say nothing."""
+        def no_threads():
+            resource.setrlimit(resource.RLIMIT_AS, (1 << 28, 1 << 28))
+
+        self.assert_refused(self.run_tool("batch", "--jobs", "256", given=self.table(10), preexec_fn=no_threads), 1, "fewer --jobs")
+
+
 class Mix(ToolTest):
     def mix(self, *streams):
         return self.run_tool("mix", "--stream1", streams[0], "--stream2", streams[1], "--format", "json")
@@ -326,6 +339,19 @@ class Chart(ToolTest):
         done = subprocess.run([alone, "chart", "-o", "c.svg"], cwd=self.folder, stderr=subprocess.PIPE)
         self.assert_refused(done, 1, "the part that paints cannot be loaded")
         self.assertFalse((self.folder / "c.svg").exists())
+        done = subprocess.run([alone, "chart", "-o", "c.gif"], cwd=self.folder, stderr=subprocess.PIPE)
+        self.assert_refused(done, 2, "the ending must be")
+
+    def test_a_fifo_in_place_of_the_part_that_paints_is_not_waited_for(self):
+        bin = self.folder / "bin"
+        bin.mkdir()
+        shutil.copy(TOOL, bin / "moistair-cli")
+        place = next(pathlib.Path(TOOL).parent.parent.glob("lib*/moistair/moistair-painter.so"))
+        fifo = self.folder / place.relative_to(pathlib.Path(TOOL).parent.parent)
+        fifo.parent.mkdir(parents=True)
+        os.mkfifo(fifo)
+        done = subprocess.run([bin / "moistair-cli", "chart", "-o", "c.svg"], cwd=self.folder, stderr=subprocess.PIPE, timeout=60)
+        self.assert_refused(done, 1, "is not a file")
 
     def test_files_of_every_kind(self):
         for ending, begins in ((".svg", b"<?xml"), (".pdf", b"%PDF"), (".png", b"\x89PNG"), (".BMP", b"BM")):
@@ -368,9 +394,14 @@ class Chart(ToolTest):
         (self.folder / "cut.moistair").write_bytes((self.folder / "x.moistair").read_bytes()[:150])
         (self.folder / "empty.moistair").write_text(
             '{"format":1,"pressure":{"unit":"inhg","entry":"30","inhg":30},"entries":[]}')
+        (self.folder / "nul.moistair").write_bytes((self.folder / "empty.moistair").read_bytes() + b"\n\n\n\0{")
+        with open(self.folder / "large.moistair", "wb") as large:
+            large.truncate((64 << 20) + 1)
         for name, code, words, arguments in [
                 ("cut off", 1, "cut.moistair: line 6, column ", ["--from", "cut.moistair"]),
                 ("not there", 2, "No such file", ["--from", "nowhere.moistair"]),
+                ("too large", 1, "larger than 64 MB", ["--from", "large.moistair"]),
+                ("a NUL byte and more", 1, "line 4, column 1: a NUL byte", ["--from", "nul.moistair"]),
                 ("a pressure beside it", 2, "stands for its own pressure", ["--from", "x.moistair", "--psi", "14"]),
                 ("nothing to add to", 1, "no chart to add it to", ["--from", "empty.moistair", "--rh", "50"]),
                 ("a point outside", 1, "out of chart limits",

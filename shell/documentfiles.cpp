@@ -22,8 +22,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int keptevery = 5000;                              // ms
-constexpr std::size_t largestfile = std::size_t{256} << 20;  // bytes
+constexpr int keptevery = 5000;                             // ms
+constexpr std::size_t largestlist = std::size_t{64} << 10;  // bytes
 constexpr qsizetype mostrecent = 10;
 constexpr std::string_view workending = "-unsaved.moistair";
 constexpr const char* filter = "Moistair document (*.moistair)";
@@ -134,7 +134,8 @@ void DocumentFiles::openkept(const fs::path& kept) {
 
 /// @param kept whether it is unsaved work, which belongs to another file or to none
 bool DocumentFiles::read(const QString& path, bool kept) {
-  const FileContent content = readfile(QFile::encodeName(path).toStdString(), Links::followed, largestfile);
+  const FileContent content =
+      readfile(QFile::encodeName(path).toStdString(), kept ? Links::refused : Links::followed, largestdocument);
   ReadDocument document;
   document.fault = content.fault;
   if (document.fault.empty()) document = readdocument(content.bytes);
@@ -225,7 +226,7 @@ void DocumentFiles::keepwork() {
   stale_ = false;
   if (unsaved()) {
     const std::string file = QFile::encodeName(path_).toStdString();
-    stale_ = writefile(workfile(), recoverytext(chart_.document(), file)).has_value();
+    stale_ = writeownfile(workfile(), recoverytext(chart_.document(), file)).has_value();
   } else {
     removefile(workfile());
   }
@@ -253,25 +254,31 @@ void DocumentFiles::end() {
 
 fs::path DocumentFiles::recentfile() const { return log_.sessions().parent_path() / "recent.txt"; }
 
-/// Paths of the documents last opened or saved, the latest first.
-QStringList DocumentFiles::recent() const {
-  const QString list = QString::fromStdString(readfile(recentfile(), Links::followed, largestfile).bytes);
-  return list.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, mostrecent);
+/// Paths of the documents last opened or saved, the latest first; or why the list cannot be used.
+DocumentFiles::Recent DocumentFiles::recent() const {
+  const FileContent list = readfile(recentfile(), Links::refused, largestlist);
+  std::error_code ignored;
+  const bool there = fs::symlink_status(recentfile(), ignored).type() != fs::file_type::not_found;
+  return {QString::fromStdString(list.bytes).split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, mostrecent),
+          QString::fromStdString(there ? list.fault : std::string())};
 }
 
 /// A name with a line end would be two of the list.
 void DocumentFiles::remember(const QString& path) {
   if (path.contains(QLatin1Char('\n'))) return;
-  QStringList paths = recent();
+  auto [paths, fault] = recent();
+  if (!fault.isEmpty()) return;  // the menu says so
   paths.removeAll(path);
   paths.prepend(path);
   const std::string list = paths.mid(0, mostrecent).join(QLatin1Char('\n')).toStdString() + '\n';
-  writefile(recentfile(), list);  // nothing is lost but convenience
+  writeownfile(recentfile(), list);  // nothing is lost but convenience
 }
 
 void DocumentFiles::listrecent() {
   recent_->clear();
-  for (const QString& path : recent()) {
+  const auto [paths, fault] = recent();
+  if (!fault.isEmpty()) recent_->addAction(pathof(recentfile()) + QStringLiteral(": ") + fault)->setEnabled(false);
+  for (const QString& path : paths) {
     QString caption = path;
     recent_->addAction(caption.replace(QLatin1Char('&'), QStringLiteral("&&")), this, [this, path] { open(path); });
   }

@@ -73,7 +73,11 @@ private:
   void keepwork();
   std::filesystem::path workfile() const;
   std::filesystem::path recentfile() const;
-  QStringList recent() const;
+  struct Recent {
+    QStringList paths;
+    QString fault;  ///< why there are none, though there is a list
+  };
+  Recent recent() const;
   void remember(const QString& path);
   void listrecent();
 

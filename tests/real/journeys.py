@@ -95,7 +95,7 @@ def point(session):
     savefile(session, "Save data in file", "Save Pont data in File", copy)
     equal(read(copy), wanted, "the copy")
     os.unlink(session.log)
-    session.told("View saved data", "The saved data cannot be shown: the log file cannot be read.")
+    session.told("View saved data", "The saved data cannot be shown: the log file cannot be read.\nIt is gone.")
 
 
 def chart(session):

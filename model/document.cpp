@@ -77,11 +77,33 @@ template <class After>
 void drawentries(const Document& document, ChartCanvas& canvas, WindowSize window, const After& after) {
   canvas.DropPicture();
   canvas.Cls();
+  const Entry* before = nullptr;
   std::size_t drawn = 0;
   for (const Entry& entry : document.entries) {
-    after(entry, draw(entry, canvas, window));
+    // A chart over the same one shows nothing more, and ten thousand of them would take their time.
+    const bool covers = before != nullptr && std::holds_alternative<DrawnChart>(entry.content) && entry == *before;
+    after(entry, covers ? nullptr : draw(entry, canvas, window));
+    before = &entry;
     if (++drawn == document.background) canvas.KeepPicture();
   }
+}
+
+/// Takes the entries with a message out of a document.
+std::vector<LeftOut> takeout(Document& document, const std::vector<const char*>& messages) {
+  std::vector<Entry> kept;
+  std::vector<LeftOut> leftout;
+  std::size_t background = 0;
+  for (std::size_t i = 0; i < messages.size(); ++i) {
+    if (messages[i] != nullptr) {
+      leftout.push_back({std::move(document.entries[i]), messages[i]});
+    } else {
+      kept.push_back(std::move(document.entries[i]));
+      if (i < document.background) ++background;
+    }
+  }
+  document.entries = std::move(kept);
+  document.background = background;
+  return leftout;
 }
 
 }  // namespace
@@ -98,20 +120,21 @@ std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, Window
   std::vector<const char*> messages;
   messages.reserve(document.entries.size());
   drawentries(document, canvas, window, [&](const Entry&, const char* message) { messages.push_back(message); });
-  std::vector<Entry> kept;
-  std::vector<LeftOut> leftout;
-  std::size_t background = 0;
-  for (std::size_t i = 0; i < messages.size(); ++i) {
-    if (messages[i] != nullptr) {
-      leftout.push_back({std::move(document.entries[i]), messages[i]});
-    } else {
-      kept.push_back(std::move(document.entries[i]));
-      if (i < document.background) ++background;
-    }
+  return takeout(document, messages);
+}
+
+std::vector<LeftOut> leaveout(Document& document, WindowSize window) {
+  std::vector<const char*> messages;
+  messages.reserve(document.entries.size());
+  for (std::size_t i = 0; i < document.entries.size(); ++i) {
+    const Entry& entry = document.entries[i];
+    RecordingCanvas scratch;
+    const bool fits =
+        std::holds_alternative<DrawnChart>(entry.content) || std::holds_alternative<HeaderLine>(entry.content);
+    const bool again = i > 0 && entry == document.entries[i - 1];
+    messages.push_back(fits ? nullptr : again ? messages.back() : draw(entry, scratch, window));
   }
-  document.entries = std::move(kept);
-  document.background = background;
-  return leftout;
+  return takeout(document, messages);
 }
 
 Drawing drawingof(const Document& document, WindowSize window) {

@@ -117,6 +117,9 @@ struct LeftOut {
 /// The same, and takes out of the document what draws nothing with its limits and its pressure. Returns what it took.
 std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window);
 
+/// Takes the same out without drawing the rest, for who draws in another way.
+std::vector<LeftOut> leaveout(Document& document, WindowSize window);
+
 /// All of a document as a list of operations.
 Drawing drawingof(const Document& document, WindowSize window);
 

@@ -40,17 +40,35 @@ struct Label {
 class LineIndex {
 public:
   void add(SheetPoint from, SheetPoint to, double weight);
-  /// The sum of the weights of what passes a box.
-  double weightin(const Box& box) const;
-  bool any(const Box& box) const { return weightin(box) > 0; }
+  /// The sum of the weights of what passes a box, as soon as it exceeds what is enough.
+  double weightin(const Box& box, double enough) const;
+  bool any(const Box& box) const { return weightin(box, 0) > 0; }
 
 private:
   struct Piece {
     SheetPoint from, to;
     double weight;
+    mutable std::size_t asked = 0;  ///< the last query that it was met in: it may pass several squares
   };
   std::vector<Piece> pieces_;
   std::unordered_map<long, std::vector<std::size_t>> cells_;
+  mutable std::size_t queries_ = 0;
+};
+
+/// Boxes by the squares of the page that they touch. Those that lie over each other, as marks of equal points do, count
+/// once, and a crowd of them only roughly, so that a place is judged as fast as on any other page.
+class BoxIndex {
+public:
+  void add(Box box);
+  bool any(const Box& box) const;
+
+private:
+  struct Cell {
+    std::vector<std::size_t> touching;  ///< boxes
+    std::vector<std::size_t> centred;
+  };
+  std::vector<Box> boxes_;
+  std::unordered_map<long, Cell> cells_;
 };
 
 class LabelBoard {
@@ -59,7 +77,7 @@ public:
   /// @param gap that is kept between texts [pixels]
   LabelBoard(const Box& page, double gap) : page_(page), gap_(gap) {}
 
-  void fix(const Box& box) { fixed_.push_back(box); }                       ///< no label covers this
+  void fix(const Box& box) { fixed_.add(box); }                             ///< no label covers this
   void wall(const std::vector<SheetPoint>& line) { add(walls_, line, 1); }  ///< no label crosses this
   void line(const std::vector<SheetPoint>& line, double weight) { add(lines_, line, weight); }
   void add(Label label) { labels_.push_back(std::move(label)); }
@@ -76,7 +94,7 @@ private:
 
   Box page_;
   double gap_;
-  std::vector<Box> fixed_;
+  BoxIndex fixed_;
   LineIndex walls_, lines_;
   std::vector<Label> labels_;
 };

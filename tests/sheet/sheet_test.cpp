@@ -2,6 +2,7 @@
 // document on them.
 #include <algorithm>
 #include <array>
+#include <ctime>
 
 #include "engine/saturation.h"
 #include "model/desk.h"
@@ -282,6 +283,40 @@ TEST(Sheet, PagesByTheirNames) {
   };
   for (const auto& [text, portrait, size] : pages) {
     EXPECT_EQ(pagenamed(text, portrait).value_or(PageSize()), size) << text;
+  }
+}
+
+/// Processor time for a sheet of so many entries [s].
+double timefor(const Entry& entry, std::size_t count, double apart) {
+  Document document = documentof(sheets[0], 0);
+  for (std::size_t i = 0; i < count; ++i) {
+    document.entries.push_back(entry);
+    if (auto* point = std::get_if<MarkedPoint>(&document.entries.back().content)) {
+      point->state.db += apart * static_cast<double>(i);
+    }
+  }
+  const std::clock_t begin = std::clock();
+  layoutsheet(contentof(document), {}, extentof);
+  return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+}
+
+TEST(Sheet, EqualAndStackedEntriesTakeTimeInProportion) {
+  const Document document = documentof(sheets[0], 0);
+  const auto holds = [&](auto content) {
+    return *std::find_if(document.entries.begin(), document.entries.end(),
+                         [&](const Entry& entry) { return std::holds_alternative<decltype(content)>(entry.content); });
+  };
+  const struct {
+    const char* name;
+    Entry entry;
+    double apart;  ///< [deg F]
+  } rows[] = {{"equal points", holds(MarkedPoint()), 0},      {"stacked points", holds(MarkedPoint()), 1e-5},
+              {"equal mixtures", holds(MixingLine()), 0},     {"equal lines", holds(PropertyLine()), 0},
+              {"equal read-outs", holds(PinnedReading()), 0}, {"equal charts", holds(DrawnChart()), 0}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const double one = timefor(row.entry, 250, row.apart) + 0.01;
+    EXPECT_LT(timefor(row.entry, 4000, row.apart), 24 * one) << "16 times as many";
   }
 }
 

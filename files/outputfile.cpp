@@ -262,6 +262,7 @@ bool OutputFile::openbeside(const struct stat* former) {
   const bool nameable = ::access("/proc/self/fd", X_OK) == 0;
   if (nameable) file_ = Descriptor(::openat(folder_.number(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
   if (!nameable || (!file_.isopen() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL))) {
+    removeabandoned(folderof(name_));  // here a kill leaves what was written
     file_ = Descriptor(withnewname(temporary_, [&](const char* free) {
       return ::openat(folder_.number(), free, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     }));

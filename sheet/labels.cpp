@@ -10,6 +10,8 @@ namespace {
 
 constexpr double cellsize = 48;  // pixels
 constexpr long rowlength = 1 << 20;
+constexpr std::size_t boxcrowd = 64, linecrowd = 256;  // so many boxes or pieces with their middles in one square
+constexpr double grain = 4;                            // pixels, of what is in a crowd
 
 struct Candidate {
   const LabelPlace* place;
@@ -176,6 +178,16 @@ void LineIndex::add(SheetPoint from, SheetPoint to, double weight) {
     add(middle, to, weight);
     return;
   }
+  if (++crowds_[cellof((from + to) * 0.5)] > linecrowd) {
+    const auto rough = [](double place) { return std::round(place / grain) * grain; };
+    from = {rough(from.x), rough(from.y)};
+    to = {rough(to.x), rough(to.y)};
+    const auto [found, fresh] = alike_.try_emplace({from.x, from.y, to.x, to.y}, pieces_.size());
+    if (!fresh) {
+      pieces_[found->second].weight += weight;
+      return;
+    }
+  }
   const SheetPoint low{std::min(from.x, to.x), std::min(from.y, to.y)};
   const SheetPoint high{std::max(from.x, to.x), std::max(from.y, to.y)};
   anycell(low, high, [&](long cell) {
@@ -202,10 +214,8 @@ double LineIndex::weightin(const Box& box, double enough) const {
 }
 
 void BoxIndex::add(Box box) {
-  constexpr std::size_t crowd = 64;  // boxes with their centres in one square
-  constexpr double grain = 4;        // pixels
   std::vector<std::size_t>& centred = cells_[cellof(box.centre)].centred;
-  if (centred.size() >= crowd && box.along.y == 0) {
+  if (centred.size() >= boxcrowd && box.along.y == 0) {
     const auto corners = box.corners();
     const auto down = [](double place) { return std::floor(place / grain) * grain; };
     const auto up = [](double place) { return std::ceil(place / grain) * grain; };

@@ -8,6 +8,8 @@
 /// each moves to where it is cheaper, as long as anything changes. What has no place at all in the end is left out.
 #pragma once
 
+#include <array>
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -36,7 +38,8 @@ struct Label {
   bool clears = false;  ///< the ground behind the text is cleared, so that a line under it has a gap there
 };
 
-/// Pieces of line by the squares of the page that they pass, so that a box finds those near it.
+/// Pieces of line by the squares of the page that they pass, so that a box finds those near it. Where they are a crowd
+/// they count roughly, those that run alike as one, so that a place is judged as fast as on any other page.
 class LineIndex {
 public:
   void add(SheetPoint from, SheetPoint to, double weight);
@@ -52,11 +55,13 @@ private:
   };
   std::vector<Piece> pieces_;
   std::unordered_map<long, std::vector<std::size_t>> cells_;
+  std::unordered_map<long, std::size_t> crowds_;        ///< how many pieces have their middle in a square
+  std::map<std::array<double, 4>, std::size_t> alike_;  ///< pieces of crowds by their rough ends
   mutable std::size_t queries_ = 0;
 };
 
 /// Boxes by the squares of the page that they touch. Those that lie over each other, as marks of equal points do, count
-/// once, and a crowd of them only roughly, so that a place is judged as fast as on any other page.
+/// once, and a crowd of them only roughly.
 class BoxIndex {
 public:
   void add(Box box);

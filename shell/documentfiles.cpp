@@ -44,7 +44,7 @@ bool isleftover(const fs::path& file) {
   if (!name.starts_with(".temp") || !name.ends_with(workending)) return false;
   const std::string log = name.substr(1, name.size() - 1 - workending.size()) + std::string(logending);
   std::error_code gone;
-  return fs::is_regular_file(file, gone) && !fs::exists(file.parent_path() / log, gone);
+  return fs::is_regular_file(fs::symlink_status(file, gone)) && !fs::exists(file.parent_path() / log, gone);
 }
 
 /// What was left in the folders of logs, the latest first. What is there under this session's own name was left too.

@@ -291,9 +291,10 @@ double timefor(const Entry& entry, std::size_t count, double apart) {
   Document document = documentof(sheets[0], 0);
   for (std::size_t i = 0; i < count; ++i) {
     document.entries.push_back(entry);
-    if (auto* point = std::get_if<MarkedPoint>(&document.entries.back().content)) {
-      point->state.db += apart * static_cast<double>(i);
-    }
+    Content& content = document.entries.back().content;
+    const double shift = apart * static_cast<double>(i);
+    if (auto* point = std::get_if<MarkedPoint>(&content)) point->state.db += shift;
+    if (auto* line = std::get_if<PropertyLine>(&content)) line->value = numbertext(50 + shift);
   }
   const std::clock_t begin = std::clock();
   layoutsheet(contentof(document), {}, extentof);
@@ -312,7 +313,8 @@ TEST(Sheet, EqualAndStackedEntriesTakeTimeInProportion) {
     double apart;  ///< [deg F]
   } rows[] = {{"equal points", holds(MarkedPoint()), 0},      {"stacked points", holds(MarkedPoint()), 1e-5},
               {"equal mixtures", holds(MixingLine()), 0},     {"equal lines", holds(PropertyLine()), 0},
-              {"equal read-outs", holds(PinnedReading()), 0}, {"equal charts", holds(DrawnChart()), 0}};
+              {"stacked lines", holds(PropertyLine()), 1e-6}, {"equal read-outs", holds(PinnedReading()), 0},
+              {"equal charts", holds(DrawnChart()), 0}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     const double one = timefor(row.entry, 250, row.apart) + 0.01;

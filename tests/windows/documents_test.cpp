@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QTableView>
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include "paint/exports.h"
@@ -146,6 +147,27 @@ TEST(Files, OpenedLastAreOffered) {
   const QStringList names = listed();
   EXPECT_EQ(names.size(), 10);
   EXPECT_TRUE(names.first().endsWith(QStringLiteral("d&&10.moistair")));
+  QFile list(program.path("recent.txt"));
+  ASSERT_TRUE(list.resize((64 << 10) + 1));
+  const SaveAnswer save(program.path("after"));
+  action(program.window, "Save &as").trigger();
+  ASSERT_EQ(listed().size(), 1);
+  EXPECT_TRUE(listed().first().endsWith(QStringLiteral("recent.txt: It is larger than 64 KB, the limit.")));
+  EXPECT_EQ(list.size(), (64 << 10) + 1) << "the user decides what becomes of it";
+}
+
+TEST(UnsavedWork, IsNotWrittenThroughALink) {
+  Program program(Program::OnChart);
+  QFile other(program.path("other"));
+  ASSERT_TRUE(other.open(QFile::WriteOnly) && other.write("other") == 5);
+  other.close();
+  program.addlineandpoint();
+  ASSERT_TRUE(other.link(program.path(".temp-unsaved.moistair")));
+  keepnow(program.window);
+  EXPECT_EQ(other.size(), 5);
+  const auto work = std::filesystem::symlink_status(program.path(".temp-unsaved.moistair").toStdString());
+  EXPECT_EQ(work.type(), std::filesystem::file_type::regular);
+  EXPECT_EQ(work.permissions(), std::filesystem::perms(0600));
 }
 
 TEST(UnsavedWork, IsOfferedAfterAKill) {

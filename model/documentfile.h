@@ -19,9 +19,9 @@ namespace moistair {
 
 inline constexpr const char* documentending = ".moistair";
 
-/// The latest format, which has read-outs beyond the first. A document is written in the first that can hold it, so
-/// that earlier versions of the program read what they know; all are read.
-inline constexpr int documentformat = 2;
+/// The latest format, which has exact states; the second has read-outs beyond the first. A document is written in the
+/// first that can hold it, so that earlier versions of the program read what they know; all are read.
+inline constexpr int documentformat = 3;
 
 std::string filetext(const Document& document);
 

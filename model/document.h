@@ -66,6 +66,7 @@ struct MarkedPoint {
   std::array<TypedProperty, 2> given;
   StatePoint state;
   std::string identification;  ///< as typed, which may be empty
+  bool exact = false;          ///< whether the state is the exact one in place of what the search finds
 
   bool operator==(const MarkedPoint&) const = default;
 };

@@ -99,12 +99,18 @@ StatePoint stateof(const JsonNode& node) {
   return state;
 }
 
+bool isExact(const JsonNode& node) {
+  const auto exact = node.find("exact");
+  return exact && exact->flag();
+}
+
 MarkedPoint pointof(const JsonNode& node) {
-  node.onlykeys({"kind", "id", "given", "state", "limits", "pressure"});
+  node.onlykeys({"kind", "id", "given", "state", "exact", "limits", "pressure"});
   MarkedPoint point;
   point.identification = node.at("id").text();
   point.given = givenof(node.at("given"));
   point.state = stateof(node.at("state"));
+  point.exact = isExact(node);
   return point;
 }
 
@@ -129,7 +135,7 @@ void readcolumn(const JsonNode& node, AirStream& column) {
 }
 
 AirStream streamof(const JsonNode& node) {
-  node.onlykeys({"given", "flow", "shown"});
+  node.onlykeys({"given", "flow", "shown", "exact"});
   AirStream stream;
   const auto [one, two] = givenof(node.at("given"));
   stream.kind1 = one.kind;
@@ -143,6 +149,7 @@ AirStream streamof(const JsonNode& node) {
   for (const auto& [value, name] : statenames) state.*value = lenientnumber(shown.at(name).text());
   checkstate(shown, state);
   stream.complete = true;
+  stream.exact = isExact(node);
   return stream;
 }
 
@@ -152,10 +159,11 @@ MixingLine mixtureof(const JsonNode& node) {
   const std::vector<JsonNode> pair = streams.elements("stream");
   if (pair.size() != 2) streams.fail("must be two streams");
   const JsonNode mixed = node.at("mixed");
-  mixed.onlykeys({"flow", "shown"});
+  mixed.onlykeys({"flow", "shown", "exact"});
   AirStream mixture;
   mixture.flow = mixed.at("flow").text();
   readcolumn(mixed.at("shown"), mixture);
+  mixture.exact = isExact(mixed);
   return {{streamof(pair[0]), streamof(pair[1]), mixture}};
 }
 

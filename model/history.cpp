@@ -118,6 +118,19 @@ Change moving(const Document& document, std::size_t place, Entry moved) {
   return replacement(document, name, place, std::move(moved));
 }
 
+Change exchanging(const Document& document, const std::vector<std::pair<std::size_t, Entry>>& entries,
+                  std::string name) {
+  const auto [first, last] = std::minmax_element(
+      entries.begin(), entries.end(), [](const auto& one, const auto& other) { return one.first < other.first; });
+  Change change = nochange(document, std::move(name));
+  change.at = first->first;
+  change.count = last->first - first->first + 1;
+  const auto from = document.entries.begin() + static_cast<Place>(change.at);
+  change.entries.assign(from, from + static_cast<Place>(change.count));
+  for (const auto& [place, entry] : entries) change.entries[place - change.at] = entry;
+  return change;
+}
+
 void carryout(Change& change, Document& document) {
   std::vector<Entry>& entries = document.entries;
   const auto first = entries.begin() + static_cast<Place>(change.at);

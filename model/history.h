@@ -8,6 +8,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/document.h"
@@ -54,6 +55,11 @@ Change renaming(const Document& document, std::size_t place, std::string identif
 
 /// A point put elsewhere: `moved` in its place, from `movedto` (marks.h).
 Change moving(const Document& document, std::size_t place, Entry moved);
+
+/// Entries in place of others, in one go.
+/// @param entries each with its place in the list; at least one
+Change exchanging(const Document& document, const std::vector<std::pair<std::size_t, Entry>>& entries,
+                  std::string name);
 
 /// Entries added in one go.
 Change additions(const Document& document, std::vector<Entry> entries, std::string name);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/exactentry.h"
 #include "text/numberformat.h"
 #include "text/tablefield.h"
 #include "text/value.h"
@@ -50,12 +51,14 @@ struct RowWriter {
     row.identification = point.identification;
     row.renamable = true;
     take(point.state);
+    row.missed = judged(givenOf(point), point.state, row.pressure);
     rows.push_back(row);
   }
 
   void operator()(const PinnedReading& pinned) {
     row.kind = "Read-out";
     take(pinned.state);
+    row.missed = judged(givenOf(pinned), pinned.state, row.pressure);
     rows.push_back(row);
   }
 
@@ -69,29 +72,63 @@ struct RowWriter {
       const AirStream& column = line.columns.at(order[i]);
       row.identification = mixingmarks[i];
       for (std::size_t at = 0; at < texts.size(); ++at) row.properties[at] = strictnumber(column.*texts[at]);
+      judge(line, order[i]);
       rows.push_back(row);
+    }
+  }
+
+  void judge(const MixingLine& line, std::size_t number) {
+    const AirStream& column = line.columns.at(number);
+    row.mixture = number == 2;
+    if (row.mixture) {
+      row.missed = judgedMixture(line.columns[0], line.columns[1], column, row.pressure);
+    } else {
+      const auto given = givenOf(column);
+      row.missed = given ? judged(*given, shownState(column), row.pressure) : Missed{};
     }
   }
 };
 
+/// "dp 28.7211 for 27.65", "dp none for 27.65"
+std::string missedText(const std::vector<Miss>& values) {
+  constexpr double parts = 1e4;
+  const auto rounded = [](double number) { return numbertext(std::round(number * parts) / parts); };
+  std::string text;
+  for (const Miss& miss : values) {
+    text += std::string(text.empty() ? "" : "; ") + nameof(miss.kind) + ' ' +
+            (hasvalue(miss.found) ? rounded(miss.found) : "none") + " for " + rounded(miss.wanted);
+  }
+  return text;
+}
+
+constexpr std::size_t missedColumn = tablecolumns - 1;
+
+void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t place) {
+  TableRow row;
+  row.entry = place;
+  row.kind = captionof(entry);
+  row.pressure = entry.setting.pressure.atm;
+  row.properties.fill(novalue);
+  std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
+}
+
 }  // namespace
 
 const char* tablehead(std::size_t column) {
+  if (column == missedColumn) return "Missed";
   return column < firstproperty ? firstheads[column] : reportrows[column - firstproperty].caption;
 }
 
 std::vector<TableRow> tablerows(const Document& document) {
   std::vector<TableRow> rows;
-  for (std::size_t i = 0; i < document.entries.size(); ++i) {
-    const Entry& entry = document.entries[i];
-    TableRow row;
-    row.entry = i;
-    row.kind = captionof(entry);
-    row.pressure = entry.setting.pressure.atm;
-    row.properties.fill(novalue);
-    std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
-  }
+  for (std::size_t i = 0; i < document.entries.size(); ++i) appendRows(rows, document.entries[i], i);
   return rows;
+}
+
+bool missesAny(const Entry& entry) {
+  std::vector<TableRow> rows;
+  appendRows(rows, entry, 0);
+  return std::any_of(rows.begin(), rows.end(), [](const TableRow& row) { return row.missed.any(); });
 }
 
 std::string celltext(const TableRow& row, std::size_t column) {
@@ -99,6 +136,7 @@ std::string celltext(const TableRow& row, std::size_t column) {
     case 0: return row.kind;
     case 1: return row.identification;
     case 2: return numbertext(std::round(row.pressure * 1e7) / 1e7);
+    case missedColumn: return missedText(row.missed.values);
     default: break;
   }
   std::string text;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/exact.h"
 #include "model/document.h"
 #include "model/pointreport.h"
 
@@ -19,16 +20,22 @@ struct TableRow {
   double pressure = 0;                               ///< that it was worked out at [in Hg]
   std::array<double, reportrows.size()> properties;  ///< in the order of the report; no value where it has none
   bool renamable = false;
+  Missed missed;         ///< what its state visibly misses
+  bool mixture = false;  ///< whether that is of a mixed stream
 };
 
-/// Heads of the columns: kind, identification, pressure and the properties of the report.
-inline constexpr std::size_t tablecolumns = 3 + reportrows.size();
+/// Heads of the columns: kind, identification, pressure, the properties of the report, and what the state misses.
+inline constexpr std::size_t tablecolumns = 4 + reportrows.size();
 const char* tablehead(std::size_t column);
 
 /// Every row but for the header line alone, in the order in which things were drawn.
 std::vector<TableRow> tablerows(const Document& document);
 
-/// What stands in a column of a row: seven decimals for the properties, with a zero before the point.
+/// Whether a state of an entry visibly misses anything.
+bool missesAny(const Entry& entry);
+
+/// What stands in a column of a row: seven decimals for the properties, with a zero before the point; at last what is
+/// missed, as "dp 28.7211 for 27.65".
 std::string celltext(const TableRow& row, std::size_t column);
 
 /// Heads and rows, each ended by a line feed, for a file (comma) or a spreadsheet to paste (tab).

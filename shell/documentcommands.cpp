@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "model/again.h"
+#include "model/exactentry.h"
 #include "shell/filewriting.h"
 #include "shell/mainwindow.h"
 #include "shell/sheets.h"
@@ -49,6 +50,15 @@ void MainWindow::again() {
   }
   if (!found.leftout.empty()) message(this, leftouttext(found.leftout));
   focusgraph();
+}
+
+/// Exact states in place of those that miss something, of some entries or of all.
+void MainWindow::takeExact(const std::vector<std::size_t>& places) {
+  const auto entries = exactEntries(chart_.document(), places);
+  if (entries.empty()) return status_->answer(tr("no exact state within the limits"), BoxMark::fault);
+  const std::string name = entries.size() == 1 ? "Exact state of " + captionof(entries.front().second)
+                                               : "Exact states of " + std::to_string(entries.size()) + " entries";
+  step([&] { chart_.change(exchanging(chart_.document(), entries, name), windowsize()); });
 }
 
 /// A step through what was done to the chart. It can bring another pressure in force, which the live row then shows.

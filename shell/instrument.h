@@ -47,6 +47,8 @@ Q_SIGNALS:
   void chosen(const QString& drybulb, const QString& ratio);
   /// And the point there is to be located.
   void located();
+  /// An entry is to have its exact state.
+  void exactchosen(std::size_t entry);
   /// Something was not drawn, in the words for the user.
   void refused(const QString& reason);
 

@@ -84,6 +84,7 @@ void MainWindow::makeinstrument() {
   connect(sheets_, &Sheets::toggled, instrument_, &Instrument::follow);
   connect(instrument_, &Instrument::chosen, this, &MainWindow::takeplace);
   connect(instrument_, &Instrument::located, this, &MainWindow::locatepoint);
+  connect(instrument_, &Instrument::exactchosen, this, [this](std::size_t entry) { takeExact({entry}); });
   connect(instrument_, &Instrument::refused, this, [this](const QString& reason) { message(this, reason); });
 }
 
@@ -152,6 +153,7 @@ void MainWindow::makepanel(QMenu& view) {
   connect(panel_, &QDockWidget::visibilityChanged, this,
           [this](bool shown) { shown ? panel_->show(chart_.document()) : lift({}); });
   connect(panel_, &EntriesPanel::selected, this, &MainWindow::lift);
+  connect(panel_, &EntriesPanel::exactchosen, this, &MainWindow::takeExact);
   connect(panel_, &EntriesPanel::csvchosen, this, &MainWindow::writecsv);
   connect(panel_, &EntriesPanel::deletechosen, this, [this](const std::vector<std::size_t>& entries) {
     if (!entries.empty()) step([&] { chart_.change(deletion(chart_.document(), entries), windowsize()); });

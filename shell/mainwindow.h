@@ -92,6 +92,7 @@ private:
   void beginwork();
   void placepanel();
   void lift(const std::vector<std::size_t>& entries);
+  void takeExact(const std::vector<std::size_t>& places);
   void writecsv(const std::string& table);
   void again();
   void showhistory();

@@ -77,6 +77,8 @@ private:
   void judge(std::size_t stream);
   void shownotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
   void useexact(std::size_t stream);
+  void shownotes();
+  void useExactMixture();
   void fill(const std::array<AirStream, 2>& streams);
   void remember();
   void onsave();
@@ -92,6 +94,7 @@ private:
   QPushButton* savebutton_ = nullptr;
   std::array<StreamNotes, 2> notes_;
   std::array<TellingLine*, 2> noteslines_{};  ///< below the table
+  TellingLine* mixtureline_ = nullptr;        ///< below them, about the mixed stream
 };
 
 }  // namespace moistair

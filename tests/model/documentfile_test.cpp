@@ -38,8 +38,8 @@ struct Damage {
 constexpr std::string_view point = R"({"db":75,"wb":62.5,"rh":50.3032182,)";
 
 const Damage damages[] = {
-    {"a later format", "\"format\": 2", "\"format\": 3", "format: the file was written by a later version"},
-    {"no format of ours", "\"format\": 2", "\"format\": 0.5", "format: must be from 1 to 2"},
+    {"a later format", "\"format\": 2", "\"format\": 4", "format: the file was written by a later version"},
+    {"no format of ours", "\"format\": 2", "\"format\": 0.5", "format: must be from 1 to 3"},
     {"another file", "\"format\": 2", "\"form\": 2", "the document: \"format\" is missing"},
     {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 15"},
     {"a number too large for any double", point, R"({"db":1e999,"wb":62.5,"rh":50.3032182,)",

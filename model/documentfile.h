@@ -19,9 +19,10 @@ namespace moistair {
 
 inline constexpr const char* documentending = ".moistair";
 
-/// The latest format, which has read-outs beyond the first. A document is written in the first that can hold it, so
-/// that earlier versions of the program read what they know; all are read.
-inline constexpr int documentformat = 2;
+/// The latest format. Beyond the first, the second has read-outs, the third entries of the previous chart and a title
+/// block. A document is written in the first that can hold it, so that earlier versions of the program read what they
+/// know; all are read.
+inline constexpr int documentformat = 3;
 
 std::string filetext(const Document& document);
 

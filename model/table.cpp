@@ -48,7 +48,7 @@ struct RowWriter {
   void operator()(const MarkedPoint& point) {
     row.kind = "Point";
     row.identification = point.identification;
-    row.renamable = true;
+    row.renamable = row.note.empty();
     take(point.state);
     rows.push_back(row);
   }
@@ -77,19 +77,30 @@ struct RowWriter {
 }  // namespace
 
 const char* tablehead(std::size_t column) {
+  if (column == notecolumn) return "Note";
   return column < firstproperty ? firstheads[column] : reportrows[column - firstproperty].caption;
+}
+
+std::size_t columncount(const std::vector<TableRow>& rows) {
+  const auto noted = [](const TableRow& row) { return !row.note.empty(); };
+  return std::any_of(rows.begin(), rows.end(), noted) ? notecolumn + 1 : notecolumn;
 }
 
 std::vector<TableRow> tablerows(const Document& document) {
   std::vector<TableRow> rows;
-  for (std::size_t i = 0; i < document.entries.size(); ++i) {
-    const Entry& entry = document.entries[i];
+  std::size_t place = 0;
+  const auto append = [&](const Entry& entry, std::string note) {
     TableRow row;
-    row.entry = i;
+    row.entry = place++;
     row.kind = captionof(entry);
     row.pressure = entry.setting.pressure.atm;
     row.properties.fill(novalue);
+    row.note = std::move(note);
     std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
+  };
+  for (const Entry& entry : document.entries) append(entry, {});
+  for (const LeftOut& left : document.previous) {
+    append(left.entry, "not on this chart: " + (left.reason.empty() ? "entry of the previous chart" : left.reason));
   }
   return rows;
 }
@@ -99,6 +110,7 @@ std::string celltext(const TableRow& row, std::size_t column) {
     case 0: return row.kind;
     case 1: return row.identification;
     case 2: return numbertext(std::round(row.pressure * 1e7) / 1e7);
+    case notecolumn: return row.note;
     default: break;
   }
   std::string text;
@@ -108,9 +120,10 @@ std::string celltext(const TableRow& row, std::size_t column) {
 }
 
 std::string tabletext(const std::vector<TableRow>& rows, char separator) {
+  const std::size_t columns = columncount(rows);
   std::string text;
   const auto appendline = [&](const auto& cell) {
-    for (std::size_t column = 0; column < tablecolumns; ++column) {
+    for (std::size_t column = 0; column < columns; ++column) {
       if (column > 0) text += separator;
       appendfield(text, cell(column), separator);
     }

@@ -29,7 +29,7 @@ QString timeof(const EarlierSession& session) {
 void MainWindow::viewlog() {
   const auto text = log_.read();
   if (!text) {
-    message(this, QString::fromUtf8(viewfailed));
+    warning(this, QString::fromUtf8(viewfailed));
     focusgraph();
     return;
   }
@@ -64,7 +64,7 @@ void MainWindow::listsessions() {
 void MainWindow::viewsession(const EarlierSession& session) {
   const auto text = readlog(session.file);
   if (!text) {
-    message(this, QString::fromUtf8(sessiongone));
+    warning(this, QString::fromUtf8(sessiongone));
     focusgraph();
     return;
   }
@@ -88,10 +88,12 @@ void MainWindow::savelog() {
 void MainWindow::appendtolog(const std::vector<std::string>& lines) {
   if (log_.append(lines)) {
     strip_->savelogbutton->setEnabled(true);
-    status_->answer(tr("record %1 saved").arg(log_.records()));
+    const QString words = tr("record %1 saved").arg(log_.records());
+    status_->answer(words);
+    if (auto* mixing = qobject_cast<MixingWindow*>(dialog_)) mixing->answer(words);
     notes_->follow();
   } else {
-    message(dialog_, QString::fromUtf8(appendfailed));
+    warning(dialog_, QString::fromUtf8(appendfailed));
   }
 }
 

@@ -24,7 +24,7 @@ int EntriesModel::rowCount(const QModelIndex& parent) const {
 }
 
 int EntriesModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(tablecolumns);
+  return parent.isValid() ? 0 : static_cast<int>(columncount(rows_));
 }
 
 QVariant EntriesModel::data(const QModelIndex& index, int role) const {
@@ -32,7 +32,8 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
     const QString text = QString::fromStdString(celltext(rowof(index), static_cast<std::size_t>(index.column())));
     return role == Qt::EditRole ? text : printable(text);
   }
-  if (role == Qt::TextAlignmentRole && index.column() >= firstnumber) return int{Qt::AlignRight | Qt::AlignVCenter};
+  if (role == Qt::TextAlignmentRole && index.column() >= firstnumber && index.column() < static_cast<int>(notecolumn))
+    return int{Qt::AlignRight | Qt::AlignVCenter};
   return {};
 }
 

@@ -45,7 +45,7 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
   };
   command(tr("&Copy"), QKeySequence::Copy, [this] { copy(); });
   command(tr("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
-  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(tabletext(chosenrows(), ',')); });
+  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(model_.rows(), chosenrows()); });
   buttons->addStretch();
   setWidget(panel);
   connect(&model_, &EntriesModel::renamed, this, &EntriesPanel::renamed, Qt::QueuedConnection);

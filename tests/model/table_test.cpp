@@ -30,5 +30,11 @@ TEST(Table, HoldsAllThatStands) {
   EXPECT_TRUE(rows[2].renamable);
   EXPECT_NE(tabletext(rows, '\t').find("\t0 to 120, 0 to 0.030\t29.92126\t"), std::string::npos);
   desk.commands.clearchart();
-  EXPECT_TRUE(tablerows(desk.document()).empty());
+  const std::vector<TableRow> previous = tablerows(desk.document());
+  ASSERT_EQ(previous.size(), rows.size() - 1) << "all but the chart";
+  EXPECT_EQ(previous[1].entry, 1U);
+  EXPECT_FALSE(previous[1].renamable);
+  const std::string table = tabletext(previous, ',');
+  EXPECT_NE(table.find("Vapor pressure (In Hg),Note\n"), std::string::npos) << table;
+  EXPECT_NE(table.find("0.4404820,not on this chart: entry of the previous chart\n"), std::string::npos) << table;
 }

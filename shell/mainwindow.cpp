@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QWindow>
+#include <cmath>
 
 #include "chart/chartfinders.h"
 #include "engine/pressureunits.h"
@@ -20,6 +21,15 @@ namespace {
 
 constexpr const char* logfailed =
     "The data of this session cannot be kept: the log file cannot be written. Everything else works as usual.";
+
+/// Smallest room below the menus for a strip: under it, a sixth of the height is left below the plot for the dry-bulb
+/// scale and its texts. A screen that has not so much room has all that it can give.
+QSize leastarea(const QSize& strip) {
+  constexpr int menuandstatus = 80;  // pixels, with the window's frame
+  const int line = static_cast<int>(std::ceil(double{lineheight} / twipsperpixel));
+  const int screen = QGuiApplication::primaryScreen()->availableSize().height() - menuandstatus;
+  return {strip.width(), std::max(4 * strip.height(), std::min(6 * (strip.height() + line), screen))};
+}
 
 }  // namespace
 
@@ -57,7 +67,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
   setCentralWidget(area);
   strip_->setParent(area);
   strip_->fit(0, 0);
-  area->setMinimumSize(strip_->minimumSizeHint().width(), 4 * strip_->minimumSizeHint().height());
+  area->setMinimumSize(leastarea(strip_->minimumSizeHint()));
   for (QLineEdit* box : strip_->findChildren<QLineEdit*>())
     box->setAcceptDrops(false);  // a file is opened, not spelled
   graph_->setParent(area);

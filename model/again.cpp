@@ -71,19 +71,19 @@ struct Reworker {
 
 }  // namespace
 
-Again again(const std::vector<Entry>& before, const Setting& setting, WindowSize window) {
+Again again(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window) {
   const PlotArea area = plotarea(setting.limits, window);
   const RangeFinders finders = chartrangefinders([area] { return area; });
   Again result;
   RecordingCanvas scratch;
-  for (const Entry& earlier : before) {
-    Entry entry{setting, earlier.content};
+  for (const LeftOut& earlier : previous) {
+    Entry entry{setting, earlier.entry.content};
     const char* message = std::visit(Reworker{setting, finders}, entry.content);
     if (message == nullptr) message = draw(entry, scratch, window);
     if (message == nullptr) {
       result.entries.push_back(std::move(entry));
     } else {
-      result.leftout.push_back({earlier, message});
+      result.leftout.push_back({earlier.entry, message});
     }
   }
   return result;

@@ -133,7 +133,7 @@ struct FormatFinder {
 
 /// The first format that can hold a document.
 int formatfor(const Document& document) {
-  int format = 1;
+  int format = document.previous.empty() && !document.titleblock ? 1 : documentformat;
   for (const Entry& entry : document.entries) format = std::max(format, std::visit(FormatFinder{}, entry.content));
   return format;
 }
@@ -142,19 +142,29 @@ int formatfor(const Document& document) {
 std::string written(const Document& document, const Json& head) {
   std::string text = "{\n\"format\": " + std::to_string(formatfor(document));
   for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + jsontext(value);
-  text += ",\n\"entries\": [";
-  Setting before{{}, document.pressure};
-  const char* separator = "\n";
-  for (const Entry& entry : document.entries) {
-    text += std::exchange(separator, ",\n") + jsontext(jsonof(entry, before));
+  const auto list = [&](const char* name, const auto& elements, const auto& json) {
+    text += std::string(",\n\"") + name + "\": [";
+    Setting before{{}, document.pressure};
+    const char* separator = "\n";
+    for (const auto& element : elements) text += std::exchange(separator, ",\n") + jsontext(json(element, before));
+    text += "\n]";
+  };
+  list("entries", document.entries, [](const Entry& entry, Setting& before) { return jsonof(entry, before); });
+  if (!document.previous.empty()) {
+    list("previous", document.previous, [](const LeftOut& left, Setting& before) {
+      return Json{{"entry", jsonof(left.entry, before)}, {"reason", left.reason}};
+    });
   }
-  return text + "\n]\n}\n";
+  return text + "\n}\n";
 }
 
 Json headof(const Document& document) {
   Json head = {{"pressure", jsonof(document.pressure)}};
   if (const auto limits = standinglimits(document)) head["drawn"] = jsonof(*limits);
   if (document.background > 0) head["background"] = document.background;
+  if (const auto& block = document.titleblock) {
+    head["titleblock"] = {{"title", block->title}, {"project", block->project}, {"drawnby", block->drawnby}};
+  }
   return head;
 }
 

@@ -206,6 +206,21 @@ Entry entryof(const JsonNode& node, Setting& before) {
   return entry;
 }
 
+/// An entry of the previous chart.
+LeftOut leftoutof(const JsonNode& node, Setting& before) {
+  node.onlykeys({"entry", "reason"});
+  const JsonNode entry = node.at("entry");
+  LeftOut left{entryof(entry, before), node.at("reason").text()};
+  const bool ischart = std::holds_alternative<DrawnChart>(left.entry.content);
+  if (ischart || !haslimits(left.entry)) entry.at("kind").fail("must be one of line, point, mixture, readout");
+  return left;
+}
+
+TitleBlock titleblockof(const JsonNode& node) {
+  node.onlykeys({"title", "project", "drawnby"});
+  return {node.at("title").text(), node.at("project").text(), node.at("drawnby").text()};
+}
+
 std::size_t backgroundof(const JsonNode& node, std::size_t entries) {
   const double number = node.number();
   if (!(number >= 0 && number <= static_cast<double>(entries) && number == std::floor(number))) {
@@ -237,12 +252,18 @@ void checkformat(const JsonNode& root) {
 
 ReadDocument documentof(const JsonNode& root) {
   checkformat(root);
-  root.onlykeys({"format", "file", "pressure", "drawn", "background", "entries"});
+  root.onlykeys({"format", "file", "pressure", "drawn", "background", "titleblock", "entries", "previous"});
   ReadDocument read;
   Document document;
   document.pressure = setpressureof(root.at("pressure"));
   Setting before{{}, document.pressure};
   for (const JsonNode& node : root.at("entries").elements("entry")) document.entries.push_back(entryof(node, before));
+  if (const auto previous = root.find("previous")) {
+    before = {{}, document.pressure};
+    for (const JsonNode& node : previous->elements("previous entry"))
+      document.previous.push_back(leftoutof(node, before));
+  }
+  if (const auto titleblock = root.find("titleblock")) document.titleblock = titleblockof(*titleblock);
   if (const auto drawn = root.find("drawn")) {
     const ChartLimits limits = limitsof(*drawn);
     checkdrawable(*drawn, limits);

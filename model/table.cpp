@@ -49,7 +49,7 @@ struct RowWriter {
   void operator()(const MarkedPoint& point) {
     row.kind = "Point";
     row.identification = point.identification;
-    row.renamable = true;
+    row.renamable = row.note.empty();
     take(point.state);
     row.missed = judged(givenOf(point), point.state, row.pressure);
     rows.push_back(row);
@@ -101,14 +101,13 @@ std::string missedText(const std::vector<Miss>& values) {
   return text;
 }
 
-constexpr std::size_t missedColumn = tablecolumns - 1;
-
-void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t place) {
+void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t place, std::string note) {
   TableRow row;
   row.entry = place;
   row.kind = captionof(entry);
   row.pressure = entry.setting.pressure.atm;
   row.properties.fill(novalue);
+  row.note = std::move(note);
   std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
 }
 
@@ -116,12 +115,23 @@ void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t pla
 
 const char* tablehead(std::size_t column) {
   if (column == missedColumn) return "Missed";
+  if (column == notecolumn) return "Note";
   return column < firstproperty ? firstheads[column] : reportrows[column - firstproperty].caption;
+}
+
+std::size_t columncount(const std::vector<TableRow>& rows) {
+  const auto noted = [](const TableRow& row) { return !row.note.empty(); };
+  return std::any_of(rows.begin(), rows.end(), noted) ? notecolumn + 1 : notecolumn;
 }
 
 std::vector<TableRow> tablerows(const Document& document) {
   std::vector<TableRow> rows;
-  for (std::size_t i = 0; i < document.entries.size(); ++i) appendRows(rows, document.entries[i], i);
+  std::size_t place = 0;
+  for (const Entry& entry : document.entries) appendRows(rows, entry, place++, {});
+  for (const LeftOut& left : document.previous) {
+    appendRows(rows, left.entry, place++,
+               "not on this chart: " + (left.reason.empty() ? "entry of the previous chart" : left.reason));
+  }
   return rows;
 }
 
@@ -137,6 +147,7 @@ std::string celltext(const TableRow& row, std::size_t column) {
     case 1: return row.identification;
     case 2: return numbertext(std::round(row.pressure * 1e7) / 1e7);
     case missedColumn: return missedText(row.missed.values);
+    case notecolumn: return row.note;
     default: break;
   }
   std::string text;
@@ -146,9 +157,10 @@ std::string celltext(const TableRow& row, std::size_t column) {
 }
 
 std::string tabletext(const std::vector<TableRow>& rows, char separator) {
+  const std::size_t columns = columncount(rows);
   std::string text;
   const auto appendline = [&](const auto& cell) {
-    for (std::size_t column = 0; column < tablecolumns; ++column) {
+    for (std::size_t column = 0; column < columns; ++column) {
       if (column > 0) text += separator;
       appendfield(text, cell(column), separator);
     }

@@ -14,21 +14,27 @@ namespace moistair {
 
 /// A chart, a line or a point is one row, a mixture three: its streams and what they become.
 struct TableRow {
-  std::size_t entry = 0;                             ///< its place in the document
-  std::string kind;                                  ///< "Point", "Relative humidity line", "Standard chart"
-  std::string identification;                        ///< a point's own, a mixture's mark, a chart's limits
-  double pressure = 0;                               ///< that it was worked out at [in Hg]
+  std::size_t entry = 0;       ///< its place in the document; the previous chart's entries follow on those of this one
+  std::string kind;            ///< "Point", "Relative humidity line", "Standard chart"
+  std::string identification;  ///< a point's own, a mixture's mark, a chart's limits
+  double pressure = 0;         ///< that it was worked out at [in Hg]
   std::array<double, reportrows.size()> properties;  ///< in the order of the report; no value where it has none
   bool renamable = false;
   Missed missed;         ///< what its state visibly misses
   bool mixture = false;  ///< whether that is of a mixed stream
+  std::string note;      ///< "not on this chart" with the reason; empty for what is on it
 };
 
-/// Heads of the columns: kind, identification, pressure, the properties of the report, and what the state misses.
-inline constexpr std::size_t tablecolumns = 4 + reportrows.size();
+/// Heads of the columns: kind, identification, pressure, the properties of the report, what the state misses, and last
+/// the note.
+inline constexpr std::size_t missedColumn = 3 + reportrows.size();
+inline constexpr std::size_t notecolumn = missedColumn + 1;
 const char* tablehead(std::size_t column);
 
-/// Every row but for the header line alone, in the order in which things were drawn.
+/// How many columns there are: that of the notes only where a row has one.
+std::size_t columncount(const std::vector<TableRow>& rows);
+
+/// Every row but for the header line alone, in the order in which things were drawn; then what is not on the chart.
 std::vector<TableRow> tablerows(const Document& document);
 
 /// Whether a state of an entry visibly misses anything.

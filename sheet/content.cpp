@@ -88,6 +88,7 @@ SheetContent contentof(const Document& document) {
   SheetContent content;
   content.limits = wholechart;
   content.pressure = document.pressure;
+  content.omitted = document.previous.size();
   if (const Entry* chart = lastchart(document)) {
     content.limits = chart->setting.limits;
     content.pressure = chart->setting.pressure;

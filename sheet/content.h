@@ -47,7 +47,8 @@ struct SheetMixture {
 struct SheetContent {
   ChartLimits limits;
   Pressure pressure;
-  bool families = true;  ///< of a standard chart
+  bool families = true;     ///< of a standard chart
+  std::size_t omitted = 0;  ///< entries of the previous chart, which are not on this one
   std::vector<SheetLine> lines;
   std::vector<SheetState> states;
   std::vector<SheetMixture> mixtures;

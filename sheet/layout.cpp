@@ -155,7 +155,7 @@ private:
   /// Heading and protractor stand in the corner above saturation; what is too large for it stands above the chart.
   void makeroomforheading(SheetWork& work, SheetPoint corner) {
     const double em = work.em();
-    const double heading = headingheight(em);
+    const double heading = headingheight(work);
     const SheetPoint below = corner + SheetPoint{0, heading + 1.2 * em};
     drawheading(work, corner);
     const SheetPoint headingend = corner + SheetPoint{headingwidth(work), heading};

@@ -66,6 +66,7 @@ bool Instrument::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Leave:
       if (QApplication::activePopupWidget() == nullptr) onleave();  // a menu is for the place where it was opened
       break;
+    case QEvent::FocusIn: onfocus(static_cast<QFocusEvent*>(event)->reason()); break;
     case QEvent::Resize: layer_->resize(widget_.size()); break;
     case QEvent::ChildPolished: layer_->raise(); break;  // whatever else shows the chart
     case QEvent::ContextMenu: openmenu(*static_cast<QContextMenuEvent*>(event)); return true;
@@ -206,6 +207,11 @@ QString Instrument::titleof(const Spot& spot, double atm) const {
   return parts.join(QLatin1Char(' '));
 }
 
+/// Back from a menu or another program, keys go on where they were.
+void Instrument::onfocus(Qt::FocusReason reason) {
+  if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) steered_ = false;
+}
+
 bool Instrument::movable(std::size_t mark) const { return ispoint(entryof(mark)); }
 
 bool Instrument::onkey(const QKeyEvent& event) {
@@ -216,6 +222,8 @@ bool Instrument::onkey(const QKeyEvent& event) {
     return false;
   }
   if (event.type() == QEvent::KeyRelease) return false;
+  // A Return that was meant for the box that a line was drawn from must not open a window.
+  if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !(bykeys_ && steered_)) return false;
   if (!dragging_ && !event.isAutoRepeat() && runcommand(modifiers | key)) return true;
   if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier) return false;
   if (key == Qt::Key_Escape && dragging_) {
@@ -244,7 +252,7 @@ bool Instrument::step(Qt::Key key, bool tenths) {
   } else if (spot_) {
     place = caughtBy(targets_, stepped(limits, place, degrees, ratios, tenths), tenths);
   }
-  bykeys_ = true;
+  bykeys_ = steered_ = true;
   showat(place);
   tell();
   return true;

@@ -13,7 +13,6 @@ namespace {
 
 constexpr int identificationcolumn = 1;
 constexpr int firstnumber = 2;  // column
-constexpr int lastText = static_cast<int>(tablecolumns) - 1;
 
 }  // namespace
 
@@ -28,7 +27,7 @@ int EntriesModel::rowCount(const QModelIndex& parent) const {
 }
 
 int EntriesModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(tablecolumns);
+  return parent.isValid() ? 0 : static_cast<int>(columncount(rows_));
 }
 
 QVariant EntriesModel::data(const QModelIndex& index, int role) const {
@@ -45,7 +44,7 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
       return printable(QString::fromStdString(remarkOn(row.missed, row.pressure, row.mixture).words));
     }
   }
-  if (role == Qt::TextAlignmentRole && index.column() >= firstnumber && index.column() < lastText)
+  if (role == Qt::TextAlignmentRole && index.column() >= firstnumber && index.column() < static_cast<int>(missedColumn))
     return int{Qt::AlignRight | Qt::AlignVCenter};
   return {};
 }

@@ -248,7 +248,9 @@ QLayout* MixingWindow::makelastbutton() {
   pressbyreturn(*button);
   connect(button, &QPushButton::clicked, this, [this] { fill(*last_); });
   row->addWidget(button);
-  row->addStretch();
+  answer_ = new TellingLine(this);
+  answer_->setObjectName(QStringLiteral("answer"));
+  row->addWidget(answer_, 1);
   return row;
 }
 
@@ -274,7 +276,10 @@ void MixingWindow::readinputs(MixingProblem& problem, std::size_t number) const 
   stream.flow = inputs.flow->text().toStdString();
 }
 
+void MixingWindow::answer(const QString& words) { answer_->tell(words); }
+
 void MixingWindow::onchange(std::size_t number) {
+  answer_->tell({});
   readinputs(problem_, number);
   const Resolution resolution = resolvestream(problem_, number);
   problem_.exactMixture = false;

@@ -32,7 +32,13 @@ TEST(Table, HoldsAllThatStands) {
   EXPECT_TRUE(rows[2].renamable);
   EXPECT_NE(tabletext(rows, '\t').find("\t0 to 120, 0 to 0.030\t29.92126\t"), std::string::npos);
   desk.commands.clearchart();
-  EXPECT_TRUE(tablerows(desk.document()).empty());
+  const std::vector<TableRow> previous = tablerows(desk.document());
+  ASSERT_EQ(previous.size(), rows.size() - 1) << "all but the chart";
+  EXPECT_EQ(previous[1].entry, 1U);
+  EXPECT_FALSE(previous[1].renamable);
+  const std::string table = tabletext(previous, ',');
+  EXPECT_NE(table.find("Vapor pressure (In Hg),Note\n"), std::string::npos) << table;
+  EXPECT_NE(table.find("0.4404820,not on this chart: entry of the previous chart\n"), std::string::npos) << table;
 }
 
 TEST(Table, NamesWhatAStateMisses) {
@@ -41,14 +47,14 @@ TEST(Table, NamesWhatAStateMisses) {
   ASSERT_TRUE(desk.missing("A"));
   desk.pin();
   std::vector<TableRow> rows = tablerows(desk.document());
-  EXPECT_EQ(celltext(rows[1], tablecolumns - 1), "dp 28.7211 for 27.65");
-  EXPECT_EQ(celltext(rows[2], tablecolumns - 1), "");
+  EXPECT_EQ(celltext(rows[1], missedColumn), "dp 28.7211 for 27.65");
+  EXPECT_EQ(celltext(rows[2], missedColumn), "");
   const auto exact = exactEntries(desk.document(), {});
   ASSERT_EQ(exact.size(), 1U) << "only what misses something";
   desk.commands.change(exchanging(desk.document(), exact, "Exact"), window);
   rows = tablerows(desk.document());
   EXPECT_EQ(celltext(rows[1], 3), "43.1289323");
-  EXPECT_EQ(celltext(rows[1], tablecolumns - 1), "");
+  EXPECT_EQ(celltext(rows[1], missedColumn), "");
   const std::string text = filetext(desk.document());
   const ReadDocument read = readdocument(text);
   ASSERT_TRUE(read.document) << read.fault;
@@ -57,7 +63,7 @@ TEST(Table, NamesWhatAStateMisses) {
   ASSERT_EQ(again.entries.size(), 1U);
   EXPECT_EQ(std::get<MarkedPoint>(again.entries[0].content).state.db, 43.1289323) << "and on the next chart";
   desk.commands.undo(window);
-  EXPECT_EQ(celltext(tablerows(desk.document())[1], tablecolumns - 1), "dp 28.7211 for 27.65");
+  EXPECT_EQ(celltext(tablerows(desk.document())[1], missedColumn), "dp 28.7211 for 27.65");
 }
 
 TEST(Table, NamesWhatAMixtureMissesAndTheExactOneDoesNot) {
@@ -73,10 +79,10 @@ TEST(Table, NamesWhatAMixtureMissesAndTheExactOneDoesNot) {
   for (const std::size_t stream : {std::size_t{0}, std::size_t{1}}) resolvestream(problem, stream);
   mixstreams(problem);
   ASSERT_EQ(desk.commands.drawmixture(problem, fulllimits, window), nullptr);
-  const std::string missed = celltext(tablerows(desk.document())[2], tablecolumns - 1);
+  const std::string missed = celltext(tablerows(desk.document())[2], missedColumn);
   EXPECT_TRUE(missed.starts_with("wb 59.9")) << missed;
   const auto exact = exactEntries(desk.document(), {});
   ASSERT_EQ(exact.size(), 1U);
   desk.commands.change(exchanging(desk.document(), exact, "Exact"), window);
-  EXPECT_EQ(celltext(tablerows(desk.document())[2], tablecolumns - 1), "");
+  EXPECT_EQ(celltext(tablerows(desk.document())[2], missedColumn), "");
 }

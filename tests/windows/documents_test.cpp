@@ -93,7 +93,7 @@ TEST(Files, ThatAreNoneAreToldAndChangeNothing) {
   const struct {
     const char *name, *content, *reason;
   } files[] = {{"empty", "", "line 1"},
-               {"later", "{\"format\": 3}", "format"},
+               {"later", "{\"format\": 4}", "format"},
                {"truncated", "{\"format\": 1,\n\"pressure\": {", "line 2"},
                {"missing", nullptr, "No such file"}};
   BoxAnswers answers(QMessageBox::Discard);
@@ -193,6 +193,8 @@ TEST(UnsavedWork, IsOfferedAfterAKill) {
     }
     QTest::qWait(30);
     EXPECT_EQ(answers.count(), 1u);
+    EXPECT_NE(answers.lasttext().find("unsaved work on a chart without a file, last kept on 20"), std::string::npos)
+        << answers.lasttext();
     const auto& drawn = control<GraphView>(window, "graph").drawing().operations;
     EXPECT_EQ(drawn.size(), wanted ? killed.operations().size() : 1u);
     EXPECT_EQ(caption(window), wanted ? "Untitled *" : "Untitled");
@@ -308,6 +310,26 @@ TEST(Table, IsWrittenAsCsv) {
   EXPECT_NE(csv.find("Point,A,29.92126"), std::string::npos) << csv;
 }
 
+TEST(Table, WritesTheRowsSelectedOrAll) {
+  for (const auto& [kind, lines] : {std::pair{0, 2}, {1, 4}}) {
+    WithTable program;
+    program.table().selectRow(1);
+    std::string kinds;
+    const Watch<QFileDialog> watch([&, kind = kind](QFileDialog& dialog) {
+      auto& list = control<QComboBox>(dialog, "fileTypeCombo");
+      kinds = (dialog.windowTitle() + u'|' + list.itemText(0) + u'|' + list.itemText(1)).toStdString();
+      list.setCurrentIndex(kind);
+      auto& name = control<QLineEdit>(dialog, "fileNameEdit");
+      name.setText(program.path("part"));
+      QTest::keyClick(&name, Qt::Key_Return);
+    });
+    action(program.window, "&Write as CSV").trigger();
+    EXPECT_EQ(kinds, "Write as CSV, 1 of 3 rows|1 of 3 rows (*.csv)|All 3 rows (*.csv)");
+    const std::string csv = program.file("part.csv");
+    EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), lines);
+  }
+}
+
 TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
   Program program(Program::OnChart);
   program.addlineandpoint();
@@ -317,11 +339,29 @@ TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
   const std::size_t bare = program.operations().size();
   BoxAnswers answers;
   ASSERT_TRUE(action(program.window, "&Again").isEnabled());
-  action(program.window, "&Again").trigger();
+  EXPECT_EQ(text(program.window, "offer"), "2 entries of the previous chart: put them on this one");
+  {
+    const SaveAnswer save(program.path("both"));
+    action(program.window, "Sa&ve").trigger();
+  }
+  action(program.window, "&New").trigger();
+  EXPECT_EQ(text(program.window, "offer"), "");
+  drop(program.window, program.path("both.moistair"));
+  click(program.window, "offer");
+  EXPECT_EQ(text(program.window, "offer"), "");
   EXPECT_GT(program.operations().size(), bare);
   EXPECT_NE(answers.lasttext().find("Point A: The point"), std::string::npos) << answers.lasttext();
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Again on this chart");
   EXPECT_FALSE(action(program.window, "&Again").isEnabled()) << "once is enough";
+  action(program.window, "&Points and lines").trigger();
+  QApplication::processEvents();
+  const QAbstractItemModel& table = *program.window.findChild<QTableView*>()->model();
+  const std::string note = table.index(2, table.columnCount() - 1).data().toString().toStdString();
+  EXPECT_EQ(note.substr(0, 33), "not on this chart: The point as p");
+  program.window.findChild<QTableView*>()->selectRow(2);
+  action(program.window, "&Delete").trigger();
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Delete Point A");
+  EXPECT_EQ(table.rowCount(), 2);
 }
 
 TEST(Fitted, FillsEveryPictureWithEvenMargins) {

@@ -63,6 +63,7 @@ TEST_F(MixingWindowTest, ReferenceCaseTypedSavedAndDrawn) {
 
   ASSERT_TRUE(savable());
   click(window, "Command3");
+  EXPECT_EQ(text(window, "answer"), "record 1 saved");
   const std::string once = program.file("temp.txt").substr(2);
   click(window, "Command3");
   EXPECT_EQ(program.file("temp.txt"), "\r\n" + once + once);

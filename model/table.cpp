@@ -137,7 +137,7 @@ std::vector<TableRow> tablerows(const Document& document) {
 
 bool missesAny(const Entry& entry) {
   std::vector<TableRow> rows;
-  appendRows(rows, entry, 0);
+  appendRows(rows, entry, 0, {});
   return std::any_of(rows.begin(), rows.end(), [](const TableRow& row) { return row.missed.any(); });
 }
 

@@ -48,7 +48,7 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
   command(tr("&Copy"), QKeySequence::Copy, [this] { copy(); });
   command(tr("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
   command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(model_.rows(), chosenrows()); });
-  exact_ = command(tr("Take e&xact states"), {}, [this] { Q_EMIT exactchosen(selectedentries()); });
+  exact_ = command(tr("Ta&ke exact states"), {}, [this] { Q_EMIT exactchosen(selectedentries()); });
   exact_->setToolTip(
       tr("Put the exact states in place of those that miss a given value: of the rows selected, or all"));
   buttons->addStretch();

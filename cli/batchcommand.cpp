@@ -7,7 +7,6 @@
 #include <cctype>
 #include <chrono>
 #include <cmath>
-#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,6 +18,7 @@
 #include "cli/limitsoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
+#include "cli/warning.h"
 
 namespace moistair {
 
@@ -32,6 +32,7 @@ struct BatchOptions {
   std::string delimiter = ",";
   bool full = false;
   bool check = false;
+  ExactOptions exact;
   std::string jobs = "1";
 };
 
@@ -45,14 +46,16 @@ public:
   void add(const BatchResult& result) {
     rows_ += result.rows;
     failed_ += result.failed;
+    missed_ += result.missed;
+    nearest_ += result.nearest;
     openquote_ = result.openquote;
     const auto now = Clock::now();
     if (!visible_ || now - shown_ < std::chrono::milliseconds(200)) return;
     shown_ = now;
     const std::chrono::duration<double> taken = now - start_;
     const auto rate = static_cast<long long>(static_cast<double>(rows_) / taken.count());
-    say("\r" + std::to_string(rows_) + " rows, " + std::to_string(failed_) + " failed, " + std::to_string(rate) +
-        " rows/s" + clearrest);
+    say("\r" + std::to_string(rows_) + " rows, " + std::to_string(failed_) + " failed, " + std::to_string(missed_) +
+        " missed, " + std::to_string(rate) + " rows/s" + clearrest);
   }
 
   /// Leaves the terminal's line clear, also for the message of a failure.
@@ -62,7 +65,8 @@ public:
 
   std::size_t rows() const { return rows_; }
   std::size_t failed() const { return failed_; }
-
+  std::size_t missed() const { return missed_; }
+  std::size_t nearest() const { return nearest_; }
   std::optional<std::size_t> openquote() const { return openquote_; }
 
 private:
@@ -79,6 +83,8 @@ private:
   Clock::time_point shown_ = start_;
   std::size_t rows_ = 0;
   std::size_t failed_ = 0;
+  std::size_t missed_ = 0;
+  std::size_t nearest_ = 0;
   std::optional<std::size_t> openquote_;
 };
 
@@ -156,17 +162,38 @@ private:
 };
 
 /// What a user should know of a table that is read all the same.
-void warn(const BatchColumns& columns, const std::string& name) {
+void warnOfColumns(const BatchColumns& columns, const std::string& name) {
   if (columns.takennames.empty()) return;
   std::string names;
   for (const std::string& taken : columns.takennames) names += (names.empty() ? "" : ", ") + taken;
-  std::cerr << "moistair-cli: warning: " << name << " has columns of the result already: " << names << std::endl;
+  warn(name + " has columns of the result already: " + names);
+}
+
+/// "79 of 8760 rows"
+std::string countOf(std::size_t some, std::size_t rows) {
+  return std::to_string(some) + " of " + std::to_string(rows) + " rows";
+}
+
+/// What a user should know of the rows that have a state.
+void warnOfStates(const Progress& progress, bool strict) {
+  if (progress.missed() > 0 && !strict) {
+    warn(countOf(progress.missed(), progress.rows()) +
+         " have the status \"missed\": their state misses a given value (--check says by how much, --exact takes the "
+         "exact state)");
+  }
+  if (progress.nearest() > 0) {
+    warn(countOf(progress.nearest(), progress.rows()) +
+         " have the status \"nearest\": of several exact states theirs is the one nearest to the search");
+  }
 }
 
 /// Throws for what has gone wrong in a table that was written.
-void checkrows(const Progress& progress) {
+void checkrows(const Progress& progress, bool strict) {
   if (progress.failed() == 0) return;
-  std::string text = std::to_string(progress.failed()) + " of " + std::to_string(progress.rows()) + " rows failed";
+  std::string text = countOf(progress.failed(), progress.rows()) + " failed";
+  if (strict && progress.missed() > 0) {
+    text += "; " + std::to_string(progress.missed()) + " of them because their state misses a given value";
+  }
   if (const auto lines = progress.openquote()) {
     text += "; a quote was left open in row " + std::to_string(progress.rows()) + ", which has taken in " +
             std::to_string(*lines) + (*lines == 1 ? " line" : " lines") + " behind it";
@@ -189,9 +216,11 @@ void runbatch(const BatchOptions& options) {
                        .atm = atm,
                        .finders = &finders,
                        .full = options.full,
-                       .check = options.check};
+                       .check = options.check,
+                       .exact = options.exact.exact,
+                       .strict = options.exact.strict};
   Output output(options.output, &input);
-  warn(plan.columns, input.name());
+  warnOfColumns(plan.columns, input.name());
   output.write(headerline(header, plan));
   rows.setcolumns(plan.columns.selection.columns);
 
@@ -209,7 +238,8 @@ void runbatch(const BatchOptions& options) {
                   ": more than 8 MB without the end of the row; a quote may have been left open");
   }
   output.close();
-  checkrows(progress);
+  warnOfStates(progress, plan.strict);
+  checkrows(progress, plan.strict);
 }
 
 }  // namespace
@@ -228,6 +258,8 @@ void addbatchcommand(CLI::App& app) {
   command->add_flag("--full", options->full, "write numbers in full instead of with seven decimals");
   command->add_flag("--check", options->check,
                     "add how far the state misses the given values, and the number of exact answers");
+  addexact(*command, options->exact);
+  addstrict(*command, options->exact);
   command->add_option("--jobs", options->jobs, "threads to work on, 1 to 256; 1 if not given")->type_name("N");
   command->callback([options] { runbatch(*options); });
 }

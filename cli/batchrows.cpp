@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <variant>
 
-#include "advice/refusalwords.h"
+#include "advice/remark.h"
 #include "cli/check.h"
 #include "cli/fault.h"
 #include "cli/properties.h"
@@ -133,12 +133,45 @@ void appendstate(std::string& out, const StatePoint& point, const BatchPlan& pla
   }
 }
 
-/// The reason why a row has no state, empty if it has one.
+constexpr const char* resolvedRow = "ok";
+constexpr const char* missedRow = "missed";
+constexpr const char* nearestRow = "nearest";
+
+/// What a row comes to.
+struct RowResult {
+  std::string status;
+  bool failed = false;
+  bool missed = false;
+  bool nearest = false;
+};
+
+RowResult failedRow(std::string reason) { return {std::move(reason), true}; }
+
+/// A row that gives a pair.
+RowResult judgedRow(std::string& out, const PairOfGiven& pair, double atm, Resolution resolution,
+                    const BatchPlan& plan) {
+  RowResult row{resolvedRow};
+  if (plan.exact) {
+    const ExactChoice choice = exactChoice(pair, atm, resolution);
+    if (!choice.state) return failedRow(noExact(choice));
+    resolution = resolutionOf(*choice.state);
+    row.nearest = choice.all.states.size() > 1;
+    if (row.nearest) row.status = nearestRow;
+  } else if (!resolution.resolved()) {
+    return failedRow(whynot(pair, atm, resolution));
+  } else if (!missedBy(pair, resolution.point, atm).empty()) {
+    row = {missedRow, plan.strict, true};
+  }
+  if (!row.failed) appendstate(out, resolution.point, plan);
+  return row;
+}
+
+/// Appends a row and its state.
 /// @param check the cells of a check, if there is to be one and the row gives a pair
-std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan, std::string& check) {
+RowResult appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan, std::string& check) {
   appendrecord(out, record, plan);
   RowOrReason row = givenrow(record, plan);
-  if (auto* reason = std::get_if<std::string>(&row)) return std::move(*reason);
+  if (auto* reason = std::get_if<std::string>(&row)) return failedRow(std::move(*reason));
   const auto& [pair, atm] = std::get<GivenRow>(row);
   const Resolution resolution = resolve(pair, atm, *plan.finders);
   if (plan.check) {
@@ -146,9 +179,7 @@ std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan
     appendcells(check, checkof(pair, atm, resolution), plan.full ? appendroundtrip : appendsevendecimals,
                 plan.delimiter);
   }
-  if (!resolution.resolved()) return whynot(resolution);
-  appendstate(out, resolution.point, plan);
-  return {};
+  return judgedRow(out, {pair.first, pair.second}, atm, resolution, plan);
 }
 
 }  // namespace
@@ -203,13 +234,13 @@ BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
       result.openquote = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
     }
     std::string check(plan.check ? checkcolumns.size() : 0, plan.delimiter);
-    const std::string reason = appendrow(result.text, record, plan, check);
-    if (!reason.empty()) {
-      ++result.failed;
-      result.text.append(statecolumns.size(), plan.delimiter);
-    }
+    const RowResult row = appendrow(result.text, record, plan, check);
+    result.failed += row.failed ? 1 : 0;
+    result.missed += row.missed ? 1 : 0;
+    result.nearest += row.nearest ? 1 : 0;
+    if (row.failed) result.text.append(statecolumns.size(), plan.delimiter);
     result.text += plan.delimiter;
-    appendfield(result.text, reason.empty() ? "ok" : reason, plan.delimiter);
+    appendfield(result.text, row.status, plan.delimiter);
     result.text += check;
     result.text += plan.lineend;
   }

@@ -37,6 +37,8 @@ struct BatchPlan {
   const RangeFinders* finders = nullptr;  ///< never changed, used from several threads
   bool full = false;                      ///< round-trip numbers instead of seven decimals
   bool check = false;                     ///< whether the residuals and the number of answers stand behind
+  bool exact = false;                     ///< exact states in place of those of the search
+  bool strict = false;                    ///< whether a row whose state misses a given value fails
 };
 
 /// Rows with their states, as text to be written.
@@ -44,6 +46,8 @@ struct BatchResult {
   std::string text;
   std::size_t rows = 0;
   std::size_t failed = 0;
+  std::size_t missed = 0;                ///< rows whose state visibly misses a given value
+  std::size_t nearest = 0;               ///< rows with one of several exact states
   std::optional<std::size_t> openquote;  ///< if the last row has left a quote open: lines behind it that it took in
 };
 
@@ -56,7 +60,9 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename, cha
 std::string headerline(const CsvRecord& header, const BatchPlan& plan);
 
 /// Resolves a block of whole records. Blank lines are left out. A row that fails has an empty state and its reason in
-/// place of "ok"; one with too few fields is filled up and one with too many is cut, so that the columns stay columns.
+/// place of "ok"; one whose state visibly misses a given value has "missed" there, and "nearest" stands for the exact
+/// state that is nearest to the search's, where there are several. A row that fails because of `strict` is missed, and
+/// has no state. One with too few fields is filled up and one with too many is cut, so that the columns stay columns.
 BatchResult resolverows(std::string_view block, const BatchPlan& plan);
 
 }  // namespace moistair

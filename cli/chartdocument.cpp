@@ -3,15 +3,17 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
-#include <iostream>
 #include <map>
 #include <utility>
 #include <vector>
 
+#include "advice/remark.h"
 #include "cli/fault.h"
 #include "cli/picture.h"
 #include "cli/properties.h"
 #include "model/documentfile.h"
+#include "model/exactentry.h"
+#include "model/table.h"
 
 namespace moistair {
 
@@ -54,6 +56,8 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
   for (Entry& entry : document.entries) {
     auto* chart = std::get_if<DrawnChart>(&entry.content);
     if (chart != nullptr && options.typeoption->count() > 0) chart->type = options.type;
+    auto exact = options.exact.exact ? exactEntry(entry) : std::nullopt;
+    if (exact) entry = std::move(*exact);
   }
   return std::move(document);
 }
@@ -61,10 +65,16 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
 /// What is out of the limits that were asked for is told, and the rest goes on.
 void tell(const std::vector<LeftOut>& leftout, const Input& input) {
   for (const LeftOut& left : leftout) {
-    std::string text = input.name() + ": " + captionof(left.entry) + ": " + left.reason;
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
-    std::cerr << "moistair-cli: " << text << std::endl;
+    sayOnError(input.name() + ": " + captionof(left.entry) + ": " + left.reason);
+  }
+}
+
+/// Warns of all states that visibly miss something.
+void judge(const Document& document, const ExactOptions& options) {
+  for (const TableRow& row : tablerows(document)) {
+    if (!row.note.empty()) continue;  // not on the chart
+    const std::string name = row.kind + (row.identification.empty() ? "" : " ") + row.identification;
+    warnOrFail(name, remarkOn(row.missed, row.pressure, row.mixture).words, options);
   }
 }
 
@@ -79,7 +89,7 @@ void addentries(Document& document, ChartCanvas& canvas, WindowSize window, cons
     try {
       const Entry* chart = lastchart(document);
       if (chart == nullptr) throw failure("there is no chart to add it to");
-      Entry entry = kind.make(chart->setting, window, value);
+      Entry entry = kind.make(chart->setting, window, value, options.exact);
       if (const char* message = draw(entry, canvas, window)) {
         throw failure(kind.outside != nullptr ? kind.outside : message);
       }
@@ -114,6 +124,7 @@ void completedocument(ChartDocument& begun, const std::vector<LeftOut>& leftout,
                       const CLI::App& command, const ChartDocumentOptions& options) {
   addentries(begun.document, canvas, window, command, options);
   if (begun.input) tell(leftout, *begun.input);
+  judge(begun.document, options.exact);
 }
 
 void addchartdocument(CLI::App& command, ChartDocumentOptions& options) {
@@ -130,6 +141,8 @@ void addchartdocument(CLI::App& command, ChartDocumentOptions& options) {
     options.entries[option] = &entry;
   }
   addpressure(command, options.pressure);
+  addexact(command, options.exact);
+  addstrict(command, options.exact);
 }
 
 PictureSize pixelsof(const std::string& text) {

@@ -4,26 +4,24 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <iostream>
 #include <new>
 #include <string>
 #include <vector>
+#include <utility>
 
 #include "cli/command.h"
 #include "cli/fault.h"
+#include "cli/warning.h"
 
 namespace moistair {
 
 namespace {
 
-/// One line on standard error, whatever was typed that it repeats.
 int ended(ExitCode code, std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
-  std::cerr << "moistair-cli: " << text << std::endl;
+  sayOnError(std::move(text));
   return static_cast<int>(code);
 }
 

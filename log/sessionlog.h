@@ -31,6 +31,7 @@ public:
   explicit SessionLog(LogPlaces places);
 
   const std::filesystem::path& path() const { return path_; }
+  bool isopen() const { return file_.isopen(); }  ///< whether the file of that path is this session's
   const LogPlaces& places() const { return places_; }
   const std::filesystem::path& sessions() const { return places_.sessions; }
 

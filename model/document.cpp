@@ -151,6 +151,13 @@ std::optional<ChartLimits> standinglimits(const Document& document) {
   return limits;
 }
 
+std::size_t untriedcount(const Document& document) {
+  if (!standinglimits(document)) return 0;
+  const auto untried = [](const LeftOut& left) { return left.reason.empty(); };
+  const auto count = std::count_if(document.previous.begin(), document.previous.end(), untried);
+  return static_cast<std::size_t>(count);
+}
+
 const Entry* lastchart(const Document& document) {
   const auto ischart = [](const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); };
   const auto last = std::find_if(document.entries.rbegin(), document.entries.rend(), ischart);

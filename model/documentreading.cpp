@@ -99,12 +99,18 @@ StatePoint stateof(const JsonNode& node) {
   return state;
 }
 
+bool isExact(const JsonNode& node) {
+  const auto exact = node.find("exact");
+  return exact && exact->flag();
+}
+
 MarkedPoint pointof(const JsonNode& node) {
-  node.onlykeys({"kind", "id", "given", "state", "limits", "pressure"});
+  node.onlykeys({"kind", "id", "given", "state", "exact", "limits", "pressure"});
   MarkedPoint point;
   point.identification = node.at("id").text();
   point.given = givenof(node.at("given"));
   point.state = stateof(node.at("state"));
+  point.exact = isExact(node);
   return point;
 }
 
@@ -129,7 +135,7 @@ void readcolumn(const JsonNode& node, AirStream& column) {
 }
 
 AirStream streamof(const JsonNode& node) {
-  node.onlykeys({"given", "flow", "shown"});
+  node.onlykeys({"given", "flow", "shown", "exact"});
   AirStream stream;
   const auto [one, two] = givenof(node.at("given"));
   stream.kind1 = one.kind;
@@ -143,6 +149,7 @@ AirStream streamof(const JsonNode& node) {
   for (const auto& [value, name] : statenames) state.*value = lenientnumber(shown.at(name).text());
   checkstate(shown, state);
   stream.complete = true;
+  stream.exact = isExact(node);
   return stream;
 }
 
@@ -152,10 +159,11 @@ MixingLine mixtureof(const JsonNode& node) {
   const std::vector<JsonNode> pair = streams.elements("stream");
   if (pair.size() != 2) streams.fail("must be two streams");
   const JsonNode mixed = node.at("mixed");
-  mixed.onlykeys({"flow", "shown"});
+  mixed.onlykeys({"flow", "shown", "exact"});
   AirStream mixture;
   mixture.flow = mixed.at("flow").text();
   readcolumn(mixed.at("shown"), mixture);
+  mixture.exact = isExact(mixed);
   return {{streamof(pair[0]), streamof(pair[1]), mixture}};
 }
 
@@ -198,6 +206,21 @@ Entry entryof(const JsonNode& node, Setting& before) {
   return entry;
 }
 
+/// An entry of the previous chart.
+LeftOut leftoutof(const JsonNode& node, Setting& before) {
+  node.onlykeys({"entry", "reason"});
+  const JsonNode entry = node.at("entry");
+  LeftOut left{entryof(entry, before), node.at("reason").text()};
+  const bool ischart = std::holds_alternative<DrawnChart>(left.entry.content);
+  if (ischart || !haslimits(left.entry)) entry.at("kind").fail("must be one of line, point, mixture, readout");
+  return left;
+}
+
+TitleBlock titleblockof(const JsonNode& node) {
+  node.onlykeys({"title", "project", "drawnby"});
+  return {node.at("title").text(), node.at("project").text(), node.at("drawnby").text()};
+}
+
 std::size_t backgroundof(const JsonNode& node, std::size_t entries) {
   const double number = node.number();
   if (!(number >= 0 && number <= static_cast<double>(entries) && number == std::floor(number))) {
@@ -229,12 +252,18 @@ void checkformat(const JsonNode& root) {
 
 ReadDocument documentof(const JsonNode& root) {
   checkformat(root);
-  root.onlykeys({"format", "file", "pressure", "drawn", "background", "entries"});
+  root.onlykeys({"format", "file", "pressure", "drawn", "background", "titleblock", "entries", "previous"});
   ReadDocument read;
   Document document;
   document.pressure = setpressureof(root.at("pressure"));
   Setting before{{}, document.pressure};
   for (const JsonNode& node : root.at("entries").elements("entry")) document.entries.push_back(entryof(node, before));
+  if (const auto previous = root.find("previous")) {
+    before = {{}, document.pressure};
+    for (const JsonNode& node : previous->elements("previous entry"))
+      document.previous.push_back(leftoutof(node, before));
+  }
+  if (const auto titleblock = root.find("titleblock")) document.titleblock = titleblockof(*titleblock);
   if (const auto drawn = root.find("drawn")) {
     const ChartLimits limits = limitsof(*drawn);
     checkdrawable(*drawn, limits);

@@ -198,6 +198,11 @@ const std::string& JsonNode::text() const {
   return json_.get_ref<const std::string&>();
 }
 
+bool JsonNode::flag() const {
+  if (!json_.is_boolean()) fail("must be true or false");
+  return json_.get<bool>();
+}
+
 double JsonNode::number() const {
   if (!json_.is_number()) fail("must be a number");
   return json_.get<double>();

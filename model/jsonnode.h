@@ -49,6 +49,7 @@ public:
 
   const std::string& text() const;
   double number() const;
+  bool flag() const;  ///< true or false
   bool isnull() const { return json_.is_null(); }
   bool isarray() const { return json_.is_array(); }
 

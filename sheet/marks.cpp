@@ -121,7 +121,7 @@ void drawmark(SheetWork& work, const SheetState& state, bool mixed) {
 void labelstate(SheetWork& work, const SheetState& state) {
   const double em = work.em();
   const SheetPoint at = work.plot.at(state.db(), state.w());
-  const std::string number = std::to_string(state.number);
+  const std::string number = std::to_string(state.number) + state.mark();
   const bool named = isnamed(work, state);
   Label label{importance::point, {}, true};
   const auto offer = [&](const std::string& text, double cost, double size) {
@@ -137,7 +137,7 @@ void labelstate(SheetWork& work, const SheetState& state) {
       }
     }
   };
-  if (named) offer(fitted(work.canvas, state.name, work.theme.bold(em), 16 * em), 0, 1);
+  if (named) offer(fitted(work.canvas, state.name, work.theme.bold(em), 16 * em) + state.mark(), 0, 1);
   offer(number, named ? 4 : 0, 1);
   work.board.add(std::move(label));
 }

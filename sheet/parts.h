@@ -38,7 +38,7 @@ void drawprotractor(SheetWork& work, SheetPoint corner, double width);
 void drawreference(SheetWork& work);
 
 /// What the chart is, in large letters from a corner downwards.
-double headingheight(double em);
+double headingheight(const SheetWork& work);
 double headingwidth(const SheetWork& work);
 void drawheading(SheetWork& work, SheetPoint corner);
 

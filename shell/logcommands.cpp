@@ -29,7 +29,7 @@ QString timeof(const EarlierSession& session) {
 void MainWindow::viewlog() {
   const FileContent content = log_.read();
   if (!content.fault.empty()) {
-    message(this, QString::fromUtf8(viewfailed) + QString::fromStdString(content.fault));
+    warning(this, QString::fromUtf8(viewfailed) + QString::fromStdString(content.fault));
     focusgraph();
     return;
   }
@@ -64,7 +64,7 @@ void MainWindow::listsessions() {
 void MainWindow::viewsession(const EarlierSession& session) {
   const FileContent content = readlog(session.file);
   if (!content.fault.empty()) {
-    message(this, QString::fromUtf8(sessiongone) + QString::fromUtf8(session.file.c_str()) + QStringLiteral(": ") +
+    warning(this, QString::fromUtf8(sessiongone) + QString::fromUtf8(session.file.c_str()) + QStringLiteral(": ") +
                       QString::fromStdString(content.fault));
     focusgraph();
     return;
@@ -89,10 +89,12 @@ void MainWindow::savelog() {
 void MainWindow::appendtolog(const std::vector<std::string>& lines) {
   if (log_.append(lines)) {
     strip_->savelogbutton->setEnabled(true);
-    status_->answer(tr("record %1 saved").arg(log_.records()));
+    const QString words = tr("record %1 saved").arg(log_.records());
+    status_->answer(words);
+    if (auto* mixing = qobject_cast<MixingWindow*>(dialog_)) mixing->answer(words);
     notes_->follow();
   } else {
-    message(dialog_, QString::fromUtf8(appendfailed));
+    warning(dialog_, QString::fromUtf8(appendfailed));
   }
 }
 

@@ -42,10 +42,15 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
     auto* button = new QPushButton(text);
     connect(button, &QPushButton::clicked, action, &QAction::trigger);
     buttons->addWidget(button);
+    connect(action, &QAction::changed, button, [action, button] { button->setEnabled(action->isEnabled()); });
+    return action;
   };
   command(tr("&Copy"), QKeySequence::Copy, [this] { copy(); });
   command(tr("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
-  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(tabletext(chosenrows(), ',')); });
+  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(model_.rows(), chosenrows()); });
+  exact_ = command(tr("Take e&xact states"), {}, [this] { Q_EMIT exactchosen(selectedentries()); });
+  exact_->setToolTip(
+      tr("Put the exact states in place of those that miss a given value: of the rows selected, or all"));
   buttons->addStretch();
   setWidget(panel);
   connect(&model_, &EntriesModel::renamed, this, &EntriesPanel::renamed, Qt::QueuedConnection);
@@ -56,6 +61,8 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
 void EntriesPanel::show(const Document& document) {
   model_.setrows(tablerows(document));
   table_->resizeColumnsToContents();
+  const auto misses = [](const TableRow& row) { return row.missed.any(); };
+  exact_->setEnabled(std::any_of(model_.rows().begin(), model_.rows().end(), misses));
   Q_EMIT selected({});
 }
 

@@ -89,6 +89,56 @@ class State(ToolTest):
                 self.assertEqual(text.count("Exact answer"), len(answers))
                 self.assertIn(reason or "Exact answer", text)
 
+
+class Marks(ToolTest):
+    """States that miss a given value never leave the tool without a word."""
+    MISSED = "this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56"
+    POINT = ["--point", "h=13.68,dp=27.65,id=A"]
+    MIXTURE = ["--elevation", "5280", "--stream1", "db=94.5,wb=60.1,flow=250", "--stream2", "db=75,rh=45,flow=1000"]
+
+    def commands(self, *options):
+        return [["state", "h=13.68", "dp=27.65", *options], ["mix", *self.MIXTURE, *options],
+                ["mix", "--stream1", "h=13.68,dp=27.65,flow=1", "--stream2", "db=43,wb=37,flow=1", *options],
+                ["chart", "-o", "c.json", *self.POINT, *options], ["sheet", "-o", "s.svg", *self.POINT, *options]]
+
+    def test_every_command_warns_or_fails(self):
+        words = [self.MISSED, "the mixed stream has wet bulb 59.97 for 60.02", "stream 1: " + self.MISSED,
+                 "Point A: " + self.MISSED, "Point A: " + self.MISSED]
+        for name, option, code, begin in (("warned of", [], 0, "warning: "), ("an error", ["--strict"], 1, "")):
+            for command, word in zip(self.commands(*option), words, strict=True):
+                with self.subTest(name, command=command):
+                    self.assert_refused(self.run_tool(*command), code, "moistair-cli: " + begin + word)
+            self.assertEqual((self.folder / "c.json").exists(), code == 0)
+            for path in self.folder.iterdir():
+                path.unlink()
+
+    def test_exact_states_miss_nothing(self):
+        for command in self.commands("--exact", "--strict"):
+            with self.subTest(command=command):
+                self.output(*command)
+        self.assertIn("43.1289323", self.output("state", "h=13.68", "dp=27.65", "--exact"))
+        mixed = json.loads(self.output("mix", *self.MIXTURE, "--exact", "--format", "json"))["mixed"]
+        self.assertAlmostEqual(mixed["wb"], 60.022, 3)
+
+    def test_one_point_is_exact(self):
+        done = self.run_tool("chart", "-o", "x.moistair", "--point", "h=13.68,dp=27.65,id=A,exact", *self.POINT[:1],
+                             "h=13.68,dp=27.65,id=B")
+        self.assert_refused(done, 0, "warning: Point B: " + self.MISSED)
+        points = [e for e in json.loads((self.folder / "x.moistair").read_bytes())["entries"] if e["kind"] == "point"]
+        self.assertEqual([(p.get("exact"), p["state"]["db"]) for p in points], [(True, 43.1289323), (None, 42.46875)])
+        self.assert_refused(self.run_tool("chart", "--from", "x.moistair", "-o", "c.json"), 0, "Point B: ")
+        self.output("sheet", "--from", "x.moistair", "-o", "s.svg", "--exact")
+
+    def test_of_two_exact_states_the_nearest_or_none(self):
+        two = ["state", "db=40", "w=0.00205", "--exact"]
+        self.assert_refused(self.run_tool(*two), 0, "warning: 2 states have both values; taken is the one nearest to the "
+                            "search: dry bulb 40.00, wet bulb 31.64; not taken: dry bulb 40.00, wet bulb 32.10")
+        self.assert_refused(self.run_tool("state", "w=0.02", "v=13.4", "--exact"), 1,
+                            "no state has both values: above saturation")
+        self.assertIn("33.0000000", self.output("state", "db=33", "rh=90", "--exact"))
+        self.assert_refused(self.run_tool("state", "db=33", "rh=90"), 1, "the search found no state; exact: dry bulb 33.00")
+
+
 class Usage(ToolTest):
     def test_help_and_version_everywhere(self):
         for command in ([], ["state"], ["batch"], ["mix"], ["chart"]):
@@ -167,7 +217,7 @@ class Batch(ToolTest):
         given = b"db,w,h,dp\n,,13.68,27.65\n40,0.00205,,\n75,x,,\n"
         rows = [row.split(",") for row in self.run_tool("batch", "--check", given=given).stdout.decode().splitlines()]
         self.assertEqual([row[12:] for row in rows],
-                         [["status", "residual1", "residual2", "answers"], ["ok", "0.0115411", "1.0711329", "1"],
+                         [["status", "residual1", "residual2", "answers"], ["missed", "0.0115411", "1.0711329", "1"],
                           ["ok", "0.0000000", "0.0000000", "2"], ["w is no number", "", "", ""]])
 
     def test_tables_that_are_none(self):
@@ -311,7 +361,7 @@ class Mix(ToolTest):
     def test_the_first_stream_leaves_nothing_to_the_second(self):
         """No dry bulb is seen for the second one; over the range of the first the search would go on to a state."""
         done = self.mix("w=0.025,v=15.08,flow=1", "w=0.0299,v=15.306753,flow=1")
-        self.assert_refused(done, 1, "stream 2: no such state")
+        self.assert_refused(done, 1, "stream 2: the search found no state")
 
 
 class Chart(ToolTest):

@@ -236,7 +236,6 @@ def picture(session):
         wait(lambda: question[0] not in session.nodes(), "the question to go")
     dialog.gone()
     session.answer(SAVED + session.log)
-    session.answer("This file holds the saved data of this session. The chart was not saved.")
     session.backonchart()
     equal(session.logbytes(), logtext(""), "the log, which a picture must not replace")
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <ctime>
+#include <map>
 
 #include "engine/saturation.h"
 #include "model/desk.h"
@@ -246,6 +247,42 @@ TEST(Sheet, TheTableGoesOnUntilItHasEveryState) {
     }
   }
   for (std::size_t number = 1; number <= states; ++number) EXPECT_EQ(seen[number], 1) << number;
+}
+
+TEST(Sheet, AStateThatMissesAGivenValueHasAMarkAndANote) {
+  Desk desk;
+  desk.draw(ChartType::standard);
+  desk.point("75", "62.5", "Room");
+  ASSERT_TRUE(desk.missing("Supply"));
+  const SheetContent content = contentof(desk.document());
+  const std::string note =
+      "* 2 Supply: this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56";
+  for (const bool table : {true, false}) {
+    SheetOptions options;
+    options.page = letter;
+    options.table = table;
+    const SheetDrawing sheet = layoutsheet(content, options, extentof);
+    std::map<std::string, int> seen;
+    for (const auto* text : textsof(sheet.pages[0])) ++seen[text->text];
+    EXPECT_EQ(seen["Supply*"], 1) << "on the chart";
+    EXPECT_EQ(seen["Room"], table ? 2 : 1) << "no mark";
+    EXPECT_EQ(seen["2*"], table ? 1 : 0) << "in the table";
+    EXPECT_EQ(seen[note], 1) << "under it";
+    EXPECT_EQ(faultsof(sheet, sheet.pages[0], {}), "");
+  }
+}
+
+TEST(Sheet, NotesGoOnUntilAllAreThere) {
+  Desk desk;
+  desk.draw(ChartType::standard);
+  for (int i = 0; i < 60; ++i) ASSERT_TRUE(desk.missing(("P" + std::to_string(i)).c_str()));
+  const SheetDrawing sheet = laidout(desk.document(), letter);
+  std::size_t notes = 0;
+  for (const SheetPage& page : sheet.pages) {
+    EXPECT_EQ(faultsof(sheet, page, {}), "");
+    for (const auto* text : textsof(page)) notes += text->text.starts_with("* ") ? 1U : 0U;
+  }
+  EXPECT_EQ(notes, 60U);
 }
 
 TEST(Sheet, AMixtureTellsTheSharesOfItsStreams) {

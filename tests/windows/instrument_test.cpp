@@ -165,6 +165,23 @@ TEST(Instrument, IsWorkedByKeysAlone) {
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Relative humidity line 50");
 }
 
+TEST(Instrument, NamesAMarkOnlyWhereTheCrossHairIsOnIt) {
+  Pointed program(true);
+  program.point(75, 0.0092932);
+  EXPECT_TRUE(program.told().starts_with("Point A: DB 75.00 Deg F,")) << program.told();
+  program.keys(Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_TRUE(program.told().starts_with("DB 75.10 Deg F,")) << program.told();
+  program.keys(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_TRUE(program.told().starts_with("Point A: DB 75.00 Deg F,")) << "and back on it";
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left}) program.keys(key);
+  EXPECT_EQ(program.told().find("Point A"), std::string::npos);
+  program.keys(Qt::Key_Down);
+  program.keys(Qt::Key_Right);
+  EXPECT_TRUE(program.told().starts_with("Point A: DB 75.00 Deg F,")) << "keys come onto it: " << program.told();
+  program.keys(Qt::Key_Delete);
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Delete Point A");
+}
+
 TEST(Instrument, OffersWhatCanBeDoneAtAPlace) {
   const auto offered = [](Pointed& program) {
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(), QPoint(10, 10));

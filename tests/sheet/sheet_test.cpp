@@ -362,7 +362,8 @@ TEST(Sheet, EqualAndStackedEntriesTakeTimeInProportion) {
     const Cost few = costof(row.entry, 500, row.apart);
     const Cost many = costof(row.entry, 8000, row.apart);
     EXPECT_LT(many.time, 24 * (few.time + 0.01)) << "16 times as many";
-    if (row.apart == 0) EXPECT_EQ(many.operations, few.operations) << "what is covered is drawn once";
+    if (row.apart > 0) continue;
+    EXPECT_EQ(many.operations, few.operations) << "what is covered is drawn once";
   }
 }
 

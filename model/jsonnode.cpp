@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <set>
 #include <span>
 
@@ -53,7 +54,10 @@ public:
   bool number_float(number_float_t, const string_t&) override { return value(); }
   bool string(string_t&) override { return value(); }
   bool binary(binary_t&) override { return value(); }
-  bool start_object(std::size_t) override { return open(); }
+  bool start_object(std::size_t) override {
+    ++objects_;
+    return open();
+  }
   bool end_object() override { return close(); }
   bool start_array(std::size_t) override { return open(); }
   bool end_array() override { return close(); }
@@ -69,6 +73,12 @@ public:
     throw JsonFault(placeofbyte(text_, position), reasonof(error));
   }
 
+  /// More than the text takes as values and as a document [bytes].
+  std::size_t needed() const {
+    constexpr std::size_t ofvalue = 200, ofobject = 1500, ofbyte = 4;
+    return values_ * ofvalue + objects_ * ofobject + text_.size() * ofbyte;
+  }
+
 private:
   struct Level {
     std::set<std::string> keys;
@@ -79,6 +89,7 @@ private:
   static constexpr std::size_t deepest = 16;
 
   bool value() {
+    ++values_;
     if (!levels_.empty()) ++levels_.back().element;
     return true;
   }
@@ -108,7 +119,14 @@ private:
 
   std::string_view text_;
   std::vector<Level> levels_;
+  std::size_t values_ = 0, objects_ = 0;
 };
+
+/// Throws where there is not so much memory. The library's values need some to go, and end the program without it.
+void trymemory(std::size_t bytes) {
+  const auto room = std::make_unique_for_overwrite<char[]>(bytes);
+  *static_cast<volatile char*>(room.get()) = 0;
+}
 
 }  // namespace
 
@@ -119,6 +137,7 @@ Json parsedjson(std::string_view text) {
   }
   Checker checker(text);
   Json::sax_parse(text, &checker);
+  trymemory(checker.needed());
   return Json::parse(text);
 }
 

@@ -340,6 +340,10 @@ class Batch(ToolTest):
             resource.setrlimit(resource.RLIMIT_AS, (1 << 28, 1 << 28))
 
         self.assert_refused(self.run_tool("batch", "--jobs", "256", given=self.table(10), preexec_fn=no_threads), 1, "fewer --jobs")
+        many = b'{"kind":"line","property":"rh","value":"50","limits":[0,120,0,0.03]},' * 200_000
+        many = b'{"format":1,"pressure":{"unit":"standard","entry":"","inhg":29.92126},"entries":[%s]}' % many[:-1]
+        done = self.run_tool("chart", "--from", "-", "-o", "c.json", given=many, preexec_fn=no_threads)
+        self.assert_refused(done, 1, "not enough memory")
 
 
 class Mix(ToolTest):

@@ -1,5 +1,7 @@
 #include "windows/entriesmodel.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <utility>
 
 #include "paint/replay.h"
@@ -31,6 +33,11 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole || role == Qt::EditRole) {
     const QString text = QString::fromStdString(celltext(rowof(index), static_cast<std::size_t>(index.column())));
     return role == Qt::EditRole ? text : printable(text);
+  }
+  const QString note = QString::fromStdString(rowof(index).note);
+  if (role == Qt::ToolTipRole && !note.isEmpty()) return note;
+  if (role == Qt::ForegroundRole && !note.isEmpty()) {
+    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
   }
   if (role == Qt::TextAlignmentRole && index.column() >= firstnumber && index.column() < static_cast<int>(notecolumn))
     return int{Qt::AlignRight | Qt::AlignVCenter};

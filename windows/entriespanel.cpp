@@ -56,7 +56,19 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
 void EntriesPanel::show(const Document& document) {
   model_.setrows(tablerows(document));
   table_->resizeColumnsToContents();
+  shownotes();
   Q_EMIT selected({});
+}
+
+/// Notes come right behind the kind, where they are seen; a long one is in the tool tip as well.
+void EntriesPanel::shownotes() {
+  constexpr int mostletters = 34;
+  constexpr int column = static_cast<int>(notecolumn);
+  if (model_.columnCount() <= column) return;
+  QHeaderView& heads = *table_->horizontalHeader();
+  heads.moveSection(heads.visualIndex(column), 1);
+  const int most = mostletters * table_->fontMetrics().averageCharWidth();
+  table_->setColumnWidth(column, std::min(table_->columnWidth(column), most));
 }
 
 int EntriesPanel::fullwidth() const {

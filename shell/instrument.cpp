@@ -209,7 +209,9 @@ QString Instrument::titleof(const Spot& spot, double atm) const {
 
 /// Back from a menu or another program, keys go on where they were.
 void Instrument::onfocus(Qt::FocusReason reason) {
-  if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) steered_ = false;
+  const bool back =
+      reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
+  if (!back) steered_ = false;
 }
 
 bool Instrument::movable(std::size_t mark) const { return ispoint(entryof(mark)); }

@@ -1,6 +1,8 @@
 #include "windows/entriesmodel.h"
 
 #include <QApplication>
+#include <QGuiApplication>
+#include <QPalette>
 #include <QStyle>
 #include <utility>
 
@@ -34,6 +36,11 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole || role == Qt::EditRole) {
     const QString text = QString::fromStdString(celltext(rowof(index), static_cast<std::size_t>(index.column())));
     return role == Qt::EditRole ? text : printable(text);
+  }
+  const QString note = QString::fromStdString(rowof(index).note);
+  if (role == Qt::ToolTipRole && !note.isEmpty()) return note;
+  if (role == Qt::ForegroundRole && !note.isEmpty()) {
+    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
   }
   if (rowof(index).missed.any()) {
     if (role == Qt::DecorationRole && index.column() == 0) {

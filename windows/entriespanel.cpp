@@ -63,7 +63,19 @@ void EntriesPanel::show(const Document& document) {
   table_->resizeColumnsToContents();
   const auto misses = [](const TableRow& row) { return row.missed.any(); };
   exact_->setEnabled(std::any_of(model_.rows().begin(), model_.rows().end(), misses));
+  shownotes();
   Q_EMIT selected({});
+}
+
+/// Notes come right behind the kind, where they are seen; a long one is in the tool tip as well.
+void EntriesPanel::shownotes() {
+  constexpr int mostletters = 34;
+  constexpr int column = static_cast<int>(notecolumn);
+  if (model_.columnCount() <= column) return;
+  QHeaderView& heads = *table_->horizontalHeader();
+  heads.moveSection(heads.visualIndex(column), 1);
+  const int most = mostletters * table_->fontMetrics().averageCharWidth();
+  table_->setColumnWidth(column, std::min(table_->columnWidth(column), most));
 }
 
 int EntriesPanel::fullwidth() const {

@@ -36,6 +36,7 @@ private:
   std::vector<TableRow> chosenrows() const;
   std::vector<std::size_t> selectedentries() const;
   void copy() const;
+  void shownotes();
 
   EntriesModel model_;
   QTableView* table_;

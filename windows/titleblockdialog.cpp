@@ -21,8 +21,9 @@ TitleBlockDialog::TitleBlockDialog(QWidget* parent, const TitleBlock& begin)
   row(tr("Pro&ject"), project_, "project", begin.project);
   row(tr("Drawn b&y"), drawnby_, "drawnby", begin.drawnby);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-  buttons->addButton(tr("&Print..."), QDialogButtonBox::AcceptRole)->setDefault(true);
+  QPushButton* print = buttons->addButton(tr("&Print..."), QDialogButtonBox::AcceptRole);
   form->addRow(buttons);
+  print->setDefault(true);  // now that it is in the dialog
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   drawnby_->setFocus();

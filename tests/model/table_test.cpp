@@ -59,7 +59,8 @@ TEST(Table, NamesWhatAStateMisses) {
   const ReadDocument read = readdocument(text);
   ASSERT_TRUE(read.document) << read.fault;
   EXPECT_EQ(read.document->entries, desk.document().entries) << "it stays exact in a file";
-  const Again again = moistair::again({desk.document().entries[1]}, desk.document().entries[0].setting, window);
+  const Again again =
+      moistair::again({LeftOut{desk.document().entries[1], {}}}, desk.document().entries[0].setting, window);
   ASSERT_EQ(again.entries.size(), 1U);
   EXPECT_EQ(std::get<MarkedPoint>(again.entries[0].content).state.db, 43.1289323) << "and on the next chart";
   desk.commands.undo(window);

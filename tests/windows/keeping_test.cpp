@@ -188,7 +188,7 @@ TEST(TitleBlock, IsTheDocumentsAndWhoDrewItTheNextOnesToo) {
   const auto fill = [](TitleBlockDialog& dialog) {
     type(dialog, "project", "Job 7");
     type(dialog, "drawnby", "A. B.");
-    dialog.accept();
+    QTest::keyClick(&control<QWidget>(dialog, "drawnby"), Qt::Key_Return);
   };
   EXPECT_EQ(printsheet(program, [](TitleBlockDialog& dialog) { dialog.reject(); }), "Psychrometric chart||");
   EXPECT_EQ(printsheet(program, fill), "Psychrometric chart||");

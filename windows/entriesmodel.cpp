@@ -37,7 +37,7 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
   const QString note = QString::fromStdString(rowof(index).note);
   if (role == Qt::ToolTipRole && !note.isEmpty()) return note;
   if (role == Qt::ForegroundRole && !note.isEmpty()) {
-    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    return QGuiApplication::palette().brush(QPalette::Active, QPalette::PlaceholderText);
   }
   if (role == Qt::TextAlignmentRole && index.column() >= firstnumber && index.column() < static_cast<int>(notecolumn))
     return int{Qt::AlignRight | Qt::AlignVCenter};

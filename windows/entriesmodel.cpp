@@ -40,7 +40,7 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
   const QString note = QString::fromStdString(rowof(index).note);
   if (role == Qt::ToolTipRole && !note.isEmpty()) return note;
   if (role == Qt::ForegroundRole && !note.isEmpty()) {
-    return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    return QGuiApplication::palette().brush(QPalette::Active, QPalette::PlaceholderText);
   }
   if (rowof(index).missed.any()) {
     if (role == Qt::DecorationRole && index.column() == 0) {

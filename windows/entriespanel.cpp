@@ -69,7 +69,7 @@ void EntriesPanel::show(const Document& document) {
 
 /// Notes come right behind the kind, where they are seen; a long one is in the tool tip as well.
 void EntriesPanel::shownotes() {
-  constexpr int mostletters = 34;
+  constexpr int mostletters = 46;
   constexpr int column = static_cast<int>(notecolumn);
   if (model_.columnCount() <= column) return;
   QHeaderView& heads = *table_->horizontalHeader();

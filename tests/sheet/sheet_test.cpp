@@ -82,7 +82,9 @@ Document documentof(const Sheet& sheet, int crowd = 6) {
   desk.line(LineKind::wetbulb, "63");
   desk.line(LineKind::enthalpy, "27");
   desk.line(LineKind::specificvolume, "13.7");
-  return desk.document();
+  Document document = desk.document();
+  document.previous = {{document.entries.back(), {}}, {document.entries.back(), {}}};
+  return document;
 }
 
 SheetDrawing laidout(const Document& document, const PageSize& page, bool lines = false) {
@@ -283,6 +285,22 @@ TEST(Sheet, NotesGoOnUntilAllAreThere) {
     for (const auto* text : textsof(page)) notes += text->text.starts_with("* ") ? 1U : 0U;
   }
   EXPECT_EQ(notes, 60U);
+}
+
+TEST(Sheet, SaysHowManyEntriesOfThePreviousChartAreNotOnIt) {
+  Document document = documentof(sheets[0]);
+  const std::size_t lines = contentof(document).lines.size();
+  for (const char* wanted : {"2 entries of the previous chart are not on this one",
+                             "1 entry of the previous chart is not on this one", ""}) {
+    const SheetDrawing sheet = laidout(document, letter);
+    std::string said;
+    for (const auto* text : textsof(sheet.pages.front())) {
+      if (text->text.find("previous chart") != std::string::npos) said = text->text;
+    }
+    EXPECT_EQ(said, wanted);
+    EXPECT_EQ(contentof(document).lines.size(), lines);
+    if (!document.previous.empty()) document.previous.pop_back();
+  }
 }
 
 TEST(Sheet, AMixtureTellsTheSharesOfItsStreams) {

@@ -51,6 +51,7 @@ TEST(Table, NamesWhatAStateMisses) {
   EXPECT_EQ(celltext(rows[2], missedColumn), "");
   const auto exact = exactEntries(desk.document(), {});
   ASSERT_EQ(exact.size(), 1U) << "only what misses something";
+  EXPECT_TRUE(exactEntries(desk.document(), {desk.document().entries.size()}).empty()) << "of the previous chart";
   desk.commands.change(exchanging(desk.document(), exact, "Exact"), window);
   rows = tablerows(desk.document());
   EXPECT_EQ(celltext(rows[1], 3), "43.1289323");

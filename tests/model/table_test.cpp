@@ -37,8 +37,8 @@ TEST(Table, HoldsAllThatStands) {
   EXPECT_EQ(previous[1].entry, 1U);
   EXPECT_FALSE(previous[1].renamable);
   const std::string table = tabletext(previous, ',');
-  EXPECT_NE(table.find("Vapor pressure (In Hg),Note\n"), std::string::npos) << table;
-  EXPECT_NE(table.find("0.4404820,not on this chart: entry of the previous chart\n"), std::string::npos) << table;
+  EXPECT_NE(table.find("Vapor pressure (In Hg),Missed,Note\n"), std::string::npos) << table;
+  EXPECT_NE(table.find("0.4404820,,not on this chart: entry of the previous chart\n"), std::string::npos) << table;
 }
 
 TEST(Table, NamesWhatAStateMisses) {

@@ -72,6 +72,7 @@ void tell(const std::vector<LeftOut>& leftout, const Input& input) {
 /// Warns of all states that visibly miss something.
 void judge(const Document& document, const ExactOptions& options) {
   for (const TableRow& row : tablerows(document)) {
+    if (!row.note.empty()) continue;  // not on this chart
     if (!row.note.empty()) continue;  // not on the chart
     const std::string name = row.kind + (row.identification.empty() ? "" : " ") + row.identification;
     warnOrFail(name, remarkOn(row.missed, row.pressure, row.mixture).words, options);

@@ -81,7 +81,7 @@ std::vector<std::pair<std::size_t, Entry>> exactEntries(const Document& document
     std::iota(places.begin(), places.end(), std::size_t{0});
   }
   for (const std::size_t place : places) {
-    if (!missesAny(document.entries[place])) continue;
+    if (place >= document.entries.size() || !missesAny(document.entries[place])) continue;
     auto exact = exactEntry(document.entries[place]);
     RecordingCanvas scratch;
     if (exact && draw(*exact, scratch, anySize) == nullptr) entries.emplace_back(place, std::move(*exact));

@@ -23,7 +23,8 @@ PairOfGiven givenOf(const PinnedReading& pinned);
 std::optional<Entry> exactEntry(const Entry& entry);
 
 /// Those of some entries that miss something and have an exact entry within their limits, with their places.
-/// @param places in any order; all entries if empty
+/// @param places in any order; all entries if empty. One beyond the entries is of the previous chart and stays as it
+/// is.
 std::vector<std::pair<std::size_t, Entry>> exactEntries(const Document& document, std::vector<std::size_t> places);
 
 /// A state as a report shows it, in seven decimals.

@@ -61,7 +61,7 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
 void EntriesPanel::show(const Document& document) {
   model_.setrows(tablerows(document));
   table_->resizeColumnsToContents();
-  const auto misses = [](const TableRow& row) { return row.missed.any(); };
+  const auto misses = [](const TableRow& row) { return row.missed.any() && row.note.empty(); };
   exact_->setEnabled(std::any_of(model_.rows().begin(), model_.rows().end(), misses));
   shownotes();
   Q_EMIT selected({});

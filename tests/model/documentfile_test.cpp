@@ -76,7 +76,7 @@ const Damage damages[] = {
      R"("unit":"inhg","entry":"200","inhg":200)", "pressure, entry: must be within the range of its unit, (5.906"},
     {"a pressure that is not its entry's", R"("unit":"standard","entry":"29.92126","inhg":29.92126)",
      R"("unit":"elevation","entry":"5000","inhg":24)", "pressure, inhg: must be 24.8961078291965, the pressure of"},
-    {"a NUL byte at the end", "\n]\n}\n", std::string_view("\n]\n}\n\0x", 7), "line 15, column 1: a NUL byte"},
+    {"a NUL byte at the end", "\n]\n}\n", std::string_view("\n]\n}\n\0x", 7), "line 19, column 1: a NUL byte"},
     {"an unknown unit", R"("unit":"standard")", R"("unit":"bar")", "pressure, unit: must be one of standard, inhg"},
     {"more in the background than there is", R"("background": 1)", R"("background": 7)", "background: must be a whole"},
     {"a readout of no air", R"("readout","state":{"db":80,)", R"("readout","state":{"db":180,)",

@@ -37,8 +37,8 @@ TEST(Table, HoldsAllThatStands) {
   EXPECT_EQ(previous[1].entry, 1U);
   EXPECT_FALSE(previous[1].renamable);
   const std::string table = tabletext(previous, ',');
-  EXPECT_NE(table.find("Vapor pressure (In Hg),Note\n"), std::string::npos) << table;
-  EXPECT_NE(table.find("0.4404820,not on this chart: entry of the previous chart\n"), std::string::npos) << table;
+  EXPECT_NE(table.find("Vapor pressure (In Hg),Missed,Note\n"), std::string::npos) << table;
+  EXPECT_NE(table.find("0.4404820,,not on this chart: entry of the previous chart\n"), std::string::npos) << table;
 }
 
 TEST(Table, NamesWhatAStateMisses) {
@@ -51,6 +51,7 @@ TEST(Table, NamesWhatAStateMisses) {
   EXPECT_EQ(celltext(rows[2], missedColumn), "");
   const auto exact = exactEntries(desk.document(), {});
   ASSERT_EQ(exact.size(), 1U) << "only what misses something";
+  EXPECT_TRUE(exactEntries(desk.document(), {desk.document().entries.size()}).empty()) << "of the previous chart";
   desk.commands.change(exchanging(desk.document(), exact, "Exact"), window);
   rows = tablerows(desk.document());
   EXPECT_EQ(celltext(rows[1], 3), "43.1289323");

@@ -78,6 +78,8 @@ QWidget& pressure(Session& session, const char* value, int unit = 3) {
   return window;
 }
 
+void setpressure(Session& session) { click(pressure(session, "5000"), "Command1"); }
+
 QWidget& report(Session& session) {
   session.typepoint("75", "62.5");
   type(session.window, "Text7", "Room & <b>");
@@ -127,7 +129,7 @@ const State states[] = {
      }},
     {"main-other-pressure",
      [](Session& s) -> QWidget& {
-       s.setelevation("5000");
+       setpressure(s);
        s.drawchart();
        s.typepoint("75", "62.5");
        click(s.window, "Command4");
@@ -140,7 +142,7 @@ const State states[] = {
     {"report", report},
     {"report-unnamed",
      [](Session& s) -> QWidget& {
-       s.setelevation("5000");
+       setpressure(s);
        s.drawchart();
        s.typepoint("75", "62.5");
        return s.open("Command14", "Form3");
@@ -303,7 +305,7 @@ void recordcarriedover(const std::filesystem::path& folder) {
   Book book(folder, "carried-over");
   Session session;
   work(session);
-  session.setelevation("5000");
+  setpressure(session);
   session.drawchart();
   session.settle();
   Lines before = session.seen();

@@ -117,9 +117,9 @@ Lines Session::drawn() {
   std::map<std::string, int> strokes;
   for (const Operation& operation : operations()) {
     if (const auto* text = std::get_if<TextOperation>(&operation)) {
-      // Where a wet bulb's line ends hangs on the last bit of the C library, and whether one of the highest is there.
+      // Where a wet bulb's line ends hangs on the last bit of the C library, and whether one of the family is there.
       const bool wetbulb = text->text.starts_with("WB=");
-      if (text->text.starts_with("WB= 1") && text->text.size() > 7) continue;
+      if (wetbulb && text->text.ends_with("0 ")) continue;
       lines.push_back("drawn \"" + text->text + "\"" + (wetbulb ? "" : " at " + pixel(text->x) + " " + pixel(text->y)));
     } else if (const auto* circle = std::get_if<CircleOperation>(&operation)) {
       lines.push_back("drawn circle at " + pixel(circle->x) + " " + pixel(circle->y));

@@ -75,7 +75,7 @@ struct Walk : Session {
 };
 
 constexpr const char* drybulbs[] = {"75", "75", "75", "95", "95", "80", "40", "118", "20", "", "5o"};
-constexpr const char* wetbulbs[] = {"62.5", "62.5", "62.5", "61", "70", "75", "38", "12.3", "-5", ""};
+constexpr const char* wetbulbs[] = {"62.5", "62.5", "62.5", "61", "70", "74", "38", "12.3", "-5", ""};
 constexpr const char* linevalues[] = {"50", "50", "61", "27", "13.6", "13.6", "130", "", "0"};
 constexpr const char* entries[] = {"29.92126", "24.9", "14.2", "5000", "5000", "2.89", "1e300", "", "12"};
 constexpr const char* names[] = {"A", "", "Room 1", "Supply"};

@@ -6,8 +6,8 @@
 #include <map>
 
 #include "engine/saturation.h"
-#include "model/desk.h"
 #include "sheet/boundary.h"
+#include "sheet/cases.h"
 #include "sheet/curves.h"
 #include "sheet/geometry.h"
 #include "sheet/layout.h"
@@ -18,75 +18,6 @@ namespace {
 using namespace moistair;
 using namespace moistair::test;
 
-/// About what a sans serif font measures.
-TextExtent extentof(const std::string& text, double size, bool bold) {
-  std::size_t letters = 0;
-  for (const char c : text) letters += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
-  return {static_cast<double>(letters) * size * (bold ? 0.66 : 0.6), 0.76 * size, 0.22 * size};
-}
-
-struct Sheet {
-  const char* name;
-  LimitTexts limits;
-  PressureEntry pressure;
-  PageSize page;
-};
-
-constexpr PageSize letter{1056, 816};
-constexpr PageSize upright{816, 1056};
-constexpr PageSize a3{1587, 1123};
-constexpr PageSize small{640, 420};
-constexpr PageSize wide{1366, 560};
-const PressureEntry sea{PressureUnit::standard, defaultpressuretext};
-const PressureEntry mountain{PressureUnit::elevation, "5000"};
-const PressureEntry low{PressureUnit::inhg, "20"};
-const PressureEntry lowest{PressureUnit::inhg, "5.906"};
-const PressureEntry highest{PressureUnit::inhg, "147.65"};
-
-const Sheet sheets[] = {
-    {"whole", {"0", "120", "0", "0.030"}, sea, letter},
-    {"whole upright", {"0", "120", "0", "0.030"}, sea, upright},
-    {"mountain", {"40", "90", "0", "0.030"}, mountain, letter},
-    {"thin air", {"40", "90", "0", "0.030"}, low, upright},
-    {"thinnest air", {"0", "120", "0", "0.030"}, lowest, a3},
-    {"dense air", {"0", "120", "0", "0.010"}, highest, letter},
-    {"ten degrees", {"70", "80", "0", "0.030"}, sea, a3},
-    {"cold", {"0", "30", "0", "0.010"}, mountain, letter},
-    {"cold and high", {"0", "40", "0", "0.030"}, sea, wide},
-    {"all below saturation", {"80", "120", "0", "0.010"}, sea, letter},
-    {"from 0.010 up", {"0", "120", "0.010", "0.030"}, low, wide},
-    {"small", {"0", "120", "0", "0.030"}, mountain, small},
-    {"screen", {"0", "120", "0", "0.030"}, sea, wide},
-    {"a strip", {"0", "90", "0.020", "0.030"}, lowest, {3000, 300}},
-    {"a slip", {"10", "70", "0", "0.030"}, highest, {300, 1000}},
-    {"smallest", {"30", "70", "0.020", "0.030"}, mountain, {leastside, leastside}},
-    {"no air at all", {"0", "20", "0.020", "0.030"}, sea, letter},
-};
-
-/// A chart with what its limits let in: a crowd of points about a room, a mixture, two read-outs, a line of each kind.
-Document documentof(const Sheet& sheet, int crowd = 6) {
-  Desk desk;
-  desk.lists = sheet.limits;
-  desk.setpressure(sheet.pressure);
-  desk.draw(ChartType::standard);
-  desk.point("75", "62", "Room");
-  desk.point("56", "55", "Supply air behind the coil, as measured");
-  desk.point("28", "24", "");
-  desk.point("20", "12.3", "Zone");
-  desk.point("119.8", "83", "Zone");
-  for (int i = 0; i < crowd; ++i) desk.point(std::to_string(76 + i / 3).c_str(), "61.5", "Zone");
-  desk.mix("74", "60", "88", "71");
-  desk.pin();
-  desk.pin({58, 0.006});
-  desk.rhline("55");
-  desk.line(LineKind::wetbulb, "63");
-  desk.line(LineKind::enthalpy, "27");
-  desk.line(LineKind::specificvolume, "13.7");
-  Document document = desk.document();
-  document.previous = {{document.entries.back(), {}}, {document.entries.back(), {}}};
-  return document;
-}
-
 SheetDrawing laidout(const Document& document, const PageSize& page, bool lines = false) {
   SheetOptions options;
   options.page = page;
@@ -94,14 +25,6 @@ SheetDrawing laidout(const Document& document, const PageSize& page, bool lines 
   options.title = "A title that is longer than any title block has room for, on a page that is not a poster";
   options.project = options.drawnby = options.title;
   return layoutsheet(contentof(document), options, extentof);
-}
-
-std::vector<const SheetTextOperation*> textsof(const SheetPage& page) {
-  std::vector<const SheetTextOperation*> texts;
-  for (const SheetOperation& operation : page.operations) {
-    if (const auto* text = std::get_if<SheetTextOperation>(&operation)) texts.push_back(text);
-  }
-  return texts;
 }
 
 Box placeof(const SheetTextOperation& text) {

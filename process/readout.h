@@ -1,0 +1,39 @@
+/// \file
+/// A stream as it is shown: all properties, its flow in every unit, and what is to be said about them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "process/step.h"
+
+namespace moistair {
+
+/// Why the wet bulb of a read-out is not simply the wet bulb.
+enum class WetBulbRemark : std::uint8_t {
+  none,
+  twoExist,  ///< near 32 deg F there is one over ice as well; the one over water is shown
+  noneExists,
+};
+
+/// The read-out of a stream. No value where there is none: the dew point of dry air, flows that are not known.
+struct StreamReadout {
+  double db, wb, rh, w, h, dp, v;
+  double grains;           ///< of water per lb of dry air, 7000 to the lb
+  double lbh, acfm, scfm;  ///< flow of dry air, and its volume here and as standard air
+  WetBulbRemark wetBulb = WetBulbRemark::none;
+  double wetBulbOverIce = novalue;  ///< where there are two
+};
+
+StreamReadout readoutOf(const Stream& stream, const Site& site);
+
+/// A note in words: "apparatus dew point 28.3 deg F is below freezing: frost". Streams without a flow have other units.
+std::string wordsOf(const Note& note, bool flowKnown);
+
+/// All notes of a step, in words.
+std::vector<std::string> noteWords(const StepResult& result);
+
+/// What a read-out says about its wet bulb; empty where there is nothing to say.
+std::string wordsOf(const StreamReadout& readout);
+
+}  // namespace moistair

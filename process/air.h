@@ -30,6 +30,9 @@ struct AirState {
   bool operator==(const AirState&) const = default;
 };
 
+/// Whether a humidity ratio is above that of saturated air by more than rounding.
+inline bool aboveSaturation(double w, double saturated) { return w > saturated * (1 + 1e-10); }
+
 /// The wet bulbs of a state. Near 32 deg F there can be one over ice and one over water, or none at all.
 struct WetBulbs {
   double overIce = novalue;
@@ -46,7 +49,6 @@ struct AirModel {
   double (*vaporEnthalpy)(double db);  ///< what one more lb of vapor adds to the enthalpy [Btu/lb]
   double (*dryBulbOfEnthalpy)(double h, double w);
   double (*volume)(double db, double w, double atm);
-  double (*dryBulbOfVolume)(double v, double w, double atm);
   double (*relativeHumidity)(double db, double w, double atm);
   double (*ratioOfHumidity)(double db, double rh, double atm);  ///< infinite where it would take more than all the air
   /// Humidity ratio of saturated air; infinite where water boils.

@@ -2,8 +2,7 @@
 /// A stream as it is shown: all properties, its flow in every unit, and what is to be said about them.
 #pragma once
 
-#include <string>
-#include <vector>
+#include <cstdint>
 
 #include "process/step.h"
 
@@ -26,14 +25,5 @@ struct StreamReadout {
 };
 
 StreamReadout readoutOf(const Stream& stream, const Site& site);
-
-/// A note in words: "apparatus dew point 28.3 deg F is below freezing: frost". Streams without a flow have other units.
-std::string wordsOf(const Note& note, bool flowKnown);
-
-/// All notes of a step, in words.
-std::vector<std::string> noteWords(const StepResult& result);
-
-/// What a read-out says about its wet bulb; empty where there is nothing to say.
-std::string wordsOf(const StreamReadout& readout);
 
 }  // namespace moistair

@@ -10,18 +10,13 @@
 #include "text/numberformat.h"
 #include "text/tablefield.h"
 #include "text/value.h"
+#include "text/words.h"
 
 namespace moistair {
 
 namespace {
 
 constexpr std::string_view byteordermark = "\xEF\xBB\xBF";
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 void take(std::optional<std::size_t>& place, CsvSelection& selection, const std::string& name) {
   if (place) throw badusage("the first line names the column " + name + " twice");

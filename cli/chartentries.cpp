@@ -23,8 +23,8 @@ Entry lineentry(const Setting& setting, WindowSize, const std::string& value) {
 }
 
 /// Takes "id" out of what a point is given by; none is empty.
-std::string takeidentification(std::vector<Assignment>& assignments) {
-  const auto isid = [](const Assignment& assignment) { return assignment.name == "id"; };
+std::string takeidentification(std::vector<TypedValue>& assignments) {
+  const auto isid = [](const TypedValue& assignment) { return assignment.name == "id"; };
   const auto id = std::find_if(assignments.begin(), assignments.end(), isid);
   if (id == assignments.end()) return {};
   std::string text = std::move(id->text);
@@ -34,7 +34,7 @@ std::string takeidentification(std::vector<Assignment>& assignments) {
 }
 
 Entry pointentry(const Setting& setting, WindowSize window, const std::string& value) {
-  std::vector<Assignment> assignments = assignmentsof(value);
+  std::vector<TypedValue> assignments = assignmentsof(value);
   MarkedPoint point;
   point.identification = takeidentification(assignments);
   const GivenPair pair = pairof(assignments);

@@ -1,20 +1,21 @@
 /// \file
-/// What is to come out of a system: a goal on a stream or on what a step does.
+/// What is to come out of a system.
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "process/step.h"
+#include "process/kinds.h"
+#include "text/value.h"
 
 namespace moistair {
 
-/// "goal RM db=75,rh=50": properties and flows are those of the stream, loads and the like those of its step, with the
-/// signs that the step's own parameters have.
+/// A value that must come out: a property or the flow of a stream, or a result of a step. Signs are those of the
+/// step's own parameter: the total of a coil is positive as heat removed.
 struct Goal {
-  std::string name;                ///< a stream
-  std::vector<Assignment> wanted;  ///< in base units, each parameter once
-  int line = 0;                    ///< where it was read, from 1; 0 if it was not
+  std::string name;  ///< of a stream: a step's, or NAME.rest, NAME.exhaust
+  Parameter parameter = Parameter::db;
+  double value = novalue;  ///< in the base unit
+  int line = 0;            ///< where it was read, from 1; 0 if it was not
 
   bool operator==(const Goal&) const = default;
 };

@@ -62,11 +62,11 @@ private:
         continue;
       }
       const auto stream = static_cast<std::size_t>(found - names.begin());
-      for (const Assignment& wanted : goal.wanted) takeGoal(stream, wanted, place);
+      takeGoal(stream, goal, place);
     }
   }
 
-  void takeGoal(std::size_t stream, const Assignment& wanted, const std::string& place) {
+  void takeGoal(std::size_t stream, const Goal& wanted, const std::string& place) {
     const std::size_t step = stream / 2;
     const bool ofStep = stream == mainStream(step);
     const std::string name = problem_.system.names[stream] + ' ' + nameOf(wanted.parameter);
@@ -75,7 +75,7 @@ private:
       const std::string kind = ofStep ? "a goal" : "a goal on " + problem_.system.names[stream];
       errors_.push_back({ErrorCode::unknownName, place,
                          kind + " cannot be " + nameOf(wanted.parameter) + "; it can be " + namesOf(possible, "or")});
-    } else if (wanted.unknown || !hasvalue(wanted.value)) {
+    } else if (!hasvalue(wanted.value)) {
       errors_.push_back({ErrorCode::unreadable, place, std::string(nameOf(wanted.parameter)) + " needs a number"});
     } else {
       if (contains(perHour, wanted.parameter)) goalPerHour_[step] = true;

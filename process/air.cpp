@@ -67,7 +67,9 @@ double saturationSlopeOf(double db, double atm) {
   return ps < atm ? massratio * atm / ((atm - ps) * (atm - ps)) * ps * lnsaturationslope(db) : infinite;
 }
 
-double saturationTemperatureOf(double ratio, double atm) { return temperatureOfSaturation(pressureofratio(ratio, atm)); }
+double saturationTemperatureOf(double ratio, double atm) {
+  return temperatureOfSaturation(pressureofratio(ratio, atm));
+}
 
 double relativeHumidityOf(double db, double ratio, double atm) {
   return humidityof(pressureofratio(ratio, atm), psychro_pvs(db));
@@ -76,6 +78,12 @@ double relativeHumidityOf(double db, double ratio, double atm) {
 double ratioOfHumidityAt(double db, double humidity, double atm) {
   const double pv = humidity / 100 * psychro_pvs(db);
   return pv < atm ? ratioof(pv, atm) : infinite;
+}
+
+double dryBulbOfHumidityAt(double humidity, double ratio, double atm) {
+  const double pvs = quotient(100 * pressureofratio(ratio, atm), humidity);
+  const double temp = temperatureOfSaturation(pvs);
+  return std::abs(psychro_pvs(temp) - pvs) <= 1e-9 * pvs ? temp : novalue;
 }
 
 double volumeOfState(double db, double ratio, double atm) { return volumeof(volumefactor(db), ratio, atm); }
@@ -164,7 +172,8 @@ Error twoStates(const std::vector<StatePoint>& states, const Given& first, const
 /// The humidity ratio of a dry bulb and another property, in closed form.
 double ratioAt(double drybulb, const Given& other, double atm) {
   switch (other.kind) {
-    case wb: return other.value <= drybulb * (1 + 1e-15) + 1e-12 ? ratioOfWetBulbAt(drybulb, other.value, atm) : infinite;
+    case wb:
+      return other.value <= drybulb * (1 + 1e-15) + 1e-12 ? ratioOfWetBulbAt(drybulb, other.value, atm) : infinite;
     case rh: return ratioOfHumidityAt(drybulb, other.value, atm);
     case w: return other.value;
     case h: return ratioofenthalpy(drybulb, other.value);
@@ -178,7 +187,8 @@ Result<AirState> stateOfPair(Given first, Given second, double atm) {
   if (first.kind > second.kind) std::swap(first, second);
   if (first.kind == db && second.kind != db) {
     const AirState state{first.value, ratioAt(first.value, second, atm)};
-    const bool inRange = state.db >= lowestDryBulb && state.db <= highestDryBulb && state.w >= 0 && state.w <= highestRatio;
+    const bool inRange =
+        state.db >= lowestDryBulb && state.db <= highestDryBulb && state.w >= 0 && state.w <= highestRatio;
     if (inRange && !aboveSaturation(state.w, saturationRatioOf(state.db, atm))) return state;
   }
   const bool dry = first.kind == rh && first.value == 0;  // no equation turns dry air's humidity into a dry bulb
@@ -199,6 +209,7 @@ const AirModel programAir = {
     .volume = volumeOfState,
     .relativeHumidity = relativeHumidityOf,
     .ratioOfHumidity = ratioOfHumidityAt,
+    .dryBulbOfHumidity = dryBulbOfHumidityAt,
     .saturationRatio = saturationRatioOf,
     .saturationSlope = saturationSlopeOf,
     .saturationTemperature = saturationTemperatureOf,

@@ -50,7 +50,8 @@ struct AirModel {
   double (*dryBulbOfEnthalpy)(double h, double w);
   double (*volume)(double db, double w, double atm);
   double (*relativeHumidity)(double db, double w, double atm);
-  double (*ratioOfHumidity)(double db, double rh, double atm);  ///< infinite where it would take more than all the air
+  double (*ratioOfHumidity)(double db, double rh, double atm);   ///< infinite where it would take more than all the air
+  double (*dryBulbOfHumidity)(double rh, double w, double atm);  ///< no value for dry air and in the step at freezing
   /// Humidity ratio of saturated air; infinite where water boils.
   double (*saturationRatio)(double db, double atm);
   double (*saturationSlope)(double db, double atm);  ///< of saturationRatio by the dry bulb [1/deg F]

@@ -125,6 +125,9 @@ struct Choice {
   int least = 0, most = 0;
 };
 
+struct StepInput;  // step.h
+struct StepResult;
+
 struct KindRow {
   StepKind kind;
   const char* name;
@@ -135,7 +138,7 @@ struct KindRow {
   ParameterSet required;          ///< what it has to give
   std::array<Choice, 2> choices;  ///< of which it gives some
   std::array<ParameterSet, 3> alternatives;  ///< of which it gives exactly one whole; zeros where there are none
-  const char* purpose;                       ///< a few words for help and lists
+  Result<StepResult> (*run)(const StepInput&);
 };
 
 const KindRow& rowOf(StepKind kind);

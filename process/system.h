@@ -31,7 +31,7 @@ struct Unknown {
   Parameter parameter;
 };
 
-/// A parameter or flow that a step reads, with the step's index.
+/// A step with indices for names and doubles for parameters.
 struct CompiledStep {
   StepKind kind = StepKind::air;
   Parameters parameters;
@@ -67,6 +67,7 @@ struct Solution {
   std::vector<StepResult> results;  ///< by step
   std::vector<Error> errors;        ///< by step; empty words where it has a result
   bool complete = false;            ///< every step has a result
+  std::vector<Stream> gathered;     ///< the sources of one step, kept for their memory
 
   bool solved(std::size_t step) const { return errors[step].words.empty(); }
 };
@@ -104,7 +105,7 @@ Balances balancesOf(const CompiledSystem& system, const Site& site, const Soluti
 
 /// The ratios an engineer looks for, for each room.
 struct RoomRatios {
-  std::size_t room;
+  std::size_t room = 0;
   int coil = -1;  ///< step of the coil that its air comes from; -1 without one
   double roomShr = novalue;
   double grandShr = novalue;      ///< sensible over total of the coil

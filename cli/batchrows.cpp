@@ -7,8 +7,8 @@
 #include "cli/check.h"
 #include "cli/fault.h"
 #include "cli/properties.h"
+#include "cli/tablerun.h"
 #include "text/numberformat.h"
-#include "text/tablefield.h"
 #include "text/value.h"
 #include "text/words.h"
 
@@ -16,12 +16,10 @@ namespace moistair {
 
 namespace {
 
-constexpr std::string_view byteordermark = "\xEF\xBB\xBF";
-
-void take(std::optional<std::size_t>& place, CsvSelection& selection, const std::string& name) {
-  if (place) throw badusage("the first line names the column " + name + " twice");
-  place = selection.wanted.size();
-  selection.wanted.push_back(selection.columns);
+void take(std::optional<std::size_t>& taken, CsvSelection& selection, const std::string& name, std::size_t place) {
+  if (taken) throw badusage("the first line names the column " + name + " twice");
+  taken = selection.wanted.size();
+  selection.wanted.push_back(place);
 }
 
 /// What the columns behind those of the input are called.
@@ -52,27 +50,17 @@ struct GivenRow {
 };
 using RowOrReason = std::variant<GivenRow, std::string>;
 
-/// A row's fields by column, with the quotes gone.
-class Cells {
-public:
-  explicit Cells(const CsvRecord& record) : record_(record) {}
-
-  /// Empty for a column that is not there; good until the next call.
-  std::string_view at(std::optional<std::size_t> place) {
-    return place ? trimmed(fieldtext(record_.fields[*place], scratch_)) : std::string_view();
-  }
-
-private:
-  const CsvRecord& record_;
-  std::string scratch_;
-};
+/// Empty for a column that is not there.
+std::string_view cellat(RowCells& cells, std::optional<std::size_t> place) {
+  return place ? cells.at(*place) : std::string_view();
+}
 
 /// The pressure of a row: its own, or that of all.
-PressureOrReason pressureofrow(Cells& cells, const BatchPlan& plan) {
+PressureOrReason pressureofrow(RowCells& cells, const BatchPlan& plan) {
   PressureOrReason pressure = plan.atm;
   bool given = false;
   for (std::size_t i = 0; i < pressurenames.size(); ++i) {
-    const std::string_view cell = cells.at(plan.columns.pressures[i]);
+    const std::string_view cell = cellat(cells, plan.columns.pressures[i]);
     if (cell.empty()) continue;
     if (given) return "the pressure is given twice";
     given = true;
@@ -81,17 +69,11 @@ PressureOrReason pressureofrow(Cells& cells, const BatchPlan& plan) {
   return pressure;
 }
 
-RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
-  if (record.quoteopen) return "a quote was left open";
-  const std::size_t columns = plan.columns.selection.columns;
-  if (record.count != columns) {
-    return std::to_string(record.count) + " fields where there are " + std::to_string(columns) + " columns";
-  }
-  Cells cells(record);
+RowOrReason givenrow(RowCells& cells, const BatchPlan& plan) {
   std::array<Given, kindcount> given{};
   std::size_t count = 0;
   for (std::size_t i = 0; i < kindcount; ++i) {
-    const std::string_view cell = cells.at(plan.columns.kinds[i]);
+    const std::string_view cell = cellat(cells, plan.columns.kinds[i]);
     if (cell.empty()) continue;
     const double value = strictnumber(cell);
     if (!hasvalue(value)) return kindnames[i] + std::string(isnonumber);
@@ -106,14 +88,6 @@ RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
   return GivenRow{pair, std::get<double>(pressure)};
 }
 
-/// The record as it was read, brought to the table's number of columns.
-void appendrecord(std::string& out, const CsvRecord& record, const BatchPlan& plan) {
-  out += record.columns;
-  const std::size_t columns = plan.columns.selection.columns;
-  if (record.quoteopen && record.count <= columns) out += '"';
-  if (record.count < columns) out.append(columns - record.count, plan.delimiter);
-}
-
 void appendstate(std::string& out, const StatePoint& point, const BatchPlan& plan) {
   for (const StateColumn& column : statecolumns) {
     out += plan.delimiter;
@@ -123,9 +97,8 @@ void appendstate(std::string& out, const StatePoint& point, const BatchPlan& pla
 
 /// The reason why a row has no state, empty if it has one.
 /// @param check the cells of a check, if there is to be one and the row gives a pair
-std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan, std::string& check) {
-  appendrecord(out, record, plan);
-  RowOrReason row = givenrow(record, plan);
+std::string appendrow(std::string& out, RowCells& cells, const BatchPlan& plan, std::string& check) {
+  RowOrReason row = givenrow(cells, plan);
   if (auto* reason = std::get_if<std::string>(&row)) return std::move(*reason);
   const auto& [pair, atm] = std::get<GivenRow>(row);
   const Resolution resolution = resolve(pair, atm, *plan.finders);
@@ -142,24 +115,16 @@ std::string appendrow(std::string& out, const CsvRecord& record, const BatchPlan
 }  // namespace
 
 BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter, bool check) {
-  if (header.quoteopen) throw badusage(filename + ": the first line leaves a quote open");
-  if (header.raw.find('\0') != std::string_view::npos) {
-    throw badusage(filename + ": the first line holds zero bytes, so this is no table in UTF-8");
-  }
   BatchColumns columns;
-  std::string scratch;
-  eachfield(header.raw, delimiter, [&](std::string_view field) {
-    if (columns.selection.columns == 0 && field.starts_with(byteordermark)) field.remove_prefix(byteordermark.size());
-    const std::string name(trimmed(fieldtext(field, scratch)));
+  columns.selection.columns = eachColumn(header, filename, delimiter, [&](const std::string& name, std::size_t place) {
     if (const auto kind = kindnamed(lowercase(name))) {
-      take(columns.kinds[static_cast<std::size_t>(*kind)], columns.selection, name);
+      take(columns.kinds[static_cast<std::size_t>(*kind)], columns.selection, name, place);
     }
     for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
-      if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], columns.selection, name);
+      if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], columns.selection, name, place);
     }
     const auto named = [&](const auto& names) { return std::find(names.begin(), names.end(), name) != names.end(); };
     if (named(resultnames()) || (check && named(checkcolumns))) columns.takennames.push_back(name);
-    ++columns.selection.columns;
   });
   const auto named = std::count_if(columns.kinds.begin(), columns.kinds.end(), [](const auto& c) { return !!c; });
   if (named < 2) {
@@ -180,27 +145,14 @@ std::string headerline(const CsvRecord& header, const BatchPlan& plan) {
 }
 
 BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
-  BatchResult result;
-  CsvRecord record;
-  while (takerecord(block, record, plan.delimiter, plan.columns.selection)) {
-    if (record.blank()) continue;
-    ++result.rows;
-    if (record.quoteopen) {
-      const std::string_view lines = record.raw.substr(0, record.raw.size() - (record.raw.ends_with('\n') ? 1 : 0));
-      result.openquote = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
-    }
-    std::string check(plan.check ? checkcolumns.size() : 0, plan.delimiter);
-    const std::string reason = appendrow(result.text, record, plan, check);
-    if (!reason.empty()) {
-      ++result.failed;
-      result.text.append(statecolumns.size(), plan.delimiter);
-    }
-    result.text += plan.delimiter;
-    appendfield(result.text, reason.empty() ? "ok" : reason, plan.delimiter);
-    result.text += check;
-    result.text += plan.lineend;
-  }
-  return result;
+  const TableShape shape{.selection = plan.columns.selection,
+                         .delimiter = plan.delimiter,
+                         .lineEnd = plan.lineend,
+                         .results = statecolumns.size(),
+                         .further = plan.check ? checkcolumns.size() : 0};
+  return fillRows(block, shape, [&](RowCells& cells, std::string& results, std::string& check) {
+    return appendrow(results, cells, plan, check);
+  });
 }
 
 }  // namespace moistair

@@ -106,7 +106,7 @@ public:
   }
 
 private:
-  std::array<Note, 6> notes_{};
+  std::array<Note, 8> notes_{};
   std::size_t count_ = 0;
 };
 

@@ -358,8 +358,10 @@ Result<StepResult> complete(const Coil& coil, Candidate found) {
     if (const Outcome outcome = describeSurface(coil, found, *finished); !outcome) return outcome.error();
   } else {
     finished->notes.add(NoteCode::dryCoil);
-    finished->adp = coil.value(adp).value_or(novalue);
-    finished->bf = coil.value(bf).value_or(novalue);
+    // Without condensation the temperature of the surface is known only if it is given, or follows from the bypass.
+    const double surface = coil.value(adp).value_or(found.adp);
+    finished->adp = surface;
+    finished->bf = quotient(found.leaving.db - surface, entering.db - surface);
   }
   const double byStates = flow * (coil.site.enthalpy(found.leaving) - coil.site.enthalpy(entering)) + liquidHeat;
   finished->exchange.heat = input.parameters.has(total) ? -input.parameters[total] : byStates;

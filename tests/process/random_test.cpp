@@ -102,11 +102,6 @@ TEST(RandomSystems, CloseTheirBalances) {
   for (const StepKind kind : stepKinds()) EXPECT_GT(kinds[static_cast<std::size_t>(kind)], 30) << nameOf(kind);
 }
 
-double measured(const Solved& solved, Parameter parameter) {
-  const double value = solved.value(std::string("S1.") + nameOf(parameter));
-  return parameter == total || parameter == sensible ? -value : value;
-}
-
 /// How far apart two leaving states of S1 are, as a part of what can be told apart.
 double distance(const AirState& one, const AirState& other) {
   return std::max(std::abs(one.db - other.db) / 100, std::abs(one.w - other.w) / 0.01);
@@ -128,11 +123,12 @@ TEST(RandomCoils, ComeBackThroughAnyPairOfTheirResults) {
     if (!first.errors.empty()) continue;
     const StepResult& wet = first.result("S1");
     if (wet.latent > -1e-3 * std::abs(wet.total)) continue;
+    const auto value = [&](Parameter kind) { return outcomeOf(kind, StepKind::coil, wet, first.site); };
     // Near the line that touches saturation a hair of slope moves the apparatus dew point far.
     if (wet.adp - 2 < 28) continue;
     for (std::size_t a = 0; a < all.size(); ++a) {
       for (std::size_t b = a + 1; b < all.size(); ++b) {
-        coil.given = {{all[a], measured(first, all[a])}, {all[b], measured(first, all[b])}};
+        coil.given = {{all[a], value(all[a])}, {all[b], value(all[b])}};
         if (counted) coil.given.push_back({condensate, 1});
         const ParameterSet refused[] = {setOf(adp, shr), setOf(w, dp), setOf(wb, total), setOf(db, sensible)};
         const ParameterSet pair = setOf(all[a], all[b]);

@@ -71,33 +71,15 @@ struct Solved {
     const std::string key = path.substr(dot + 1);
     const std::size_t at = stream(path.substr(0, dot));
     const StepResult& step = solution.results.at(at / 2);
-    const StreamReadout state = readoutOf(solution.streams.at(at), site);
-    const std::pair<const char*, double> all[] = {{"db", state.db},
-                                                  {"wb", state.wb},
-                                                  {"rh", state.rh},
-                                                  {"w", state.w},
-                                                  {"h", state.h},
-                                                  {"dp", state.dp},
-                                                  {"v", state.v},
-                                                  {"lbh", state.lbh},
-                                                  {"acfm", state.acfm},
-                                                  {"scfm", state.scfm},
-                                                  {"grains", state.grains},
-                                                  {"total", step.total},
-                                                  {"sensible", step.sensible},
-                                                  {"latent", step.latent},
-                                                  {"water", step.water},
-                                                  {"condensate", step.condensate},
-                                                  {"shr", step.shr},
-                                                  {"adp", step.adp},
-                                                  {"bf", step.bf},
-                                                  {"power", step.power},
-                                                  {"gpm", step.waterGpm},
-                                                  {"effectiveness", step.effectiveness},
-                                                  {"share", step.share},
-                                                  {"term", step.exchange.wetBulbTerm}};
-    for (const auto& [name, number] : all) {
+    const bool second = at != mainStream(at / 2);
+    StepResult result = step;
+    if (second) result.leaving = step.second;
+    const std::pair<const char*, double> others[] = {{"condensate", step.condensate}, {"gpm", step.waterGpm}};
+    for (const auto& [name, number] : others) {
       if (key == name) return number;
+    }
+    if (const auto parameter = parameterNamed(key)) {
+      return outcomeOf(*parameter, system.steps.at(at / 2).kind, result, site);
     }
     ADD_FAILURE() << "no value " << path;
     return novalue;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <random>
 
+#include "process/coilline.h"
 #include "support.h"
 
 using namespace moistair;
@@ -116,7 +117,7 @@ TEST(RandomCoils, ComeBackThroughAnyPairOfTheirResults) {
     const double atm = pressures[i % 5];
     AirSystem system{{generator.air("S0"), {"S1", StepKind::coil, {"S0"}, {}}}};
     ProcessStep& coil = system.steps[1];
-    coil.given = {{adp, generator.between(0, 70)}, {bf, generator.between(0.02, 0.5)}};
+    coil.given = {{adp, generator.between(-30, 70)}, {bf, generator.between(0.02, 0.5)}};
     const bool counted = generator.chance(0.3);
     if (counted) coil.given.push_back({condensate, 1});
     const Solved first(system, atm);
@@ -125,7 +126,8 @@ TEST(RandomCoils, ComeBackThroughAnyPairOfTheirResults) {
     if (wet.latent > -1e-3 * std::abs(wet.total)) continue;
     const auto value = [&](Parameter kind) { return outcomeOf(kind, StepKind::coil, wet, first.site); };
     // Near the line that touches saturation a hair of slope moves the apparatus dew point far.
-    if (wet.adp - 2 < 28) continue;
+    const AirState entering = first.result("S0").leaving.state;
+    if (wet.adp - touchingPoint(entering, first.site).db < 3) continue;
     for (std::size_t a = 0; a < all.size(); ++a) {
       for (std::size_t b = a + 1; b < all.size(); ++b) {
         coil.given = {{all[a], value(all[a])}, {all[b], value(all[b])}};

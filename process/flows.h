@@ -19,9 +19,9 @@ using FlowSum = std::vector<double>;
 struct OpenFlow {
   enum class Origin { unknownParameter, airStep, tear };
   Origin origin;
-  std::size_t place;     ///< index in CompiledSystem::unknowns, a step, or index in CompiledSystem::tears
-  FlowSum inflow{};      ///< of a `part`: what it divides
-  FlowSum balance{};     ///< zero where the balances hold, with the factor 1 for itself; empty for a free one
+  std::size_t place;  ///< index in CompiledSystem::unknowns, a step, or index in CompiledSystem::tears
+  FlowSum inflow{};   ///< of a `part`: what it divides
+  FlowSum balance{};  ///< zero where the balances hold, with the factor 1 for itself; empty for a free one
 };
 
 struct FlowAnalysis {

@@ -11,9 +11,21 @@ namespace {
 constexpr ParameterSet streamProperties =
     setOf(Parameter::db, Parameter::wb, Parameter::rh, Parameter::w, Parameter::h, Parameter::dp, Parameter::v,
           Parameter::acfm, Parameter::scfm, Parameter::lbh);
-constexpr ParameterSet stepResults =
-    setOf(Parameter::total, Parameter::sensible, Parameter::latent, Parameter::btuh, Parameter::shr, Parameter::adp,
-          Parameter::bf, Parameter::water, Parameter::bhp, Parameter::eff, Parameter::share, Parameter::dt);
+/// What a step of a kind comes to, besides its stream.
+ParameterSet resultsOf(StepKind kind) {
+  using enum Parameter;
+  constexpr ParameterSet loads = setOf(total, sensible, latent, btuh, shr, water, dt);
+  switch (kind) {
+    case StepKind::air: return 0;
+    case StepKind::mix:
+    case StepKind::part: return setOf(share);
+    case StepKind::coil: return loads | setOf(adp, bf);
+    case StepKind::evaporate: return loads | setOf(eff);
+    case StepKind::fan: return loads | setOf(bhp);
+    default: return loads;
+  }
+}
+
 constexpr ParameterSet flowParameters = setOf(Parameter::acfm, Parameter::scfm, Parameter::lbh);
 constexpr ParameterSet perHour = flowParameters | setOf(Parameter::total, Parameter::sensible, Parameter::latent,
                                                         Parameter::btuh, Parameter::water, Parameter::bhp);
@@ -37,8 +49,10 @@ public:
     takeGoals(goals);
     flows_ = analyzeFlows(problem_.system, flowsThatCount(problem_.system, goalPerHour_));
     for (const std::size_t tear : flows_.contrary) {
-      errors_.push_back({ErrorCode::noResult, nameOfTear(tear),
-                         "its flow is given twice, differently: around the loop another amount comes back"});
+      errors_.push_back(
+          {ErrorCode::noResult, nameOfTear(tear),
+           "its flow does not close: more or less dry air comes back around the loop than left; divide the excess off "
+           "with part, or give fewer flows"});
     }
     takeUnknowns();
     takeTears();
@@ -70,11 +84,12 @@ private:
     const std::size_t step = stream / 2;
     const bool ofStep = stream == mainStream(step);
     const std::string name = problem_.system.names[stream] + ' ' + nameOf(wanted.parameter);
-    const ParameterSet possible = ofStep ? streamProperties | stepResults : streamProperties;
+    const ParameterSet possible =
+        ofStep ? streamProperties | resultsOf(problem_.system.steps[step].kind) : streamProperties;
     if (!contains(possible, wanted.parameter)) {
-      const std::string kind = ofStep ? "a goal" : "a goal on " + problem_.system.names[stream];
       errors_.push_back({ErrorCode::unknownName, place,
-                         kind + " cannot be " + nameOf(wanted.parameter) + "; it can be " + namesOf(possible, "or")});
+                         problem_.system.names[stream] + " has no " + nameOf(wanted.parameter) +
+                             "; a goal on it can be " + namesOf(possible, "or")});
     } else if (!hasvalue(wanted.value)) {
       errors_.push_back({ErrorCode::unreadable, place, std::string(nameOf(wanted.parameter)) + " needs a number"});
     } else {
@@ -85,9 +100,8 @@ private:
 
   /// Where a variable is among the open flows; -1 for one that is no flow.
   int flowOf(OpenFlow::Origin origin, std::size_t place) const {
-    const auto found = std::find_if(flows_.open.begin(), flows_.open.end(), [&](const OpenFlow& flow) {
-      return flow.origin == origin && flow.place == place;
-    });
+    const auto found = std::find_if(flows_.open.begin(), flows_.open.end(),
+                                    [&](const OpenFlow& flow) { return flow.origin == origin && flow.place == place; });
     return found == flows_.open.end() ? -1 : static_cast<int>(found - flows_.open.begin());
   }
 
@@ -117,7 +131,8 @@ private:
     }
     for (std::size_t i = 0; i < flows_.open.size(); ++i) {
       const OpenFlow& flow = flows_.open[i];
-      if (flow.origin == OpenFlow::Origin::airStep) addFlow(Variable::Kind::airFlow, flow.place, nameOfStep(flow.place), static_cast<int>(i));
+      if (flow.origin == OpenFlow::Origin::airStep)
+        addFlow(Variable::Kind::airFlow, flow.place, nameOfStep(flow.place), static_cast<int>(i));
     }
   }
 
@@ -130,7 +145,8 @@ private:
     Parameters others;
     for (std::size_t i = 0; i < parameterCount; ++i) {
       const auto parameter = static_cast<Parameter>(i);
-      if (parameters.has(parameter) && !contains(flowParameters, parameter)) others.set(parameter, parameters[parameter]);
+      if (parameters.has(parameter) && !contains(flowParameters, parameter))
+        others.set(parameter, parameters[parameter]);
     }
     others.set(Parameter::share, novalue);
     parameters = others;
@@ -141,7 +157,12 @@ private:
     for (std::size_t tear = 0; tear < system.tears.size(); ++tear) {
       const std::size_t stream = system.tears[tear];
       const std::string& name = system.names[stream];
-      add({.kind = Variable::Kind::tearDb, .place = stream, .low = lowestDryBulb, .high = highestDryBulb, .name = name + ".db"}, -1);
+      add({.kind = Variable::Kind::tearDb,
+           .place = stream,
+           .low = lowestDryBulb,
+           .high = highestDryBulb,
+           .name = name + ".db"},
+          -1);
       add({.kind = Variable::Kind::tearW, .place = stream, .low = 0, .high = highestRatio, .name = name + ".w"}, -1);
       addFlow(Variable::Kind::tearFlow, stream, name, flowOf(OpenFlow::Origin::tear, tear));
       if (flows_.closes[tear]) problem_.flowClosures.push_back(tear);

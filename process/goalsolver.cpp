@@ -7,6 +7,8 @@
 #include <utility>
 
 #include "process/goalproblem.h"
+#include "process/goalstarts.h"
+#include "process/readout.h"
 #include "process/root.h"
 
 namespace moistair {
@@ -16,42 +18,6 @@ namespace {
 constexpr double nearEnough = 1e-9;  // of the quantity
 constexpr double longRange = 1e4;    // bounds further apart than this are none
 constexpr int mostStarts = 60;
-constexpr int startsAfterSuccess = 5;
-
-/// Between what and what an unknown usually lies.
-struct Typical {
-  double low, high;
-};
-
-Typical typicalOf(StepKind kind, Parameter parameter) {
-  const bool heats = kind == StepKind::heat || kind == StepKind::steam;
-  switch (parameter) {
-    case Parameter::db: return heats ? Typical{70, 110} : kind == StepKind::air ? Typical{50, 90} : Typical{48, 65};
-    case Parameter::wb: return {45, 65};
-    case Parameter::rh: return kind == StepKind::coil || kind == StepKind::evaporate ? Typical{82, 98} : Typical{30, 65};
-    case Parameter::w: return {0.006, 0.011};
-    case Parameter::h: return {18, 32};
-    case Parameter::dp: return {42, 58};
-    case Parameter::v: return {12.8, 13.8};
-    case Parameter::adp: return {40, 55};
-    case Parameter::bf: return {0.05, 0.3};
-    case Parameter::dt: return {5, 30};
-    case Parameter::inwg: return {1, 5};
-    case Parameter::psig: return {2, 30};
-    case Parameter::degf: return {212, 280};
-    case Parameter::hg: return {1100, 1180};
-    case Parameter::factor: return {1, 1.3};
-    case Parameter::waterdt: return {8, 16};
-    default: return {0.15, 0.85};  // shares, ratios, efficiencies
-  }
-}
-
-/// From 0 to 1, spread evenly over the starts and differently for each variable; 0.5 at the first.
-double spread(int start, std::size_t variable) {
-  const double step = std::sqrt(static_cast<double>(variable) + 2) + 0.6180339887;
-  const double place = 0.5 + start * step;
-  return place - std::floor(place);
-}
 
 /// A variable for the solver: bounds are mapped away, and one unit is a step of a usual size.
 double inner(const Variable& variable, double value, double scale) {
@@ -59,7 +25,8 @@ double inner(const Variable& variable, double value, double scale) {
     const double place = 2 * (value - variable.low) / (variable.high - variable.low) - 1;
     return std::asin(std::clamp(place, -1.0, 1.0));
   }
-  return variable.kind == Variable::Kind::parameter && !contains(setOf(Parameter::acfm, Parameter::scfm, Parameter::lbh), variable.parameter)
+  return variable.kind == Variable::Kind::parameter &&
+                 !contains(setOf(Parameter::acfm, Parameter::scfm, Parameter::lbh), variable.parameter)
              ? value / scale
              : std::log(value / scale);
 }
@@ -68,7 +35,8 @@ double outer(const Variable& variable, double place, double scale) {
   if (variable.high - variable.low < longRange) {
     return variable.low + (variable.high - variable.low) * (1 + std::sin(place)) / 2;
   }
-  return variable.kind == Variable::Kind::parameter && !contains(setOf(Parameter::acfm, Parameter::scfm, Parameter::lbh), variable.parameter)
+  return variable.kind == Variable::Kind::parameter &&
+                 !contains(setOf(Parameter::acfm, Parameter::scfm, Parameter::lbh), variable.parameter)
              ? place * scale
              : scale * std::exp(place);
 }
@@ -87,63 +55,25 @@ double smallestOf(Parameter parameter) {
 }
 
 /// What comes out where a goal is.
-double outcomeOf(const GoalRow& goal, const CompiledSystem& system, const Site& site, const Solution& solution) {
-  const Stream& stream = solution.streams[goal.stream];
+double outcomeAt(const GoalRow& goal, const CompiledSystem& system, const Site& site, const Solution& solution) {
   const std::size_t step = goal.stream / 2;
-  const StepResult& result = solution.results[step];
   const CompiledStep& compiled = system.steps[step];
-  const double sign = rowOf(compiled.kind).removesHeat ? -1 : 1;
-  const auto [db, w] = stream.state;
-  switch (goal.parameter) {
-    case Parameter::db: return db;
-    case Parameter::w: return w;
-    case Parameter::rh: return site.relativeHumidity(stream.state);
-    case Parameter::wb: return site.air->wetBulbs(db, w, site.atm).shown();
-    case Parameter::h: return site.enthalpy(stream.state);
-    case Parameter::dp: return site.air->dewPoint(w, site.atm);
-    case Parameter::v: return site.volume(stream.state);
-    case Parameter::lbh: return stream.flow;
-    case Parameter::scfm: return stream.flow / lbhPerScfm;
-    case Parameter::acfm: return acfmOfDryFlow(stream.flow, site.volume(stream.state));
-    case Parameter::total:
-    case Parameter::btuh: return sign * result.total;
-    case Parameter::sensible: return sign * result.sensible;
-    case Parameter::latent: return sign * result.latent;
-    case Parameter::water: return sign * result.water;
-    case Parameter::shr: return result.shr;
-    case Parameter::adp: return result.adp;
-    case Parameter::bf: return result.bf;
-    case Parameter::bhp: return result.power;
-    case Parameter::eff: return result.effectiveness;
-    case Parameter::share: return result.share;
-    case Parameter::dt:
-      return compiled.sourceCount == 0 ? novalue
-                                       : sign * (db - solution.streams[system.sources[compiled.firstSource]].state.db);
-    default: return novalue;
+  if (goal.stream != mainStream(step)) {
+    StepResult second;
+    second.leaving = solution.streams[goal.stream];
+    return outcomeOf(goal.parameter, compiled.kind, second, site);
   }
-}
-
-/// Properties of a stream that goals fix, found through steps that only divide it.
-std::vector<Given> wantedOf(const GoalProblem& problem, std::size_t stream) {
-  constexpr int mostParts = 50;
-  for (int i = 0; i < mostParts && problem.system.steps[stream / 2].kind == StepKind::part; ++i) {
-    stream = problem.system.sources[problem.system.steps[stream / 2].firstSource];
-  }
-  std::vector<Given> wanted;
-  for (const GoalRow& goal : problem.goals) {
-    if (goal.stream == stream && goal.parameter <= Parameter::v) {
-      wanted.push_back({static_cast<PropertyKind>(goal.parameter), goal.wanted});
-    }
-  }
-  return wanted;
+  const StepResult& result = solution.results[step];
+  if (goal.parameter != Parameter::dt) return outcomeOf(goal.parameter, compiled.kind, result, site);
+  if (compiled.sourceCount == 0) return novalue;
+  const double rise = result.leaving.state.db - solution.streams[system.sources[compiled.firstSource]].state.db;
+  return rowOf(compiled.kind).removesHeat ? -rise : rise;
 }
 
 class Solver {
 public:
   Solver(const GoalProblem& problem, const Site& site)
-      : problem_(problem), site_(site), system_(problem.system), scales_(problem.variables.size(), 1.0) {
-    findScales();
-  }
+      : problem_(problem), site_(site), system_(problem.system), starts_(problem, site), scales_(starts_.scales()) {}
 
   GoalAnswer fromAllStarts() {
     GoalAnswer answer;
@@ -159,9 +89,9 @@ public:
     }
     int last = mostStarts;
     for (int start = 0; start < last; ++start) {
-      auto solution = from(startingValues(start));
+      auto solution = from(starts_.values(start));
       if (!solution || isKnown(answer, *solution)) continue;
-      if (answer.found.empty()) last = start + 1 + startsAfterSuccess;
+      if (answer.found.empty()) last = start + 1 + startsForMore();
       answer.found.push_back(std::move(*solution));
     }
     if (answer.found.empty()) explain(answer);
@@ -187,125 +117,11 @@ public:
   }
 
 private:
-  /// The heat of the loads and the flows that are given say how large the open ones are.
-  void findScales() {
-    double heat = 0;
-    double flow = 0;
-    for (const CompiledStep& step : system_.steps) {
-      const Parameters& given = step.parameters;
-      for (const Parameter load : {Parameter::sensible, Parameter::total, Parameter::btuh}) {
-        if (given.has(load) && hasvalue(given[load])) heat = std::max(heat, std::abs(given[load]));
-      }
-      if (given.has(Parameter::lbh) && hasvalue(given[Parameter::lbh])) flow = std::max(flow, given[Parameter::lbh]);
-      if (given.has(Parameter::scfm) && hasvalue(given[Parameter::scfm])) flow = std::max(flow, 4.5 * given[Parameter::scfm]);
-      if (given.has(Parameter::acfm) && hasvalue(given[Parameter::acfm])) flow = std::max(flow, 4.4 * given[Parameter::acfm]);
-    }
-    for (const GoalRow& goal : problem_.goals) {
-      if (goal.parameter == Parameter::lbh) flow = std::max(flow, goal.wanted);
-      if (rowOf(goal.parameter).quantity == Quantity::heat) heat = std::max(heat, std::abs(goal.wanted));
-    }
-    constexpr double heatPerLb = 5;  // 20 deg F of sensible heat
-    if (heat > 0) flow = std::max(flow / 2, heat / heatPerLb);
-    if (!(flow > 0)) flow = problem_.flows.empty() ? 1 : 10000;
-    flowScale_ = flow;
-    heatScale_ = heat > 0 ? heat : flow * heatPerLb;
-    for (std::size_t i = 0; i < scales_.size(); ++i) scales_[i] = scaleOf(problem_.variables[i]);
-  }
-
-  double scaleOf(const Variable& variable) const {
-    if (variable.kind == Variable::Kind::tearFlow || variable.kind == Variable::Kind::airFlow) return flowScale_;
-    switch (rowOf(variable.parameter).quantity) {
-      case Quantity::heat: return heatScale_;
-      case Quantity::airMass: return flowScale_;
-      case Quantity::airVolume: return flowScale_ / 4.5;
-      case Quantity::waterMass: return heatScale_ / 2000;
-      case Quantity::power: return heatScale_ / 40000;
-      default: return typicalOf(StepKind::air, variable.parameter).high;
-    }
-  }
-
-  std::vector<double> startingValues(int start) const {
-    const std::size_t count = problem_.variables.size();
-    std::vector<double> values(count);
-    std::vector<double> flows(problem_.flows.size(), 0.0);
-    for (std::size_t i = 0; i < count; ++i) {
-      const Variable& variable = problem_.variables[i];
-      const double place = spread(start, i);
-      values[i] = startOf(variable, place);
-      const int flow = problem_.flowOfVariable[i];
-      if (flow >= 0) flows[static_cast<std::size_t>(flow)] = flowScale_ * std::exp2(2 * place - 1);
-    }
-    startTears(start, values);
-    balance(flows);
-    for (std::size_t i = 0; i < count; ++i) {
-      const int flow = problem_.flowOfVariable[i];
-      if (flow >= 0) values[i] = startOfFlow(problem_.variables[i], static_cast<std::size_t>(flow), flows, values[i]);
-    }
-    return values;
-  }
-
-  double startOf(const Variable& variable, double place) const {
-    if (variable.kind != Variable::Kind::parameter) return scaleOf(variable);
-    const Parameter parameter = variable.asShare ? Parameter::share : variable.parameter;
-    switch (rowOf(parameter).quantity) {
-      case Quantity::heat:
-      case Quantity::waterMass:
-      case Quantity::power: return scaleOf(variable) * (0.1 + 0.9 * place);
-      case Quantity::airMass:
-      case Quantity::airVolume: return scaleOf(variable);
-      default: break;
-    }
-    const StepKind kind = system_.steps[variable.place].kind;
-    const Typical typical = typicalOf(kind, parameter);
-    return std::clamp(typical.low + place * (typical.high - typical.low), variable.low, variable.high);
-  }
-
-  void startTears(int start, std::vector<double>& values) const {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      const Variable& variable = problem_.variables[i];
-      if (variable.kind != Variable::Kind::tearDb) continue;
-      const std::vector<Given> wanted = wantedOf(problem_, variable.place);
-      double db = 60 + 25 * spread(start, i);
-      double w = site_.air->ratioOfHumidity(db, 50, site_.atm);
-      if (wanted.size() >= 2) {
-        if (const auto state = site_.air->stateOf(wanted[0], wanted[1], site_.atm)) {
-          db = state->db;
-          w = state->w;
-        }
-      } else if (wanted.size() == 1 && wanted[0].kind == PropertyKind::db) {
-        db = wanted[0].value;
-        w = site_.air->ratioOfHumidity(db, 40 + 30 * spread(start, i + 1), site_.atm);
-      }
-      values[i] = db;
-      values[i + 1] = std::clamp(w, 0.0, highestRatio);
-    }
-  }
-
-  /// Flows that the balances fix, from the free ones.
-  void balance(std::vector<double>& flows) const {
-    for (std::size_t i = 0; i < flows.size(); ++i) {
-      const FlowSum& sum = problem_.flows[i].balance;
-      if (sum.empty()) continue;
-      double others = sum.back();
-      for (std::size_t j = 0; j < flows.size(); ++j) {
-        if (j != i) others += sum[j] * flows[j];
-      }
-      flows[i] = std::max(-others, 1e-3 * flowScale_);
-    }
-  }
-
-  double startOfFlow(const Variable& variable, std::size_t flow, const std::vector<double>& flows, double share) const {
-    const double lbh = flows[flow];
-    if (variable.kind != Variable::Kind::parameter || variable.parameter == Parameter::lbh) {
-      if (!variable.asShare) return lbh;
-    }
-    const FlowSum& inflow = problem_.flows[flow].inflow;
-    if (!inflow.empty()) {
-      double in = inflow.back();
-      for (std::size_t j = 0; j < flows.size(); ++j) in += inflow[j] * flows[j];
-      return in > lbh ? lbh / in : share;
-    }
-    return variable.parameter == Parameter::scfm ? lbh / lbhPerScfm : lbh / 4.4;
+  /// After a solution, so many starts look for others: the more unknowns, the more of them there are.
+  int startsForMore() const {
+    const auto unknowns = std::count_if(problem_.variables.begin(), problem_.variables.end(),
+                                        [](const Variable& variable) { return variable.free; });
+    return unknowns < 3 ? 5 : 14;
   }
 
   void put(std::span<const double> point) {
@@ -339,7 +155,7 @@ private:
     }
     std::size_t row = 0;
     for (const GoalRow& goal : problem_.goals) {
-      const double outcome = outcomeOf(goal, system_, site_, solution_);
+      const double outcome = outcomeAt(goal, system_, site_, solution_);
       residuals[row++] = relative(outcome, goal.wanted, smallestOf(goal.parameter));
     }
     for (std::size_t tear = 0; tear < torn_.size(); ++tear) {
@@ -348,7 +164,8 @@ private:
       residuals[row++] = relative(state.w, torn_[tear].state.w, 1e-4);
     }
     for (const std::size_t tear : problem_.flowClosures) {
-      residuals[row++] = relative(solution_.streams[system_.tears[tear]].flow, torn_[tear].flow, 1e-6 * flowScale_);
+      residuals[row++] =
+          relative(solution_.streams[system_.tears[tear]].flow, torn_[tear].flow, 1e-6 * starts_.flowScale());
     }
     return true;
   }
@@ -407,7 +224,7 @@ private:
     std::string words = "no solution was found";
     if (!problem_.goals.empty()) {
       const GoalRow& goal = problem_.goals[worst];
-      words += "; the closest state has " + goal.name + ' ' + numberWords(outcomeOf(goal, system_, site_, solution_)) +
+      words += "; the closest state has " + goal.name + ' ' + numberWords(outcomeAt(goal, system_, site_, solution_)) +
                " instead of " + numberWords(goal.wanted);
     }
     words += boundWords();
@@ -459,9 +276,9 @@ private:
 
   const GoalProblem& problem_;
   Site site_;
-  CompiledSystem system_;       ///< the problem's, with trial values in it
-  std::vector<double> scales_;  ///< by variable
-  double flowScale_ = 1, heatScale_ = 1;
+  CompiledSystem system_;  ///< the problem's, with trial values in it
+  GoalStarts starts_;
+  const std::vector<double>& scales_;
   Solution solution_;
   std::vector<Stream> torn_;
   Error lastFailure_, bestFailure_;

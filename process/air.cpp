@@ -113,7 +113,7 @@ double wetBulbOverWater(double db, double ratio, double atm) {
   const auto excess = [&](double x) { return vaporized * (saturationRatioOf(x, atm) - ratio) - capacity * (db - x); };
   // Far from boiling the saturated ratio is finite and Newton's steps are short.
   const double high = psychro_pvs(db) < atm / 2 ? db : temperatureOfSaturation(atm / 2);
-  if (!(excess(low) <= 0) || !(excess(high) >= -1e-12)) return novalue;
+  if (!(low < high) || !(excess(low) <= 0) || !(excess(high) >= -1e-12)) return novalue;
   return newton(high, low, high,
                 [&](double x) { return excess(x) / (vaporized * saturationSlopeOf(x, atm) + capacity); });
 }

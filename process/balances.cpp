@@ -79,8 +79,12 @@ std::vector<OutdoorLoad> outdoorLoads(const CompiledSystem& system, const Site& 
   // Air that goes around a circle more than once counts each time, less and less.
   for (int round = 0; round < 100; ++round) {
     double change = 0;
-    for (const std::size_t i : system.order) change += pass(i);
-    if (system.tears.empty() || !(change > 0)) break;
+    double largest = 0;
+    for (const std::size_t i : system.order) {
+      change += pass(i);
+      largest = std::max(largest, std::abs(loads[mainStream(i)].total));
+    }
+    if (system.tears.empty() || !(change > 1e-12 * largest)) break;
   }
   return loads;
 }

@@ -1,6 +1,7 @@
 // Cooling coils: a straight line from the entering air towards the apparatus dew point, fixed by two of ten parameters.
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <optional>
 
@@ -16,8 +17,9 @@ namespace {
 using enum Parameter;
 
 constexpr double infinite = std::numeric_limits<double>::infinity();
-constexpr int scanSteps = 48;
-constexpr double same = 1e-12;  ///< within this part two humidity ratios are the same
+constexpr int scanSteps = 24;
+constexpr double noStep = 1e-6;  ///< a relative humidity is found within this, unless saturation steps over it
+constexpr double same = 1e-12;   ///< within this part two humidity ratios are the same
 
 /// A coil's task: the entering air and the two parameters, heat per lb of dry air.
 struct Coil {
@@ -126,7 +128,7 @@ struct Candidate {
 
 /// All that were found, the warmest first.
 struct Candidates {
-  std::array<Candidate, 4> all{};
+  std::array<Candidate, 8> all{};
   std::size_t count = 0;
 
   Candidates() = default;
@@ -140,6 +142,21 @@ struct Candidates {
 double roundingOf(Parameter kind, double value) {
   if (kind == rh) return 1e-9;
   return kind == total || kind == sensible ? 1e-11 * std::abs(value) : 1e-13;
+}
+
+/// The roots of f from `warm` down to `cold`, looked for between the temperatures at which f bends or steps.
+template <class F>
+Roots rootsDown(const F& f, double warm, double cold, std::array<double, 2> bends, int steps, double rounding) {
+  std::sort(bends.begin(), bends.end(), std::greater<>());
+  Roots roots;
+  double from = warm;
+  for (const double bend : bends) {
+    if (!(bend < from && bend > cold)) continue;
+    roots.add(rootsOf(f, from, std::nextafter(bend, infinite), steps));
+    from = bend;
+  }
+  roots.add(rootsOf(f, from, cold, steps, rounding));
+  return roots;
 }
 
 /// Looks for the leaving dry bulb along the curve of one parameter.
@@ -157,11 +174,16 @@ Candidates alongCurve(const Coil& coil, Parameter curve) {
     const double top = coil.air().dryBulbOfHumidity(curveValue, highestRatio, coil.site.atm);
     if (hasvalue(top)) warm = std::clamp(top, cold, warm);
   }
-  const bool bends = sought == rh && (curve == adp || curve == shr);
-  const Roots roots = rootsOf(miss, warm, cold, bends ? scanSteps : 1, roundingOf(sought, soughtValue));
+  const double rounding = roundingOf(sought, soughtValue);
+  const double freezing = coil.site.air->freezing;
+  const bool turns = sought == rh && (curve == adp || curve == shr);
+  const Roots roots = turns ? rootsDown(miss, warm, cold, {freezing, freezing}, scanSteps, rounding)
+                            : rootsOf(miss, warm, cold, 1, rounding);
   Candidates found;
   if (roots.count == 0 && miss(warm) == 0) found.add({stateAt(warm)});
-  for (std::size_t i = 0; i < roots.count; ++i) found.add({stateAt(roots.at[i])});
+  for (std::size_t i = 0; i < roots.count; ++i) {
+    if (sought != rh || std::abs(miss(roots.at[i])) < noStep) found.add({stateAt(roots.at[i])});
+  }
   return found;
 }
 
@@ -174,24 +196,31 @@ AirState bypassed(const Coil& coil, double temp, double bypass) {
 /// Looks for the apparatus dew point that has the other parameter, on either side of the step at freezing.
 Candidates alongSaturation(const Coil& coil, double bypass, Parameter sought, double value) {
   const auto miss = [&](double temp) { return missBy(coil, sought, value, bypassed(coil, temp, bypass)); };
-  const int steps = sought == rh || sought == shr ? scanSteps : 1;
+  const bool turns = sought == rh || sought == shr;
   const double warm = coil.entering.db;
   const double before = coil.site.air->freezing;
   const double after = std::nextafter(before, infinite);
+  const double dewPoint = coil.site.saturationTemperature(coil.entering.w);
+  const double leavingFreezes = (before - bypass * warm) / (1 - bypass);
   Candidates found;
-  const auto addRoots = [&](const Roots& roots) {
-    for (std::size_t i = 0; i < roots.count; ++i) found.add({bypassed(coil, roots.at[i], bypass), roots.at[i]});
+  const auto addBetween = [&](double from, double to) {
+    const Roots roots =
+        turns ? rootsDown(miss, from, to, {dewPoint, leavingFreezes}, scanSteps, 0) : rootsOf(miss, from, to, 1);
+    for (std::size_t i = 0; i < roots.count; ++i) {
+      if (sought == rh && !(std::abs(miss(roots.at[i])) < noStep)) continue;
+      found.add({bypassed(coil, roots.at[i], bypass), roots.at[i]});
+    }
   };
   if (warm <= after) {
-    addRoots(rootsOf(miss, warm, lowestDryBulb, steps));
+    addBetween(warm, lowestDryBulb);
     return found;
   }
-  addRoots(rootsOf(miss, warm, after, steps));
+  addBetween(warm, after);
   if (miss(after) * miss(before) < 0) {  // in the step the other parameter decides how moist the air is
     const double temp = bypassed(coil, before, bypass).db;
     found.add({{temp, ratioFor(coil, sought, value, temp)}, before});
   }
-  addRoots(rootsOf(miss, before, lowestDryBulb, steps));
+  addBetween(before, lowestDryBulb);
   return found;
 }
 
@@ -329,8 +358,10 @@ Result<StepResult> complete(const Coil& coil, Candidate found) {
     if (const Outcome outcome = describeSurface(coil, found, *finished); !outcome) return outcome.error();
   } else {
     finished->notes.add(NoteCode::dryCoil);
-    finished->adp = coil.value(adp).value_or(novalue);
-    finished->bf = coil.value(bf).value_or(novalue);
+    // Without condensation the temperature of the surface is known only if it is given, or follows from the bypass.
+    const double surface = coil.value(adp).value_or(found.adp);
+    finished->adp = surface;
+    finished->bf = quotient(found.leaving.db - surface, entering.db - surface);
   }
   const double byStates = flow * (coil.site.enthalpy(found.leaving) - coil.site.enthalpy(entering)) + liquidHeat;
   finished->exchange.heat = input.parameters.has(total) ? -input.parameters[total] : byStates;

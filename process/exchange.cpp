@@ -83,7 +83,7 @@ Result<StepResult> runMix(const StepInput& input) {
   StepResult result = leavingAs(input, {input.site.air->dryBulbOfEnthalpy(heat / flow, w), w});
   result.leaving.flow = flow;
   result.share = input.sources.front().flow / flow;
-  result.water = -dropLiquid(result.leaving, input.site, result, NoteCode::fog);
+  result.water -= dropLiquid(result.leaving, input.site, result, NoteCode::fog);
   if (const Outcome outcome = acceptLeaving(input, result, false); !outcome) return outcome.error();
   return result;
 }

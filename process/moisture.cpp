@@ -69,6 +69,8 @@ Result<StepResult> runIndirect(const StepInput& input) {
   result.effectiveness = quotient(entering.state.db - *temp, entering.state.db - wetBulb);
   result.exchange.heat =
       entering.flow * (input.site.enthalpy(result.leaving.state) - input.site.enthalpy(entering.state));
+  const double evaporated = -result.exchange.heat / (input.site.air->vaporEnthalpy(wetBulb) - waterEnthalpy(wetBulb));
+  result.notes.add(NoteCode::indirectWater, evaporated, evaporated / lbPerGallon);
   return finish(input, result);
 }
 

@@ -26,4 +26,8 @@ struct StreamReadout {
 
 StreamReadout readoutOf(const Stream& stream, const Site& site);
 
+/// What a step comes to for one of its parameters: a property or flow of the leaving stream, or a result with the sign
+/// and unit of the parameter (of coolers positive as heat removed). No value for a parameter that is no outcome.
+double outcomeOf(Parameter parameter, StepKind kind, const StepResult& result, const Site& site);
+
 }  // namespace moistair

@@ -10,11 +10,14 @@
 namespace moistair {
 
 struct Roots {
-  std::array<double, 2> at{};
+  std::array<double, 8> at{};
   std::size_t count = 0;
 
   void add(double x) {
     if (count < at.size()) at[count++] = x;
+  }
+  void add(const Roots& more) {
+    for (std::size_t i = 0; i < more.count; ++i) add(more.at[i]);
   }
 };
 
@@ -39,18 +42,24 @@ double turnBetween(const F& f, double x0, double x1, double x2) {
   return x1;
 }
 
-/// The first two roots of f from `from` on, which may be above or below `to`. f is looked at in so many steps; where it
+/// The first few roots of f from `from` on, which may be above or below `to`. f is looked at in so many steps; where it
 /// comes near 0 between two of them and turns, the turn decides, so that two close roots are not missed. A root at
 /// `from` itself does not count, one at `to` does within `rounding`; places where f has no value are passed over.
 template <class F>
 Roots rootsOf(const F& f, double from, double to, int steps, double rounding = 0) {
   Roots roots;
-  const auto place = [&](int i) { return from + (to - from) * i / steps; };
-  double x0 = novalue, f0 = novalue, x1 = place(0), f1 = f(x1);
-  for (int i = 1; i <= steps && roots.count < 2; ++i) {
-    const double x2 = place(i);
+  const int last =
+      steps > 1 ? steps + 2 : 1;  // with one more look close to either end, to see a turn within the first step
+  const auto place = [&](int i) {
+    constexpr double close = 0.001;
+    const double step = i == 1 ? close : i == last - 1 ? steps - close : i - 1;
+    return from + (to - from) * step / steps;
+  };
+  double x0 = novalue, f0 = novalue, x1 = from, f1 = f(x1);
+  for (int i = 1; i <= last; ++i) {
+    const double x2 = i == last ? to : place(i);
     const double f2 = f(x2);
-    if (f2 == 0 || (i == steps && std::abs(f2) <= rounding)) {
+    if (f2 == 0 || (i == last && std::abs(f2) <= rounding)) {
       roots.add(x2);
     } else if (f1 * f2 < 0) {
       roots.add(crossing(f, x1, f1, x2, f2));

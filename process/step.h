@@ -81,6 +81,7 @@ enum class NoteCode : std::uint8_t {
   frost,                ///< water below 32 deg F [lb/h], counted as liquid
   wetBulbTerm,          ///< what the wet-bulb equation leaves open [Btu/h], share of the enthalpy [percent]
   sprayWater,           ///< water evaporated [lb/h], [gal/h]
+  indirectWater,        ///< the same in the other stream, if all the heat goes into evaporation
   idealized,            ///< the drying step is idealized, with factor
   motorOutside,         ///< the motor's loss [Btu/h] stays outside of the air
 };
@@ -106,7 +107,7 @@ public:
   }
 
 private:
-  std::array<Note, 6> notes_{};
+  std::array<Note, 8> notes_{};
   std::size_t count_ = 0;
 };
 

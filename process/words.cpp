@@ -36,6 +36,9 @@ std::string wordsOf(const Note& note, bool flowKnown) {
       return "the wet-bulb equation leaves " + first + (flowKnown ? " Btu/h" : " Btu per lb of dry air") + " open (" +
              second + " % of the enthalpy)";
     case NoteCode::sprayWater: return "water: " + first + pounds + (flowKnown ? ", " + second + " gal/h" : "");
+    case NoteCode::indirectWater:
+      return "water evaporated on the other side: " + first + pounds + (flowKnown ? ", " + second + " gal/h" : "") +
+             ", if all the heat goes into it";
     case NoteCode::idealized: return "idealized drying with heat factor " + first;
     case NoteCode::motorOutside: return "the motor gives " + first + " Btu/h off outside of the air";
   }

@@ -7,7 +7,6 @@
 #include "cli/check.h"
 #include "cli/fault.h"
 #include "cli/properties.h"
-#include "cli/tablerun.h"
 #include "text/numberformat.h"
 #include "text/value.h"
 #include "text/words.h"
@@ -15,12 +14,6 @@
 namespace moistair {
 
 namespace {
-
-void take(std::optional<std::size_t>& taken, CsvSelection& selection, const std::string& name, std::size_t place) {
-  if (taken) throw badusage("the first line names the column " + name + " twice");
-  taken = selection.wanted.size();
-  selection.wanted.push_back(place);
-}
 
 /// What the columns behind those of the input are called.
 const std::vector<std::string>& resultnames() {
@@ -55,20 +48,6 @@ std::string_view cellat(RowCells& cells, std::optional<std::size_t> place) {
   return place ? cells.at(*place) : std::string_view();
 }
 
-/// The pressure of a row: its own, or that of all.
-PressureOrReason pressureofrow(RowCells& cells, const BatchPlan& plan) {
-  PressureOrReason pressure = plan.atm;
-  bool given = false;
-  for (std::size_t i = 0; i < pressurenames.size(); ++i) {
-    const std::string_view cell = cellat(cells, plan.columns.pressures[i]);
-    if (cell.empty()) continue;
-    if (given) return "the pressure is given twice";
-    given = true;
-    pressure = pressureof(pressurenames[i], cell);
-  }
-  return pressure;
-}
-
 RowOrReason givenrow(RowCells& cells, const BatchPlan& plan) {
   std::array<Given, kindcount> given{};
   std::size_t count = 0;
@@ -83,7 +62,7 @@ RowOrReason givenrow(RowCells& cells, const BatchPlan& plan) {
     return std::to_string(count) + " of " + kindnamelist + " are filled where a state takes two";
   }
   const GivenPair pair{given[0], given[1]};
-  const auto pressure = pressureofrow(cells, plan);
+  const PressureOrReason pressure = plan.columns.pressures.pressureOf(cells, plan.atm);
   if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
   return GivenRow{pair, std::get<double>(pressure)};
 }
@@ -118,11 +97,9 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename, cha
   BatchColumns columns;
   columns.selection.columns = eachColumn(header, filename, delimiter, [&](const std::string& name, std::size_t place) {
     if (const auto kind = kindnamed(lowercase(name))) {
-      take(columns.kinds[static_cast<std::size_t>(*kind)], columns.selection, name, place);
+      takeColumn(columns.kinds[static_cast<std::size_t>(*kind)], columns.selection, name, place);
     }
-    for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
-      if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], columns.selection, name, place);
-    }
+    columns.pressures.take(name, columns.selection, place);
     const auto named = [&](const auto& names) { return std::find(names.begin(), names.end(), name) != names.end(); };
     if (named(resultnames()) || (check && named(checkcolumns))) columns.takennames.push_back(name);
   });

@@ -14,8 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/csv.h"
-#include "cli/pressureoption.h"
+#include "cli/tablerun.h"
 #include "engine/resolver.h"
 
 namespace moistair {
@@ -24,7 +23,7 @@ namespace moistair {
 struct BatchColumns {
   CsvSelection selection;
   std::array<std::optional<std::size_t>, kindcount> kinds;  ///< places among those selected
-  std::array<std::optional<std::size_t>, pressurenames.size()> pressures;
+  PressureColumns pressures;
   std::vector<std::string> takennames;  ///< of columns that a result has as well
 };
 
@@ -37,14 +36,6 @@ struct BatchPlan {
   const RangeFinders* finders = nullptr;  ///< never changed, used from several threads
   bool full = false;                      ///< round-trip numbers instead of seven decimals
   bool check = false;                     ///< whether the residuals and the number of answers stand behind
-};
-
-/// Rows with their states, as text to be written.
-struct BatchResult {
-  std::string text;
-  std::size_t rows = 0;
-  std::size_t failed = 0;
-  std::optional<std::size_t> openquote;  ///< if the last row has left a quote open: lines behind it that it took in
 };
 
 /// Finds the columns in the first record of a file. Bad usage for names that stand twice, for fewer than two properties

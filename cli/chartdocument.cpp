@@ -27,20 +27,12 @@ Document newchart(const ChartDocumentOptions& options) {
   return document;
 }
 
-std::string contentof(Input& input) {
-  constexpr std::size_t readsize = 64u << 10;
-  std::string content;
-  while (input.read(content, readsize)) {
-  }
-  return content;
-}
-
 /// A document from a file, on the limits and with the type that the options ask for.
 Document opened(Input& input, const ChartDocumentOptions& options) {
   for (const CLI::Option* pressure : options.pressure.options) {
     if (pressure->count() > 0) throw badusage(pressure->get_name() + ": a document stands for its own pressure");
   }
-  ReadDocument read = readdocument(contentof(input));
+  ReadDocument read = readdocument(input.content());
   if (!read.document) throw failure(input.name() + ": " + read.fault);
   Document& document = *read.document;
   for (const CLI::Option* option : {options.limits.option, options.typeoption}) {
@@ -59,10 +51,7 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
 /// What is out of the limits that were asked for is told, and the rest goes on.
 void tell(const std::vector<LeftOut>& leftout, const Input& input) {
   for (const LeftOut& left : leftout) {
-    std::string text = input.name() + ": " + captionof(left.entry) + ": " + left.reason;
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
-    std::cerr << "moistair-cli: " << text << std::endl;
+    say(input.name() + ": " + captionof(left.entry) + ": " + left.reason);
   }
 }
 

@@ -5,13 +5,20 @@
 /// stays the same however much there is to do. A failure on any side stops all of them.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "cli/batchrows.h"
-
 namespace moistair {
+
+/// Rows with their results, as text to be written.
+struct BatchResult {
+  std::string text;
+  std::size_t rows = 0;
+  std::size_t failed = 0;
+  std::optional<std::size_t> openquote;  ///< if the last row has left a quote open: lines behind it that it took in
+};
 
 struct BatchSteps {
   std::function<std::optional<std::string>()> read;           ///< the next piece, none at the end

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <iostream>
@@ -17,11 +16,8 @@ namespace moistair {
 
 namespace {
 
-/// One line on standard error, whatever was typed that it repeats.
-int ended(ExitCode code, std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
-  std::cerr << "moistair-cli: " << text << std::endl;
+int ended(ExitCode code, const std::string& text) {
+  say(text);
   return static_cast<int>(code);
 }
 
@@ -61,6 +57,7 @@ int run(int argc, char** argv) {
   addstatecommand(app);
   addbatchcommand(app);
   addmixcommand(app);
+  addProcessCommand(app);
   addchartcommand(app);
   addsheetcommand(app);
   const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;

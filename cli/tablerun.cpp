@@ -117,6 +117,40 @@ std::size_t eachColumn(const CsvRecord& header, const std::string& filename, cha
 
 std::string_view RowCells::at(std::size_t place) { return trimmed(fieldtext(record_.fields[place], scratch_)); }
 
+void takeColumn(std::optional<std::size_t>& taken, CsvSelection& selection, const std::string& name,
+                std::size_t place) {
+  if (taken) throw badusage("the first line names the column " + name + " twice");
+  taken = selection.wanted.size();
+  selection.wanted.push_back(place);
+}
+
+bool PressureColumns::take(const std::string& name, CsvSelection& selection, std::size_t place) {
+  for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
+    if (lowercase(name) != pressurenames[unit].name) continue;
+    takeColumn(cells_[unit], selection, name, place);
+    return true;
+  }
+  return false;
+}
+
+bool PressureColumns::any() const {
+  return std::any_of(cells_.begin(), cells_.end(), [](const auto& cell) { return cell.has_value(); });
+}
+
+PressureOrReason PressureColumns::pressureOf(RowCells& cells, double ofAll) const {
+  PressureOrReason pressure = ofAll;
+  bool given = false;
+  for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
+    if (!cells_[unit]) continue;
+    const std::string_view cell = cells.at(*cells_[unit]);
+    if (cell.empty()) continue;
+    if (given) return "the pressure is given twice";
+    given = true;
+    pressure = moistair::pressureof(pressurenames[unit], cell);
+  }
+  return pressure;
+}
+
 BatchResult fillRows(std::string_view block, const TableShape& shape, const FillRow& fill) {
   BatchResult result;
   CsvRecord record;

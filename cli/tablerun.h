@@ -6,13 +6,16 @@
 /// behind them come its results, or as many empty fields, and "ok" or the reason why it has none.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "cli/csv.h"
 #include "cli/inorder.h"
+#include "cli/pressureoption.h"
 #include "cli/stream.h"
 
 namespace moistair {
@@ -46,6 +49,23 @@ private:
   const CsvRecord& record_;
   std::string scratch_;
 };
+
+/// The columns inhg, psi and elevation, which give a row a pressure of its own.
+class PressureColumns {
+public:
+  /// Takes a column that is one of them into the selection; false if it is another. Bad usage for one named twice.
+  bool take(const std::string& name, CsvSelection& selection, std::size_t place);
+  bool any() const;
+
+  /// The pressure of a row: its own, or that of all.
+  PressureOrReason pressureOf(RowCells& cells, double ofAll) const;
+
+private:
+  std::array<std::optional<std::size_t>, pressurenames.size()> cells_;
+};
+
+/// Adds a column to a selection; bad usage if it is `taken` already.
+void takeColumn(std::optional<std::size_t>& taken, CsvSelection& selection, const std::string& name, std::size_t place);
 
 /// Appends a row's results, each with a delimiter before it, and sets the columns behind the status, likewise, if it
 /// has any; returns why there are no results, in which case what it has appended is dropped.

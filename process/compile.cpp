@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "process/system.h"
+#include "text/words.h"
 
 namespace moistair {
 
@@ -46,7 +47,21 @@ public:
   }
 
 private:
-  void fail(std::size_t i, Error error) { compilation_.errors.push_back(error.within(steps_[i].name)); }
+  void fail(std::size_t i, const Error& error) {
+    Error placed = error.within(steps_[i].name);
+    if (steps_[i].line > 0) placed = placed.within("line " + std::to_string(steps_[i].line));
+    compilation_.errors.push_back(std::move(placed));
+  }
+
+  /// What a name that no step has may be meant to be. Each search looks at all steps, so there are only a few.
+  std::string closestStep(std::string_view name) {
+    constexpr int mostSearches = 20;
+    ClosestWord closest(name);
+    if (searches_++ < mostSearches) {
+      for (const ProcessStep& step : steps_) closest.offer(step.name);
+    }
+    return closest.question();
+  }
 
   void nameStreams(std::size_t i) {
     const ProcessStep& step = steps_[i];
@@ -62,7 +77,7 @@ private:
     const std::string_view base = std::string_view(name).substr(0, dot);
     const std::size_t step = names_.find(base);
     if (step == nowhere) {
-      fail(i, {ErrorCode::unknownName, {}, "no step is named \"" + std::string(base) + "\""});
+      fail(i, {ErrorCode::unknownName, {}, "no step is named \"" + std::string(base) + "\"" + closestStep(base)});
       return nowhere;
     }
     if (dot == std::string::npos) return mainStream(step);
@@ -126,6 +141,7 @@ private:
 
   const std::vector<ProcessStep>& steps_;
   Names names_;
+  int searches_ = 0;
   Compilation compilation_;
 };
 

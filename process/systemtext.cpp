@@ -19,8 +19,6 @@ Error mistake(std::string words, std::string place = {}) {
   return {ErrorCode::unreadable, std::move(place), std::move(words)};
 }
 
-std::string quoted(std::string_view word) { return "\"" + std::string(word) + "\""; }
-
 /// Takes the next word off a line: up to a blank or a comma.
 std::string_view takeWord(std::string_view& rest) {
   constexpr std::string_view separators = " \t\r,";
@@ -49,8 +47,8 @@ std::string wrongName(std::string_view name, bool ofStream) {
   if (name.empty()) return "the name is missing, such as OA: air db=95,wb=75";
   const std::size_t wrong = name.find_first_of(ofStream ? ",:=?\"" : " \t,:=?.\"");
   if (wrong == std::string_view::npos) return {};
-  const std::string character = name[wrong] == ' ' || name[wrong] == '\t' ? "blanks" : quoted(name.substr(wrong, 1));
-  return quoted(name) + " cannot be a name: it must not contain " + character;
+  const std::string character = name[wrong] == ' ' || name[wrong] == '\t' ? "blanks" : inQuotes(name.substr(wrong, 1));
+  return inQuotes(name) + " cannot be a name: it must not contain " + character;
 }
 
 /// "NAME=VALUE" of a step or a goal.
@@ -58,8 +56,8 @@ Result<Assignment> readWord(std::string_view word, ParameterSet among) {
   const std::size_t equals = word.find('=');
   if (equals == std::string_view::npos) {
     const bool number = word.find_first_not_of("0123456789.") == std::string_view::npos;
-    return mistake(number ? quoted(word) + " is not NAME=VALUE: a comma separates parameters, so numbers have none"
-                          : quoted(word) +
+    return mistake(number ? inQuotes(word) + " is not NAME=VALUE: a comma separates parameters, so numbers have none"
+                          : inQuotes(word) +
                                 " is not NAME=VALUE: sources come before the parameters, and a unit "
                                 "directly after its number");
   }
@@ -78,7 +76,7 @@ Result<StepKind> readKind(std::string_view word) {
   }
   if (word.empty()) return mistake("the kind is missing; it is one of " + all);
   const std::string help = closest.question();
-  return mistake("unknown kind " + quoted(word) + (help.empty() ? "; it is one of " + all : help));
+  return mistake("unknown kind " + inQuotes(word) + (help.empty() ? "; it is one of " + all : help));
 }
 
 /// Kind, sources and parameters of a step.
@@ -133,13 +131,14 @@ Outcome readGoal(std::string_view rest, int number, std::vector<Goal>& goals) {
     const Result<Assignment> next = readWord(word, numbers());
     if (!next) return next.error().within(place);
     const Parameter parameter = next->parameter;
-    if (!isNumber(parameter) || next->unknown) {
-      return mistake(quoted(word) + " cannot be a goal: a goal is a number that must come out", place);
+    if (!contains(numbers(), parameter) || next->unknown) {
+      return mistake(inQuotes(word) + " cannot be a goal: a goal is a number that must come out", place);
     }
     const auto same = [&](const Goal& other) { return other.parameter == parameter; };
     if (std::any_of(goals.begin() + static_cast<std::ptrdiff_t>(before), goals.end(), same)) {
       return Error{ErrorCode::duplicate, place, std::string(nameOf(parameter)) + " is given twice"};
     }
+    if (const Outcome range = checkValue(parameter, next->value); !range) return range.error().within(place);
     goals.push_back({std::string(name), parameter, next->value, number});
   }
   if (goals.size() == before)
@@ -169,7 +168,7 @@ Result<Parameter> readParameter(std::string_view name, ParameterSet among) {
     if (contains(among, parameter)) closest.offer(nameOf(parameter));
   }
   const std::string help = closest.question();
-  return mistake("unknown parameter " + quoted(name) +
+  return mistake("unknown parameter " + inQuotes(name) +
                  (help.empty() ? "; it is one of " + namesOf(among, "or") : help));
 }
 
@@ -187,7 +186,7 @@ Result<Assignment> readAssignment(Parameter parameter, std::string_view text) {
         return Assignment{.parameter = parameter, .value = static_cast<double>(i + 1)};
       all += (all.empty() ? "" : " or ") + std::string(row.words[i]);
     }
-    return mistake(quoted(text) + " must be " + all, row.name);
+    return mistake(inQuotes(text) + " must be " + all, row.name);
   }
   if (text == "?") return Assignment{.parameter = parameter, .unknown = true};
   const Result<double> value = readValue(text, row.quantity);
@@ -202,10 +201,12 @@ Outcome readLine(std::string_view line, int number, SystemText& to) {
   if (const auto goal = goalOf(content)) return readGoal(*goal, number, to.goals);
   const std::size_t colon = content.find(':');
   if (colon == std::string_view::npos) {
-    return mistake(quoted(content.substr(0, content.find_first_of(" \t"))) +
+    return mistake(inQuotes(content.substr(0, content.find_first_of(" \t"))) +
                    " is not followed by a colon: a step is NAME: kind, such as OA: air db=95,wb=75");
   }
-  ProcessStep step{.name = std::string(trimmed(content.substr(0, colon))), .line = number};
+  ProcessStep step;
+  step.name = trimmed(content.substr(0, colon));
+  step.line = number;
   if (std::string wrong = wrongName(step.name, false); !wrong.empty()) return mistake(std::move(wrong));
   const Outcome read = readStep(content.substr(colon + 1), step);
   if (!read) return read.error().within(step.name);
@@ -248,7 +249,7 @@ std::vector<std::string> streamNames(const AirSystem& system) {
 Error unknownGoal(const Goal& goal, const std::vector<std::string>& names, bool search) {
   ClosestWord closest(goal.name);
   if (search) std::for_each(names.begin(), names.end(), [&](const std::string& name) { closest.offer(name); });
-  return {ErrorCode::unknownName, {}, "no stream is named " + quoted(goal.name) + closest.question()};
+  return {ErrorCode::unknownName, {}, "no stream is named " + inQuotes(goal.name) + closest.question()};
 }
 
 }  // namespace

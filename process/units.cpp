@@ -125,7 +125,7 @@ const UnitRow* unitNamed(std::string_view typed, Quantity quantity) {
 Error unknownUnit(std::string_view text, std::string_view unit, Quantity quantity) {
   const std::string known = unitWords(quantity);
   if (known.empty()) {
-    return {ErrorCode::unreadable, {}, "\"" + std::string(text) + "\" is not a number; it takes no unit"};
+    return {ErrorCode::unreadable, {}, inQuotes(text) + " is not a number; it takes no unit"};
   }
   ClosestWord closest(plainUnit(unit));
   for (const UnitRow& row : unitRows) {
@@ -133,8 +133,7 @@ Error unknownUnit(std::string_view text, std::string_view unit, Quantity quantit
   }
   return {ErrorCode::unreadable,
           {},
-          "unknown unit \"" + std::string(unit) + "\" in \"" + std::string(text) + "\"" + closest.question() +
-              "; it takes " + known};
+          "unknown unit " + inQuotes(unit) + " in " + inQuotes(text) + closest.question() + "; it takes " + known};
 }
 
 }  // namespace
@@ -143,14 +142,14 @@ Result<double> readValue(std::string_view text, Quantity quantity) {
   const std::size_t end = numberEnd(text);
   const double number = strictnumber(text.substr(0, end));
   if (!hasvalue(number)) {
-    return Error{ErrorCode::unreadable, {}, "\"" + std::string(text) + "\" is not a number"};
+    return Error{ErrorCode::unreadable, {}, inQuotes(text) + " is not a number"};
   }
   if (end == text.size()) return number;
   const std::string_view unit = text.substr(end);
   const UnitRow* const row = unitNamed(unit, quantity);
   if (row == nullptr) return unknownUnit(text, unit, quantity);
   const double value = valueof(number * row->factor + row->offset);
-  if (!hasvalue(value)) return Error{ErrorCode::outOfRange, {}, "\"" + std::string(text) + "\" is too large"};
+  if (!hasvalue(value)) return Error{ErrorCode::outOfRange, {}, inQuotes(text) + " is too large"};
   return value;
 }
 

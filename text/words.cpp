@@ -19,6 +19,8 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+std::string inQuotes(std::string_view word) { return "\"" + std::string(word) + "\""; }
+
 namespace {
 
 /// Letters added, left out, replaced or swapped with their neighbor, row by row of the usual table.

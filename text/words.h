@@ -13,6 +13,9 @@ std::string lowercase(std::string_view text);
 /// The text without the blanks and tabs around it.
 std::string_view trimmed(std::string_view text);
 
+/// A typed word within a message.
+std::string inQuotes(std::string_view word);
+
 /// Finds which of some candidates a mistyped word most likely means: the one that takes the fewest letters added, left
 /// out, replaced or swapped with their neighbor. Words that have little in common are no candidates. Capitals count as
 /// small letters.

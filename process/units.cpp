@@ -154,6 +154,7 @@ Result<double> readValue(std::string_view text, Quantity quantity) {
 }
 
 std::string unitWords(Quantity quantity) {
+  if (quantity == Quantity::fraction) return "no unit or %";
   std::string words;
   std::string_view last;
   for (const UnitRow& row : unitRows) {

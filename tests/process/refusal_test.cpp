@@ -22,6 +22,8 @@ TEST(Processes, RefuseWhatCannotBeWithTheReason) {
       {"hotter than the range", "RA: air w=0.01,h=120", "db is above 300"},
       {"relative humidity above 100", "RA: air db=70,rh=101", "RA, rh: 101 is not within 0 to 100 percent"},
       {"cooled below the dew point", room + "CA: cool RA db=50", "below its dew point of 59.7"},
+      {"cooled into the step at freezing", "RA: air db=40,w=0.0018815\nCA: cool RA rh=50",
+       "no dry bulb has this relative humidity"},
       {"heated by a cooler", room + "CA: cool RA db=90", "use heat"},
       {"heater with less heat", room + "HA: heat RA btuh=-5", "use cool"},
       {"coil that never meets saturation", room + "CC: coil RA db=55,shr=0.55", "lowest possible SHR is 0.595"},
@@ -121,14 +123,14 @@ TEST(Processes, NotesSayWhatIsSpecial) {
 /// A wet bulb near 32 deg F can be two or none; a state beyond the chart is one like any other.
 TEST(Processes, ReadOutsOfUnusualAir) {
   const Solved solved(
-      "TWO: air db=40,w=0.00205\nNONE: air db=32,w=0.0037745\nHOT: air db=200,w=0.05\nCOLD: air db=-60,rh=100\n"
+      "TWO: air db=40,w=0.00205\nNONE: air db=32,w=0.0037745\nHOT: air db=200,w=0.05\nCOLD: air db=-40,rh=50\n"
       "DRY: air rh=0,h=12\nGAS: air db=300,dp=100");
   ASSERT_EQ(solved.errors, "");
   EXPECT_NEAR(solved.value("TWO.wb"), 32.10277, 1e-5);
   EXPECT_NE(wordsOf(readoutOf(solved.result("TWO").leaving, solved.site)).find("31.642 over ice"), std::string::npos);
   EXPECT_FALSE(hasvalue(solved.value("NONE.wb")));
   EXPECT_NEAR(psychro_w(200, solved.value("HOT.wb"), defaultpressure), 0.05, 1e-15);
-  EXPECT_NEAR(solved.value("COLD.wb"), -60, 1e-9);
+  EXPECT_NEAR(psychro_rh(-40, solved.value("COLD.wb"), defaultpressure), 50, 1e-9);
   EXPECT_NEAR(solved.value("DRY.db"), 50, 1e-12);
   EXPECT_NEAR(solved.value("GAS.dp"), 100, 1e-9);
 }

@@ -79,17 +79,31 @@ SystemText readText(const ProcessOptions& options) {
   return std::move(read.text);
 }
 
+/// What cannot be solved forward, step by step.
+std::vector<Error> unsolvable(const SystemText& text, const CompiledSystem& system) {
+  std::vector<Error> errors;
+  const auto atLine = [](int line, const std::string& name) {
+    return (line > 0 ? "line " + std::to_string(line) + ", " : "") + name;
+  };
+  if (!system.tears.empty()) {
+    const ProcessStep& first = text.system.steps[system.tears.front() / 2];
+    errors.push_back({ErrorCode::unsupported, atLine(first.line, first.name),
+                      "the steps go in a circle: " + circleWords(system) + "; begin one of them with air"});
+  }
+  for (const Goal& goal : text.goals) {
+    errors.push_back({ErrorCode::unsupported, atLine(goal.line, "goal " + goal.name),
+                      std::string(nameOf(goal.parameter)) + " is a goal, and steps run forward only; give values"});
+  }
+  return errors;
+}
+
 /// The system with all its names known. What cannot be solved forward is refused.
 CompiledSystem compiled(const SystemText& text, const ProcessOptions& options) {
   Compilation compilation = compile(text.system);
   std::vector<std::string> mistakes;
   addMistakes(mistakes, compilation.errors, nameOfFile(options));
-  if (mistakes.empty()) {
-    if (const std::string circle = circleWords(compilation.system); !circle.empty()) {
-      mistakes.push_back("the steps go in a circle: " + circle);
-    }
-  }
   addMistakes(mistakes, checkGoals(text), nameOfFile(options));
+  if (mistakes.empty()) addMistakes(mistakes, unsolvable(text, compilation.system), nameOfFile(options));
   if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badusage);
   return std::move(compilation.system);
 }
@@ -126,12 +140,15 @@ void runRows(const ProcessOptions& options) {
   Input input(options.rows);
   TableReader table(input, ',');
   const CsvRecord header = table.header();
-  ProcessPlan plan{.input = inputColumns(header, input.name(), text.system), .atm = atm, .full = options.full};
+  ProcessPlan plan;
+  plan.atm = atm;
+  plan.full = options.full;
+  plan.input = inputColumns(header, input.name(), text.system);
   plan.system = compiled(text, options);
   plan.results = resultColumns(options.columns, plan.system);
-  plan.shape = {.selection = plan.input.selection,
-                .lineEnd = header.lineend.starts_with('\r') ? "\r\n" : "\n",
-                .results = plan.results.size()};
+  plan.shape.selection = plan.input.selection;
+  plan.shape.lineEnd = header.lineend.starts_with('\r') ? "\r\n" : "\n";
+  plan.shape.results = plan.results.size();
   Output output(options.output, &input);
   output.write(headerLine(header, plan));
   table.run(

@@ -44,9 +44,7 @@ std::optional<std::pair<std::size_t, Parameter>> parameterOf(const std::string& 
   }
   const Result<Parameter> parameter = readParameter(parts->parameter, rowOf(system.steps[*step].kind).accepted);
   if (!parameter) throw badusage("column " + name + ": " + parameter.error().words);
-  if (rowOf(*parameter).quantity == Quantity::stream) {
-    throw badusage("column " + name + ": the stream that a step looks at cannot change from row to row");
-  }
+  if (!isNumber(*parameter)) throw badusage("column " + name + ": only numbers can change from row to row");
   return std::pair(*step, *parameter);
 }
 
@@ -98,7 +96,7 @@ ResultColumn resultColumn(const std::string& name, const CompiledSystem& system)
   if (parts.step.empty() || found == system.names.end()) {
     ClosestWord closest(parts.step);
     for (const std::string& other : system.names) closest.offer(other);
-    throw badusage("columns: no stream is named " + inQuotes(parts.step) + closest.question());
+    throw badusage("--columns: no stream is named " + inQuotes(parts.step) + closest.question());
   }
   const auto stream = static_cast<std::size_t>(found - system.names.begin());
   const std::string key = lowercase(parts.parameter);
@@ -115,7 +113,8 @@ ResultColumn resultColumn(const std::string& name, const CompiledSystem& system)
     closest.offer(value.name);
     all += std::string(" ") + value.name;
   }
-  throw badusage("columns: " + inQuotes(name) + closest.question() + ": " + std::string(parts.step) + " has " + all);
+  throw badusage("--columns: " + std::string(parts.step) + " has no " + inQuotes(parts.parameter) + closest.question() +
+                 "; it has " + all);
 }
 
 }  // namespace

@@ -51,8 +51,8 @@ struct ProcessPlan {
 };
 
 /// Finds the columns in the first record of a table. The parameters that they give become unknowns of the system, which
-/// is to be compiled then. Bad usage for a parameter of a step that there is not, a parameter that is no number or
-/// word, one named twice, and a table that gives none.
+/// is to be compiled then. Bad usage for a parameter of a step that there is not, a parameter that is not a
+/// number, one named twice, and a table that gives none.
 InputColumns inputColumns(const CsvRecord& header, const std::string& filename, AirSystem& system);
 
 /// The columns of a list such as "SA.db,CC.total"; of an empty one `db w rh acfm` of each stream, then `total sensible

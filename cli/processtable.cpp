@@ -132,9 +132,9 @@ void appendProcess(std::string& out, const ProcessReport& report, std::size_t st
   for (std::size_t i = loadValues; solved && i < stepValues.size(); ++i) {
     const double value = result.*stepValues[i].value;
     if (!hasvalue(value)) continue;
-    const char* unit = stepValues[i].value == &StepResult::adp     ? " deg F"
-                       : stepValues[i].value == &StepResult::power ? " hp"
-                                                                   : "";
+    const char* unit = "";
+    if (stepValues[i].value == &StepResult::adp) unit = " deg F";
+    if (stepValues[i].value == &StepResult::power) unit = known ? " hp" : " hp per lb/h";
     remarks.push_back(stepValues[i].name + (" " + figure(value)) + unit);
   }
   for (std::string& remark : remarksOf(report, step)) remarks.push_back(std::move(remark));
@@ -165,6 +165,7 @@ void appendBalances(std::string& out, const ProcessReport& report) {
   const Balances all = balancesOf(report.system, report.site, report.solution);
   const bool known = anyFlow(report);
   constexpr std::size_t unitWidth = 8, termWidth = 15, errorWidth = 16;
+  constexpr double rounding = 1e-12;  // what doubles leave, which differs from machine to machine
   out += "\n";
   appendName(out, "Balance");
   out.append(unitWidth, ' ');
@@ -177,7 +178,7 @@ void appendBalances(std::string& out, const ProcessReport& report) {
     for (const double term : {balance.entering, balance.added, balance.leaving}) {
       appendNumber(out, term, decimals, termWidth);
     }
-    appendRight(out, figure(balance.error()), errorWidth);
+    appendRight(out, balance.error() < rounding ? "rounding" : figure(balance.error()), errorWidth);
     out += '\n';
   };
   add("dry air", known ? "lb/h" : "lb/lb", all.air, known ? 2 : 5);

@@ -103,11 +103,6 @@ Outcome readStep(std::string_view rest, ProcessStep& step) {
   return {};
 }
 
-bool isNumber(Parameter parameter) {
-  const Quantity quantity = rowOf(parameter).quantity;
-  return quantity != Quantity::word && quantity != Quantity::stream;
-}
-
 ParameterSet numbers() {
   static const ParameterSet all = [] {
     ParameterSet set = 0;
@@ -158,6 +153,11 @@ std::optional<std::string_view> goalOf(std::string_view content) {
 }
 
 }  // namespace
+
+bool isNumber(Parameter parameter) {
+  const Quantity quantity = rowOf(parameter).quantity;
+  return quantity != Quantity::word && quantity != Quantity::stream;
+}
 
 Result<Parameter> readParameter(std::string_view name, ParameterSet among) {
   if (const auto parameter = parameterNamed(lowercase(name))) return *parameter;
@@ -218,7 +218,7 @@ ReadSystem readSystem(std::string_view text) {
   constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
   ReadSystem read;
   if (text.size() > longestSystemText) {
-    read.errors.push_back({ErrorCode::tooLarge, {}, "more than 1 MB is not a list of steps"});
+    read.errors.push_back({ErrorCode::tooLarge, {}, "more than 256 KB is too long for a list of steps"});
     return read;
   }
   if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());

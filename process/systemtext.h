@@ -29,7 +29,7 @@ struct SystemText {
 };
 
 /// The longest text that is read [bytes]; a system has no use for a fraction of it.
-inline constexpr std::size_t longestSystemText = 1u << 20;
+inline constexpr std::size_t longestSystemText = 256u << 10;
 
 struct ReadSystem {
   SystemText text;            ///< what could be read
@@ -47,6 +47,9 @@ Outcome readLine(std::string_view line, int number, SystemText& to);
 /// Reads a value of a parameter: a number with or without a unit, a word of the parameter, or the name of a stream;
 /// "?" is an unknown. The error's place is the parameter.
 Result<Assignment> readAssignment(Parameter parameter, std::string_view text);
+
+/// Whether a parameter is a number, not a word or a stream.
+bool isNumber(Parameter parameter);
 
 /// The parameter of a name as typed; an error with the closest of those that `among` holds where there is none.
 Result<Parameter> readParameter(std::string_view name, ParameterSet among);

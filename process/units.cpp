@@ -18,7 +18,8 @@ struct UnitRow {
   const char* name;
   double factor = 1;       ///< base units to the unit
   double offset = 0;       ///< the unit's zero [base units]
-  const char* other = "";  /// another name, not listed in messages
+  const char* other = "";  ///< another name, not listed in messages
+  double divisor = 1;      ///< 70 % is .7 to the last digit, and 70 times .01 is not
 };
 
 constexpr double kelvin = 1.8;
@@ -40,8 +41,8 @@ constexpr UnitRow unitRows[] = {
     {Quantity::temperatureRise, "K", kelvin},
     {Quantity::percent, "%"},
     {Quantity::ratio, "lb/lb"},
-    {Quantity::ratio, "gr/lb", 1 / 7000., 0, "gr"},
-    {Quantity::ratio, "g/kg", .001},
+    {Quantity::ratio, "gr/lb", 1, 0, "gr", 7000},
+    {Quantity::ratio, "g/kg", 1, 0, "", 1000},
     {Quantity::ratio, "kg/kg"},
     {Quantity::enthalpy, "Btu/lb"},
     {Quantity::volume, "cuft/lb", 1, 0, "ft3/lb"},
@@ -67,7 +68,7 @@ constexpr UnitRow unitRows[] = {
     {Quantity::heat, "kW", 1000 * btuhPerWatt},
     {Quantity::heat, "W", btuhPerWatt},
     {Quantity::heat, "hp", 2544.43},
-    {Quantity::fraction, "%", .01},
+    {Quantity::fraction, "%", 1, 0, "", 100},
     {Quantity::fanPressure, "inwg", 1, 0, "in"},
     {Quantity::fanPressure, "Pa", 1 / 249.08891},
     {Quantity::fanPressure, "kPa", 1 / .24908891},
@@ -148,12 +149,13 @@ Result<double> readValue(std::string_view text, Quantity quantity) {
   const std::string_view unit = text.substr(end);
   const UnitRow* const row = unitNamed(unit, quantity);
   if (row == nullptr) return unknownUnit(text, unit, quantity);
-  const double value = valueof(number * row->factor + row->offset);
+  const double value = valueof(number * row->factor / row->divisor + row->offset);
   if (!hasvalue(value)) return Error{ErrorCode::outOfRange, {}, inQuotes(text) + " is too large"};
   return value;
 }
 
 std::string unitWords(Quantity quantity) {
+  if (quantity == Quantity::fraction) return "no unit or %";
   std::string words;
   std::string_view last;
   for (const UnitRow& row : unitRows) {

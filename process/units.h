@@ -17,7 +17,7 @@ namespace moistair {
 /// the place is left to the caller.
 Result<double> readValue(std::string_view text, Quantity quantity);
 
-/// "Btu/h, tons, MBH, kW or W": all units of a quantity, the base unit first; empty where there are none.
+/// "Btu/h, tons, MBH, kW, W or hp": all units of a quantity, the base unit first; empty where there are none.
 std::string unitWords(Quantity quantity);
 
 }  // namespace moistair

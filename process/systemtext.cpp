@@ -14,6 +14,7 @@ namespace moistair {
 namespace {
 
 constexpr std::string_view blanks = " \t\r";
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 Error mistake(std::string words, std::string place = {}) {
   return {ErrorCode::unreadable, std::move(place), std::move(words)};
@@ -45,6 +46,7 @@ bool isText(std::string_view line) {
 /// Why a word cannot name a step; empty if it can. A step's streams may have a word behind a dot.
 std::string wrongName(std::string_view name, bool ofStream) {
   if (name.empty()) return "the name is missing, such as OA: air db=95,wb=75";
+  if (name.find(byteOrderMark) != std::string_view::npos) return "a name must not contain a byte order mark";
   const std::size_t wrong = name.find_first_of(ofStream ? ",:=?\"" : " \t,:=?.\"");
   if (wrong == std::string_view::npos) return {};
   const std::string character = name[wrong] == ' ' || name[wrong] == '\t' ? "blanks" : inQuotes(name.substr(wrong, 1));
@@ -120,6 +122,7 @@ Outcome readGoal(std::string_view rest, int number, std::vector<Goal>& goals) {
   if (name.empty() || name.find('=') != std::string_view::npos) {
     return mistake("the name of a stream is missing, such as goal RM db=75");
   }
+  if (std::string wrong = wrongName(name, true); !wrong.empty()) return mistake(std::move(wrong));
   const std::string place = "goal " + std::string(name);
   const std::size_t before = goals.size();
   for (std::string_view word = takeWord(rest); !word.empty(); word = takeWord(rest)) {
@@ -215,18 +218,17 @@ Outcome readLine(std::string_view line, int number, SystemText& to) {
 }
 
 ReadSystem readSystem(std::string_view text) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
   ReadSystem read;
   if (text.size() > longestSystemText) {
     read.errors.push_back({ErrorCode::tooLarge, {}, "more than 256 KB is too long for a list of steps"});
     return read;
   }
-  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
   for (int number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     std::string_view line = text.substr(0, end);
     text.remove_prefix(std::min(end + 1, text.size()));
     if (line.ends_with('\r')) line.remove_suffix(1);
+    if (line.starts_with(byteOrderMark)) line.remove_prefix(byteOrderMark.size());  // files put together have several
     const Outcome outcome = readLine(line, number, read.text);
     if (!outcome) read.errors.push_back(outcome.error().within("line " + std::to_string(number)));
     read.text.lines.emplace_back(line);

@@ -16,6 +16,8 @@ namespace moistair {
 /// Source: Chandrupatla, Advances in Engineering Software 28 (1997).
 template <class F>
 double crossing(const F& f, double a, double fa, double b, double fb) {
+  if (fa == 0) return a;
+  if (fb == 0) return b;
   double t = 0.5;
   for (int count = 0; count < 200; ++count) {
     const double x = a + t * (b - a);

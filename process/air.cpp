@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "engine/answers.h"
+#include "engine/crossing.h"
 #include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "process/words.h"
@@ -16,11 +17,12 @@ namespace {
 using enum PropertyKind;
 
 constexpr double infinite = std::numeric_limits<double>::infinity();
-constexpr double justBelowZero = -1e-300;  // bounds are exclusive below, and dry air is a state
+/// What rounding may leave of the moisture of dry air, which is a state.
+constexpr double dryRatio = -1e-12, dryHumidity = -1e-5;
 
 constexpr StateBounds processBounds = {{
-    {rh, {justBelowZero, 100}},
-    {w, {justBelowZero, highestRatio}},
+    {rh, {dryHumidity, 100}},
+    {w, {dryRatio, highestRatio}},
     {db, {lowestDryBulb - 1e-9, highestDryBulb}},
     {wb, {-200, highestDryBulb}},
     {h, {-infinite, infinite}},
@@ -144,8 +146,8 @@ Error noState(const Answers& found, const Given& first, const Given& second) {
     case NoAnswer::belowbound:
     case NoAnswer::abovebound: {
       const bool above = found.reason == NoAnswer::abovebound;
-      const double bound = found.kind == db && !above ? lowestDryBulb : std::max(found.bound, -1000.0) + 0.0;
-      const std::string limit = found.kind == w && !above ? "0" : figure(bound);
+      const double below = found.kind == db ? lowestDryBulb : 0;  // without the allowance for rounding
+      const std::string limit = figure(above ? found.bound : found.kind == wb ? found.bound : below);
       return {ErrorCode::outOfRange, place,
               "with this " + pair + ", " + nameof(found.kind) + " is " + (above ? "above " : "below ") + limit};
     }
@@ -183,10 +185,22 @@ double ratioAt(double drybulb, const Given& other, double atm) {
   }
 }
 
+/// The dry air of a wet bulb.
+Result<AirState> dryOfWetBulb(const Given& wetBulb, const Given& moisture, double atm) {
+  const auto ratio = [&](double temp) { return ratioOfWetBulbAt(temp, wetBulb.value, atm); };
+  const double cold = std::max(wetBulb.value, lowestDryBulb);
+  const double wettest = cold <= highestDryBulb ? ratio(cold) : novalue;
+  const double driest = ratio(highestDryBulb);
+  if (!(wettest >= 0) || !(driest <= 0))
+    return noState({{}, NoAnswer::abovebound, db, highestDryBulb}, wetBulb, moisture);
+  return AirState{crossing(ratio, cold, wettest, highestDryBulb, driest), 0};
+}
+
 Result<AirState> stateOfPair(Given first, Given second, double atm) {
   if (first.kind > second.kind) std::swap(first, second);
   if (first.kind == db && second.kind != db) {
-    const AirState state{first.value, ratioAt(first.value, second, atm)};
+    AirState state{first.value, ratioAt(first.value, second, atm)};
+    if (state.w > dryRatio && state.w < 0) state.w = 0;
     const bool inRange =
         state.db >= lowestDryBulb && state.db <= highestDryBulb && state.w >= 0 && state.w <= highestRatio;
     if (inRange && !aboveSaturation(state.w, saturationRatioOf(state.db, atm))) return state;
@@ -194,6 +208,8 @@ Result<AirState> stateOfPair(Given first, Given second, double atm) {
   const bool dry = first.kind == rh && first.value == 0;  // no equation turns dry air's humidity into a dry bulb
   if (dry && (second.kind == h || second.kind == v)) return stateOfPair({w, 0}, second, atm);
   if (dry) return noState({{}, NoAnswer::nopair}, first, second);
+  if (first.kind == wb && (second.kind == rh || second.kind == w) && second.value == 0)
+    return dryOfWetBulb(first, second, atm);
   const Answers found = answerswithoutwetbulb(first, second, atm, processBounds);
   if (found.states.empty()) return noState(found, first, second);
   if (found.states.size() > 1) return twoStates(found.states, first, second);

@@ -286,9 +286,14 @@ std::optional<Error> notNeeded(const Coil& coil) {
   return std::nullopt;
 }
 
-/// With idle=pass a coil that would have to add water only cools: the leaving dry bulb at the entering humidity ratio.
+/// With idle=pass a coil that would have to add water to reach a moisture only cools, by its other parameter and at the
+/// entering humidity ratio.
 std::optional<AirState> cooledOnly(const Coil& coil) {
   const auto& [t1, w1] = coil.entering;
+  if (std::none_of(coil.kinds.begin(), coil.kinds.end(),
+                   [](Parameter kind) { return contains(setOf(rh, wb, w, dp), kind); })) {
+    return std::nullopt;
+  }
   if (const auto temp = coil.value(db)) return AirState{*temp, w1};
   for (const Parameter kind : {total, sensible}) {
     if (const auto heat = coil.value(kind)) {
@@ -345,6 +350,10 @@ Result<StepResult> complete(const Coil& coil, Candidate found) {
   if (found.leaving.db > entering.db) {
     return refuse("the air would leave at " + figure(found.leaving.db) +
                   " deg F, warmer than it enters; a coil only cools");
+  }
+  if (found.leaving.db < coil.value(adp).value_or(-infinite) - 1e-9) {
+    return refuse(adp,
+                  "the air would leave at " + figure(found.leaving.db) + " deg F, colder than the surface; give less");
   }
   const double flow = input.sources.front().flow;
   StepResult result = leavingAs(input, found.leaving);

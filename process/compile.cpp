@@ -237,12 +237,15 @@ std::string circleWords(const CompiledSystem& system) {
       stack.push_back(stream / 2);
     });
   }
-  const auto& names = system.names;
-  std::string words = names[mainStream(target)];
-  for (std::size_t at = taker[target]; at != target && at != nowhere; at = taker[at]) {
-    words = names[mainStream(at)] + ", which takes " + words;
-  }
-  return names[mainStream(target)] + " takes " + words;
+  std::vector<std::size_t> circle{target};  // against the flow
+  for (std::size_t at = taker[target]; at != target && at != nowhere; at = taker[at]) circle.push_back(at);
+  constexpr std::size_t mostNamed = 12;
+  const std::size_t named = std::min(circle.size(), mostNamed);
+  std::string words = system.names[mainStream(target)] + " takes ";
+  for (std::size_t i = 1; i < named; ++i)
+    words += system.names[mainStream(circle[circle.size() - i])] + ", which takes ";
+  if (named < circle.size()) words += std::to_string(circle.size() - named) + " more, which take ";
+  return words + system.names[mainStream(target)];
 }
 
 }  // namespace moistair

@@ -1,5 +1,6 @@
 // Steps that change the moisture of the air without a cold surface: evaporate, steam, dry.
 #include <algorithm>
+#include <cmath>
 
 #include "engine/crossing.h"
 #include "engine/pressureunits.h"
@@ -31,7 +32,9 @@ Result<double> leavingTowards(const StepInput& input, double wetBulb, const Rati
   };
   const double low = excess(wetBulb);
   const double high = excess(entering.db);
-  if (low >= 0 && high <= 0) return crossing(excess, wetBulb, low, entering.db, high);
+  constexpr double rounding = 1e-9;
+  if (std::abs(low) <= rounding) return wetBulb;
+  if (low > 0 && high <= 0) return crossing(excess, wetBulb, low, entering.db, high);
   return refuse(rh, "at the wet bulb of " + figure(wetBulb) + " deg F the relative humidity is " +
                         figure(low + given[rh]) + "; give less");
 }
@@ -124,16 +127,15 @@ Result<StepResult> runEvaporate(const StepInput& input) {
   const Result<double> temp = leavingTowards(input, wetBulb, ratioAt);
   if (!temp) return temp.error();
   StepResult result = leavingAs(input, {*temp, *temp == entering.state.db ? entering.state.w : ratioAt(*temp)});
-  const double added = entering.flow * (result.leaving.state.w - entering.state.w);
+  const double added = result.leaving.state.w - entering.state.w;
   const double h = input.site.enthalpy(entering.state);
-  const double rise = entering.flow * (input.site.enthalpy(result.leaving.state) - h);
+  const double open = input.site.enthalpy(result.leaving.state) - h - added * waterEnthalpy(wetBulb);
   result.effectiveness = quotient(entering.state.db - *temp, entering.state.db - wetBulb);
-  result.exchange.water = added;
-  result.exchange.waterHeat = added * waterEnthalpy(wetBulb);
-  result.exchange.wetBulbTerm = rise - result.exchange.waterHeat;
-  result.notes.add(NoteCode::sprayWater, added, added / lbPerGallon);
-  result.notes.add(NoteCode::wetBulbTerm, result.exchange.wetBulbTerm,
-                   quotient(100 * result.exchange.wetBulbTerm, entering.flow * h));
+  result.exchange.water = entering.flow * added;
+  result.exchange.waterHeat = entering.flow * added * waterEnthalpy(wetBulb);
+  result.exchange.wetBulbTerm = entering.flow * open;
+  result.notes.add(NoteCode::sprayWater, result.exchange.water, result.exchange.water / lbPerGallon);
+  result.notes.add(NoteCode::wetBulbTerm, result.exchange.wetBulbTerm, quotient(100 * open, std::abs(h)));
   return finish(input, result);
 }
 

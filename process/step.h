@@ -4,7 +4,7 @@
 /// A step has a name, a kind, the names of the streams it takes and its parameters in base units (kinds.h); any of them
 /// may be unknown. Its function is pure: inlet streams, parameters and site give a result or the reason why there is
 /// none. Results hold numbers and codes only, so that a system can be evaluated over and over without making texts;
-/// notes.h words them.
+/// words.h words them.
 #pragma once
 
 #include <array>
@@ -107,7 +107,7 @@ public:
   }
 
 private:
-  std::array<Note, 8> notes_{};
+  std::array<Note, 12> notes_{};
   std::size_t count_ = 0;
 };
 

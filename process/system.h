@@ -49,7 +49,7 @@ struct CompiledSystem {
   std::vector<std::string> names;    ///< by stream, for messages; empty where there is no such stream
 };
 
-/// Checks names, sources, given parameters and ranges. All mistakes, each with the step's name (or "line N: NAME") and
+/// Checks names, sources, given parameters and ranges. All mistakes, each with the step's name and
 /// the parameter as its place: duplicate and unknown names, a stream taken twice, sources and parameters that a kind
 /// does not take. Loops and unknowns are no mistakes here.
 struct Compilation {

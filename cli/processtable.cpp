@@ -82,9 +82,10 @@ constexpr std::array<StateColumn, 9> stateColumns = {{
 }};
 constexpr std::size_t flowColumns = 2;  ///< the last ones
 
+bool hasFlow(const StepResult& result) { return result.leaving.flowKnown() && hasvalue(result.leaving.flow); }
+
 bool anyFlow(const ProcessReport& report) {
-  const auto known = [](const Stream& stream) { return stream.flowKnown() && hasvalue(stream.flow); };
-  return std::any_of(report.solution.streams.begin(), report.solution.streams.end(), known);
+  return std::any_of(report.solution.results.begin(), report.solution.results.end(), hasFlow);
 }
 
 void appendStates(std::string& out, const ProcessReport& report) {
@@ -184,6 +185,9 @@ void appendBalances(std::string& out, const ProcessReport& report) {
   add("dry air", known ? "lb/h" : "lb/lb", all.air, known ? 2 : 5);
   add("water", known ? "lb/h" : "lb/lb", all.water, known ? 2 : 5);
   add("energy", known ? "Btu/h" : "Btu/lb", all.energy, known ? 0 : 3);
+  if (known && !std::all_of(report.solution.results.begin(), report.solution.results.end(), hasFlow)) {
+    appendRemarks(out, {"streams without a flow are not counted"});
+  }
   if (all.wetBulbTerm != 0) {
     appendRemarks(out, {figure(all.wetBulbTerm) + (known ? " Btu/h" : " Btu/lb") +
                         " of the energy added is what the wet-bulb equation leaves open"});

@@ -93,8 +93,12 @@ std::vector<OutdoorLoad> outdoorLoads(const CompiledSystem& system, const Site& 
 
 Balances balancesOf(const CompiledSystem& system, const Site& site, const Solution& solution) {
   Balances all;
+  // Amounts per lb of dry air add up with each other, and not with flows: what has no flow counts if nothing has.
+  const bool flows = std::any_of(solution.results.begin(), solution.results.end(),
+                                 [](const StepResult& result) { return result.leaving.flowKnown(); });
   for (std::size_t i = 0; i < system.steps.size(); ++i) {
     const StepResult& result = solution.results[i];
+    if (flows && !result.leaving.flowKnown()) continue;
     if (system.steps[i].kind == StepKind::air) countStream(all, &Balance::entering, result.leaving, site);
     for (const std::size_t stream : {mainStream(i), secondStream(i)}) {
       if (system.names[stream].empty() || system.taken[stream]) continue;

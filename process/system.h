@@ -100,7 +100,7 @@ struct Balances {
 };
 
 /// From the states and flows of the streams and what physics lets cross a step's boundary, never from its loads. Only
-/// for a complete solution.
+/// for a complete solution. Streams without a flow are counted per lb of dry air, and only if no stream has a flow.
 Balances balancesOf(const CompiledSystem& system, const Site& site, const Solution& solution);
 
 /// The ratios an engineer looks for, for each room.

@@ -4,47 +4,18 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
 #include "process/readout.h"
-#include "process/system.h"
+#include "process/systemtext.h"
 #include "process/words.h"
-#include "text/numbertext.h"
 
 namespace moistair {
 
-/// "CC: coil MA db=55,rh=92", one step a line.
 inline AirSystem systemOf(const std::string& lines) {
-  AirSystem system;
-  std::istringstream in(lines);
-  for (std::string line; std::getline(in, line);) {
-    std::istringstream words(line);
-    std::string name, kind, word;
-    if (!(words >> name >> kind)) continue;
-    ProcessStep step{name.substr(0, name.size() - 1), stepKindNamed(kind).value(), {}, {}};
-    while (words >> word) {
-      if (word.find('=') == std::string::npos) {
-        step.sources.push_back(word);
-        continue;
-      }
-      std::istringstream pairs(word);
-      for (std::string pair; std::getline(pairs, pair, ',');) {
-        const auto sign = pair.find('=');
-        const Parameter parameter = parameterNamed(pair.substr(0, sign)).value();
-        const std::string text = pair.substr(sign + 1);
-        Assignment given{parameter, strictnumber(text), text == "?"};
-        const ParameterRow& row = rowOf(parameter);
-        if (row.quantity == Quantity::stream) given.stream = text;
-        for (std::size_t i = 0; i < row.words.size(); ++i) {
-          if (row.words[i] && text == row.words[i]) given.value = static_cast<double>(i + 1);
-        }
-        step.given.push_back(given);
-      }
-    }
-    system.steps.push_back(step);
-  }
-  return system;
+  const ReadSystem read = readSystem(lines);
+  for (const Error& error : read.errors) ADD_FAILURE() << error.text();
+  return read.text.system;
 }
 
 /// A system with its solution.

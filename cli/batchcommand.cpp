@@ -1,23 +1,16 @@
 /// \file
 /// `moistair-cli batch in.csv -o out.csv`: a state for every row of a table, of any length and in constant memory.
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cctype>
-#include <chrono>
-#include <cmath>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "cli/batchrows.h"
 #include "cli/command.h"
 #include "cli/fault.h"
-#include "cli/inorder.h"
 #include "cli/limitsoption.h"
-#include "cli/properties.h"
 #include "cli/stream.h"
+#include "cli/tablerun.h"
 #include "cli/warning.h"
 
 namespace moistair {
@@ -36,66 +29,6 @@ struct BatchOptions {
   std::string jobs = "1";
 };
 
-/// How many rows are done, and the line on the terminal that says so a few times a second.
-class Progress {
-public:
-  explicit Progress(bool visible) : visible_(visible) {}
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-
-  void add(const BatchResult& result) {
-    rows_ += result.rows;
-    failed_ += result.failed;
-    missed_ += result.missed;
-    nearest_ += result.nearest;
-    openquote_ = result.openquote;
-    const auto now = Clock::now();
-    if (!visible_ || now - shown_ < std::chrono::milliseconds(200)) return;
-    shown_ = now;
-    const std::chrono::duration<double> taken = now - start_;
-    const auto rate = static_cast<long long>(static_cast<double>(rows_) / taken.count());
-    say("\r" + std::to_string(rows_) + " rows, " + std::to_string(failed_) + " failed, " + std::to_string(missed_) +
-        " missed, " + std::to_string(rate) + " rows/s" + clearrest);
-  }
-
-  /// Leaves the terminal's line clear, also for the message of a failure.
-  ~Progress() {
-    if (visible_) say(std::string("\r") + clearrest);
-  }
-
-  std::size_t rows() const { return rows_; }
-  std::size_t failed() const { return failed_; }
-  std::size_t missed() const { return missed_; }
-  std::size_t nearest() const { return nearest_; }
-  std::optional<std::size_t> openquote() const { return openquote_; }
-
-private:
-  using Clock = std::chrono::steady_clock;
-  static constexpr const char* clearrest = "\x1B[K";
-
-  /// A terminal that is gone is no reason to stop.
-  static void say(const std::string& text) {
-    [[maybe_unused]] auto ignored = ::write(STDERR_FILENO, text.data(), text.size());
-  }
-
-  bool visible_;
-  Clock::time_point start_ = Clock::now();
-  Clock::time_point shown_ = start_;
-  std::size_t rows_ = 0;
-  std::size_t failed_ = 0;
-  std::size_t missed_ = 0;
-  std::size_t nearest_ = 0;
-  std::optional<std::size_t> openquote_;
-};
-
-unsigned jobsof(const std::string& text) {
-  constexpr double most = 256;
-  const double jobs = numberof(text, "jobs");
-  if (!(jobs >= 1 && jobs <= most && jobs == std::floor(jobs)))
-    throw badusage("jobs must be a whole number from 1 to 256");
-  return static_cast<unsigned>(jobs);
-}
-
 /// One character, or "\t" as it is typed where a tab cannot be.
 char delimiterof(const std::string& text) {
   const std::string character = text == "\\t" ? "\t" : text;
@@ -109,58 +42,6 @@ char delimiterof(const std::string& text) {
   return character[0];
 }
 
-/// The rows of a table in pieces whose results are of some size only. A wide table makes long rows of short ones: each
-/// is filled up to the number of columns.
-class Rows {
-public:
-  Rows(BlockReader& reader, char delimiter) : reader_(reader), delimiter_(delimiter) {}
-
-  /// The table's first record, which comes first; bad usage if there is none.
-  CsvRecord header(const std::string& name) {
-    CsvRecord header;
-    while (fetch()) {
-      while (takerecord(rest_, header, delimiter_)) {
-        if (!header.blank()) return header;
-      }
-    }
-    throw badusage(reader_.gaveup() ? name + ": the first line is longer than 8 MB; lines must end in line feeds"
-                                    : name + " is empty");
-  }
-
-  /// Sets the number of columns; ends the life of the header.
-  void setcolumns(std::size_t columns) { columns_ = columns; }
-
-  std::optional<std::string> next() {
-    constexpr std::size_t resultsize = 1u << 20;
-    if (rest_.empty() && !fetch()) return std::nullopt;
-    const std::size_t rows = std::max<std::size_t>(resultsize / columns_, 1);
-    std::string_view piece = rest_;
-    if (static_cast<std::size_t>(std::count(rest_.begin(), rest_.end(), '\n')) <= rows) {
-      rest_ = {};
-    } else {
-      CsvRecord record;
-      for (std::size_t i = 0; i < rows; ++i) takerecord(rest_, record, delimiter_);
-      piece.remove_suffix(rest_.size());
-    }
-    return std::string(piece);
-  }
-
-private:
-  bool fetch() {
-    auto block = reader_.next();
-    if (!block) return false;
-    block_ = std::move(*block);
-    rest_ = block_;
-    return true;
-  }
-
-  BlockReader& reader_;
-  char delimiter_;
-  std::string block_;
-  std::string_view rest_;
-  std::size_t columns_ = 1;
-};
-
 /// What a user should know of a table that is read all the same.
 void warnOfColumns(const BatchColumns& columns, const std::string& name) {
   if (columns.takennames.empty()) return;
@@ -169,47 +50,27 @@ void warnOfColumns(const BatchColumns& columns, const std::string& name) {
   warn(name + " has columns of the result already: " + names);
 }
 
-/// "79 of 8760 rows"
-std::string countOf(std::size_t some, std::size_t rows) {
-  return std::to_string(some) + " of " + std::to_string(rows) + " rows";
-}
-
 /// What a user should know of the rows that have a state.
-void warnOfStates(const Progress& progress, bool strict) {
-  if (progress.missed() > 0 && !strict) {
-    warn(countOf(progress.missed(), progress.rows()) +
+void warnOfStates(const RowCounts& counts, bool strict) {
+  if (counts.missed > 0 && !strict) {
+    warn(countOf(counts.missed, counts.rows) +
          " have the status \"missed\": their state misses a given value (--check says by how much, --exact takes the "
          "exact state)");
   }
-  if (progress.nearest() > 0) {
-    warn(countOf(progress.nearest(), progress.rows()) +
+  if (counts.nearest > 0) {
+    warn(countOf(counts.nearest, counts.rows) +
          " have the status \"nearest\": of several exact states theirs is the one nearest to the search");
   }
 }
 
-/// Throws for what has gone wrong in a table that was written.
-void checkrows(const Progress& progress, bool strict) {
-  if (progress.failed() == 0) return;
-  std::string text = countOf(progress.failed(), progress.rows()) + " failed";
-  if (strict && progress.missed() > 0) {
-    text += "; " + std::to_string(progress.missed()) + " of them because their state misses a given value";
-  }
-  if (const auto lines = progress.openquote()) {
-    text += "; a quote was left open in row " + std::to_string(progress.rows()) + ", which has taken in " +
-            std::to_string(*lines) + (*lines == 1 ? " line" : " lines") + " behind it";
-  }
-  throw failure(text);
-}
-
 void runbatch(const BatchOptions& options) {
-  const unsigned jobs = jobsof(options.jobs);
+  const unsigned jobs = jobsOf(options.jobs);
   const char delimiter = delimiterof(options.delimiter);
   const double atm = pressureof(options.pressure).atm;
   const RangeFinders finders = findersof(options.limits);
   Input input(options.input);
-  BlockReader reader(input, delimiter);
-  Rows rows(reader, delimiter);
-  const CsvRecord header = rows.header(input.name());
+  TableReader table(input, delimiter);
+  const CsvRecord header = table.header();
   const BatchPlan plan{.columns = columnsof(header, input.name(), delimiter, options.check),
                        .delimiter = delimiter,
                        .lineend = header.lineend.starts_with('\r') ? "\r\n" : "\n",
@@ -222,24 +83,10 @@ void runbatch(const BatchOptions& options) {
   Output output(options.output, &input);
   warnOfColumns(plan.columns, input.name());
   output.write(headerline(header, plan));
-  rows.setcolumns(plan.columns.selection.columns);
-
-  Progress progress(::isatty(STDERR_FILENO) == 1 && !output.isterminal());
-  runinorder({.read = [&] { return rows.next(); },
-              .work = [&](const std::string& block) { return resolverows(block, plan); },
-              .write =
-                  [&](const BatchResult& result) {
-                    output.write(result.text);
-                    progress.add(result);
-                  }},
-             jobs);
-  if (reader.gaveup()) {
-    throw failure(input.name() + ", row " + std::to_string(progress.rows() + 1) +
-                  ": more than 8 MB without the end of the row; a quote may have been left open");
-  }
-  output.close();
-  warnOfStates(progress, plan.strict);
-  checkrows(progress, plan.strict);
+  const RowCounts counts = table.run(
+      plan.columns.selection.columns, [&](const std::string& block) { return resolverows(block, plan); }, output, jobs);
+  warnOfStates(counts, plan.strict);
+  checkRows(counts, plan.strict ? "their state misses a given value" : "");
 }
 
 }  // namespace

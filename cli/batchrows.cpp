@@ -8,33 +8,12 @@
 #include "cli/fault.h"
 #include "cli/properties.h"
 #include "text/numberformat.h"
-#include "text/tablefield.h"
 #include "text/value.h"
+#include "text/words.h"
 
 namespace moistair {
 
 namespace {
-
-constexpr std::string_view byteordermark = "\xEF\xBB\xBF";
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-/// Bad usage for a carriage return outside quotes: a table whose lines end in these alone is one line.
-void checklineend(std::string_view field, const std::string& filename) {
-  const std::string_view plain = field.starts_with('"') ? field.substr(field.rfind('"')) : field;
-  if (plain.find('\r') == std::string_view::npos) return;
-  throw badusage(filename + ": the lines end in carriage returns alone; save the table with line feeds");
-}
-
-void take(std::optional<std::size_t>& place, CsvSelection& selection, const std::string& name) {
-  if (place) throw badusage("the first line names the column " + name + " twice");
-  place = selection.wanted.size();
-  selection.wanted.push_back(selection.columns);
-}
 
 /// What the columns behind those of the input are called.
 const std::vector<std::string>& resultnames() {
@@ -64,46 +43,16 @@ struct GivenRow {
 };
 using RowOrReason = std::variant<GivenRow, std::string>;
 
-/// A row's fields by column, with the quotes gone.
-class Cells {
-public:
-  explicit Cells(const CsvRecord& record) : record_(record) {}
-
-  /// Empty for a column that is not there; good until the next call.
-  std::string_view at(std::optional<std::size_t> place) {
-    return place ? trimmed(fieldtext(record_.fields[*place], scratch_)) : std::string_view();
-  }
-
-private:
-  const CsvRecord& record_;
-  std::string scratch_;
-};
-
-/// The pressure of a row: its own, or that of all.
-PressureOrReason pressureofrow(Cells& cells, const BatchPlan& plan) {
-  PressureOrReason pressure = plan.atm;
-  bool given = false;
-  for (std::size_t i = 0; i < pressurenames.size(); ++i) {
-    const std::string_view cell = cells.at(plan.columns.pressures[i]);
-    if (cell.empty()) continue;
-    if (given) return "the pressure is given twice";
-    given = true;
-    pressure = pressureof(pressurenames[i], cell);
-  }
-  return pressure;
+/// Empty for a column that is not there.
+std::string_view cellat(RowCells& cells, std::optional<std::size_t> place) {
+  return place ? cells.at(*place) : std::string_view();
 }
 
-RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
-  if (record.quoteopen) return "a quote was left open";
-  const std::size_t columns = plan.columns.selection.columns;
-  if (record.count != columns) {
-    return std::to_string(record.count) + " fields where there are " + std::to_string(columns) + " columns";
-  }
-  Cells cells(record);
+RowOrReason givenrow(RowCells& cells, const BatchPlan& plan) {
   std::array<Given, kindcount> given{};
   std::size_t count = 0;
   for (std::size_t i = 0; i < kindcount; ++i) {
-    const std::string_view cell = cells.at(plan.columns.kinds[i]);
+    const std::string_view cell = cellat(cells, plan.columns.kinds[i]);
     if (cell.empty()) continue;
     const double value = strictnumber(cell);
     if (!hasvalue(value)) return kindnames[i] + std::string(isnonumber);
@@ -113,17 +62,9 @@ RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
     return std::to_string(count) + " of " + kindnamelist + " are filled where a state takes two";
   }
   const GivenPair pair{given[0], given[1]};
-  const auto pressure = pressureofrow(cells, plan);
+  const PressureOrReason pressure = plan.columns.pressures.pressureOf(cells, plan.atm);
   if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
   return GivenRow{pair, std::get<double>(pressure)};
-}
-
-/// The record as it was read, brought to the table's number of columns.
-void appendrecord(std::string& out, const CsvRecord& record, const BatchPlan& plan) {
-  out += record.columns;
-  const std::size_t columns = plan.columns.selection.columns;
-  if (record.quoteopen && record.count <= columns) out += '"';
-  if (record.count < columns) out.append(columns - record.count, plan.delimiter);
 }
 
 void appendstate(std::string& out, const StatePoint& point, const BatchPlan& plan) {
@@ -133,24 +74,13 @@ void appendstate(std::string& out, const StatePoint& point, const BatchPlan& pla
   }
 }
 
-constexpr const char* resolvedRow = "ok";
 constexpr const char* missedRow = "missed";
 constexpr const char* nearestRow = "nearest";
 
-/// What a row comes to.
-struct RowResult {
-  std::string status;
-  bool failed = false;
-  bool missed = false;
-  bool nearest = false;
-};
-
-RowResult failedRow(std::string reason) { return {std::move(reason), true}; }
-
 /// A row that gives a pair.
-RowResult judgedRow(std::string& out, const PairOfGiven& pair, double atm, Resolution resolution,
-                    const BatchPlan& plan) {
-  RowResult row{resolvedRow};
+RowOutcome judgedRow(std::string& out, const PairOfGiven& pair, double atm, Resolution resolution,
+                     const BatchPlan& plan) {
+  RowOutcome row;
   if (plan.exact) {
     const ExactChoice choice = exactChoice(pair, atm, resolution);
     if (!choice.state) return failedRow(noExact(choice));
@@ -168,9 +98,8 @@ RowResult judgedRow(std::string& out, const PairOfGiven& pair, double atm, Resol
 
 /// Appends a row and its state.
 /// @param check the cells of a check, if there is to be one and the row gives a pair
-RowResult appendrow(std::string& out, const CsvRecord& record, const BatchPlan& plan, std::string& check) {
-  appendrecord(out, record, plan);
-  RowOrReason row = givenrow(record, plan);
+RowOutcome appendrow(std::string& out, RowCells& cells, const BatchPlan& plan, std::string& check) {
+  RowOrReason row = givenrow(cells, plan);
   if (auto* reason = std::get_if<std::string>(&row)) return failedRow(std::move(*reason));
   const auto& [pair, atm] = std::get<GivenRow>(row);
   const Resolution resolution = resolve(pair, atm, *plan.finders);
@@ -185,25 +114,14 @@ RowResult appendrow(std::string& out, const CsvRecord& record, const BatchPlan& 
 }  // namespace
 
 BatchColumns columnsof(const CsvRecord& header, const std::string& filename, char delimiter, bool check) {
-  if (header.quoteopen) throw badusage(filename + ": the first line leaves a quote open");
-  if (header.raw.find('\0') != std::string_view::npos) {
-    throw badusage(filename + ": the first line holds zero bytes, so this is no table in UTF-8");
-  }
   BatchColumns columns;
-  std::string scratch;
-  eachfield(header.raw, delimiter, [&](std::string_view field) {
-    checklineend(field, filename);
-    if (columns.selection.columns == 0 && field.starts_with(byteordermark)) field.remove_prefix(byteordermark.size());
-    const std::string name(trimmed(fieldtext(field, scratch)));
+  columns.selection.columns = eachColumn(header, filename, delimiter, [&](const std::string& name, std::size_t place) {
     if (const auto kind = kindnamed(lowercase(name))) {
-      take(columns.kinds[static_cast<std::size_t>(*kind)], columns.selection, name);
+      takeColumn(columns.kinds[static_cast<std::size_t>(*kind)], columns.selection, name, place);
     }
-    for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
-      if (lowercase(name) == pressurenames[unit].name) take(columns.pressures[unit], columns.selection, name);
-    }
+    columns.pressures.take(name, columns.selection, place);
     const auto named = [&](const auto& names) { return std::find(names.begin(), names.end(), name) != names.end(); };
     if (named(resultnames()) || (check && named(checkcolumns))) columns.takennames.push_back(name);
-    ++columns.selection.columns;
   });
   const auto named = std::count_if(columns.kinds.begin(), columns.kinds.end(), [](const auto& c) { return !!c; });
   if (named < 2) {
@@ -224,27 +142,14 @@ std::string headerline(const CsvRecord& header, const BatchPlan& plan) {
 }
 
 BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
-  BatchResult result;
-  CsvRecord record;
-  while (takerecord(block, record, plan.delimiter, plan.columns.selection)) {
-    if (record.blank()) continue;
-    ++result.rows;
-    if (record.quoteopen) {
-      const std::string_view lines = record.raw.substr(0, record.raw.size() - (record.raw.ends_with('\n') ? 1 : 0));
-      result.openquote = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
-    }
-    std::string check(plan.check ? checkcolumns.size() : 0, plan.delimiter);
-    const RowResult row = appendrow(result.text, record, plan, check);
-    result.failed += row.failed ? 1 : 0;
-    result.missed += row.missed ? 1 : 0;
-    result.nearest += row.nearest ? 1 : 0;
-    if (row.failed) result.text.append(statecolumns.size(), plan.delimiter);
-    result.text += plan.delimiter;
-    appendfield(result.text, row.status, plan.delimiter);
-    result.text += check;
-    result.text += plan.lineend;
-  }
-  return result;
+  const TableShape shape{.selection = plan.columns.selection,
+                         .delimiter = plan.delimiter,
+                         .lineEnd = plan.lineend,
+                         .results = statecolumns.size(),
+                         .further = plan.check ? checkcolumns.size() : 0};
+  return fillRows(block, shape, [&](RowCells& cells, std::string& results, std::string& check) {
+    return appendrow(results, cells, plan, check);
+  });
 }
 
 }  // namespace moistair

@@ -14,8 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/csv.h"
-#include "cli/pressureoption.h"
+#include "cli/tablerun.h"
 #include "engine/resolver.h"
 
 namespace moistair {
@@ -24,7 +23,7 @@ namespace moistair {
 struct BatchColumns {
   CsvSelection selection;
   std::array<std::optional<std::size_t>, kindcount> kinds;  ///< places among those selected
-  std::array<std::optional<std::size_t>, pressurenames.size()> pressures;
+  PressureColumns pressures;
   std::vector<std::string> takennames;  ///< of columns that a result has as well
 };
 
@@ -39,16 +38,6 @@ struct BatchPlan {
   bool check = false;                     ///< whether the residuals and the number of answers stand behind
   bool exact = false;                     ///< exact states in place of those of the search
   bool strict = false;                    ///< whether a row whose state misses a given value fails
-};
-
-/// Rows with their states, as text to be written.
-struct BatchResult {
-  std::string text;
-  std::size_t rows = 0;
-  std::size_t failed = 0;
-  std::size_t missed = 0;                ///< rows whose state visibly misses a given value
-  std::size_t nearest = 0;               ///< rows with one of several exact states
-  std::optional<std::size_t> openquote;  ///< if the last row has left a quote open: lines behind it that it took in
 };
 
 /// Finds the columns in the first record of a file. Bad usage for names that stand twice, for fewer than two properties

@@ -30,12 +30,8 @@ Document newchart(const ChartDocumentOptions& options) {
 }
 
 std::string contentof(Input& input) {
-  constexpr std::size_t readsize = 64u << 10;
-  std::string content;
-  while (input.read(content, readsize)) {
-    if (content.size() > largestdocument)
-      throw failure(input.name() + ": the document is larger than 64 MB, the limit");
-  }
+  std::string content = input.content(largestdocument);
+  if (content.size() > largestdocument) throw failure(input.name() + ": the document is larger than 64 MB, the limit");
   return content;
 }
 
@@ -65,7 +61,7 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
 /// What is out of the limits that were asked for is told, and the rest goes on.
 void tell(const std::vector<LeftOut>& leftout, const Input& input) {
   for (const LeftOut& left : leftout) {
-    sayOnError(input.name() + ": " + captionof(left.entry) + ": " + left.reason);
+    say(input.name() + ": " + captionof(left.entry) + ": " + left.reason);
   }
 }
 
@@ -73,7 +69,6 @@ void tell(const std::vector<LeftOut>& leftout, const Input& input) {
 void judge(const Document& document, const ExactOptions& options) {
   for (const TableRow& row : tablerows(document)) {
     if (!row.note.empty()) continue;  // not on this chart
-    if (!row.note.empty()) continue;  // not on the chart
     const std::string name = row.kind + (row.identification.empty() ? "" : " ") + row.identification;
     warnOrFail(name, remarkOn(row.missed, row.pressure, row.mixture).words, options);
   }

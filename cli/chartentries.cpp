@@ -23,8 +23,8 @@ Entry lineentry(const Setting& setting, WindowSize, const std::string& value, co
 }
 
 /// Takes "id" out of what a point is given by; none is empty.
-std::string takeidentification(std::vector<Assignment>& assignments) {
-  const auto isid = [](const Assignment& assignment) { return assignment.name == "id"; };
+std::string takeidentification(std::vector<TypedValue>& assignments) {
+  const auto isid = [](const TypedValue& assignment) { return assignment.name == "id"; };
   const auto id = std::find_if(assignments.begin(), assignments.end(), isid);
   if (id == assignments.end()) return {};
   std::string text = std::move(id->text);
@@ -52,7 +52,7 @@ Entry pointentry(const Setting& setting, WindowSize window, const std::string& v
   std::string parts = value;
   MarkedPoint point;
   point.exact = takeExact(parts) || options.exact;
-  std::vector<Assignment> assignments = assignmentsof(parts);
+  std::vector<TypedValue> assignments = assignmentsof(parts);
   point.identification = takeidentification(assignments);
   const GivenPair pair = pairof(assignments);
   const PairOfGiven given{pair.first, pair.second};

@@ -26,6 +26,9 @@ private:
   ExitCode code_;
 };
 
+/// One line on standard error, whatever was typed that it repeats.
+void say(std::string text);
+
 inline Fault badusage(const std::string& text) { return {ExitCode::badusage, text}; }
 inline Fault failure(const std::string& text) { return {ExitCode::failure, text}; }
 

@@ -5,13 +5,22 @@
 /// stays the same however much there is to do. A failure on any side stops all of them.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "cli/batchrows.h"
-
 namespace moistair {
+
+/// Rows with their results, as text to be written.
+struct BatchResult {
+  std::string text;
+  std::size_t rows = 0;
+  std::size_t failed = 0;
+  std::size_t missed = 0;                ///< rows whose state visibly misses a given value
+  std::size_t nearest = 0;               ///< rows with one of several exact states
+  std::optional<std::size_t> openquote;  ///< if the last row has left a quote open: lines behind it that it took in
+};
 
 struct BatchSteps {
   std::function<std::optional<std::string>()> read;           ///< the next piece, none at the end

@@ -9,8 +9,8 @@
 #include <iostream>
 #include <new>
 #include <string>
-#include <vector>
 #include <utility>
+#include <vector>
 
 #include "cli/command.h"
 #include "cli/fault.h"
@@ -20,8 +20,8 @@ namespace moistair {
 
 namespace {
 
-int ended(ExitCode code, std::string text) {
-  sayOnError(std::move(text));
+int ended(ExitCode code, const std::string& text) {
+  say(text);
   return static_cast<int>(code);
 }
 
@@ -74,6 +74,7 @@ int run(int argc, char** argv) {
   addstatecommand(app);
   addbatchcommand(app);
   addmixcommand(app);
+  addProcessCommand(app);
   addchartcommand(app);
   addsheetcommand(app);
   const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;

@@ -13,8 +13,8 @@ namespace moistair {
 namespace {
 
 /// Takes "flow" out of what a stream is given by.
-std::string takeflow(std::vector<Assignment>& assignments) {
-  const auto isflow = [](const Assignment& assignment) { return assignment.name == "flow"; };
+std::string takeflow(std::vector<TypedValue>& assignments) {
+  const auto isflow = [](const TypedValue& assignment) { return assignment.name == "flow"; };
   const auto flow = std::find_if(assignments.begin(), assignments.end(), isflow);
   if (flow == assignments.end()) throw badusage("the flow is missing, such as flow=1000");
   std::string text = std::move(flow->text);
@@ -24,7 +24,7 @@ std::string takeflow(std::vector<Assignment>& assignments) {
 }
 
 void givestream(AirStream& stream, const std::string& text) {
-  std::vector<Assignment> assignments = assignmentsof(text);
+  std::vector<TypedValue> assignments = assignmentsof(text);
   stream.flow = takeflow(assignments);
   const GivenPair pair = pairof(assignments);
   stream.kind1 = pair.first.kind;

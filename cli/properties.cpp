@@ -14,13 +14,6 @@ const char* captionof(const StateColumn& column) {
   return std::find_if(reportrows.begin(), reportrows.end(), same)->caption;
 }
 
-std::string lowercase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  return lower;
-}
-
 std::vector<std::string_view> splitat(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
   for (;;) {
@@ -31,7 +24,7 @@ std::vector<std::string_view> splitat(std::string_view text, char separator) {
   }
 }
 
-Assignment assignmentof(std::string_view argument) {
+TypedValue assignmentof(std::string_view argument) {
   const std::size_t equals = argument.find('=');
   if (equals == std::string_view::npos) {
     throw badusage("\"" + std::string(argument) + "\" is no property with a value, such as db=75");
@@ -39,11 +32,11 @@ Assignment assignmentof(std::string_view argument) {
   return {lowercase(argument.substr(0, equals)), std::string(argument.substr(equals + 1))};
 }
 
-std::vector<Assignment> assignmentsof(std::string_view argument) {
-  std::vector<Assignment> assignments;
+std::vector<TypedValue> assignmentsof(std::string_view argument) {
+  std::vector<TypedValue> assignments;
   for (const std::string_view part : splitat(argument, ',')) {
-    Assignment next = assignmentof(part);
-    const auto samename = [&](const Assignment& other) { return other.name == next.name; };
+    TypedValue next = assignmentof(part);
+    const auto samename = [&](const TypedValue& other) { return other.name == next.name; };
     if (std::any_of(assignments.begin(), assignments.end(), samename)) throw badusage(next.name + " is given twice");
     assignments.push_back(std::move(next));
   }
@@ -56,9 +49,9 @@ double numberof(std::string_view text, std::string_view what) {
   return number;
 }
 
-GivenPair pairof(const std::vector<Assignment>& assignments) {
+GivenPair pairof(const std::vector<TypedValue>& assignments) {
   std::vector<Given> given;
-  for (const Assignment& assignment : assignments) {
+  for (const TypedValue& assignment : assignments) {
     const auto kind = kindnamed(assignment.name);
     if (!kind) throw badusage("\"" + assignment.name + "\" is none of " + kindnamelist);
     given.push_back({*kind, numberof(assignment.text, assignment.name)});

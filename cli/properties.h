@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/exact.h"
+#include "text/words.h"
 
 namespace moistair {
 
@@ -35,19 +36,16 @@ inline constexpr std::array<StateColumn, kindcount + 1> statecolumns = {{
 /// The words and the unit that the point report has for it.
 const char* captionof(const StateColumn& column);
 
-/// A text with its letters of ASCII made small: kinds and pressures are known by their names in capitals too.
-std::string lowercase(std::string_view text);
-
 /// "NAME=TEXT": the name in small letters, the text as typed; both may be anything.
-struct Assignment {
+struct TypedValue {
   std::string name, text;
 };
 
 /// Reads "db=75"; bad usage without an equals sign.
-Assignment assignmentof(std::string_view argument);
+TypedValue assignmentof(std::string_view argument);
 
 /// Reads "db=75,wb=62.5,flow=1000"; bad usage for a part without an equals sign and for a name that stands twice.
-std::vector<Assignment> assignmentsof(std::string_view argument);
+std::vector<TypedValue> assignmentsof(std::string_view argument);
 
 /// The texts between the separators, none of them left out.
 std::vector<std::string_view> splitat(std::string_view text, char separator);
@@ -61,7 +59,7 @@ struct GivenPair {
 
 /// Two different kinds with their values. Bad usage for an unknown name, a text that is no number, not exactly two of
 /// them, and for humidity ratio with dew point, which say the same thing.
-GivenPair pairof(const std::vector<Assignment>& assignments);
+GivenPair pairof(const std::vector<TypedValue>& assignments);
 
 /// Resolves a pair from scratch, so that no other pair resolved before can change the result.
 Resolution resolve(const GivenPair& pair, double atm, const RangeFinders& finders);

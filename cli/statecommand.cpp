@@ -78,7 +78,7 @@ std::string ascsv(const Resolution& resolution, const std::optional<Check>& chec
 }
 
 void runstate(const StateOptions& options) {
-  std::vector<Assignment> assignments;
+  std::vector<TypedValue> assignments;
   std::transform(options.pair.begin(), options.pair.end(), std::back_inserter(assignments), assignmentof);
   const GivenPair pair = pairof(assignments);
   const Pressure pressure = pressureof(options.pressure);

@@ -57,6 +57,14 @@ bool Input::read(std::string& to, std::size_t size) {
   return got > 0;
 }
 
+std::string Input::content(std::size_t longest) {
+  constexpr std::size_t readsize = 64u << 10;
+  std::string content;
+  while (content.size() <= longest && read(content, readsize)) {
+  }
+  return content;
+}
+
 Output::Output(const std::string& path, const Input* reading)
     : name_(isstandard(path) ? "standard output" : path), file_(openedforwriting(path, reading)) {
   check();

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,9 @@ public:
 
   /// Appends what can be read at once, at most `size` bytes; false at the end.
   bool read(std::string& to, std::size_t size);
+
+  /// All that is left of it, or the first of it if it is longer than so many bytes.
+  std::string content(std::size_t longest = std::numeric_limits<std::size_t>::max());
 
   const std::string& name() const { return name_; }
   int descriptor() const { return descriptor_.number(); }

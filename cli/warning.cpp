@@ -1,8 +1,6 @@
 #include "cli/warning.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <iostream>
 
 #include "advice/remark.h"
 #include "cli/fault.h"
@@ -15,13 +13,7 @@ std::string of(const std::string& what, const std::string& words) { return what.
 
 }  // namespace
 
-void sayOnError(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
-  std::cerr << "moistair-cli: " << text << std::endl;
-}
-
-void warn(std::string_view text) { sayOnError("warning: " + std::string(text)); }
+void warn(std::string_view text) { say("warning: " + std::string(text)); }
 
 void addexact(CLI::App& command, ExactOptions& options) {
   command.add_flag("--exact", options.exact,

@@ -14,10 +14,7 @@ class App;
 
 namespace moistair {
 
-/// One line on standard error, whatever was typed that it repeats: "moistair-cli: ..."
-void sayOnError(std::string text);
-
-/// The same with "warning: " before it.
+/// A line on standard error with "warning: " before it.
 void warn(std::string_view text);
 
 /// --exact and --strict.

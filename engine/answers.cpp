@@ -6,7 +6,9 @@
 #include <optional>
 #include <utility>
 
+#include "engine/crossing.h"
 #include "engine/moistair.h"
+#include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "text/value.h"
 
@@ -21,56 +23,8 @@ constexpr double infinite = std::numeric_limits<double>::infinity();
 /// What the equations round away, as a part of a value: a bound is kept and a value reached to within this.
 constexpr double rounding = 1e-11;
 
-/// The temperatures on either side of the step of the saturation pressure: the last over ice, the first over water.
-struct FreezingStep {
-  double before = 31.99;
-  double after = icewetbulb;
-
-  FreezingStep() {
-    while (std::nextafter(before, after) < after) {
-      const double middle = before + (after - before) / 2;
-      (kelvinof(middle) < icepoint ? before : after) = middle;
-    }
-  }
-};
-
-const FreezingStep& freezing() {
-  static const FreezingStep step;
-  return step;
-}
-
 /// The first wet bulb of the adiabatic balance.
 const double waterwetbulb = std::nextafter(icewetbulb, infinite);
-
-/// Where f takes the value 0 between two x at which it lies on either side of it: inverse quadratic interpolation where
-/// three points promise that it works, else halving (Chandrupatla 1997).
-template <class F>
-double crossing(const F& f, double a, double fa, double b, double fb) {
-  double t = 0.5;
-  for (int count = 0; count < 200; ++count) {
-    const double x = a + t * (b - a);
-    const double fx = f(x);
-    double c = a;
-    double fc = fa;
-    if ((fx > 0) != (fa > 0)) {
-      c = std::exchange(b, a);
-      fc = std::exchange(fb, fa);
-    }
-    a = x;
-    fa = fx;
-    const double best = std::abs(fa) < std::abs(fb) ? a : b;
-    const double finest = (1e-13 + 4e-16 * std::abs(best)) / std::abs(b - a);
-    if (fx == 0 || !(finest < 0.5)) return best;
-    const double xi = (a - b) / (c - b);
-    const double phi = (fa - fb) / (fc - fb);
-    t = 0.5;
-    if (phi * phi < xi && (1 - phi) * (1 - phi) < 1 - xi) {
-      const double guess = fa / (fb - fa) * fc / (fb - fc) + (c - a) / (b - a) * fa / (fc - fa) * fb / (fc - fb);
-      if (hasvalue(guess)) t = std::clamp(guess, finest, 1 - finest);
-    }
-  }
-  return a;
-}
 
 /// Why there is nothing beyond an end of a stretch.
 struct Cause {
@@ -104,10 +58,15 @@ Stretch upto(Stretch stretch, double high, const Cause& beyondhigh) {
 struct Quest {
   Given first, second;
   double atm;
-  double moistest;  ///< vapour pressure of the highest humidity ratio
+  const StateBounds& bounds;
+  bool wetbulbs;                                          ///< whether a state has to have a wet bulb
+  double driest = pressureofratio(bound(w).above, atm);   ///< vapour pressure that a state is above
+  double moistest = pressureofratio(bound(w).upto, atm);  ///< vapour pressure of the highest humidity ratio
   std::vector<StatePoint> states{};
   Cause cause{NoAnswer::pressure};
   double distance = infinite;  ///< of the value from what lies behind the cause
+
+  Limits bound(PropertyKind kind) const { return boundof(kind, bounds); }
 
   /// Keeps the cause that lies nearest to the value: 0 for a state that is none only because of it.
   void miss(const Cause& reason, double distancetoit = 0) {
@@ -138,22 +97,22 @@ void solve(Quest& quest, const F& f, double target, const Stretch& stretch, cons
 /// The same where f steps with the saturation pressure of x.
 template <class F, class Take>
 void solvearoundfreezing(Quest& quest, const F& f, double target, Stretch stretch, const Take& take) {
-  solve(quest, f, target, upto(stretch, freezing().before, atfreezing), take);
-  if (stretch.low < freezing().after) {
-    stretch.low = freezing().after;
+  solve(quest, f, target, upto(stretch, freezingstep().before, atfreezing), take);
+  if (stretch.low < freezingstep().after) {
+    stretch.low = freezingstep().after;
     stretch.beyondlow = atfreezing;
   }
   solve(quest, f, target, stretch, take);
 }
 
-/// The temperature of a saturation pressure, within 0 to 120 deg F; that before the step for one within it.
-double temperatureof(double pvs) {
-  const double top = boundof(db).upto;
+/// The temperature of a saturation pressure, within the bounds of dry bulbs; that before the step for one within it.
+double temperatureof(const Limits& drybulbs, double pvs) {
+  const auto [bottom, top] = drybulbs;
   const auto beside = [&](double temp) { return psychro_pvs(temp) - pvs; };
-  if (!(beside(0) < 0)) return 0;
+  if (!(beside(bottom) < 0)) return bottom;
   if (!(beside(top) > 0)) return top;
-  const auto& [before, after] = freezing();
-  if (beside(before) > 0) return crossing(beside, 0, beside(0), before, beside(before));
+  const auto& [before, after] = freezingstep();
+  if (beside(before) > 0) return crossing(beside, bottom, beside(bottom), before, beside(before));
   return beside(after) < 0 ? crossing(beside, after, beside(after), top, beside(top)) : before;
 }
 
@@ -171,7 +130,7 @@ double pressureof(const Given& given, double drybulb, double atm) {
 
 /// Whether any state may have the value.
 bool mayhave(Quest& quest, const Given& given) {
-  const Limits limits = boundof(given.kind);
+  const Limits limits = quest.bound(given.kind);
   if (given.kind == dp) {
     const double frostend = psychro_dp(std::nextafter(formsmeet, 0));
     if (!(given.value > frostpoint.at(frostpoint.turn()))) quest.miss(toodry);
@@ -185,12 +144,12 @@ bool mayhave(Quest& quest, const Given& given) {
 }
 
 /// The bound that a state breaks by more than rounding.
-std::optional<Cause> brokenby(StatePoint state) {
+std::optional<Cause> brokenby(StatePoint state, const StateBounds& bounds) {
   for (const PropertyKind kind : {db, wb, w, rh}) {
-    const double upto = boundof(kind).upto;
+    const double upto = boundof(kind, bounds).upto;
     if (state.at(kind) <= upto * (1 + rounding)) state.at(kind) = std::min(state.at(kind), upto);
   }
-  const auto broken = brokenbound(state);
+  const auto broken = brokenbound(state, bounds);
   if (!broken) return std::nullopt;
   const bool above = state.at(broken->kind) > broken->limits.upto;
   if (broken->kind == rh && above) return saturated;
@@ -205,27 +164,42 @@ void takestate(Quest& quest, double drybulb, double wetbulb) {
     const double finest = 1e-6 * visible[static_cast<std::size_t>(given.kind)];
     if (!(std::abs(state.at(given.kind) - given.value) <= finest)) return quest.miss({NoAnswer::pressure});
   }
-  if (const auto broken = brokenby(state)) return quest.miss(*broken);
+  if (const auto broken = brokenby(state, quest.bounds)) return quest.miss(*broken);
   const auto same = [&](const StatePoint& other) {
     return std::abs(state.db - other.db) < 1e-9 && std::abs(state.wb - other.wb) < 1e-9;
   };
   if (std::none_of(quest.states.begin(), quest.states.end(), same)) quest.states.push_back(state);
 }
 
+/// A state by its dry bulb and vapour pressure, without a wet bulb.
+StatePoint statewithoutwetbulb(double drybulb, double pv, double atm) {
+  StatePoint state;
+  state.db = drybulb;
+  state.wb = novalue;
+  state.pv = pv;
+  state.rh = humidityof(pv, psychro_pvs(drybulb));
+  state.w = ratioof(pv, atm);
+  state.h = enthalpyof(drybulb, state.w);
+  state.dp = psychro_dp(pv);
+  state.v = volumeof(volumefactor(drybulb), state.w, atm);
+  return state;
+}
+
 /// All wet bulbs of a dry bulb and a vapour pressure.
 void takewetbulbs(Quest& quest, double drybulb, double pv) {
   const double saturation = psychro_pvs(drybulb);
-  if (!(drybulb > 0)) return quest.miss(toocold);
-  if (!(drybulb <= boundof(db).upto)) return quest.miss(toohot);
-  if (!(pv > 0)) return quest.miss(toodry);
+  if (!(drybulb > quest.bound(db).above)) return quest.miss(toocold);
+  if (!(drybulb <= quest.bound(db).upto)) return quest.miss(toohot);
+  if (!(pv > quest.driest)) return quest.miss(toodry);
   if (!(pv <= saturation * (1 + rounding))) return quest.miss(saturated);
   if (!(pv <= quest.moistest * (1 + rounding))) return quest.miss(toomoist);
+  if (!quest.wetbulbs) return quest.states.push_back(statewithoutwetbulb(drybulb, pv, quest.atm));
   const auto f = [&](double x) { return psychro_pv1(drybulb, x, quest.atm); };
   const auto take = [&](double x) { takestate(quest, drybulb, x); };
-  const Stretch ice{0, icewetbulb, wetbulbtoocold, atfreezing};
+  const Stretch ice{quest.bound(wb).above, icewetbulb, wetbulbtoocold, atfreezing};
   solvearoundfreezing(quest, f, pv, upto(ice, drybulb, saturated), take);
   // Where water would boil the balance has a pole, and long before it more water than any state.
-  const double top = saturation > quest.atm / 2 ? temperatureof(quest.atm / 2) : drybulb;
+  const double top = saturation > quest.atm / 2 ? temperatureof(quest.bound(db), quest.atm / 2) : drybulb;
   solve(quest, f, pv, upto({waterwetbulb, top, atfreezing, toomoist}, drybulb, saturated), take);
 }
 
@@ -242,7 +216,7 @@ double turnof(const F& f, double low, double high) {
 /// Along a wet bulb the vapour pressure falls with the dry bulb, from saturation or the highest humidity ratio down to
 /// dry air. The enthalpy hardly changes at all and can turn once.
 void alongwetbulb(Quest& quest, double wetbulb, const Given& other) {
-  Stretch all{wetbulb, boundof(db).upto, saturated, toohot};
+  Stretch all{wetbulb, quest.bound(db).upto, saturated, toohot};
   const auto pv = [&](double x) { return psychro_pv1(x, wetbulb, quest.atm); };
   const auto cutat = [&](double pressure) {
     const auto beside = [&](double x) { return pv(x) - pressure; };
@@ -283,9 +257,9 @@ void alonghumidity(Quest& quest, const Given& humidity, const Given& other) {
   };
   const bool ofpressure = other.kind == w || other.kind == dp;
   const double target = ofpressure ? pressureof(other, novalue, quest.atm) : other.value;
-  Stretch all{0, boundof(db).upto, toocold, toohot};
+  Stretch all{quest.bound(db).above, quest.bound(db).upto, toocold, toohot};
   if (pv(all.high) > quest.moistest) {
-    all = upto(all, temperatureof(quest.moistest * 100 / humidity.value), toomoist);
+    all = upto(all, temperatureof(quest.bound(db), quest.moistest * 100 / humidity.value), toomoist);
   }
   solvearoundfreezing(quest, f, target, all, [&](double x) { takewetbulbs(quest, x, pv(x)); });
 }
@@ -302,9 +276,10 @@ void alongpressure(Quest& quest, const Given& moisture, const Given& other) {
 /// Along an enthalpy the volume rises with the dry bulb.
 void alongenthalpy(Quest& quest, const Given& enthalpy, double volume) {
   const auto f = [&](double x) { return volumeof(volumefactor(x), ratioofenthalpy(x, enthalpy.value), quest.atm); };
-  const double moist = drybulbofenthalpy(enthalpy.value, boundof(w).upto);
+  const double moist = drybulbofenthalpy(enthalpy.value, quest.bound(w).upto);
+  const auto [coldest, hottest] = quest.bound(db);
   const double dry = drybulbofenthalpy(enthalpy.value, 0);
-  Stretch all{std::max(moist, 0.0), boundof(db).upto, moist > 0 ? toomoist : toocold, toohot};
+  Stretch all{std::max(moist, coldest), hottest, moist > coldest ? toomoist : toocold, toohot};
   all = upto(all, dry, toodry);
   solve(quest, f, volume, all, [&](double x) { takewetbulbs(quest, x, pressureof(enthalpy, x, quest.atm)); });
 }
@@ -323,16 +298,14 @@ void search(Quest& quest) {
   alongpressure(quest, pressurefirst ? first : second, pressurefirst ? second : first);
 }
 
-}  // namespace
-
-Answers answers(Given first, Given second, double atm) {
+Answers find(Given first, Given second, double atm, const StateBounds& bounds, bool wetbulbs) {
   Answers result;
   if (first.kind > second.kind) std::swap(first, second);
   if (first.kind == second.kind || (first.kind == w && second.kind == dp)) {
     result.reason = NoAnswer::nopair;
     return result;
   }
-  Quest quest{first, second, atm, pressureofratio(boundof(w).upto, atm)};
+  Quest quest{first, second, atm, bounds, wetbulbs};
   search(quest);
   result.states = std::move(quest.states);
   std::sort(result.states.begin(), result.states.end(), [](const StatePoint& one, const StatePoint& other) {
@@ -341,9 +314,19 @@ Answers answers(Given first, Given second, double atm) {
   if (!result.states.empty()) return result;
   result.reason = quest.cause.reason;
   result.kind = quest.cause.kind;
-  const Limits limits = boundof(result.kind);
+  const Limits limits = boundof(result.kind, bounds);
   result.bound = result.reason == NoAnswer::belowbound ? limits.above : limits.upto;
   return result;
+}
+
+}  // namespace
+
+Answers answers(Given first, Given second, double atm, const StateBounds& bounds) {
+  return find(first, second, atm, bounds, true);
+}
+
+Answers answerswithoutwetbulb(Given first, Given second, double atm, const StateBounds& bounds) {
+  return find(first, second, atm, bounds, false);
 }
 
 StatePoint stateat(double db, double wb, double atm) {

@@ -41,7 +41,11 @@ struct Answers {
 
 /// All states of a pair, given in either order, at the pressure atm [in Hg], any double. A value beyond the bounds of a
 /// state has none; the limits of the pair's row in the resolver do not matter. A value that is no value has none.
-Answers answers(Given first, Given second, double atm);
+Answers answers(Given first, Given second, double atm, const StateBounds& bounds = chartbounds);
+
+/// The same for states by dry bulb and humidity ratio alone: the wet bulb of a state has no value unless it is given.
+/// So air near freezing counts once even if it has two wet bulbs, or none.
+Answers answerswithoutwetbulb(Given first, Given second, double atm, const StateBounds& bounds);
 
 /// The state of a dry and a wet bulb [deg F] with all properties by their functions; no value for what has none.
 StatePoint stateat(double db, double wb, double atm);

@@ -21,6 +21,15 @@ double ln_pvs_over_water(double t) {
          6.5459673 * std::log(t);
 }
 
+double ln_slope_over_ice(double t) {
+  return 5674.5359 / (t * t) - 0.009677843 + 2 * 6.2215701e-07 * t + 3 * 2.0747825e-09 * (t * t) -
+         4 * 9.484024e-13 * (t * t * t) + 4.1635019 / t;
+}
+
+double ln_slope_over_water(double t) {
+  return 5800.2206 / (t * t) - 0.048640239 + 2 * 4.1764768e-05 * t - 3 * 1.4452093e-08 * (t * t) + 6.5459673 / t;
+}
+
 }  // namespace
 
 double log10(double number) {
@@ -34,6 +43,12 @@ double psychro_pvs(double temp) {
   const double lnp = kelvin < icepoint ? ln_pvs_over_ice(kelvin) : ln_pvs_over_water(kelvin);
   if (!hasvalue(lnp)) return novalue;
   return valueof(inhg_of_kpa(std::exp(lnp)));
+}
+
+double lnsaturationslope(double temp) {
+  const double kelvin = kelvinof(temp);
+  if (!(kelvin > 0)) return novalue;
+  return valueof(kelvinperdegree * (kelvin < icepoint ? ln_slope_over_ice(kelvin) : ln_slope_over_water(kelvin)));
 }
 
 double psychro_pv1(double db, double wb, double atm) { return vaporpressureof(db, wb, atm, psychro_pvs(wb)); }

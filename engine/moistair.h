@@ -32,6 +32,9 @@ double log10(double number);
 /// Source: Hyland and Wexler (1983), constant term shifted by ln 1000 for kPa; over ice below 273.15 K.
 double psychro_pvs(double temp);
 
+/// Slope of the logarithm of that pressure by the temperature [1/deg F]. No value at absolute zero and below.
+double lnsaturationslope(double temp);
+
 /// Vapour pressure of a state [in Hg], negative where the wet bulb lies far below the dry bulb.
 /// @param db dry bulb [deg F]
 /// @param wb wet bulb [deg F]; up to 32 the psychrometer equation over ice holds, above it the adiabatic balance.

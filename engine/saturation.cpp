@@ -1,5 +1,9 @@
 #include "engine/saturation.h"
 
+#include <cmath>
+
+#include "engine/vaporterms.h"
+
 namespace moistair {
 
 SaturationTable::SaturationTable() {
@@ -16,5 +20,17 @@ SaturationTable::SaturationTable() {
 }
 
 const SaturationTable saturations;
+
+const FreezingStep& freezingstep() {
+  static const FreezingStep step = [] {
+    FreezingStep found{31.99, icewetbulb};
+    while (std::nextafter(found.before, found.after) < found.after) {
+      const double middle = found.before + (found.after - found.before) / 2;
+      (kelvinof(middle) < icepoint ? found.before : found.after) = middle;
+    }
+    return found;
+  }();
+  return step;
+}
 
 }  // namespace moistair

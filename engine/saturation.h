@@ -48,6 +48,12 @@ inline double saturationratio(double db, double atm) {
   return ps < atm ? ratioof(ps, atm) : std::numeric_limits<double>::infinity();
 }
 
+/// The temperatures on either side of the step of the saturation pressure: the last over ice, the first over water.
+struct FreezingStep {
+  double before, after;
+};
+const FreezingStep& freezingstep();
+
 /// A saturation pressure [in Hg], its slope and its curvature by the temperature in deg F.
 struct Saturation {
   double pvs, slope, curvature;

@@ -15,18 +15,6 @@ constexpr Field fieldof(PropertyKind kind) {
   return fields[static_cast<std::size_t>(kind)];
 }
 
-/// A wet bulb above the dry bulb shows in the relative humidity, so that comes first.
-using enum PropertyKind;
-constexpr double unbounded = std::numeric_limits<double>::infinity();
-constexpr std::array<StateBound, 6> statebounds = {{
-    {rh, {0, 100}},
-    {w, {0, 0.03}},
-    {db, {0, 120}},
-    {wb, {0, 120}},
-    {h, {0, unbounded}},
-    {v, {0, unbounded}},
-}};
-
 }  // namespace
 
 std::optional<PropertyKind> kindat(int index) {
@@ -44,15 +32,15 @@ const char* nameof(PropertyKind kind) { return kindnames[static_cast<std::size_t
 double& StatePoint::at(PropertyKind kind) { return this->*fieldof(kind); }
 double StatePoint::at(PropertyKind kind) const { return this->*fieldof(kind); }
 
-Limits boundof(PropertyKind kind) {
-  for (const StateBound& bound : statebounds) {
+Limits boundof(PropertyKind kind, const StateBounds& bounds) {
+  for (const StateBound& bound : bounds) {
     if (bound.kind == kind) return bound.limits;
   }
-  return {-unbounded, unbounded};
+  return {-std::numeric_limits<double>::infinity(), std::numeric_limits<double>::infinity()};
 }
 
-std::optional<StateBound> brokenbound(const StatePoint& point) {
-  for (const StateBound& bound : statebounds) {
+std::optional<StateBound> brokenbound(const StatePoint& point, const StateBounds& bounds) {
+  for (const StateBound& bound : bounds) {
     if (!bound.limits.accept(point.at(bound.kind))) return bound;
   }
   return std::nullopt;

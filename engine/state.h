@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -64,11 +65,24 @@ struct StateBound {
   Limits limits;
 };
 
-/// The bound on a kind's values in a state; the dew point has none.
-Limits boundof(PropertyKind kind);
+/// Bounds of a state, those that tell most coming first: a wet bulb above the dry bulb shows in the relative humidity.
+using StateBounds = std::array<StateBound, 6>;
 
-/// The first bound that a state breaks, those that tell most coming first; none for a state that can be shown.
-std::optional<StateBound> brokenbound(const StatePoint& point);
+/// What can be found from a pair and shown on the chart.
+inline constexpr StateBounds chartbounds = {{
+    {PropertyKind::rh, {0, 100}},
+    {PropertyKind::w, {0, 0.03}},
+    {PropertyKind::db, {0, 120}},
+    {PropertyKind::wb, {0, 120}},
+    {PropertyKind::h, {0, std::numeric_limits<double>::infinity()}},
+    {PropertyKind::v, {0, std::numeric_limits<double>::infinity()}},
+}};
+
+/// The bound on a kind's values in a state; the dew point has none.
+Limits boundof(PropertyKind kind, const StateBounds& bounds = chartbounds);
+
+/// The first bound that a state breaks; none for a state that can be shown.
+std::optional<StateBound> brokenbound(const StatePoint& point, const StateBounds& bounds = chartbounds);
 
 /// A range of dry bulbs [deg F].
 struct DryBulbRange {

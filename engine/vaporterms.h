@@ -14,7 +14,8 @@
 namespace moistair {
 
 /// Temperature as the saturation pressure takes it [K], and where its equation changes from ice to water.
-inline double kelvinof(double temp) { return (temp + 459.67) * 0.555556; }
+inline constexpr double kelvinperdegree = 0.555556;
+inline double kelvinof(double temp) { return (temp + 459.67) * kelvinperdegree; }
 inline constexpr double icepoint = 273.15;
 
 inline double pressureofratio(double w, double atm) { return valueof(atm * quotient(w, massratio + w)); }

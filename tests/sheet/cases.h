@@ -75,7 +75,9 @@ inline Document documentof(const Sheet& sheet, int crowd = 6) {
   desk.line(LineKind::wetbulb, "63");
   desk.line(LineKind::enthalpy, "27");
   desk.line(LineKind::specificvolume, "13.7");
-  return desk.document();
+  Document document = desk.document();
+  document.previous = {{document.entries.back(), {}}, {document.entries.back(), {}}};
+  return document;
 }
 
 inline SheetOptions looking(const PageSize& page, SheetColors colors = SheetColors::color) {

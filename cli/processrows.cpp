@@ -1,0 +1,242 @@
+#include "cli/processrows.h"
+
+#include <algorithm>
+
+#include "cli/fault.h"
+#include "cli/properties.h"
+#include "text/numberformat.h"
+#include "text/tablefield.h"
+#include "text/words.h"
+
+namespace moistair {
+
+namespace {
+
+/// What a column's head "OA.db" names, if it is of this form.
+struct HeadParts {
+  std::string_view step, parameter;
+};
+std::optional<HeadParts> partsOf(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  if (dot == std::string_view::npos) return std::nullopt;
+  return HeadParts{name.substr(0, dot), name.substr(dot + 1)};
+}
+
+std::optional<std::size_t> stepNamed(const AirSystem& system, std::string_view name) {
+  const auto named = [&](const ProcessStep& step) { return step.name == name; };
+  const auto found = std::find_if(system.steps.begin(), system.steps.end(), named);
+  if (found == system.steps.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - system.steps.begin());
+}
+
+/// The step and parameter that a head names; none if it is a column of the user's own. A head that was meant to name
+/// one and does not is bad usage: its column would have no effect.
+std::optional<std::pair<std::size_t, Parameter>> parameterOf(const std::string& name, const AirSystem& system) {
+  const auto parts = partsOf(name);
+  if (!parts) return std::nullopt;
+  const auto step = stepNamed(system, parts->step);
+  const auto known = parameterNamed(lowercase(parts->parameter));
+  if (!step) {
+    if (!known) return std::nullopt;
+    ClosestWord closest(parts->step);
+    for (const ProcessStep& other : system.steps) closest.offer(other.name);
+    throw badusage("column " + name + ": no step is named " + inQuotes(parts->step) + closest.question());
+  }
+  const Result<Parameter> parameter = readParameter(parts->parameter, rowOf(system.steps[*step].kind).accepted);
+  if (!parameter) throw badusage("column " + name + ": " + parameter.error().words);
+  if (!isNumber(*parameter)) throw badusage("column " + name + ": only numbers can change from row to row");
+  return std::pair(*step, *parameter);
+}
+
+/// Takes a parameter's value out of a step and makes it unknown.
+std::optional<double> makeUnknown(ProcessStep& step, Parameter parameter) {
+  const auto same = [&](const Assignment& given) { return given.parameter == parameter; };
+  const auto found = std::find_if(step.given.begin(), step.given.end(), same);
+  if (found == step.given.end()) {
+    step.given.push_back({.parameter = parameter, .unknown = true});
+    return std::nullopt;
+  }
+  const double typed = found->value;
+  found->value = novalue;
+  found->unknown = true;
+  return hasvalue(typed) ? std::optional(typed) : std::nullopt;
+}
+
+}  // namespace
+
+InputColumns inputColumns(const CsvRecord& header, const std::string& filename, AirSystem& system) {
+  InputColumns columns;
+  columns.selection.columns = eachColumn(header, filename, ',', [&](const std::string& name, std::size_t place) {
+    if (columns.pressures.take(name, columns.selection, place)) return;
+    const auto found = parameterOf(name, system);
+    if (!found) return;
+    const auto [step, parameter] = *found;
+    const auto same = [&](const ParameterColumn& other) { return other.step == step && other.parameter == parameter; };
+    if (std::any_of(columns.parameters.begin(), columns.parameters.end(), same)) {
+      throw badusage("the first line names the column " + name + " twice");
+    }
+    columns.parameters.push_back(
+        {name, step, parameter, makeUnknown(system.steps[step], parameter), columns.selection.wanted.size()});
+    columns.selection.wanted.push_back(place);
+  });
+  if (columns.parameters.empty() && !columns.pressures.any()) {
+    throw badusage(filename +
+                   ": the first line must name the columns, separated by commas, with a parameter of a step "
+                   "among them, such as OA.db");
+  }
+  return columns;
+}
+
+namespace {
+
+/// A column by its name "SA.db", "CC.total" or "RT.rest.db".
+ResultColumn resultColumn(const std::string& name, const CompiledSystem& system) {
+  const HeadParts parts = partsOf(name).value_or(HeadParts{name, {}});
+  const auto found = std::find(system.names.begin(), system.names.end(), std::string(parts.step));
+  if (parts.step.empty() || found == system.names.end()) {
+    ClosestWord closest(parts.step);
+    for (const std::string& other : system.names) closest.offer(other);
+    throw badusage("--columns: no stream is named " + inQuotes(parts.step) + closest.question());
+  }
+  const auto stream = static_cast<std::size_t>(found - system.names.begin());
+  const std::string key = lowercase(parts.parameter);
+  ClosestWord closest(key);
+  for (const StreamValue& value : streamValues) {
+    if (key == value.name) return {.name = name, .index = stream, .ofStream = value.value};
+    closest.offer(value.name);
+  }
+  const bool process = stream % 2 == 0 && isProcess(system.steps[stream / 2].kind);
+  std::string all = "db wb rh w h dp v grains lbh acfm scfm";
+  for (const StepValue& value : stepValues) {
+    if (!process) break;
+    if (key == value.name) return {.name = name, .index = stream / 2, .ofStep = value.value};
+    closest.offer(value.name);
+    all += std::string(" ") + value.name;
+  }
+  throw badusage("--columns: " + std::string(parts.step) + " has no " + inQuotes(parts.parameter) + closest.question() +
+                 "; it has " + all);
+}
+
+}  // namespace
+
+void dropGiven(std::vector<Unknown>& unknowns, const InputColumns& input) {
+  std::erase_if(unknowns, [&](const Unknown& unknown) {
+    return std::any_of(input.parameters.begin(), input.parameters.end(), [&](const ParameterColumn& column) {
+      return column.step == unknown.step && column.parameter == unknown.parameter;
+    });
+  });
+}
+
+std::vector<ResultColumn> resultColumns(std::string_view list, const CompiledSystem& system) {
+  std::vector<ResultColumn> columns;
+  if (!list.empty()) {
+    for (const std::string_view name : splitat(list, ',')) {
+      columns.push_back(resultColumn(std::string(trimmed(name)), system));
+    }
+    return columns;
+  }
+  for (const std::string& stream : system.names) {
+    if (stream.empty()) continue;
+    for (const char* key : {".db", ".w", ".rh", ".acfm"}) columns.push_back(resultColumn(stream + key, system));
+  }
+  for (std::size_t step = 0; step < system.steps.size(); ++step) {
+    if (!isProcess(system.steps[step].kind)) continue;
+    for (const char* key : {".total", ".sensible", ".water"}) {
+      columns.push_back(resultColumn(system.names[mainStream(step)] + key, system));
+    }
+  }
+  return columns;
+}
+
+std::string headerLine(const CsvRecord& header, const ProcessPlan& plan) {
+  std::string out(header.raw);
+  for (const ResultColumn& column : plan.results) {
+    out += ',';
+    appendfield(out, column.name);
+  }
+  out += ",status";
+  out += plan.shape.lineEnd;
+  return out;
+}
+
+namespace {
+
+/// Sets what a row's cells give; the reason why they cannot be used, empty if they can.
+std::string giveParameters(RowCells& cells, const InputColumns& input, CompiledSystem& system) {
+  for (const ParameterColumn& column : input.parameters) {
+    const std::string_view cell = cells.at(column.cell);
+    std::optional<double> value = column.typed;
+    if (!cell.empty()) {
+      const Result<Assignment> read = readAssignment(column.parameter, cell);
+      if (!read) return column.name + ": " + read.error().words;
+      if (!read->unknown) value = read->value;
+    }
+    if (!value) return column.name + ": the value is missing";
+    system.steps[column.step].parameters.set(column.parameter, *value);
+  }
+  return {};
+}
+
+/// Why the first step without a result has none.
+std::string whyNot(const CompiledSystem& system, const Solution& solution) {
+  for (const std::size_t step : system.order) {
+    if (!solution.solved(step)) return solution.errors[step].text();
+  }
+  return {};
+}
+
+/// What each block of rows works with.
+struct Workplace {
+  CompiledSystem system;
+  Solution solution;
+  std::optional<GoalProblem> goals;
+  GoalSolution last;  ///< of the row before
+};
+
+/// Solves for a row; the reason why there is no solution, empty if there is one.
+std::string solveRow(const ProcessPlan& plan, RowCells& cells, const Site& site, Workplace& at) {
+  CompiledSystem& system = at.goals ? at.goals->system : at.system;
+  if (std::string reason = giveParameters(cells, plan.input, system); !reason.empty()) return reason;
+  if (!at.goals) {
+    evaluate(system, site, at.solution);
+    return at.solution.complete ? "" : whyNot(system, at.solution);
+  }
+  const Outcome outcome = solveNear(*at.goals, site, at.last);
+  if (!outcome) return outcome.error().text();
+  at.solution = at.last.solution;
+  return {};
+}
+
+std::string appendRow(std::string& out, RowCells& cells, const ProcessPlan& plan, Workplace& at) {
+  const PressureOrReason pressure = plan.input.pressures.pressureOf(cells, plan.atm);
+  if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
+  const Site site{.atm = std::get<double>(pressure)};
+  if (std::string reason = solveRow(plan, cells, site, at); !reason.empty()) return reason;
+  std::size_t read = at.solution.streams.size();  // the stream that was read out last: its columns come together
+  StreamReadout readout;
+  for (const ResultColumn& column : plan.results) {
+    double value;
+    if (column.ofStep != nullptr) {
+      value = at.solution.results[column.index].*column.ofStep;
+    } else {
+      if (read != column.index) readout = readoutOf(at.solution.streams[column.index], site);
+      read = column.index;
+      value = readout.*column.ofStream;
+    }
+    out += ',';
+    (plan.full ? appendroundtrip : appendsevendecimals)(out, value);
+  }
+  return {};
+}
+
+}  // namespace
+
+BatchResult processRows(std::string_view block, const ProcessPlan& plan) {
+  Workplace at{.system = plan.system, .solution = {}, .goals = plan.goals, .last = {}};
+  return fillRows(block, plan.shape, [&](RowCells& cells, std::string& results, std::string&) {
+    std::string reason = appendRow(results, cells, plan, at);
+    return reason.empty() ? RowOutcome{} : failedRow(std::move(reason));
+  });
+}
+
+}  // namespace moistair

@@ -1,0 +1,240 @@
+#include "process/air.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "engine/answers.h"
+#include "engine/crossing.h"
+#include "engine/saturation.h"
+#include "engine/vaporterms.h"
+#include "process/words.h"
+
+namespace moistair {
+
+namespace {
+
+using enum PropertyKind;
+
+constexpr double infinite = std::numeric_limits<double>::infinity();
+/// What rounding may leave of the moisture of dry air, which is a state.
+constexpr double dryRatio = -1e-12, dryHumidity = -1e-5;
+
+constexpr StateBounds processBounds = {{
+    {rh, {dryHumidity, 100}},
+    {w, {dryRatio, highestRatio}},
+    {db, {lowestDryBulb - 1e-9, highestDryBulb}},
+    {wb, {-200, highestDryBulb}},
+    {h, {-infinite, infinite}},
+    {v, {0, infinite}},
+}};
+
+/// Newton's steps from x until they no longer change it; `step` gives the next one. The functions below are convex or
+/// concave, so the steps come in from one side; the count is for values beyond all measure.
+template <class Step>
+double newton(double x, double low, double high, const Step& step) {
+  for (int count = 0; count < 60; ++count) {
+    const double next = std::clamp(x - step(x), low, high);
+    const double change = std::abs(next - x);
+    x = next;
+    if (!(change > 1e-13 * (1 + std::abs(x)))) break;
+  }
+  return x;
+}
+
+/// The temperature of a saturation pressure; within the step that before it.
+double temperatureOfSaturation(double pvs) {
+  const auto& [before, after] = freezingstep();
+  static const double ice = psychro_pvs(before);
+  static const double water = psychro_pvs(after);
+  if (!(pvs > 0) || !hasvalue(pvs)) return novalue;
+  if (pvs >= ice && pvs < water) return before;
+  constexpr double coldest = -400;
+  const bool overWater = pvs >= water;
+  const double target = std::log(pvs);
+  const double guess = target < -10 ? -100 : psychro_dp(pvs);
+  const double low = overWater ? after : coldest;
+  const double high = overWater ? 1000 : before;
+  return newton(std::clamp(guess, low, high), low, high,
+                [&](double x) { return (std::log(psychro_pvs(x)) - target) / lnsaturationslope(x); });
+}
+
+double saturationRatioOf(double db, double atm) {
+  const double ps = psychro_pvs(db);
+  return ps < atm ? ratioof(ps, atm) : infinite;
+}
+
+double saturationSlopeOf(double db, double atm) {
+  const double ps = psychro_pvs(db);
+  return ps < atm ? massratio * atm / ((atm - ps) * (atm - ps)) * ps * lnsaturationslope(db) : infinite;
+}
+
+double saturationTemperatureOf(double ratio, double atm) {
+  return temperatureOfSaturation(pressureofratio(ratio, atm));
+}
+
+double relativeHumidityOf(double db, double ratio, double atm) {
+  return humidityof(pressureofratio(ratio, atm), psychro_pvs(db));
+}
+
+double ratioOfHumidityAt(double db, double humidity, double atm) {
+  const double pv = humidity / 100 * psychro_pvs(db);
+  return pv < atm ? ratioof(pv, atm) : infinite;
+}
+
+double dryBulbOfHumidityAt(double humidity, double ratio, double atm) {
+  const double pvs = quotient(100 * pressureofratio(ratio, atm), humidity);
+  const double temp = temperatureOfSaturation(pvs);
+  return std::abs(psychro_pvs(temp) - pvs) <= 1e-9 * pvs ? temp : novalue;
+}
+
+double volumeOfState(double db, double ratio, double atm) { return volumeof(volumefactor(db), ratio, atm); }
+
+double dewPointOf(double ratio, double atm) { return psychro_dp(pressureofratio(ratio, atm)); }
+
+double ratioOfDewPointAt(double dewPoint, double atm) {
+  static const double frostEnd = psychro_dp(std::nextafter(formsmeet, 0));
+  static const double waterStart = psychro_dp(formsmeet);
+  if (dewPoint > frostEnd && dewPoint < waterStart) return novalue;
+  if (!(dewPoint > frostpoint.at(frostpoint.turn()))) return novalue;
+  const double pv = std::exp((dewPoint < waterStart ? frostpoint : waterpoint).of(dewPoint));
+  return pv < atm ? ratioof(pv, atm) : infinite;
+}
+
+double ratioOfWetBulbAt(double db, double wetBulb, double atm) {
+  if (!(psychro_pvs(wetBulb) < atm)) return infinite;
+  return psychro_w(db, wetBulb, atm);
+}
+
+/// The balance over water is 1093.049 (ws - w) = (0.24 + 0.441 w)(t - x), convex in the wet bulb x.
+double wetBulbOverWater(double db, double ratio, double atm) {
+  const double low = std::nextafter(icewetbulb, infinite);
+  if (!(db >= low)) return novalue;
+  constexpr double vaporized = 1093.049;
+  const double capacity = 0.24 + 0.441 * ratio;
+  const auto excess = [&](double x) { return vaporized * (saturationRatioOf(x, atm) - ratio) - capacity * (db - x); };
+  // Far from boiling the saturated ratio is finite and Newton's steps are short.
+  const double high = psychro_pvs(db) < atm / 2 ? db : temperatureOfSaturation(atm / 2);
+  if (!(low < high) || !(excess(low) <= 0) || !(excess(high) >= -1e-12)) return novalue;
+  return newton(high, low, high,
+                [&](double x) { return excess(x) / (vaporized * saturationSlopeOf(x, atm) + capacity); });
+}
+
+/// Over ice the saturation pressure less a multiple of the depression is the vapor pressure.
+double wetBulbOverIce(double db, double ratio, double atm) {
+  const auto& [before, after] = freezingstep();
+  const double pv = pressureofratio(ratio, atm);
+  const auto excess = [&](double x) { return vaporpressureof(db, x, atm, psychro_pvs(x)) - pv; };
+  const auto step = [&](double x) {
+    return excess(x) / (psychro_pvs(x) * lnsaturationslope(x) + 0.0005704 * atm / 1.8);
+  };
+  const double top = std::min(db, icewetbulb);
+  if (top >= after && excess(after) <= 0) return excess(top) >= -1e-15 ? newton(top, after, top, step) : novalue;
+  const double high = std::min(db, before);
+  return excess(high) >= -1e-15 ? newton(high, -400, high, step) : novalue;
+}
+
+WetBulbs wetBulbsOf(double db, double ratio, double atm) {
+  return {wetBulbOverIce(db, ratio, atm), wetBulbOverWater(db, ratio, atm)};
+}
+
+Error noState(const Answers& found, const Given& first, const Given& second) {
+  const std::string pair = std::string(nameof(first.kind)) + " and " + nameof(second.kind);
+  const std::string place = nameof(second.kind);
+  switch (found.reason) {
+    case NoAnswer::nopair: return {ErrorCode::noResult, place, pair + " do not fix a state; give another property"};
+    case NoAnswer::belowbound:
+    case NoAnswer::abovebound: {
+      const bool above = found.reason == NoAnswer::abovebound;
+      const double below = found.kind == db ? lowestDryBulb : 0;  // without the allowance for rounding
+      const std::string limit = figure(above ? found.bound : found.kind == wb ? found.bound : below);
+      return {ErrorCode::outOfRange, place,
+              "with this " + pair + ", " + nameof(found.kind) + " is " + (above ? "above " : "below ") + limit};
+    }
+    case NoAnswer::saturation:
+      return {ErrorCode::noResult, place, "air with this " + pair + " is above saturation; lower " + place};
+    case NoAnswer::dewpointgap:
+      return {ErrorCode::noResult, "dp", "no air has a dew point between 31.996 and 32.214 deg F; give w"};
+    case NoAnswer::freezingstep:
+      return {ErrorCode::noResult, place, "this " + pair + " lie in the step of the equations at 32 deg F"};
+    default: return {ErrorCode::noResult, place, "no air has this " + pair + " at the site's pressure"};
+  }
+}
+
+Error twoStates(const std::vector<StatePoint>& states, const Given& first, const Given& second) {
+  std::string words = std::string("more than one state has this ") + nameof(first.kind) + " and " + nameof(second.kind);
+  const char* before = ": ";
+  for (const StatePoint& state : states) {
+    words += before + ("db=" + figure(state.db)) + ",w=" + figure(state.w);
+    before = " and ";
+  }
+  return {ErrorCode::noResult, nameof(second.kind), words + "; give one of these pairs"};
+}
+
+/// The humidity ratio of a dry bulb and another property, in closed form.
+double ratioAt(double drybulb, const Given& other, double atm) {
+  switch (other.kind) {
+    case wb:
+      return other.value <= drybulb * (1 + 1e-15) + 1e-12 ? ratioOfWetBulbAt(drybulb, other.value, atm) : infinite;
+    case rh: return ratioOfHumidityAt(drybulb, other.value, atm);
+    case w: return other.value;
+    case h: return ratioofenthalpy(drybulb, other.value);
+    case dp: return ratioOfDewPointAt(other.value, atm);
+    case v: return ratioofvolume(drybulb, other.value, atm);
+    default: return novalue;
+  }
+}
+
+/// The dry air of a wet bulb.
+Result<AirState> dryOfWetBulb(const Given& wetBulb, const Given& moisture, double atm) {
+  const auto ratio = [&](double temp) { return ratioOfWetBulbAt(temp, wetBulb.value, atm); };
+  const double cold = std::max(wetBulb.value, lowestDryBulb);
+  const double wettest = cold <= highestDryBulb ? ratio(cold) : novalue;
+  const double driest = ratio(highestDryBulb);
+  if (!(wettest >= 0) || !(driest <= 0))
+    return noState({{}, NoAnswer::abovebound, db, highestDryBulb}, wetBulb, moisture);
+  return AirState{crossing(ratio, cold, wettest, highestDryBulb, driest), 0};
+}
+
+Result<AirState> stateOfPair(Given first, Given second, double atm) {
+  if (first.kind > second.kind) std::swap(first, second);
+  if (first.kind == db && second.kind != db) {
+    AirState state{first.value, ratioAt(first.value, second, atm)};
+    if (state.w > dryRatio && state.w < 0) state.w = 0;
+    const bool inRange =
+        state.db >= lowestDryBulb && state.db <= highestDryBulb && state.w >= 0 && state.w <= highestRatio;
+    if (inRange && !aboveSaturation(state.w, saturationRatioOf(state.db, atm))) return state;
+  }
+  const bool dry = first.kind == rh && first.value == 0;  // no equation turns dry air's humidity into a dry bulb
+  if (dry && (second.kind == h || second.kind == v)) return stateOfPair({w, 0}, second, atm);
+  if (dry) return noState({{}, NoAnswer::nopair}, first, second);
+  if (first.kind == wb && (second.kind == rh || second.kind == w) && second.value == 0)
+    return dryOfWetBulb(first, second, atm);
+  const Answers found = answerswithoutwetbulb(first, second, atm, processBounds);
+  if (found.states.empty()) return noState(found, first, second);
+  if (found.states.size() > 1) return twoStates(found.states, first, second);
+  return AirState{found.states.front().db, std::max(found.states.front().w, 0.0)};
+}
+
+}  // namespace
+
+const AirModel programAir = {
+    .enthalpy = enthalpyof,
+    .vaporEnthalpy = [](double db) { return 1061 + 0.444 * db; },
+    .dryBulbOfEnthalpy = drybulbofenthalpy,
+    .volume = volumeOfState,
+    .relativeHumidity = relativeHumidityOf,
+    .ratioOfHumidity = ratioOfHumidityAt,
+    .dryBulbOfHumidity = dryBulbOfHumidityAt,
+    .saturationRatio = saturationRatioOf,
+    .saturationSlope = saturationSlopeOf,
+    .saturationTemperature = saturationTemperatureOf,
+    .dewPoint = dewPointOf,
+    .ratioOfDewPoint = ratioOfDewPointAt,
+    .wetBulbs = wetBulbsOf,
+    .ratioOfWetBulb = ratioOfWetBulbAt,
+    .stateOf = stateOfPair,
+    .freezing = freezingstep().before,
+};
+
+}  // namespace moistair

@@ -11,9 +11,6 @@ namespace moistair {
 
 namespace {
 
-/// Decimals that a property is told with.
-constexpr std::array<int, kindcount> decimals = {2, 2, 2, 5, 2, 2, 3};
-
 constexpr const char* thisstatehas = "this state has ";
 constexpr const char* themixturehas = "the mixed stream has ";
 constexpr const char* exactly = "exact: ";
@@ -25,7 +22,7 @@ constexpr const char* drawfirst = ": draw a chart to search on";
 
 /// "dew point 28.72"
 std::string told(PropertyKind kind, double value) {
-  return std::string(propertyname(kind)) + ' ' + fixeddecimals(value, decimals[static_cast<std::size_t>(kind)]);
+  return std::string(propertyname(kind)) + ' ' + fixeddecimals(value, propertyOf(kind).decimals);
 }
 
 /// "dew point 28.72 for the 27.65 given", or "wet bulb 59.97 for 60.02" in a mixture, for each value.

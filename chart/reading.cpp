@@ -34,8 +34,17 @@ std::string coordinatetext(double value, int decimals) {
   return fixeddecimals(value, isshort ? decimals : most);
 }
 
-std::string spokenrow(const ReadingRow& row, const StatePoint& state) {
-  return std::string(row.caption) + ' ' + readingtext(row, state) + ' ' + row.unit;
+std::string spokenrow(PropertyKind kind, const StatePoint& state) {
+  const Property& property = propertyOf(kind);
+  return std::string(property.shortCaption) + ' ' + readingtext(kind, state) + ' ' + property.unit;
+}
+
+/// What is known of the state at a place by the place alone.
+StatePoint stateof(const Place& place) {
+  StatePoint state;
+  state.db = place.db;
+  state.w = place.w;
+  return state;
 }
 
 /// Whether a pointer is as good as on the saturation line: the line is taken as straight about there.
@@ -182,38 +191,23 @@ std::vector<Place> humiditycurve(const ChartLimits& limits, double atm, const St
   return places;
 }
 
-const ReadingRow& rowof(double StatePoint::*value) {
-  return *std::find_if(readingrows.begin(), readingrows.end(),
-                       [&](const ReadingRow& row) { return row.value == value; });
+std::string readingtext(PropertyKind kind, const StatePoint& state) {
+  const bool given = kind == PropertyKind::db || kind == PropertyKind::w;
+  return (given ? coordinatetext : fixeddecimals)(state.at(kind), propertyOf(kind).decimals);
 }
 
-std::string readingtext(const ReadingRow& row, const StatePoint& state) {
-  const bool given = row.value == &StatePoint::db || row.value == &StatePoint::w;
-  return given ? coordinatetext(state.*row.value, row.decimals) : fixeddecimals(state.*row.value, row.decimals);
-}
+std::string drybulbtext(const Place& place) { return readingtext(PropertyKind::db, stateof(place)); }
 
-std::string drybulbtext(const Place& place) {
-  StatePoint state;
-  state.db = place.db;
-  return readingtext(rowof(&StatePoint::db), state);
-}
-
-std::string ratiotext(const Place& place) {
-  StatePoint state;
-  state.w = place.w;
-  return readingtext(rowof(&StatePoint::w), state);
-}
+std::string ratiotext(const Place& place) { return readingtext(PropertyKind::w, stateof(place)); }
 
 std::string spokenreading(const Reading& reading) {
   if (!reading.state) {
-    StatePoint place;
-    place.db = reading.place.db;
-    place.w = reading.place.w;
-    return std::string(reading.reason) + ": " + spokenrow(rowof(&StatePoint::db), place) + ", " +
-           spokenrow(rowof(&StatePoint::w), place);
+    const StatePoint place = stateof(reading.place);
+    return std::string(reading.reason) + ": " + spokenrow(PropertyKind::db, place) + ", " +
+           spokenrow(PropertyKind::w, place);
   }
   std::string text;
-  for (const ReadingRow& row : readingrows) text += (text.empty() ? "" : ", ") + spokenrow(row, *reading.state);
+  for (const PropertyKind kind : shownOrder) text += (text.empty() ? "" : ", ") + spokenrow(kind, *reading.state);
   return text;
 }
 

@@ -40,7 +40,7 @@ void take(std::optional<std::size_t>& place, CsvSelection& selection, const std:
 const std::vector<std::string>& resultnames() {
   static const std::vector<std::string> names = [] {
     std::vector<std::string> made;
-    for (const StateColumn& column : statecolumns) made.push_back(std::string("out_") + column.name);
+    for (const Property& property : propertyTable) made.push_back(std::string("out_") + property.key);
     made.emplace_back("status");
     return made;
   }();
@@ -106,7 +106,7 @@ RowOrReason givenrow(const CsvRecord& record, const BatchPlan& plan) {
     const std::string_view cell = cells.at(plan.columns.kinds[i]);
     if (cell.empty()) continue;
     const double value = strictnumber(cell);
-    if (!hasvalue(value)) return kindnames[i] + std::string(isnonumber);
+    if (!hasvalue(value)) return nameof(static_cast<PropertyKind>(i)) + std::string(isnonumber);
     given[count++] = {static_cast<PropertyKind>(i), value};
   }
   if (count != 2) {
@@ -126,10 +126,10 @@ void appendrecord(std::string& out, const CsvRecord& record, const BatchPlan& pl
   if (record.count < columns) out.append(columns - record.count, plan.delimiter);
 }
 
-void appendstate(std::string& out, const StatePoint& point, const BatchPlan& plan) {
-  for (const StateColumn& column : statecolumns) {
+void appendstate(std::string& out, const StatePoint& point, double atm, const BatchPlan& plan) {
+  for (const Property& property : propertyTable) {
     out += plan.delimiter;
-    (plan.full ? appendroundtrip : appendsevendecimals)(out, point.*column.value);
+    (plan.full ? appendroundtrip : appendsevendecimals)(out, valueOf(property, point, atm));
   }
 }
 
@@ -162,7 +162,7 @@ RowResult judgedRow(std::string& out, const PairOfGiven& pair, double atm, Resol
   } else if (!missedBy(pair, resolution.point, atm).empty()) {
     row = {missedRow, plan.strict, true};
   }
-  if (!row.failed) appendstate(out, resolution.point, plan);
+  if (!row.failed) appendstate(out, resolution.point, atm, plan);
   return row;
 }
 
@@ -238,7 +238,7 @@ BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
     result.failed += row.failed ? 1 : 0;
     result.missed += row.missed ? 1 : 0;
     result.nearest += row.nearest ? 1 : 0;
-    if (row.failed) result.text.append(statecolumns.size(), plan.delimiter);
+    if (row.failed) result.text.append(propertyCount, plan.delimiter);
     result.text += plan.delimiter;
     appendfield(result.text, row.status, plan.delimiter);
     result.text += check;

@@ -202,7 +202,7 @@ std::optional<Cause> brokenby(StatePoint state) {
 void takestate(Quest& quest, double drybulb, double wetbulb) {
   const StatePoint state = stateat(drybulb, wetbulb, quest.atm);
   for (const Given& given : {quest.first, quest.second}) {
-    const double finest = 1e-6 * visible[static_cast<std::size_t>(given.kind)];
+    const double finest = 1e-6 * propertyOf(given.kind).visible;
     if (!(std::abs(state.at(given.kind) - given.value) <= finest)) return quest.miss({NoAnswer::pressure});
   }
   if (const auto broken = brokenby(state)) return quest.miss(*broken);
@@ -348,11 +348,7 @@ Answers answers(Given first, Given second, double atm) {
 
 StatePoint stateat(double db, double wb, double atm) {
   StatePoint state;
-  for (int i = 0; i < kindcount; ++i) {
-    const PropertyKind kind = *kindat(i);
-    state.at(kind) = propertyAt(kind, db, wb, atm);
-  }
-  state.pv = psychro_pv1(db, wb, atm);
+  for (const Property& property : heldProperties) state.*property.value = propertyAt(property.kind, db, wb, atm);
   return state;
 }
 
@@ -365,6 +361,7 @@ double propertyAt(PropertyKind kind, double drybulb, double wetbulb, double atm)
     case h: return psychro_h(drybulb, wetbulb, atm);
     case dp: return psychro_dp(psychro_pv1(drybulb, wetbulb, atm));
     case v: return psychro_v(drybulb, wetbulb, atm);
+    case pv: return psychro_pv1(drybulb, wetbulb, atm);
   }
   return novalue;
 }

@@ -21,6 +21,9 @@ namespace moistair {
 /// The atmospheric pressure that the program starts with [in Hg].
 inline constexpr double defaultpressure = 29.92126;
 
+/// No state that the program shows has a higher humidity ratio, and no chart goes beyond it [lb/lb].
+inline constexpr double greatestRatio = 0.03;
+
 /// Absolute zero [deg F]: no temperature at or below it has a saturation pressure.
 inline constexpr double absolutezero = -459.67;
 

@@ -1,59 +1,12 @@
 #include "engine/state.h"
 
-#include <algorithm>
-#include <limits>
-
 namespace moistair {
 
-namespace {
-
-using Field = double StatePoint::*;
-
-constexpr Field fieldof(PropertyKind kind) {
-  constexpr std::array<Field, kindcount> fields = {&StatePoint::db, &StatePoint::wb, &StatePoint::rh, &StatePoint::w,
-                                                   &StatePoint::h,  &StatePoint::dp, &StatePoint::v};
-  return fields[static_cast<std::size_t>(kind)];
-}
-
-/// A wet bulb above the dry bulb shows in the relative humidity, so that comes first.
-using enum PropertyKind;
-constexpr double unbounded = std::numeric_limits<double>::infinity();
-constexpr std::array<StateBound, 6> statebounds = {{
-    {rh, {0, 100}},
-    {w, {0, 0.03}},
-    {db, {0, 120}},
-    {wb, {0, 120}},
-    {h, {0, unbounded}},
-    {v, {0, unbounded}},
-}};
-
-}  // namespace
-
-std::optional<PropertyKind> kindat(int index) {
-  if (index < 0 || index >= kindcount) return std::nullopt;
-  return static_cast<PropertyKind>(index);
-}
-
-std::optional<PropertyKind> kindnamed(std::string_view name) {
-  const auto found = std::find(kindnames.begin(), kindnames.end(), name);
-  return found == kindnames.end() ? std::nullopt : kindat(static_cast<int>(found - kindnames.begin()));
-}
-
-const char* nameof(PropertyKind kind) { return kindnames[static_cast<std::size_t>(kind)]; }
-
-double& StatePoint::at(PropertyKind kind) { return this->*fieldof(kind); }
-double StatePoint::at(PropertyKind kind) const { return this->*fieldof(kind); }
-
-Limits boundof(PropertyKind kind) {
-  for (const StateBound& bound : statebounds) {
-    if (bound.kind == kind) return bound.limits;
-  }
-  return {-unbounded, unbounded};
-}
-
 std::optional<StateBound> brokenbound(const StatePoint& point) {
-  for (const StateBound& bound : statebounds) {
-    if (!bound.limits.accept(point.at(bound.kind))) return bound;
+  using enum PropertyKind;
+  // A wet bulb above the dry bulb shows in the relative humidity, so that comes first.
+  for (const PropertyKind kind : {rh, w, db, wb, h, v}) {
+    if (!boundof(kind).accept(point.at(kind))) return StateBound{kind, boundof(kind)};
   }
   return std::nullopt;
 }

@@ -92,9 +92,11 @@ void checkstate(const JsonNode& node, StatePoint point) {
 }
 
 StatePoint stateof(const JsonNode& node) {
-  node.onlykeys({"db", "wb", "rh", "w", "h", "dp", "v", "pv"});
+  std::vector<const char*> keys;
+  for (const Property& property : heldProperties) keys.push_back(property.key);
+  node.onlykeys(keys);
   StatePoint state;
-  for (const auto& [value, name] : statenames) state.*value = node.at(name).number();
+  for (const Property& property : heldProperties) state.*property.value = node.at(property.key).number();
   checkstate(node, state);
   return state;
 }
@@ -146,7 +148,9 @@ AirStream streamof(const JsonNode& node) {
   const JsonNode shown = node.at("shown");
   readcolumn(shown, stream);
   StatePoint state;
-  for (const auto& [value, name] : statenames) state.*value = lenientnumber(shown.at(name).text());
+  for (const Property& property : heldProperties) {
+    state.*property.value = lenientnumber(shown.at(property.key).text());
+  }
   checkstate(shown, state);
   stream.complete = true;
   stream.exact = isExact(node);

@@ -3,7 +3,6 @@
 /// user.
 #pragma once
 
-#include <initializer_list>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
@@ -37,7 +36,7 @@ public:
   JsonNode at(const char* key) const;
   std::optional<JsonNode> find(const char* key) const;
   /// Fails for something that is no object and for a key that is none of these.
-  void onlykeys(std::initializer_list<const char*> keys) const;
+  void onlykeys(const std::vector<const char*>& keys) const;
 
   struct Member;
   std::vector<Member> members() const;  ///< of an object, in the order of the text

@@ -15,8 +15,6 @@ namespace moistair {
 
 namespace {
 
-constexpr ChartLimits wholechart{0, 120, 0, 0.03};
-
 /// Adds what an entry is to a content.
 struct ContentWriter {
   SheetContent& content;
@@ -86,7 +84,7 @@ std::string elevationtext(const Pressure& pressure) {
 
 SheetContent contentof(const Document& document) {
   SheetContent content;
-  content.limits = wholechart;
+  content.limits = wholeChart;
   content.pressure = document.pressure;
   content.omitted = document.previous.size();
   if (const Entry* chart = lastchart(document)) {

@@ -13,7 +13,7 @@ namespace moistair {
 
 namespace {
 
-constexpr double grainsperpound = 7000;
+constexpr double grainsPerPound = 7000;
 constexpr double finetick = 0.3;  // em
 constexpr double middletick = 0.5;
 constexpr double maintick = 0.75;
@@ -85,8 +85,8 @@ std::vector<RightScale> rightscales(const SheetWork& work) {
       stepsof({0.0001, 0.0002, 0.0005, 0.001, 0.002, 0.005, 0.01}, perw, em, 2.2), low, high,
       [](double w) { return w; });
   add("Grains of moisture per lb of dry air", "gr/lb",
-      stepsof({0.5, 1, 2, 5, 10, 20, 50}, perw / grainsperpound, em, 2), low * grainsperpound, high * grainsperpound,
-      [](double grains) { return grains / grainsperpound; });
+      stepsof({0.5, 1, 2, 5, 10, 20, 50}, perw / grainsPerPound, em, 2), low * grainsPerPound, high * grainsPerPound,
+      [](double grains) { return grains / grainsPerPound; });
   const double perpressure = perw * ratioof(pressureofratio(high, atm), atm) / pressureofratio(high, atm);
   add("Vapor pressure, in Hg", "in Hg", stepsof({0.002, 0.005, 0.01, 0.02, 0.05, 0.1, 0.2, 0.5}, perpressure, em, 2.2),
       pressureofratio(low, atm), pressureofratio(high, atm), [atm](double pv) { return ratioof(pv, atm); });

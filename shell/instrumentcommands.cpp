@@ -98,7 +98,7 @@ void Instrument::drop() {
 
 /// A line of the property that the place has, as it is read there, at the pressure and between the limits of the chart.
 void Instrument::draw(LineKind kind, const Spot& spot) {
-  const std::string value = readingtext(rowof(propertyof(kind)), *spot.reading.state);
+  const std::string value = readingtext(propertyof(kind), *spot.reading.state);
   const char* reason = chart_.add({*standing_, PropertyLine{kind, numbertext(lenientnumber(value))}}, ground_.window());
   if (reason != nullptr) Q_EMIT refused(QString::fromUtf8(reason));
 }
@@ -132,9 +132,9 @@ void Instrument::rename(const Spot& spot) {
 void Instrument::copy(const Spot& spot) {
   if (!spot.reading.state) return;
   QString text;
-  for (const ReportRow& row : reportrows) {
-    text += QString::fromUtf8(row.caption) + QLatin1Char('\t') +
-            QString::fromStdString(fixeddecimals(*spot.reading.state.*row.value, 7)) + QLatin1Char('\n');
+  for (const PropertyKind kind : shownOrder) {
+    text += QString::fromUtf8(propertyOf(kind).caption) + QLatin1Char('\t') +
+            QString::fromStdString(fixeddecimals(spot.reading.state->at(kind), 7)) + QLatin1Char('\n');
   }
   QGuiApplication::clipboard()->setText(text);
 }
@@ -181,9 +181,9 @@ void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
     menu.addSeparator();
     for (const LineKind kind :
          {LineKind::relativehumidity, LineKind::wetbulb, LineKind::enthalpy, LineKind::specificvolume}) {
-      const ReadingRow& row = rowof(propertyof(kind));
-      const QString value = QString::fromStdString(readingtext(row, *spot.reading.state));
-      add(tr("%1 %2 %3 through here").arg(QLatin1String(captionof(kind)), value, QLatin1String(row.unit)),
+      const PropertyKind kept = propertyof(kind);
+      const QString value = QString::fromStdString(readingtext(kept, *spot.reading.state));
+      add(tr("%1 %2 %3 through here").arg(QLatin1String(captionof(kind)), value, QLatin1String(propertyOf(kept).unit)),
           [this, kind, spot] { draw(kind, spot); });
     }
     menu.addSeparator();

@@ -164,7 +164,7 @@ double pressureof(const Given& given, double drybulb, double atm) {
     case w: return pressureofratio(given.value, atm);
     case h: return pressureofratio(ratioofenthalpy(drybulb, given.value), atm);
     case v: return pressureofratio(ratioofvolume(drybulb, given.value, atm), atm);
-    case dp: return std::exp((given.value < psychro_dp(formsmeet) ? frostpoint : waterpoint).of(given.value));
+    case dp: return pressureOfDewPoint(given.value);
     default: return novalue;
   }
 }
@@ -173,9 +173,8 @@ double pressureof(const Given& given, double drybulb, double atm) {
 bool mayhave(Quest& quest, const Given& given) {
   const Limits limits = boundof(given.kind);
   if (given.kind == dp) {
-    const double frostend = psychro_dp(std::nextafter(formsmeet, 0));
     if (!(given.value > frostpoint.at(frostpoint.turn()))) quest.miss(toodry);
-    if (given.value > frostend && given.value < psychro_dp(formsmeet)) quest.miss({NoAnswer::dewpointgap});
+    if (dewPointGap().holds(given.value)) quest.miss({NoAnswer::dewpointgap});
   } else if (!(given.value > limits.above)) {
     quest.miss({NoAnswer::belowbound, given.kind});
   } else if (!(given.value <= limits.upto * (1 + rounding))) {

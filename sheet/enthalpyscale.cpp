@@ -16,7 +16,7 @@ double enthalpyat(const SheetPlot& plot, SheetPoint place) { return enthalpyof(p
 
 /// The direction in which the enthalpy stays, up and to the left.
 SheetPoint outwardat(const SheetPlot& plot, SheetPoint place) {
-  const double rise = (0.24 + 0.444 * plot.w(place.y)) / (1061 + 0.444 * plot.db(place.x));  // lb/lb to the deg F
+  const double rise = sensibleHeat(plot.w(place.y)) / vaporEnthalpy(plot.db(place.x));  // lb/lb to the deg F
   return unit({-plot.perdb(), -rise * plot.perw()});
 }
 

@@ -19,8 +19,8 @@ constexpr double wordsroom = 3.2;   // em: two lines below the base
 /// The direction on the chart in which the sensible part of the heat has a ratio to all of it, upwards.
 SheetPoint directionof(const SheetPlot& plot, double ratio) {
   const double w = psychro_wrh(referencedb, referencerh, plot.atm);
-  const double sensible = 0.24 + 0.444 * w;          // Btu/lb to the deg F
-  const double latent = 1061 + 0.444 * referencedb;  // Btu/lb to the lb/lb
+  const double sensible = sensibleHeat(w);           // Btu/lb to the deg F
+  const double latent = vaporEnthalpy(referencedb);  // Btu/lb to the lb/lb
   // heat of 1 Btu/lb in all: this much warmer, this much more water
   SheetPoint way{ratio / sensible * plot.perdb(), -(1 - ratio) / latent * plot.perw()};
   if (way.y > 0) way = way * -1;

@@ -13,7 +13,6 @@ namespace moistair {
 
 namespace {
 
-constexpr double grainsPerPound = 7000;
 constexpr double finetick = 0.3;  // em
 constexpr double middletick = 0.5;
 constexpr double maintick = 0.75;
@@ -39,19 +38,11 @@ Steps stepsof(std::initializer_list<double> steps, double pervalue, double em, d
   return {stepfrom(steps, 0.42 * em / pervalue), stepfrom(steps, numbers * em / pervalue)};
 }
 
-double ratioofdewpoint(double dewpoint, double atm) {
-  const double a = (dewpoint < 32 ? frostpoint : waterpoint).of(dewpoint);
-  const double pv = std::exp(a);
-  // between the two forms of the equation the dew point jumps, and what lies there stands at the jump
-  const bool gap = dewpoint >= 31.5 && dewpoint <= 32.5;
-  return ratioof(gap ? formsmeet : pv, atm);
-}
-
 /// Dew points lie ever closer in humidity ratio the colder they are: within five or ten degrees all have the step that
 /// suits the coldest.
 RightScale dewpointscale(const SheetWork& work) {
   RightScale scale{"Dew point, °F", "°F", {}, {}, 0, {}};
-  scale.ratio = [atm = work.plot.atm](double dewpoint) { return ratioofdewpoint(dewpoint, atm); };
+  scale.ratio = [atm = work.plot.atm](double dewpoint) { return ratioof(pressureOfDewPoint(dewpoint), atm); };
   const auto suits = [&](double dewpoint, double step, double within, double em) {
     const double coldest = std::floor((dewpoint - 0.5) / within) * within;
     const double pixels = (scale.ratio(coldest + step) - scale.ratio(coldest)) * work.plot.perw();

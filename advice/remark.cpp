@@ -49,8 +49,9 @@ std::string unfound(const Given& first, const Given& second, const Resolution& r
 /// Seven decimals, as shown. Saturated air can come out a hair above saturation by that, and is then taken a little
 /// drier.
 Bulbs bulbsof(const StatePoint& state, double atm) {
+  constexpr int decimals = 7;
   constexpr double shown = 1e7;
-  Bulbs bulbs{std::round(state.db * shown) / shown, std::round(state.wb * shown) / shown};
+  Bulbs bulbs{roundedTo(state.db, decimals), roundedTo(state.wb, decimals)};
   for (int step = 1; step <= 2 && brokenbound(stateat(bulbs.db, bulbs.wb, atm)); ++step) {
     bulbs.wb = (std::round(state.wb * shown) - step) / shown;
   }

@@ -7,19 +7,19 @@
 #include "engine/openfinders.h"
 #include "engine/resolver.h"
 #include "engine/saturation.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 
 namespace {
 
-constexpr double degreeparts = 100;    // a place is read to one of a degree,
-constexpr double ratioparts = 100000;  // and to one of a humidity ratio of 1
-constexpr double shownparts = 1e7;     // seven decimals
+constexpr int degreedecimals = 2;  // that a place is read to
+constexpr int ratiodecimals = 5;
+constexpr int showndecimals = 7;
+constexpr double shownparts = 1e7;
 constexpr double keyratio = 0.0005;    // step of the cross hair
 constexpr double targetreach = 7;      // pixels
 constexpr double saturationreach = 5;  // pixels
-
-double rounded(double value, double parts) { return std::round(value * parts) / parts; }
 
 Resolution resolved(const Place& place, double atm) {
   SolverFields fields;
@@ -28,10 +28,8 @@ Resolution resolved(const Place& place, double atm) {
 
 /// With the decimals of a reading if it has no more, else with all that a state has.
 std::string coordinatetext(double value, int decimals) {
-  constexpr int most = 7;
-  const double parts = std::pow(10, decimals);
-  const bool isshort = std::abs(rounded(value, parts) - value) < 0.5 / shownparts;
-  return fixeddecimals(value, isshort ? decimals : most);
+  const bool isshort = std::abs(roundedTo(value, decimals) - value) < 0.5 / shownparts;
+  return fixeddecimals(value, isshort ? decimals : showndecimals);
 }
 
 std::string spokenrow(PropertyKind kind, const StatePoint& state) {
@@ -95,7 +93,7 @@ Reading readingat(const ChartLimits& limits, double atm, Place place) {
   return reading;
 }
 
-Place readplace(Place place) { return {rounded(place.db, degreeparts), rounded(place.w, ratioparts)}; }
+Place readplace(Place place) { return {roundedTo(place.db, degreedecimals), roundedTo(place.w, ratiodecimals)}; }
 
 std::optional<Place> saturatedat(double db, double atm) {
   constexpr int patience =
@@ -103,7 +101,7 @@ std::optional<Place> saturatedat(double db, double atm) {
   Place place{db, std::floor(saturationratio(db, atm) * shownparts) / shownparts};
   for (int i = 0; i < patience && place.w > 0; ++i) {
     if (resolved(place, atm).resolved()) return place;
-    place.w = rounded(place.w - 1 / shownparts, shownparts);
+    place.w = roundedTo(place.w - 1 / shownparts, showndecimals);
   }
   return std::nullopt;
 }
@@ -123,7 +121,7 @@ std::optional<std::size_t> nearesttarget(const PlotBox& box, double x, double y,
 
 Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std::vector<Place>& targets, bool whole) {
   const Place place = box.placeat(x, y);
-  if (whole) return {{std::round(place.db), rounded(std::round(place.w / keyratio) * keyratio, ratioparts)}, {}};
+  if (whole) return {{std::round(place.db), roundedTo(std::round(place.w / keyratio) * keyratio, ratiodecimals)}, {}};
   if (const auto target = nearesttarget(box, x, y, targets)) return {targets[*target], target};
   const Place read = readplace(place);
   if (nearsaturation(box, atm, x, y)) {

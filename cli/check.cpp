@@ -5,6 +5,7 @@
 
 #include "advice/remark.h"
 #include "cli/format.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 
@@ -12,7 +13,7 @@ namespace {
 
 void appendnumbers(std::string& out, const char* caption, const std::vector<double>& numbers) {
   std::vector<std::string> cells;
-  for (const double number : numbers) appendaligned(cells.emplace_back(), shown(number), pointcolumn);
+  for (const double number : numbers) appendaligned(cells.emplace_back(), tableValue(number), pointcolumn);
   appendcolumns(out, caption, cells);
 }
 

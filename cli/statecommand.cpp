@@ -45,7 +45,7 @@ std::string astable(const Resolution& resolution, const std::optional<Check>& ch
   appendline(out, pressurecaption(pressure.entry), pressure.entry.text);
   for (const Property& property : propertyTable) {
     if (!resolution.resolved()) break;
-    appendline(out, property.caption, shown(valueOf(property, resolution.point, pressure.atm)));
+    appendline(out, property.caption, tableValue(valueOf(property, resolution.point, pressure.atm)));
   }
   return check ? out + checktable(*check) : out;
 }

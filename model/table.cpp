@@ -1,7 +1,6 @@
 #include "model/table.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "model/exactentry.h"
@@ -88,8 +87,7 @@ struct RowWriter {
 
 /// "dp 28.7211 for 27.65", "dp none for 27.65"
 std::string missedText(const std::vector<Miss>& values) {
-  constexpr double parts = 1e4;
-  const auto rounded = [](double number) { return numbertext(std::round(number * parts) / parts); };
+  const auto rounded = [](double number) { return atMostDecimals(number, 4); };
   std::string text;
   for (const Miss& miss : values) {
     text += std::string(text.empty() ? "" : "; ") + nameof(miss.kind) + ' ' +
@@ -142,14 +140,14 @@ std::string celltext(const TableRow& row, std::size_t column) {
   switch (column) {
     case 0: return row.kind;
     case 1: return row.identification;
-    case 2: return numbertext(std::round(row.pressure * 1e7) / 1e7);
+    case 2: return atMostDecimals(row.pressure, 7);
     case missedColumn: return missedText(row.missed.values);
     case notecolumn: return row.note;
     default: break;
   }
   std::string text;
   const double value = row.properties[column - firstproperty];
-  if (hasvalue(value)) appendsevendecimals(text, value);
+  appendsevendecimals(text, value);
   return text;
 }
 

@@ -2,17 +2,16 @@
 /// The pieces that SVG text is written of.
 #pragma once
 
-#include <cmath>
 #include <string>
 #include <string_view>
 
 #include "chart/canvas.h"
-#include "text/numbertext.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 
 /// To the thousandth, which nobody sees.
-inline void appendnumber(std::string& out, double number) { out += numbertext(std::round(number * 1000) / 1000); }
+inline void appendnumber(std::string& out, double number) { out += atMostDecimals(number, 3); }
 
 inline void appendattribute(std::string& out, std::string_view name, double value) {
   out.append(" ").append(name).append("=\"");

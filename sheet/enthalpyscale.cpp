@@ -145,7 +145,7 @@ void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
     const double size = (numbered ? 0.75 : 0.35) * std::max(1.0, flat / at->steepness) * em;
     work.canvas.polyline({at->at, at->at + outward * size}, stroke.width, stroke.color);
     if (!numbered) continue;
-    const std::string text = numeral(h, decimalsof(main));
+    const std::string text = typeset(h, decimalsof(main));
     Label label{importance::scale + (ismultiple(h, 10) ? 40 : 10), {}, false};
     const bool isflat = at->steepness < flat;
     const SheetPoint end = at->at + outward * size;

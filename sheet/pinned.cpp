@@ -20,7 +20,7 @@ std::vector<std::array<std::string, 2>> readoutof(const SheetState& state) {
     for (const std::size_t column : {std::size_t{0}, std::size_t{1}}) {
       const Property& property = propertyOf(order[i + column]);
       const double value = state.properties[columnOf(property.kind)];
-      line[column] = std::string(property.symbol) + " " + numeral(value, property.decimals);
+      line[column] = std::string(property.symbol) + " " + typeset(value, property.decimals);
     }
     lines.push_back(line);
   }

@@ -88,7 +88,7 @@ std::vector<RightScale> rightscales(const SheetWork& work) {
 double numberwidth(const SheetCanvas& canvas, const RightScale& scale, double em) {
   double width = 0;
   for (const double value : scale.main) {
-    width = std::max(width, canvas.widthof(numeral(value, scale.decimals), {em, false, {}}));
+    width = std::max(width, canvas.widthof(typeset(value, scale.decimals), {em, false, {}}));
   }
   return width;
 }
@@ -120,7 +120,7 @@ void drawrightscale(SheetWork& work, const RightScale& scale, double x, double n
     const double y = yof(value);
     if (!within(y)) continue;
     tick(work, {x, y}, {1, 0}, maintick);
-    const std::string number = numeral(value, scale.decimals);
+    const std::string number = typeset(value, scale.decimals);
     SheetTextOperation text = centred(work.canvas, {0, y}, number, style);
     text.at.x = x + (maintick + numbergap) * em + numbers;
     text.anchor = Anchor::end;
@@ -175,7 +175,7 @@ void drawbottomscale(SheetWork& work) {
   for (const double db : multiples(first, high, steps.main)) {
     const SheetPoint at = plot.at(db, lowhr);
     tick(work, at, {0, 1}, maintick);
-    const std::string number = numeral(db, decimalsof(steps.main));
+    const std::string number = typeset(db, decimalsof(steps.main));
     const SheetTextOperation text =
         beside(work.canvas, at, {0, 1}, (maintick + numbergap) * em, number, work.theme.text(em));
     work.board.add({importance::scale + (ismultiple(db, 10) ? 50 : 0), {{text, 0, {}}}, false});

@@ -19,7 +19,7 @@ constexpr double cellgap = 0.5;
 std::string namein(const SheetContent& content, const SheetState& state) {
   std::string name = state.pinned ? "Read-out" : state.name;
   const auto add = [&](const std::string& text) { name += (name.empty() ? "" : " ") + text; };
-  if (state.atm != content.pressure.atm) add("(at " + numeral(state.atm, 3) + " in Hg)");
+  if (state.atm != content.pressure.atm) add("(at " + typeset(state.atm, 3) + " in Hg)");
   if (!content.limits.contain(state.db(), state.w())) add("(not on the chart)");
   return name;
 }
@@ -27,7 +27,7 @@ std::string namein(const SheetContent& content, const SheetState& state) {
 std::string numberin(const SheetState& state) { return std::to_string(state.number) + state.mark(); }
 
 std::string textof(const SheetState& state, std::size_t property) {
-  return numeral(state.properties[property], propertyOf(columnOrder[property]).sheetDecimals);
+  return typeset(state.properties[property], propertyOf(columnOrder[property]).sheetDecimals);
 }
 
 /// The letters of a table, and the widths of its columns: of all its pages the same.

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "model/table.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 
@@ -202,7 +203,7 @@ QString Instrument::titleof(const Spot& spot, double atm) const {
   if (spot.mark) parts.append(QString::fromStdString(captionof(entryof(*spot.mark))));
   if (spot.mark && !dragging_ && missesAny(entryof(*spot.mark))) parts.append(tr("(missed)"));
   if (differ(atm, values_.pressure.lenient())) {
-    parts.append(tr("at %1 In Hg").arg(QString::fromStdString(numbertext(std::round(atm * 1e4) / 1e4))));
+    parts.append(tr("at %1 In Hg").arg(QString::fromStdString(atMostDecimals(atm, 4))));
   }
   return parts.join(QLatin1Char(' '));
 }

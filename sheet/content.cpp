@@ -6,7 +6,7 @@
 #include "advice/remark.h"
 #include "engine/moistair.h"
 #include "model/table.h"
-#include "sheet/curves.h"
+#include "sheet/halving.h"
 #include "sheet/steps.h"
 #include "text/numbertext.h"
 #include "text/value.h"

@@ -6,6 +6,7 @@
 #include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "sheet/curves.h"
+#include "sheet/halving.h"
 #include "sheet/parts.h"
 #include "sheet/steps.h"
 

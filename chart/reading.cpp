@@ -77,20 +77,30 @@ PlotBox plotbox(const PlotArea& area) {
 }
 
 Reading readingat(const ChartLimits& limits, double atm, Place place) {
-  Reading reading{place, std::nullopt, nullptr};
+  Reading reading{place, std::nullopt};
   if (!limits.contain(place.db, place.w)) {
-    reading.reason = outsidelimits;
+    reading.reason = NoReading::outsideLimits;
     return reading;
   }
   const Resolution resolution = resolved(place, atm);
   if (resolution.resolved()) {
     reading.state = resolution.point;
   } else if (place.w > saturationratio(place.db, atm)) {
-    reading.reason = abovesaturation;
+    reading.reason = NoReading::aboveSaturation;
   } else {
-    reading.reason = nostatehere;  // as where there is no moisture at all
+    reading.reason = NoReading::noAir;
   }
   return reading;
+}
+
+const char* wordsOf(NoReading reason) {
+  switch (reason) {
+    case NoReading::outsideLimits: return "Outside the limits";
+    case NoReading::aboveSaturation: return "Above saturation";
+    case NoReading::noAir: return "No state of air";
+    case NoReading::none: break;
+  }
+  return "";
 }
 
 Place readplace(Place place) { return {roundedTo(place.db, degreedecimals), roundedTo(place.w, ratiodecimals)}; }
@@ -201,7 +211,7 @@ std::string ratiotext(const Place& place) { return readingtext(PropertyKind::w, 
 std::string spokenreading(const Reading& reading) {
   if (!reading.state) {
     const StatePoint place = stateof(reading.place);
-    return std::string(reading.reason) + ": " + spokenrow(PropertyKind::db, place) + ", " +
+    return std::string(wordsOf(reading.reason)) + ": " + spokenrow(PropertyKind::db, place) + ", " +
            spokenrow(PropertyKind::w, place);
   }
   std::string text;

@@ -37,16 +37,23 @@ struct PlotBox {
 
 PlotBox plotbox(const PlotArea& area);
 
-inline constexpr const char* abovesaturation = "Above saturation";
-inline constexpr const char* outsidelimits = "Outside the limits";
-inline constexpr const char* nostatehere = "No state of air";
+/// Why there is no state at a place.
+enum class NoReading {
+  none,  ///< there is one
+  outsideLimits,
+  aboveSaturation,
+  noAir,  ///< as where there is no moisture at all
+};
 
-/// What a place says: the state, or the reason why there is none, in the words for the user.
+/// What a place says: the state, or the reason why there is none.
 struct Reading {
   Place place;
   std::optional<StatePoint> state;
-  const char* reason = nullptr;
+  NoReading reason = NoReading::none;
 };
+
+/// A reason in the words for the user; empty for none.
+const char* wordsOf(NoReading reason);
 
 /// @param atm pressure [in Hg] that the state is worked out at
 Reading readingat(const ChartLimits& limits, double atm, Place place);

@@ -1,14 +1,13 @@
 #include "model/history.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <utility>
 
 namespace moistair {
 
 namespace {
-
-using Place = std::vector<Entry>::difference_type;
 
 /// A change that changes nothing yet.
 Change nochange(const Document& document, std::string name) {
@@ -176,8 +175,8 @@ Change exchanging(const Document& document, const std::vector<std::pair<std::siz
 
 void carryout(Change& change, Document& document) {
   std::vector<Entry>& entries = document.entries;
-  const auto first = entries.begin() + static_cast<Place>(change.at);
-  const auto last = first + static_cast<Place>(change.count);
+  const auto first = entries.begin() + static_cast<std::ptrdiff_t>(change.at);
+  const auto last = first + static_cast<std::ptrdiff_t>(change.count);
   std::vector<Entry> removed(std::make_move_iterator(first), std::make_move_iterator(last));
   const std::size_t count = change.entries.size();
   const auto gap = entries.erase(first, last);

@@ -19,7 +19,7 @@ constexpr double cellgap = 0.5;
 std::string namein(const SheetContent& content, const SheetState& state) {
   std::string name = state.pinned ? "Read-out" : state.name;
   const auto add = [&](const std::string& text) { name += (name.empty() ? "" : " ") + text; };
-  if (state.atm != content.pressure.atm) add("(at " + typeset(state.atm, 3) + " in Hg)");
+  if (!samepressure(state.atm, content.pressure.atm)) add("(at " + typeset(state.atm, 3) + " in Hg)");
   if (!content.limits.contain(state.db(), state.w())) add("(not on the chart)");
   return name;
 }

@@ -146,7 +146,7 @@ void ReadingLayer::maketags() {
 /// Beside the place, above it to the left unless there is no room: there the chart has least to show.
 void ReadingLayer::layoutpanel(QPoint spot) {
   const QFontMetrics metrics = fontMetrics();
-  const QString reason = QString::fromUtf8(shown_->reading.reason);
+  const QString reason = QString::fromUtf8(wordsOf(shown_->reading.reason));
   int width = captionwidth_ + valuewidth_ + unitwidth_ + 2 * columngap;
   int rows = static_cast<int>(values_.size());
   if (values_.empty()) {
@@ -239,7 +239,7 @@ QPixmap ReadingLayer::plate() const {
     write(padding, shown_->title);
     line += rowheight_;
   }
-  if (values_.empty()) write(padding, QString::fromUtf8(shown_->reading.reason));
+  if (values_.empty()) write(padding, QString::fromUtf8(wordsOf(shown_->reading.reason)));
   for (std::size_t i = 0; i < values_.size(); ++i, line += rowheight_) {
     const Property& property = propertyOf(shownOrder[i]);
     write(padding, QString::fromUtf8(property.shortCaption));
@@ -249,7 +249,7 @@ QPixmap ReadingLayer::plate() const {
 }
 
 void ReadingLayer::drawpanel(QPainter& painter) {
-  const QString heading = shown_->title + QLatin1Char('\n') + QString::fromUtf8(shown_->reading.reason);
+  const QString heading = shown_->title + QLatin1Char('\n') + QString::fromUtf8(wordsOf(shown_->reading.reason));
   const double ratio = devicePixelRatio();
   if (plate_.isNull() || plateof_ != heading || plate_.devicePixelRatio() != ratio) {
     plate_ = plate();

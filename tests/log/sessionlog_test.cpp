@@ -289,8 +289,8 @@ TEST(LogPlacesTest, FollowTheUserAndThePlaceOfTheProgram) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    ::setenv("HOME", home.c_str(), 1);
-    row.variable == nullptr ? ::unsetenv("XDG_STATE_HOME") : ::setenv("XDG_STATE_HOME", row.variable, 1);
+    const Environment atHome("HOME", home.c_str());
+    const Environment state("XDG_STATE_HOME", row.variable);
     const LogPlaces places = logplaces(row.program);
     EXPECT_EQ(places.folders, row.folders);
     EXPECT_EQ(places.sessions, row.folders.back() / "sessions");

@@ -102,12 +102,12 @@ void DocumentFiles::fillmenu(QMenu& file) {
   const auto add = [&](const QString& text, const QKeySequence& keys, auto run) {
     file.addAction(text, this, run)->setShortcut(keys);
   };
-  add(tr("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startanew(); });
-  add(tr("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askopen(); });
-  recent_ = file.addMenu(tr("Open &recent"));
+  add(QStringLiteral("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startanew(); });
+  add(QStringLiteral("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askopen(); });
+  recent_ = file.addMenu(QStringLiteral("Open &recent"));
   connect(&file, &QMenu::aboutToShow, this, &DocumentFiles::listrecent);
-  add(tr("Sa&ve"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save(); });
-  add(tr("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveas(); });
+  add(QStringLiteral("Sa&ve"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save(); });
+  add(QStringLiteral("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveas(); });
 }
 
 bool DocumentFiles::eventFilter(QObject* watched, QEvent* event) {
@@ -130,7 +130,7 @@ void DocumentFiles::startanew() {
 
 void DocumentFiles::askopen() {
   if (!mayreplace()) return;
-  QFileDialog dialog(&window_, tr("Open"));
+  QFileDialog dialog(&window_, QStringLiteral("Open"));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters({QLatin1String(filter), QStringLiteral("All files (*)")});
   if (!path_.isEmpty()) dialog.setDirectory(QFileInfo(path_).absolutePath());
@@ -176,7 +176,7 @@ void DocumentFiles::settle(const QString& path) {
 bool DocumentFiles::save() { return path_.isEmpty() ? saveas() : writeto(path_); }
 
 bool DocumentFiles::saveas() {
-  const QString title = tr("Save as");
+  const QString title = QStringLiteral("Save as");
   // Without its ending, which is added again: a file that is there would be selected in the dialog's list, and come
   // back into the box when the folder has been read, over what was typed meanwhile.
   const QLatin1String ending(documentending);
@@ -222,7 +222,7 @@ bool DocumentFiles::unsaved() const {
 }
 
 QString DocumentFiles::caption() const {
-  const QString name = path_.isEmpty() ? tr("Untitled") : QFileInfo(path_).fileName();
+  const QString name = path_.isEmpty() ? QStringLiteral("Untitled") : QFileInfo(path_).fileName();
   return unsaved() ? name + QStringLiteral(" *") : name;
 }
 
@@ -239,7 +239,7 @@ void DocumentFiles::keepwork() {
   if (!unsaved()) {
     removefile(workfile());
   } else if (!haslog_) {
-    failure = tr("there is no log file to keep it with");
+    failure = QStringLiteral("there is no log file to keep it with");
   } else {
     const std::string file = QFile::encodeName(path_).toStdString();
     const auto fault = writeownfile(workfile(), recoverytext(chart_.document(), file));

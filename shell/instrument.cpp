@@ -199,9 +199,9 @@ void Instrument::setshape() {
 QString Instrument::titleof(const Spot& spot, double atm) const {
   QStringList parts;
   if (spot.mark) parts.append(QString::fromStdString(captionof(entryof(*spot.mark))));
-  if (spot.mark && !dragging_ && missesAny(entryof(*spot.mark))) parts.append(tr("(missed)"));
+  if (spot.mark && !dragging_ && missesAny(entryof(*spot.mark))) parts.append(QStringLiteral("(missed)"));
   if (!samepressure(atm, values_.pressure.lenient())) {
-    parts.append(tr("at %1 In Hg").arg(QString::fromStdString(atMostDecimals(atm, 4))));
+    parts.append(QStringLiteral("at %1 In Hg").arg(QString::fromStdString(atMostDecimals(atm, 4))));
   }
   return parts.join(QLatin1Char(' '));
 }

@@ -40,7 +40,7 @@ Sheets::Sheets(QWidget& window, QWidget& graph, ChartCommands& chart, const Sess
 }
 
 void Sheets::fillviewmenu(QMenu& view) {
-  toggle_ = view.addAction(tr("As a &sheet"));
+  toggle_ = view.addAction(QStringLiteral("As a &sheet"));
   toggle_->setCheckable(true);
   connect(toggle_, &QAction::toggled, this, [this] {
     show();
@@ -67,7 +67,7 @@ std::optional<PlotBox> Sheets::plot() { return view_->isHidden() ? std::nullopt 
 /// Tells the user where none stands: a sheet of an empty chart is not what was wanted.
 bool Sheets::haschart() const {
   const bool stands = lastchart(chart_.document()) != nullptr;
-  if (!stands) warning(&window_, tr("There is no chart to make a sheet of."));
+  if (!stands) warning(&window_, QStringLiteral("There is no chart to make a sheet of."));
   return stands;
 }
 
@@ -116,9 +116,10 @@ QPageLayout Sheets::print(const QPageLayout& page) {
 }
 
 Sheets::Printed Sheets::askwhat() {
-  QMessageBox box(QMessageBox::Question, tr("Print"), tr("What is to be printed?"), QMessageBox::Cancel, &window_);
-  const auto* chart = box.addButton(tr("The &chart"), QMessageBox::AcceptRole);
-  auto* sheet = box.addButton(tr("A &sheet"), QMessageBox::AcceptRole);
+  QMessageBox box(QMessageBox::Question, QStringLiteral("Print"), QStringLiteral("What is to be printed?"),
+                  QMessageBox::Cancel, &window_);
+  const auto* chart = box.addButton(QStringLiteral("The &chart"), QMessageBox::AcceptRole);
+  auto* sheet = box.addButton(QStringLiteral("A &sheet"), QMessageBox::AcceptRole);
   if (!view_->isHidden()) box.setDefaultButton(sheet);
   box.exec();
   if (box.clickedButton() == sheet) return Printed::sheet;

@@ -136,12 +136,12 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
   locatebutton = button(row("Command14"));
   firstkind = make.add<ListBox>(grid, row("Combo1"));
   secondkind = make.add<ListBox>(grid, row("Combo2"));
-  namelist(*firstkind, tr("First property"));
-  namelist(*secondkind, tr("Second property"));
+  namelist(*firstkind, QStringLiteral("First property"));
+  namelist(*secondkind, QStringLiteral("Second property"));
   firstvalue = box(row("Text4"));
   secondvalue = box(row("Text5"));
-  nameinput(*firstvalue, tr("Value of the first property"));
-  nameinput(*secondvalue, tr("Value of the second property"));
+  nameinput(*firstvalue, QStringLiteral("Value of the first property"));
+  nameinput(*secondvalue, QStringLiteral("Value of the second property"));
   rhlinebutton = button(row("Command5"));
   rhvalue = captionedbox(row("Text1"), row("Label1"));
   wblinebutton = button(row("Command6"));

@@ -167,8 +167,8 @@ Change exchanging(const Document& document, const std::vector<std::pair<std::siz
   Change change = nochange(document, std::move(name));
   change.at = first->first;
   change.count = last->first - first->first + 1;
-  const auto from = document.entries.begin() + static_cast<Place>(change.at);
-  change.entries.assign(from, from + static_cast<Place>(change.count));
+  const auto from = document.entries.begin() + static_cast<std::ptrdiff_t>(change.at);
+  change.entries.assign(from, from + static_cast<std::ptrdiff_t>(change.count));
   for (const auto& [place, entry] : entries) change.entries[place - change.at] = entry;
   return change;
 }

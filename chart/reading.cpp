@@ -143,7 +143,7 @@ Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std
 
 std::optional<std::size_t> targetAt(const Place& place, const std::vector<Place>& targets) {
   const auto on = [&](const Place& target) {
-    return std::abs(target.db - place.db) < 0.5 / degreedecimals && std::abs(target.w - place.w) < 0.5 / ratiodecimals;
+    return std::abs(target.db - place.db) < 0.005 && std::abs(target.w - place.w) < 5e-06;  // half of what is read
   };
   const auto last = std::find_if(targets.rbegin(), targets.rend(), on);
   if (last == targets.rend()) return std::nullopt;

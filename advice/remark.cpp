@@ -29,7 +29,7 @@ std::string told(PropertyKind kind, double value) {
 std::string missedWords(const std::vector<Miss>& values, bool mixture) {
   std::string text;
   for (const Miss& miss : values) {
-    const int digits = decimals[static_cast<std::size_t>(miss.kind)];
+    const int digits = propertyOf(miss.kind).decimals;
     if (!text.empty()) text += " and ";
     text += hasvalue(miss.found) ? told(miss.kind, miss.found) : std::string("no ") + propertyname(miss.kind);
     text += mixture ? " for " + fixeddecimals(miss.wanted, digits) : " for the " + numbertext(miss.wanted) + " given";

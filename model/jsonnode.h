@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/error.h"
+
 namespace moistair {
 
 using Json = nlohmann::ordered_json;
@@ -18,7 +20,13 @@ using Json = nlohmann::ordered_json;
 class JsonFault : public std::runtime_error {
 public:
   JsonFault(const std::string& place, const std::string& reason)
-      : std::runtime_error(place.empty() ? reason : place + ": " + reason) {}
+      : JsonFault(Error{ErrorCode::unreadable, place, reason}) {}
+  explicit JsonFault(const Error& error) : std::runtime_error(error.text()), error_(error) {}
+
+  const Error& error() const { return error_; }
+
+private:
+  Error error_;
 };
 
 /// The whole of a text. A fault, with line and column, for what is no JSON, and for keys that stand twice, more levels

@@ -27,13 +27,13 @@ QString timeof(const EarlierSession& session) {
 }  // namespace
 
 void MainWindow::viewlog() {
-  const FileContent content = log_.read();
-  if (!content.fault.empty()) {
-    warning(this, QString::fromUtf8(viewfailed) + QString::fromStdString(content.fault));
+  const Result<std::string> content = log_.read();
+  if (!content) {
+    warning(this, QString::fromUtf8(viewfailed) + QString::fromStdString(content.error().words));
     focusgraph();
     return;
   }
-  auto* window = new LogWindow(this, QString::fromStdString(content.bytes));
+  auto* window = new LogWindow(this, QString::fromStdString(*content));
   connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
 }
@@ -63,14 +63,14 @@ void MainWindow::listsessions() {
 }
 
 void MainWindow::viewsession(const EarlierSession& session) {
-  const FileContent content = readlog(session.file);
-  if (!content.fault.empty()) {
+  const Result<std::string> content = readlog(session.file);
+  if (!content) {
     warning(this, QString::fromUtf8(sessiongone) + QString::fromUtf8(session.file.c_str()) + QStringLiteral(": ") +
-                      QString::fromStdString(content.fault));
+                      QString::fromStdString(content.error().words));
     focusgraph();
     return;
   }
-  auto* window = new LogWindow(this, QString::fromStdString(content.bytes));
+  auto* window = new LogWindow(this, QString::fromStdString(*content));
   window->setWindowTitle(QStringLiteral("Saved data of ") + timeof(session));
   connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);

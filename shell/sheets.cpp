@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <tuple>
 
 #include "files/inputfile.h"
 #include "files/outputfile.h"
@@ -92,7 +93,8 @@ std::optional<QString> Sheets::exportsheet() {
 TitleBlock Sheets::titleblock() const {
   if (const auto& block = chart_.document().titleblock) return *block;
   constexpr std::size_t longest = 1000;  // bytes
-  std::string drawnby = readfile(drawnbyfile(), Links::refused, longest).bytes;
+  const Result<std::string> last = readfile(drawnbyfile(), Links::refused, longest);
+  std::string drawnby = last ? *last : std::string();
   drawnby = drawnby.substr(0, drawnby.find('\n'));
   return {defaulttitle, {}, isutf8(drawnby) ? drawnby : std::string()};
 }
@@ -101,7 +103,8 @@ TitleBlock Sheets::titleblock() const {
 void Sheets::keep(const TitleBlock& block) {
   const bool nothing = block == TitleBlock{defaulttitle, {}, {}};
   if (block != chart_.document().titleblock && !(nothing && !chart_.document().titleblock)) chart_.retitle(block);
-  if (!block.drawnby.empty()) writefile(drawnbyfile(), block.drawnby + '\n');  // nothing is lost but convenience
+  if (block.drawnby.empty()) return;
+  std::ignore = writefile(drawnbyfile(), block.drawnby + '\n');  // nothing is lost but convenience
 }
 
 std::filesystem::path Sheets::drawnbyfile() const { return log_.sessions().parent_path() / "drawnby.txt"; }

@@ -11,9 +11,6 @@ namespace moistair {
 
 namespace {
 
-constexpr std::array<const char*, kindcount> names = {
-    "dry bulb", "wet bulb", "relative humidity", "humidity ratio", "enthalpy", "dew point", "volume"};
-
 struct ReasonWords {
   NoAnswer reason;
   const char* words;
@@ -32,7 +29,7 @@ constexpr const char* nosuchstate = "no such state";
 
 }  // namespace
 
-const char* propertyname(PropertyKind kind) { return names[static_cast<std::size_t>(kind)]; }
+const char* propertyname(PropertyKind kind) { return propertyOf(kind).name; }
 
 std::string rangewords(const Limits& limits) {
   return "above " + numbertext(limits.above) + " and up to " + numbertext(limits.upto);

@@ -11,9 +11,6 @@ namespace moistair {
 
 namespace {
 
-/// Decimals that a property is told with.
-constexpr std::array<int, kindcount> decimals = {2, 2, 2, 5, 2, 2, 3};
-
 constexpr const char* thisstatehas = "this state has ";
 constexpr const char* themixturehas = "the mixed stream has ";
 constexpr const char* exactly = "exact: ";
@@ -25,14 +22,14 @@ constexpr const char* drawfirst = ": draw a chart to search on";
 
 /// "dew point 28.72"
 std::string told(PropertyKind kind, double value) {
-  return std::string(propertyname(kind)) + ' ' + fixeddecimals(value, decimals[static_cast<std::size_t>(kind)]);
+  return std::string(propertyname(kind)) + ' ' + fixeddecimals(value, propertyOf(kind).decimals);
 }
 
 /// "dew point 28.72 for the 27.65 given", or "wet bulb 59.97 for 60.02" in a mixture, for each value.
 std::string missedWords(const std::vector<Miss>& values, bool mixture) {
   std::string text;
   for (const Miss& miss : values) {
-    const int digits = decimals[static_cast<std::size_t>(miss.kind)];
+    const int digits = propertyOf(miss.kind).decimals;
     if (!text.empty()) text += " and ";
     text += hasvalue(miss.found) ? told(miss.kind, miss.found) : std::string("no ") + propertyname(miss.kind);
     text += mixture ? " for " + fixeddecimals(miss.wanted, digits) : " for the " + numbertext(miss.wanted) + " given";
@@ -52,8 +49,9 @@ std::string unfound(const Given& first, const Given& second, const Resolution& r
 /// Seven decimals, as shown. Saturated air can come out a hair above saturation by that, and is then taken a little
 /// drier.
 Bulbs bulbsof(const StatePoint& state, double atm) {
+  constexpr int decimals = 7;
   constexpr double shown = 1e7;
-  Bulbs bulbs{std::round(state.db * shown) / shown, std::round(state.wb * shown) / shown};
+  Bulbs bulbs{roundedTo(state.db, decimals), roundedTo(state.wb, decimals)};
   for (int step = 1; step <= 2 && brokenbound(stateat(bulbs.db, bulbs.wb, atm)); ++step) {
     bulbs.wb = (std::round(state.wb * shown) - step) / shown;
   }

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace moistair {
@@ -20,6 +21,17 @@ struct Color {
 
   bool operator==(const Color&) const = default;
 };
+
+/// "#rrggbb"
+inline std::string hexOf(const Color& color) {
+  constexpr std::string_view hexdigits = "0123456789abcdef";
+  std::string text = "#";
+  for (const std::uint8_t part : {color.red, color.green, color.blue}) {
+    text += hexdigits[part >> 4];
+    text += hexdigits[part & 15];
+  }
+  return text;
+}
 
 /// What no colour stands for: axes and all text are in the foreground colour of whatever shows them.
 inline constexpr std::optional<Color> foreground = std::nullopt;

@@ -48,7 +48,7 @@ std::optional<DryBulbRange> dbrangeofh(double h, double atm, const PlotArea& are
     const double w = ratioof(pv, atm);
     const double rh = humidityof(pv, pvsat(db));
     const Position here = positionof(area, db, w, last);
-    if (w <= 0.03 && rh >= 0 && counts(area.limits, db, w, rh, last, here)) {
+    if (w <= greatestRatio && rh >= 0 && counts(area.limits, db, w, rh, last, here)) {
       if (!range) range = DryBulbRange{0, db + 2};
       range->low = db - 1;
     }

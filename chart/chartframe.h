@@ -32,6 +32,9 @@ struct ChartLimits {
   bool contain(double db, double w) const { return db >= lowdb && db <= highdb && w >= lowhr && w <= highhr; }
 };
 
+/// The limits at the ends of the lists.
+inline constexpr ChartLimits wholeChart{0, 120, 0, greatestRatio};
+
 /// The same as the lists' texts.
 struct LimitTexts {
   std::string lowdb, highdb, lowhr, highhr;

@@ -31,6 +31,12 @@ bool drawwbline(const Chart& chart, double wb);
 /// The lines that a user can add by value.
 enum class LineKind { relativehumidity, wetbulb, enthalpy, specificvolume };
 
+/// What a line of this kind keeps of a state.
+constexpr PropertyKind propertyof(LineKind kind) {
+  constexpr std::array kept = {PropertyKind::rh, PropertyKind::wb, PropertyKind::h, PropertyKind::v};
+  return kept[static_cast<std::size_t>(kind)];
+}
+
 /// One of them for a value as typed; a text that is no number counts as 0.
 bool drawline(const Chart& chart, LineKind kind, std::string_view value);
 

@@ -7,19 +7,19 @@
 #include "engine/openfinders.h"
 #include "engine/resolver.h"
 #include "engine/saturation.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 
 namespace {
 
-constexpr double degreeparts = 100;    // a place is read to one of a degree,
-constexpr double ratioparts = 100000;  // and to one of a humidity ratio of 1
-constexpr double shownparts = 1e7;     // seven decimals
+constexpr int degreedecimals = 2;  // that a place is read to
+constexpr int ratiodecimals = 5;
+constexpr int showndecimals = 7;
+constexpr double shownparts = 1e7;
 constexpr double keyratio = 0.0005;    // step of the cross hair
 constexpr double targetreach = 7;      // pixels
 constexpr double saturationreach = 5;  // pixels
-
-double rounded(double value, double parts) { return std::round(value * parts) / parts; }
 
 Resolution resolved(const Place& place, double atm) {
   SolverFields fields;
@@ -28,14 +28,21 @@ Resolution resolved(const Place& place, double atm) {
 
 /// With the decimals of a reading if it has no more, else with all that a state has.
 std::string coordinatetext(double value, int decimals) {
-  constexpr int most = 7;
-  const double parts = std::pow(10, decimals);
-  const bool isshort = std::abs(rounded(value, parts) - value) < 0.5 / shownparts;
-  return fixeddecimals(value, isshort ? decimals : most);
+  const bool isshort = std::abs(roundedTo(value, decimals) - value) < 0.5 / shownparts;
+  return fixeddecimals(value, isshort ? decimals : showndecimals);
 }
 
-std::string spokenrow(const ReadingRow& row, const StatePoint& state) {
-  return std::string(row.caption) + ' ' + readingtext(row, state) + ' ' + row.unit;
+std::string spokenrow(PropertyKind kind, const StatePoint& state) {
+  const Property& property = propertyOf(kind);
+  return std::string(property.shortCaption) + ' ' + readingtext(kind, state) + ' ' + property.unit;
+}
+
+/// What is known of the state at a place by the place alone.
+StatePoint stateof(const Place& place) {
+  StatePoint state;
+  state.db = place.db;
+  state.w = place.w;
+  return state;
 }
 
 /// Whether a pointer is as good as on the saturation line: the line is taken as straight about there.
@@ -70,23 +77,33 @@ PlotBox plotbox(const PlotArea& area) {
 }
 
 Reading readingat(const ChartLimits& limits, double atm, Place place) {
-  Reading reading{place, std::nullopt, nullptr};
+  Reading reading{place, std::nullopt};
   if (!limits.contain(place.db, place.w)) {
-    reading.reason = outsidelimits;
+    reading.reason = NoReading::outsideLimits;
     return reading;
   }
   const Resolution resolution = resolved(place, atm);
   if (resolution.resolved()) {
     reading.state = resolution.point;
   } else if (place.w > saturationratio(place.db, atm)) {
-    reading.reason = abovesaturation;
+    reading.reason = NoReading::aboveSaturation;
   } else {
-    reading.reason = nostatehere;  // as where there is no moisture at all
+    reading.reason = NoReading::noAir;
   }
   return reading;
 }
 
-Place readplace(Place place) { return {rounded(place.db, degreeparts), rounded(place.w, ratioparts)}; }
+const char* wordsOf(NoReading reason) {
+  switch (reason) {
+    case NoReading::outsideLimits: return "Outside the limits";
+    case NoReading::aboveSaturation: return "Above saturation";
+    case NoReading::noAir: return "No state of air";
+    case NoReading::none: break;
+  }
+  return "";
+}
+
+Place readplace(Place place) { return {roundedTo(place.db, degreedecimals), roundedTo(place.w, ratiodecimals)}; }
 
 std::optional<Place> saturatedat(double db, double atm) {
   constexpr int patience =
@@ -94,7 +111,7 @@ std::optional<Place> saturatedat(double db, double atm) {
   Place place{db, std::floor(saturationratio(db, atm) * shownparts) / shownparts};
   for (int i = 0; i < patience && place.w > 0; ++i) {
     if (resolved(place, atm).resolved()) return place;
-    place.w = rounded(place.w - 1 / shownparts, shownparts);
+    place.w = roundedTo(place.w - 1 / shownparts, showndecimals);
   }
   return std::nullopt;
 }
@@ -114,7 +131,7 @@ std::optional<std::size_t> nearesttarget(const PlotBox& box, double x, double y,
 
 Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std::vector<Place>& targets, bool whole) {
   const Place place = box.placeat(x, y);
-  if (whole) return {{std::round(place.db), rounded(std::round(place.w / keyratio) * keyratio, ratioparts)}, {}};
+  if (whole) return {{std::round(place.db), roundedTo(std::round(place.w / keyratio) * keyratio, ratiodecimals)}, {}};
   if (const auto target = nearesttarget(box, x, y, targets)) return {targets[*target], target};
   const Place read = readplace(place);
   if (nearsaturation(box, atm, x, y)) {
@@ -126,7 +143,7 @@ Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std
 
 std::optional<std::size_t> targetAt(const Place& place, const std::vector<Place>& targets) {
   const auto on = [&](const Place& target) {
-    return std::abs(target.db - place.db) < 0.5 / degreeparts && std::abs(target.w - place.w) < 0.5 / ratioparts;
+    return std::abs(target.db - place.db) < 0.005 && std::abs(target.w - place.w) < 5e-06;  // half of what is read
   };
   const auto last = std::find_if(targets.rbegin(), targets.rend(), on);
   if (last == targets.rend()) return std::nullopt;
@@ -182,38 +199,23 @@ std::vector<Place> humiditycurve(const ChartLimits& limits, double atm, const St
   return places;
 }
 
-const ReadingRow& rowof(double StatePoint::*value) {
-  return *std::find_if(readingrows.begin(), readingrows.end(),
-                       [&](const ReadingRow& row) { return row.value == value; });
+std::string readingtext(PropertyKind kind, const StatePoint& state) {
+  const bool given = kind == PropertyKind::db || kind == PropertyKind::w;
+  return (given ? coordinatetext : fixeddecimals)(state.at(kind), propertyOf(kind).decimals);
 }
 
-std::string readingtext(const ReadingRow& row, const StatePoint& state) {
-  const bool given = row.value == &StatePoint::db || row.value == &StatePoint::w;
-  return given ? coordinatetext(state.*row.value, row.decimals) : fixeddecimals(state.*row.value, row.decimals);
-}
+std::string drybulbtext(const Place& place) { return readingtext(PropertyKind::db, stateof(place)); }
 
-std::string drybulbtext(const Place& place) {
-  StatePoint state;
-  state.db = place.db;
-  return readingtext(rowof(&StatePoint::db), state);
-}
-
-std::string ratiotext(const Place& place) {
-  StatePoint state;
-  state.w = place.w;
-  return readingtext(rowof(&StatePoint::w), state);
-}
+std::string ratiotext(const Place& place) { return readingtext(PropertyKind::w, stateof(place)); }
 
 std::string spokenreading(const Reading& reading) {
   if (!reading.state) {
-    StatePoint place;
-    place.db = reading.place.db;
-    place.w = reading.place.w;
-    return std::string(reading.reason) + ": " + spokenrow(rowof(&StatePoint::db), place) + ", " +
-           spokenrow(rowof(&StatePoint::w), place);
+    const StatePoint place = stateof(reading.place);
+    return std::string(wordsOf(reading.reason)) + ": " + spokenrow(PropertyKind::db, place) + ", " +
+           spokenrow(PropertyKind::w, place);
   }
   std::string text;
-  for (const ReadingRow& row : readingrows) text += (text.empty() ? "" : ", ") + spokenrow(row, *reading.state);
+  for (const PropertyKind kind : shownOrder) text += (text.empty() ? "" : ", ") + spokenrow(kind, *reading.state);
   return text;
 }
 

@@ -37,16 +37,23 @@ struct PlotBox {
 
 PlotBox plotbox(const PlotArea& area);
 
-inline constexpr const char* abovesaturation = "Above saturation";
-inline constexpr const char* outsidelimits = "Outside the limits";
-inline constexpr const char* nostatehere = "No state of air";
+/// Why there is no state at a place.
+enum class NoReading {
+  none,  ///< there is one
+  outsideLimits,
+  aboveSaturation,
+  noAir,  ///< as where there is no moisture at all
+};
 
-/// What a place says: the state, or the reason why there is none, in the words for the user.
+/// What a place says: the state, or the reason why there is none.
 struct Reading {
   Place place;
   std::optional<StatePoint> state;
-  const char* reason = nullptr;
+  NoReading reason = NoReading::none;
 };
+
+/// A reason in the words for the user; empty for none.
+const char* wordsOf(NoReading reason);
 
 /// @param atm pressure [in Hg] that the state is worked out at
 Reading readingat(const ChartLimits& limits, double atm, Place place);
@@ -87,31 +94,9 @@ Place stepped(const ChartLimits& limits, Place place, int degrees, int ratios, b
 std::vector<Place> wetbulbcurve(const ChartLimits& limits, double atm, const StatePoint& state);
 std::vector<Place> humiditycurve(const ChartLimits& limits, double atm, const StatePoint& state);
 
-/// One property as it is shown where somebody points.
-struct ReadingRow {
-  const char* caption;  ///< as in the live row
-  const char* symbol;   ///< shorter, on a label
-  const char* unit;
-  int decimals;
-  double StatePoint::*value;
-};
-
-inline constexpr std::array<ReadingRow, 8> readingrows = {{
-    {"DB", "DB", "Deg F", 2, &StatePoint::db},
-    {"WB", "WB", "Deg F", 2, &StatePoint::wb},
-    {"RH", "RH", "%", 2, &StatePoint::rh},
-    {"Enthalpy", "h", "Btu/lb", 2, &StatePoint::h},
-    {"Sp vol", "v", "cuf/lb", 3, &StatePoint::v},
-    {"H.ratio", "W", "lb/lb", 5, &StatePoint::w},
-    {"DP", "DP", "Deg F", 2, &StatePoint::dp},
-    {"V. pr", "pv", "In Hg", 4, &StatePoint::pv},
-}};
-
-/// The row of a property, which has to be one of them.
-const ReadingRow& rowof(double StatePoint::*value);
-
-/// The value of a row. Dry bulb and humidity ratio, which a place is given by, with as many decimals as they have.
-std::string readingtext(const ReadingRow& row, const StatePoint& state);
+/// A property as it is shown where somebody points. Dry bulb and humidity ratio, which a place is given by, have as
+/// many decimals as they need.
+std::string readingtext(PropertyKind kind, const StatePoint& state);
 
 /// The texts of a place for the two boxes: what the reading shows.
 std::string drybulbtext(const Place& place);

@@ -35,12 +35,13 @@ void drawframe(ChartCanvas& canvas, const LabelBox& label) {
 
 /// Temperatures and relative humidity at the left, the rest at the right.
 void printstate(ChartCanvas& canvas, const LabelBox& label, const StatePoint& state) {
-  constexpr std::array<std::size_t, readingrows.size()> order = {0, 1, 2, 6, 5, 3, 4, 7};
+  using enum PropertyKind;
+  constexpr std::array order = {db, wb, rh, dp, w, h, v, pv};
   for (std::size_t i = 0; i < order.size(); ++i) {
-    const ReadingRow& row = readingrows[order[i]];
+    const Property& property = propertyOf(order[i]);
     const double x = label.left + edge + (i < lines ? 0 : column);
     canvas.MoveTo(x, label.top + edge + static_cast<double>(i % lines) * line);
-    canvas.Print(std::string(row.symbol) + ' ' + fixeddecimals(state.*row.value, row.decimals));
+    canvas.Print(std::string(property.symbol) + ' ' + fixeddecimals(state.at(order[i]), property.decimals));
   }
 }
 

@@ -232,7 +232,7 @@ std::string vaporlabel(double db, double hr, double atmpressure) {
   const SearchResult wb = wbwithdbandhr(db, hr, atmpressure);
   if (wb.failed()) return {};
   const double pv = psychro_pv1(db, wb.x, atmpressure);
-  return pv >= 0 ? fourdecimals(pv) : std::string();
+  return pv >= 0 ? fixeddecimals(pv, 4) : std::string();
 }
 
 }  // namespace moistair

@@ -19,7 +19,7 @@ namespace {
 const std::vector<std::string>& resultnames() {
   static const std::vector<std::string> names = [] {
     std::vector<std::string> made;
-    for (const StateColumn& column : statecolumns) made.push_back(std::string("out_") + column.name);
+    for (const Property& property : propertyTable) made.push_back(std::string("out_") + property.key);
     made.emplace_back("status");
     return made;
   }();
@@ -55,7 +55,7 @@ RowOrReason givenrow(RowCells& cells, const BatchPlan& plan) {
     const std::string_view cell = cellat(cells, plan.columns.kinds[i]);
     if (cell.empty()) continue;
     const double value = strictnumber(cell);
-    if (!hasvalue(value)) return kindnames[i] + std::string(isnonumber);
+    if (!hasvalue(value)) return nameof(static_cast<PropertyKind>(i)) + std::string(isnonumber);
     given[count++] = {static_cast<PropertyKind>(i), value};
   }
   if (count != 2) {
@@ -67,10 +67,10 @@ RowOrReason givenrow(RowCells& cells, const BatchPlan& plan) {
   return GivenRow{pair, std::get<double>(pressure)};
 }
 
-void appendstate(std::string& out, const StatePoint& point, const BatchPlan& plan) {
-  for (const StateColumn& column : statecolumns) {
+void appendstate(std::string& out, const StatePoint& point, double atm, const BatchPlan& plan) {
+  for (const Property& property : propertyTable) {
     out += plan.delimiter;
-    (plan.full ? appendroundtrip : appendsevendecimals)(out, point.*column.value);
+    (plan.full ? appendroundtrip : appendsevendecimals)(out, valueOf(property, point, atm));
   }
 }
 
@@ -92,7 +92,7 @@ RowOutcome judgedRow(std::string& out, const PairOfGiven& pair, double atm, Reso
   } else if (!missedBy(pair, resolution.point, atm).empty()) {
     row = {missedRow, plan.strict, true};
   }
-  if (!row.failed) appendstate(out, resolution.point, plan);
+  if (!row.failed) appendstate(out, resolution.point, atm, plan);
   return row;
 }
 
@@ -145,7 +145,7 @@ BatchResult resolverows(std::string_view block, const BatchPlan& plan) {
   const TableShape shape{.selection = plan.columns.selection,
                          .delimiter = plan.delimiter,
                          .lineEnd = plan.lineend,
-                         .results = statecolumns.size(),
+                         .results = propertyCount,
                          .further = plan.check ? checkcolumns.size() : 0};
   return fillRows(block, shape, [&](RowCells& cells, std::string& results, std::string& check) {
     return appendrow(results, cells, plan, check);

@@ -40,9 +40,9 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
   for (const CLI::Option* pressure : options.pressure.options) {
     if (pressure->count() > 0) throw badusage(pressure->get_name() + ": a document stands for its own pressure");
   }
-  ReadDocument read = readdocument(contentof(input));
-  if (!read.document) throw failure(input.name() + ": " + read.fault);
-  Document& document = *read.document;
+  Result<ReadDocument> read = readdocument(contentof(input));
+  if (!read) throw failure(input.name() + ": " + read.error().text());
+  Document& document = read->document;
   for (const CLI::Option* option : {options.limits.option, options.typeoption}) {
     if (option->count() > 0 && lastchart(document) == nullptr) {
       throw failure(input.name() + ": there is no chart in it for " + option->get_name());

@@ -16,6 +16,7 @@ namespace moistair {
 
 struct Check {
   std::array<Given, 2> given;
+  double atm;                                      ///< [in Hg]
   std::optional<std::array<double, 2>> residuals;  ///< found less given, of a state that was found
   Answers answers;
 };
@@ -29,7 +30,7 @@ std::string checktable(const Check& check);
 Json checkjson(const Check& check);
 
 /// {"db":75,...,"pv":0.44}
-Json statejson(const StatePoint& point);
+Json statejson(const StatePoint& point, double atm);
 
 /// The columns behind a row of a table, and the cells of a row: two residuals and the number of answers.
 inline constexpr std::array<const char*, 3> checkcolumns = {"residual1", "residual2", "answers"};

@@ -43,15 +43,7 @@ struct OperationWriter {
     appendroundtrip(out, static_cast<double>(coordinate));
   }
 
-  void color(const Color& color) const {
-    constexpr std::string_view hexdigits = "0123456789abcdef";
-    out += R"(,"color":"#)";
-    for (const std::uint8_t part : {color.red, color.green, color.blue}) {
-      out += hexdigits[part >> 4];
-      out += hexdigits[part & 15];
-    }
-    out += '"';
-  }
+  void color(const Color& color) const { out.append(R"(,"color":")").append(hexOf(color)).append("\""); }
 };
 
 }  // namespace

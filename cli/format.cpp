@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <map>
 
-#include "text/numbertext.h"
-
 namespace moistair {
 
 void addformat(CLI::App& command, Format& format) {
@@ -16,8 +14,6 @@ void addformat(CLI::App& command, Format& format) {
       ->check(CLI::IsMember({"text", "json", "csv"}))
       ->type_name("FORMAT");
 }
-
-std::string shown(double number) { return number == -1 ? "-1.0000000" : showvalue(number); }
 
 void appendaligned(std::string& out, const std::string& text, std::size_t column) {
   const std::size_t before = std::min(text.find('.'), text.size());

@@ -16,9 +16,6 @@ enum class Format { text, json, csv };
 /// Adds --format.
 void addformat(CLI::App& command, Format& format);
 
-/// A value as the windows show it, also where they leave a -1 blank.
-std::string shown(double number);
-
 /// Appends a text and blanks in front of it, so that its decimal point, or its end if it has none, comes `column`
 /// characters behind the start. Too long a text gets one blank.
 void appendaligned(std::string& out, const std::string& text, std::size_t column);

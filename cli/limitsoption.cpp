@@ -14,7 +14,7 @@ void addlimits(CLI::App& command, LimitsOption& option, const std::string& descr
 }
 
 ChartLimits limitsof(const LimitsOption& option) {
-  if (option.option->count() == 0) return {0, 120, 0, 0.03};
+  if (option.option->count() == 0) return wholeChart;
   const auto parts = splitat(option.text, ',');
   if (parts.size() != 4) throw badusage("limits must be four numbers such as 0,120,0,0.030");
   for (const std::string_view part : parts) numberof(part, "limits");

@@ -26,10 +26,6 @@ struct MixOptions {
   Format format = Format::text;
 };
 
-/// Names of the rows that the window shows, for programs.
-constexpr std::array<const char*, shownreadouts> rownames = {"flow", "pressure", "db", "wb", "rh",
-                                                             "h",    "v",        "w",  "dp", "pv"};
-
 constexpr std::array<const char*, 3> columntitles = {"Stream 1", "Stream 2", "Mixed stream"};
 constexpr std::array<const char*, 3> columnnames = {"stream1", "stream2", "mixed"};
 
@@ -59,7 +55,7 @@ std::string asjson(const MixingProblem& problem) {
     Json& stream = json[columnnames[column]];
     for (std::size_t row = 0; row < shownreadouts; ++row) {
       const std::string& readout = columns[column]->*readoutrows[row].text;
-      stream[rownames[row]] = readout.empty() ? Json() : jsonnumber(lenientnumber(readout));
+      stream[readoutrows[row].key] = readout.empty() ? Json() : jsonnumber(lenientnumber(readout));
     }
   }
   return jsontext(json) + "\n";
@@ -72,14 +68,14 @@ void appendnumber(std::string& out, const std::string& readout, void (*append)(s
 
 std::string ascsv(const MixingProblem& problem) {
   std::string out = "stream";
-  for (const char* name : rownames) out += std::string(",") + name;
+  for (std::size_t row = 0; row < shownreadouts; ++row) out += std::string(",") + readoutrows[row].key;
   out += '\n';
   const Columns columns = columnsof(problem);
   for (std::size_t column = 0; column < columns.size(); ++column) {
     out += columnnames[column];
     for (std::size_t row = 0; row < shownreadouts; ++row) {
       out += ',';
-      const bool entered = row < 2;  // the flow and the pressure have the digits that were typed
+      const bool entered = row < enteredreadouts;
       appendnumber(out, columns[column]->*readoutrows[row].text, entered ? appendroundtrip : appendsevendecimals);
     }
     out += '\n';

@@ -4,15 +4,9 @@
 
 #include "advice/remark.h"
 #include "cli/fault.h"
-#include "model/pointreport.h"
 #include "text/value.h"
 
 namespace moistair {
-
-const char* captionof(const StateColumn& column) {
-  const auto same = [&](const ReportRow& row) { return row.value == column.value; };
-  return std::find_if(reportrows.begin(), reportrows.end(), same)->caption;
-}
 
 std::vector<std::string_view> splitat(std::string_view text, char separator) {
   std::vector<std::string_view> parts;
@@ -57,7 +51,7 @@ GivenPair pairof(const std::vector<TypedValue>& assignments) {
     given.push_back({*kind, numberof(assignment.text, assignment.name)});
   }
   if (given.size() != 2) {
-    throw badusage(std::string("a state takes two of ") + kindnamelist + ", not " + std::to_string(given.size()));
+    throw badusage("a state takes two of " + kindnamelist + ", not " + std::to_string(given.size()));
   }
   const GivenPair pair{given[0], given[1]};
   Resolution broken;

@@ -2,8 +2,6 @@
 /// Properties by the names that the command line and the columns of a table give them: db wb rh w h dp v.
 #pragma once
 
-#include <array>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,28 +11,8 @@
 
 namespace moistair {
 
-inline constexpr const char* kindnamelist = "db wb rh w h dp v";
-
-/// One property of a whole state by its name.
-struct StateColumn {
-  const char* name;
-  double StatePoint::*value;
-};
-
-/// All of a state, the vapour pressure behind the seven kinds.
-inline constexpr std::array<StateColumn, kindcount + 1> statecolumns = {{
-    {"db", &StatePoint::db},
-    {"wb", &StatePoint::wb},
-    {"rh", &StatePoint::rh},
-    {"w", &StatePoint::w},
-    {"h", &StatePoint::h},
-    {"dp", &StatePoint::dp},
-    {"v", &StatePoint::v},
-    {"pv", &StatePoint::pv},
-}};
-
-/// The words and the unit that the point report has for it.
-const char* captionof(const StateColumn& column);
+/// "db wb rh w h dp v"
+inline const std::string kindnamelist = keysOfKinds();
 
 /// "NAME=TEXT": the name in small letters, the text as typed; both may be anything.
 struct TypedValue {

@@ -43,32 +43,33 @@ void appendline(std::string& out, const std::string& caption, const std::string&
 std::string astable(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
   std::string out;
   appendline(out, pressurecaption(pressure.entry), pressure.entry.text);
-  for (const StateColumn& column : statecolumns) {
-    if (resolution.resolved()) appendline(out, captionof(column), shown(resolution.point.*column.value));
+  for (const Property& property : propertyTable) {
+    if (!resolution.resolved()) break;
+    appendline(out, property.caption, tableValue(valueOf(property, resolution.point, pressure.atm)));
   }
   return check ? out + checktable(*check) : out;
 }
 
-std::string asjson(const Resolution& resolution, const std::optional<Check>& check) {
+std::string asjson(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
   Json json;
   if (resolution.resolved()) {
-    json = statejson(resolution.point);
+    json = statejson(resolution.point, pressure.atm);
     json["iterations"] = resolution.iterations;
   }
   if (check) json["check"] = checkjson(*check);
   return jsontext(json) + "\n";
 }
 
-std::string ascsv(const Resolution& resolution, const std::optional<Check>& check) {
+std::string ascsv(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
   std::string names;
   std::string values;
-  for (const StateColumn& column : statecolumns) {
+  for (const Property& property : propertyTable) {
     if (!names.empty()) {
       names += ',';
       values += ',';
     }
-    names += column.name;
-    if (resolution.resolved()) appendsevendecimals(values, resolution.point.*column.value);
+    names += property.key;
+    if (resolution.resolved()) appendsevendecimals(values, valueOf(property, resolution.point, pressure.atm));
   }
   if (check) {
     for (const char* name : checkcolumns) names += std::string(",") + name;
@@ -94,8 +95,8 @@ void runstate(const StateOptions& options) {
   if (resolution.resolved() || check) {
     switch (options.format) {
       case Format::text: writeresult(astable(resolution, check, pressure)); break;
-      case Format::json: writeresult(asjson(resolution, check)); break;
-      case Format::csv: writeresult(ascsv(resolution, check)); break;
+      case Format::json: writeresult(asjson(resolution, check, pressure)); break;
+      case Format::csv: writeresult(ascsv(resolution, check, pressure)); break;
     }
   }
   if (!resolution.resolved()) throw failure(whynot(given, pressure.atm, resolution));
@@ -106,7 +107,7 @@ void runstate(const StateOptions& options) {
 void addstatecommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("state", "Print the whole state of moist air from any two of its properties");
   const auto options = std::make_shared<StateOptions>();
-  command->add_option("pair", options->pair, std::string("two of ") + kindnamelist + ", such as db=75 wb=62.5")
+  command->add_option("pair", options->pair, "two of " + kindnamelist + ", such as db=75 wb=62.5")
       ->required()
       ->type_name("KIND=VALUE");
   addpressure(*command, options->pressure);

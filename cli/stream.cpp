@@ -71,11 +71,11 @@ Output::Output(const std::string& path, const Input* reading)
 }
 
 void Output::check() const {
-  const auto& broken = file_.failure();
-  if (!broken) return;
-  if (!broken->opened) throw badusage(name_ + ": " + broken->reason());
-  if (broken->error == EPIPE) throw failure(name_ + " was closed by its reader before all was written");
-  throw failure(name_ + " cannot be written: " + broken->reason());
+  if (file_.outcome()) return;
+  const Error& error = file_.outcome().error();
+  if (error.code == ErrorCode::notOpened) throw badusage(name_ + ": " + error.words);
+  if (error.code == ErrorCode::readerGone) throw failure(name_ + " was closed by its reader before all was written");
+  throw failure(name_ + " cannot be written: " + error.words);
 }
 
 void Output::write(std::string_view text) {

@@ -123,7 +123,7 @@ double pressureof(const Given& given, double drybulb, double atm) {
     case w: return pressureofratio(given.value, atm);
     case h: return pressureofratio(ratioofenthalpy(drybulb, given.value), atm);
     case v: return pressureofratio(ratioofvolume(drybulb, given.value, atm), atm);
-    case dp: return std::exp((given.value < psychro_dp(formsmeet) ? frostpoint : waterpoint).of(given.value));
+    case dp: return pressureOfDewPoint(given.value);
     default: return novalue;
   }
 }
@@ -132,9 +132,8 @@ double pressureof(const Given& given, double drybulb, double atm) {
 bool mayhave(Quest& quest, const Given& given) {
   const Limits limits = quest.bound(given.kind);
   if (given.kind == dp) {
-    const double frostend = psychro_dp(std::nextafter(formsmeet, 0));
     if (!(given.value > frostpoint.at(frostpoint.turn()))) quest.miss(toodry);
-    if (given.value > frostend && given.value < psychro_dp(formsmeet)) quest.miss({NoAnswer::dewpointgap});
+    if (dewPointGap().holds(given.value)) quest.miss({NoAnswer::dewpointgap});
   } else if (!(given.value > limits.above)) {
     quest.miss({NoAnswer::belowbound, given.kind});
   } else if (!(given.value <= limits.upto * (1 + rounding))) {
@@ -161,7 +160,7 @@ std::optional<Cause> brokenby(StatePoint state, const StateBounds& bounds) {
 void takestate(Quest& quest, double drybulb, double wetbulb) {
   const StatePoint state = stateat(drybulb, wetbulb, quest.atm);
   for (const Given& given : {quest.first, quest.second}) {
-    const double finest = 1e-6 * visible[static_cast<std::size_t>(given.kind)];
+    const double finest = 1e-6 * propertyOf(given.kind).visible;
     if (!(std::abs(state.at(given.kind) - given.value) <= finest)) return quest.miss({NoAnswer::pressure});
   }
   if (const auto broken = brokenby(state, quest.bounds)) return quest.miss(*broken);
@@ -331,11 +330,7 @@ Answers answerswithoutwetbulb(Given first, Given second, double atm, const State
 
 StatePoint stateat(double db, double wb, double atm) {
   StatePoint state;
-  for (int i = 0; i < kindcount; ++i) {
-    const PropertyKind kind = *kindat(i);
-    state.at(kind) = propertyAt(kind, db, wb, atm);
-  }
-  state.pv = psychro_pv1(db, wb, atm);
+  for (const Property& property : heldProperties) state.*property.value = propertyAt(property.kind, db, wb, atm);
   return state;
 }
 
@@ -348,6 +343,7 @@ double propertyAt(PropertyKind kind, double drybulb, double wetbulb, double atm)
     case h: return psychro_h(drybulb, wetbulb, atm);
     case dp: return psychro_dp(psychro_pv1(drybulb, wetbulb, atm));
     case v: return psychro_v(drybulb, wetbulb, atm);
+    case pv: return psychro_pv1(drybulb, wetbulb, atm);
   }
   return novalue;
 }

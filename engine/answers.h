@@ -13,7 +13,7 @@
 /// at every key press.
 #pragma once
 
-#include <array>
+#include <cmath>
 #include <vector>
 
 #include "engine/state.h"
@@ -50,9 +50,6 @@ Answers answerswithoutwetbulb(Given first, Given second, double atm, const State
 /// The state of a dry and a wet bulb [deg F] with all properties by their functions; no value for what has none.
 StatePoint stateat(double db, double wb, double atm);
 
-/// What of each property, by kind, can be seen on a chart.
-inline constexpr std::array<double, kindcount> visible = {0.2, 0.2, 1, 0.0001, 0.15, 0.2, 0.02};
-
 /// One property of a dry and a wet bulb, as `stateat` has it.
 double propertyAt(PropertyKind kind, double db, double wb, double atm);
 
@@ -61,8 +58,6 @@ inline double residual(const Given& given, const StatePoint& found, double atm) 
   return propertyAt(given.kind, found.db, found.wb, atm) - given.value;
 }
 
-inline bool canbeseen(PropertyKind kind, double residual) {
-  return !(std::abs(residual) < visible[static_cast<std::size_t>(kind)]);
-}
+inline bool canbeseen(PropertyKind kind, double residual) { return !(std::abs(residual) < propertyOf(kind).visible); }
 
 }  // namespace moistair

@@ -1,11 +1,11 @@
 #include "engine/mixingproblem.h"
 
 #include <algorithm>
-#include <initializer_list>
 
 #include "engine/moistair.h"
 #include "engine/openfinders.h"
 #include "engine/solvers.h"
+#include "engine/vaporterms.h"
 #include "text/value.h"
 
 namespace moistair {
@@ -14,14 +14,13 @@ namespace {
 
 using Text = std::string AirStream::*;
 
-constexpr std::initializer_list<Text> statetexts = {&AirStream::pressure, &AirStream::db, &AirStream::wb,
-                                                    &AirStream::rh,       &AirStream::h,  &AirStream::v,
-                                                    &AirStream::w,        &AirStream::dp, &AirStream::pv};
-constexpr std::initializer_list<Text> ratetexts = {&AirStream::pvsat, &AirStream::dryrate, &AirStream::vaporrate,
-                                                   &AirStream::moistrate};
+void blankstate(AirStream& stream) {
+  static_cast<StateTexts&>(stream) = {};
+  stream.pressure.clear();
+}
 
-void blank(AirStream& stream, std::initializer_list<Text> texts) {
-  for (const Text text : texts) (stream.*text).clear();
+void blankrates(AirStream& stream) {
+  for (std::string* text : {&stream.pvsat, &stream.dryrate, &stream.vaporrate, &stream.moistrate}) text->clear();
 }
 
 void blankmixture(MixingProblem& problem) {
@@ -43,13 +42,9 @@ void showmixed(std::string& readout, double number) {
 }
 
 void showstate(AirStream& stream, const StatePoint& point, double atm) {
-  show(stream.db, point.db);
-  show(stream.wb, point.wb);
-  show(stream.rh, point.rh);
-  show(stream.h, point.h);
-  show(stream.v, point.v);
-  show(stream.w, point.w);
-  show(stream.dp, point.dp);
+  for (const Property& property : heldProperties) {
+    if (property.kind != PropertyKind::pv) show(stream.*property.text, point.*property.value);
+  }
   show(stream.pv, psychro_pv1(point.db, point.wb, atm));
 }
 
@@ -80,13 +75,10 @@ void addrates(MixingProblem& problem) {
   showmixed(mixed.moistrate, read(mixed.dryrate) + read(mixed.vaporrate));
 }
 
-/// Dry bulb of an enthalpy and a humidity ratio: psychro_h solved for its dry bulb.
-double drybulb(double h, double w) { return quotient(h - 1061 * w, 0.24 + 0.444 * w); }
-
 /// The state of the mixture from its enthalpy and humidity ratio. The wet bulb lies on a grid of 0.1 below the dry
 /// bulb, and everything that follows from the two carries that grain.
 void showmixture(AirStream& mixed, double atm, Way way) {
-  showmixed(mixed.db, drybulb(read(mixed.h), read(mixed.w)));
+  showmixed(mixed.db, drybulbofenthalpy(read(mixed.h), read(mixed.w)));
   const double db = read(mixed.db);
   showmixed(mixed.pvsat, psychro_pvs(db));
   showmixed(mixed.wb, psychro_wb(db, read(mixed.h), atm, way));
@@ -129,9 +121,9 @@ std::string captionof(const ReadoutRow& row, const MixingProblem& problem) {
 Resolution resolvestream(MixingProblem& problem, std::size_t number) {
   AirStream& stream = problem.streams[number];
   stream.complete = false;
-  blank(stream, statetexts);
-  blank(problem.mixed, statetexts);
-  blank(stream, ratetexts);
+  blankstate(stream);
+  blankstate(problem.mixed);
+  blankrates(stream);
   Resolution resolution;
   resolution.reason = inputfault(stream.kind1, stream.kind2, stream.value1, stream.value2);
   if (!resolution.resolved()) return resolution;
@@ -179,8 +171,9 @@ std::optional<PairOfGiven> givenOf(const AirStream& stream) {
 }
 
 StatePoint shownState(const AirStream& column) {
-  return {strictnumber(column.db), strictnumber(column.wb), strictnumber(column.rh), strictnumber(column.w),
-          strictnumber(column.h),  strictnumber(column.dp), strictnumber(column.v),  strictnumber(column.pv)};
+  StatePoint state;
+  for (const Property& property : heldProperties) state.*property.value = strictnumber(column.*property.text);
+  return state;
 }
 
 Missed judgedMixture(const AirStream& one, const AirStream& two, const AirStream& mixed, double atm) {

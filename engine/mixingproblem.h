@@ -22,16 +22,14 @@
 namespace moistair {
 
 /// One column of the mixing window. The mixed stream has no kinds and no values.
-struct AirStream {
+struct AirStream : StateTexts {              ///< its state in seven decimals
   std::optional<PropertyKind> kind1, kind2;  ///< none if the list shows a text that is no property
   std::string value1, value2;                ///< as typed, read strictly
-  std::string flow;                     ///< air flow rate [actual cu ft/min]: as typed; of the mixed stream the sum
-  bool complete = false;                ///< whether the stream is resolved
-  bool exact = false;                   ///< whether its state is the exact one in place of what the search finds
-  std::string pressure;                 ///< pressure or elevation as the user entered it
-  std::string db, wb, rh, h, v, w, dp;  ///< as in StatePoint, seven decimals
-  std::string pv;                       ///< vapour pressure [in Hg]
-  std::string pvsat;                    ///< saturation vapour pressure at the dry bulb [in Hg]
+  std::string flow;       ///< air flow rate [actual cu ft/min]: as typed; of the mixed stream the sum
+  bool complete = false;  ///< whether the stream is resolved
+  bool exact = false;     ///< whether its state is the exact one in place of what the search finds
+  std::string pressure;   ///< pressure or elevation as the user entered it
+  std::string pvsat;      ///< saturation vapour pressure at the dry bulb [in Hg]
   std::string dryrate, vaporrate, moistrate;  ///< flow of dry air, of water vapour, of both [lb/min]
 
   bool operator==(const AirStream&) const = default;
@@ -56,31 +54,30 @@ struct MixingProblem {
 
 /// One row of the table: a caption, the print-zone steps that bring its value to column 57 of the log, and the text.
 struct ReadoutRow {
+  const char* key;      ///< in files and for programs
   const char* caption;  ///< null for the pressure, whose caption depends on its unit
   int zonesteps;        ///< 0 for a row that is not saved
   std::string AirStream::*text;
 };
 
 inline constexpr std::size_t readoutcount = 14;
-inline constexpr std::size_t shownreadouts = 10;  ///< the rows behind these are neither seen nor saved
+inline constexpr std::size_t enteredreadouts = 2;  ///< the first rows, which have the digits that were typed
+inline constexpr std::size_t shownreadouts = enteredreadouts + heldCount;  ///< the rest is neither seen nor saved
 
 /// All rows of the table from the flow downwards, in the window and in the log.
-inline constexpr std::array<ReadoutRow, readoutcount> readoutrows = {{
-    {"Air flow rate (acfm)", 3, &AirStream::flow},
-    {nullptr, 3, &AirStream::pressure},
-    {"Dry bulb temp (Deg F)", 3, &AirStream::db},
-    {"Wet bulb temp (Deg F)", 3, &AirStream::wb},
-    {"Relative humidity (%)", 3, &AirStream::rh},
-    {"Specific enthalpy (btu/lb)", 3, &AirStream::h},
-    {"Specific volume (cuf/lb)", 3, &AirStream::v},
-    {"Humidity ratio (lb/lb of air)", 2, &AirStream::w},
-    {"Dew point (Deg F)", 3, &AirStream::dp},
-    {"Vapor pressure (In Hg)", 3, &AirStream::pv},
-    {"Vapor pr. at saturation (In Hg)", 0, &AirStream::pvsat},
-    {"Dry air fow rate (lb/min)", 0, &AirStream::dryrate},
-    {"Water vapor flow rate  (lb/min)", 0, &AirStream::vaporrate},
-    {"Moist air flow rate (lb/min)", 0, &AirStream::moistrate},
-}};
+inline constexpr std::array<ReadoutRow, readoutcount> readoutrows = [] {
+  std::array<ReadoutRow, readoutcount> rows = {
+      {{"flow", "Air flow rate (acfm)", 3, &AirStream::flow}, {"pressure", nullptr, 3, &AirStream::pressure}}};
+  for (std::size_t i = 0; i < heldCount; ++i) {
+    const Property& property = propertyOf(shownOrder[i]);
+    rows[enteredreadouts + i] = {property.key, property.caption, property.zoneSteps, property.text};
+  }
+  rows[shownreadouts] = {"pvsat", "Vapor pr. at saturation (In Hg)", 0, &AirStream::pvsat};
+  rows[shownreadouts + 1] = {"dryrate", "Dry air fow rate (lb/min)", 0, &AirStream::dryrate};
+  rows[shownreadouts + 2] = {"vaporrate", "Water vapor flow rate  (lb/min)", 0, &AirStream::vaporrate};
+  rows[shownreadouts + 3] = {"moistrate", "Moist air flow rate (lb/min)", 0, &AirStream::moistrate};
+  return rows;
+}();
 
 /// Heads of the columns: the two streams and the mixed stream.
 inline constexpr std::array<const char*, 3> columnheads = {"Stream 1", "Steram 2", "Mixed stream"};

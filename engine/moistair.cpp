@@ -48,7 +48,7 @@ double psychro_pvs(double temp) {
 double lnsaturationslope(double temp) {
   const double kelvin = kelvinof(temp);
   if (!(kelvin > 0)) return novalue;
-  return valueof(kelvinperdegree * (kelvin < icepoint ? ln_slope_over_ice(kelvin) : ln_slope_over_water(kelvin)));
+  return valueof(kelvinsPerDegree * (kelvin < icepoint ? ln_slope_over_ice(kelvin) : ln_slope_over_water(kelvin)));
 }
 
 double psychro_pv1(double db, double wb, double atm) { return vaporpressureof(db, wb, atm, psychro_pvs(wb)); }

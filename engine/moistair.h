@@ -21,6 +21,9 @@ namespace moistair {
 /// The atmospheric pressure that the program starts with [in Hg].
 inline constexpr double defaultpressure = 29.92126;
 
+/// No state that the program shows has a higher humidity ratio, and no chart goes beyond it [lb/lb].
+inline constexpr double greatestRatio = 0.03;
+
 /// Absolute zero [deg F]: no temperature at or below it has a saturation pressure.
 inline constexpr double absolutezero = -459.67;
 
@@ -75,10 +78,12 @@ double psychro_wrh(double db, double rh, double atm);
 /// Source: standard atmosphere, 14.696 (1 - 6.8754e-06 Z)^5.2559 pounds/sq inch.
 double psychro_atm(double elev);
 
-/// \name The same equations in steps
-/// For whoever has a term at hand already: a search the saturation pressure of a temperature that stays, a whole state
-/// its vapour pressure. Each function above is made of these, so they give the same digits.
+/// \name The constants of the equations
+/// Those that look alike and differ belong to different equations, and stay apart.
 /// \{
+
+/// Kelvins to the degree Fahrenheit, as the saturation pressure takes them.
+inline constexpr double kelvinsPerDegree = 0.555556;
 
 /// Molar mass of water over that of dry air.
 inline constexpr double massratio = 0.62198;
@@ -86,14 +91,47 @@ inline constexpr double massratio = 0.62198;
 /// The wet bulb up to which the psychrometer equation over ice holds [deg F].
 inline constexpr double icewetbulb = 32;
 
+/// Of the psychrometer equation over ice, per kelvin of what the wet bulb lies below the dry bulb.
+inline constexpr double psychrometerTerm = 0.0005704;
+inline constexpr double degreesPerKelvin = 1.8;
+
+/// Specific heat of dry air [Btu/lb to the deg F].
+inline constexpr double dryAirHeat = 0.24;
+
+/// Enthalpy of water vapor at 0 deg F [Btu/lb] and its specific heat [Btu/lb to the deg F], of the enthalpy.
+inline constexpr double vaporEnthalpyAtZero = 1061;
+inline constexpr double vaporHeat = 0.444;
+
+/// The same of the adiabatic balance: the heat that evaporates water, and the specific heat.
+inline constexpr double balanceHeat = 1093.049;
+inline constexpr double balanceVaporHeat = 0.441;
+
+/// Of the specific volume: the gas constant of dry air [in Hg cu ft/lb to the deg F], absolute zero [deg F], and the
+/// grains of water that take as much room as a pound of dry air.
+inline constexpr double dryAirConstant = 0.754;
+inline constexpr double volumeZero = -459.7;
+inline constexpr double grainsPerPound = 7000;
+inline constexpr double grainsAsRoomy = 4360;
+
+/// Standard atmospheres to the inch of mercury.
+inline constexpr double atmospheresPerInHg = 0.03342105;
+/// \}
+
+/// \name The same equations in steps
+/// For whoever has a term at hand already: a search the saturation pressure of a temperature that stays, a whole state
+/// its vapour pressure. Each function above is made of these, so they give the same digits.
+/// \{
+
+/// Vapour pressure of a humidity ratio w: psychro_w run backwards.
+inline double pressureofratio(double w, double atm) { return valueof(atm * quotient(w, massratio + w)); }
+
 /// psychro_pv1 by the saturation pressure ps [in Hg] at the wet bulb.
 inline double vaporpressureof(double db, double wb, double atm, double ps) {
-  if (wb <= icewetbulb) return valueof(ps - (0.0005704 * atm * (db - wb)) / 1.8);
+  if (wb <= icewetbulb) return valueof(ps - (psychrometerTerm * atm * (db - wb)) / degreesPerKelvin);
   const double ws = quotient(ps, atm - ps) * massratio;
-  const double c = 0.24 + 0.441 * ws;
-  const double d = 1093.049 + 0.441 * (db - wb);
-  const double w = ws - quotient(c * (db - wb), d);
-  return valueof(atm * quotient(w, massratio + w));
+  const double c = dryAirHeat + balanceVaporHeat * ws;
+  const double d = balanceHeat + balanceVaporHeat * (db - wb);
+  return pressureofratio(ws - quotient(c * (db - wb), d), atm);
 }
 
 /// psychro_rh by the vapour pressure pv and the saturation pressure ps at the dry bulb [in Hg].
@@ -102,17 +140,24 @@ inline double humidityof(double pv, double ps) { return quotient(100 * pv, ps); 
 /// psychro_w by the vapour pressure pv [in Hg].
 inline double ratioof(double pv, double atm) { return quotient(massratio * pv, atm - pv); }
 
+/// Enthalpy of the vapour in it by the dry bulb [Btu/lb].
+inline double vaporEnthalpy(double db) { return vaporEnthalpyAtZero + vaporHeat * db; }
+
+/// Heat that warms air with so much water by a degree [Btu/lb of dry air to the deg F].
+inline double sensibleHeat(double w) { return dryAirHeat + vaporHeat * w; }
+
 /// psychro_h by the humidity ratio w.
-inline double enthalpyof(double db, double w) { return valueof(0.24 * db + (1061 + 0.444 * db) * w); }
+inline double enthalpyof(double db, double w) { return valueof(dryAirHeat * db + vaporEnthalpy(db) * w); }
 
 /// psychro_v by the humidity ratio w; its first factor follows from the dry bulb alone.
-inline double volumefactor(double db) { return 0.754 * (db + 459.7); }
-inline double volumeof(double factor, double w, double atm) { return quotient(factor * (1 + (7000 * w) / 4360), atm); }
+inline double volumefactor(double db) { return dryAirConstant * (db - volumeZero); }
+inline double roominess(double w) { return 1 + (grainsPerPound * w) / grainsAsRoomy; }
+inline double volumeof(double factor, double w, double atm) { return quotient(factor * roominess(w), atm); }
 
 /// psychro_wrh by the saturation pressure ps [in Hg] at the dry bulb.
 inline double ratioofrh(double ps, double rh, double atm) {
-  const double d = (ps * 0.03342105 * rh) / 100;
-  return quotient(d * massratio, atm * 0.03342105 - d);
+  const double d = (ps * atmospheresPerInHg * rh) / 100;
+  return quotient(d * massratio, atm * atmospheresPerInHg - d);
 }
 /// \}
 

@@ -7,14 +7,12 @@ namespace moistair {
 
 namespace {
 
-constexpr double highestratio = 0.03;
-
 std::optional<DryBulbRange> openrangeofrh(double rh, double atm) {
   std::optional<DryBulbRange> range;
   if (!(rh >= 0 && rh <= 100)) return range;
   for (int db = 1; db <= 120; ++db) {
     const double w = ratioofrh(pvsat(db), rh, atm);
-    if (!(w >= 0 && w <= highestratio)) continue;
+    if (!(w >= 0 && w <= greatestRatio)) continue;
     if (!range) range = DryBulbRange{db - 1.0, 0};
     range->high = db;
   }
@@ -29,7 +27,7 @@ std::optional<DryBulbRange> openrangeofh(double h, double atm, Way way) {
     const double pv = psychro_pv1(db, wb, atm);
     const double w = ratioof(pv, atm);
     const double rh = humidityof(pv, pvsat(db));
-    if (!(w > 0 && w <= highestratio && rh >= 0 && rh <= 100)) continue;
+    if (!(w > 0 && w <= greatestRatio && rh >= 0 && rh <= 100)) continue;
     if (!range) range = DryBulbRange{0, db + 2.0};
     range->low = db - 1;
   }
@@ -46,7 +44,7 @@ std::optional<DryBulbRange> openrangeofspvol(double v, double atm, Way way) {
     const double pv = psychro_pv1(db, wet.x, atm);
     const double w = ratioof(pv, atm);
     const double rh = humidityof(pv, pvsat(db));
-    if (!(w > 0 && w <= highestratio && rh <= 100)) continue;
+    if (!(w > 0 && w <= greatestRatio && rh <= 100)) continue;
     if (!range) range = DryBulbRange{0, db + 1.0};
     range->low = db;
   }

@@ -78,7 +78,8 @@ std::string inhgwords(double atm);
 /// "5000 ft": the number that the entry is read as, in its unit.
 std::string entrywords(const Pressure& pressure);
 
-/// Whether two pressures [in Hg] are the same text.
+/// The one meaning of equal pressures [in Hg]: their texts of 15 significant digits, which is what every pressure that
+/// was set is kept as, are the same. So a pressure is the same before and after it was stored.
 bool samepressure(double one, double other);
 
 /// Words before the entry in the report, the mixing window and the log; empty without a unit.

@@ -14,6 +14,8 @@ namespace moistair {
 
 namespace {
 
+using enum PropertyKind;
+
 /// The state as far as it is known while a row is carried out.
 struct Run {
   StatePoint& point;
@@ -21,22 +23,9 @@ struct Run {
   const RangeFinders& finders;
   SolverFields& fields;
   int iterations = 0;
-  PropertyKind sought = PropertyKind::db;    ///< by the last search
+  PropertyKind sought = db;                  ///< by the last search
   std::optional<PropertyKind> unseenline{};  ///< given property whose line no range finder saw
 };
-
-using Field = double StatePoint::*;
-
-namespace field {
-constexpr Field db = &StatePoint::db;
-constexpr Field wb = &StatePoint::wb;
-constexpr Field rh = &StatePoint::rh;
-constexpr Field w = &StatePoint::w;
-constexpr Field h = &StatePoint::h;
-constexpr Field dp = &StatePoint::dp;
-constexpr Field v = &StatePoint::v;
-constexpr Field pv = &StatePoint::pv;
-}  // namespace field
 
 /// What is tested before a search runs: the target against the property at the ends of the bracket.
 enum class Guard { none, between, abovelow };
@@ -45,28 +34,28 @@ enum class Guard { none, between, abovelow };
 /// property that the guard looks at.
 template <class F, class G = F>
 struct Search {
-  Field finds;
-  Field fixed;
-  Field target;
+  PropertyKind finds;
+  PropertyKind fixed;
+  PropertyKind target;
   Bracket bracket;
   Guard guard;
-  Field guardtarget;
+  PropertyKind guardtarget;
   bool mayfail;  ///< whether the row fails with it; if not, x counts as it stands after the last iteration
 
   bool allowed(const Run& run) const {
     if (guard == Guard::none) return true;
-    const G property(run.point.*fixed, run.atm);
-    const double value = run.point.*guardtarget;
+    const G property(run.point.at(fixed), run.atm);
+    const double value = run.point.at(guardtarget);
     return guard == Guard::between ? liesbetween(property, value) : value > property(Bracket{}.low);
   }
 
   /// False if the row fails with it.
   bool operator()(Run& run) const {
-    const F f(run.point.*fixed, run.atm);
-    const SearchResult result = bracketsearch(f, run.point.*target, bracket, allowed(run), run.finders.way);
-    run.point.*finds = result.x;
+    const F f(run.point.at(fixed), run.atm);
+    const SearchResult result = bracketsearch(f, run.point.at(target), bracket, allowed(run), run.finders.way);
+    run.point.at(finds) = result.x;
     run.iterations = result.iterations;
-    run.sought = finds == field::wb ? PropertyKind::wb : PropertyKind::db;
+    run.sought = finds == wb ? wb : db;
     return !(mayfail && result.failed());
   }
 };
@@ -75,18 +64,18 @@ constexpr Bracket temperature{};
 constexpr Bracket temperaturefalling{.direction = Direction::falls};
 constexpr Bracket vaporpressure{.high = 1.628817};  // a dew point of about 94.4 deg F
 
-constexpr Search<RhOfWb> A{field::wb, field::db, field::rh, temperature, Guard::between, field::rh, true};
-constexpr Search<WOfWb> B{field::wb, field::db, field::w, temperature, Guard::between, field::w, true};
-constexpr Search<DpOfPv> P{field::pv, field::db, field::dp, vaporpressure, Guard::none, field::dp, false};
-constexpr Search<PvOfWb> C{field::wb, field::db, field::pv, temperature, Guard::between, field::pv, true};
-constexpr Search<VOfWb> D{field::wb, field::db, field::v, temperature, Guard::abovelow, field::v, true};
-constexpr Search<RhOfDb> E{field::db, field::wb, field::rh, temperaturefalling, Guard::none, field::rh, true};
-constexpr Search<WOfDb> F{field::db, field::wb, field::w, temperature, Guard::none, field::w, true};
-constexpr Search<HOfDb> G{field::db, field::wb, field::h, temperature, Guard::none, field::h, true};
-constexpr Search<PvOfDb> H{field::db, field::wb, field::pv, temperature, Guard::none, field::pv, true};
-constexpr Search<VOfDb> I{field::db, field::wb, field::v, temperature, Guard::none, field::v, true};
-constexpr Search<WrhOfDb> J{field::db, field::rh, field::w, temperature, Guard::none, field::w, true};
-constexpr Search<RhOfWb, WOfWb> K{field::wb, field::db, field::rh, temperature, Guard::between, field::w, true};
+constexpr Search<RhOfWb> A{wb, db, rh, temperature, Guard::between, rh, true};
+constexpr Search<WOfWb> B{wb, db, w, temperature, Guard::between, w, true};
+constexpr Search<DpOfPv> P{pv, db, dp, vaporpressure, Guard::none, dp, false};
+constexpr Search<PvOfWb> C{wb, db, pv, temperature, Guard::between, pv, true};
+constexpr Search<VOfWb> D{wb, db, v, temperature, Guard::abovelow, v, true};
+constexpr Search<RhOfDb> E{db, wb, rh, temperaturefalling, Guard::none, rh, true};
+constexpr Search<WOfDb> F{db, wb, w, temperature, Guard::none, w, true};
+constexpr Search<HOfDb> G{db, wb, h, temperature, Guard::none, h, true};
+constexpr Search<PvOfDb> H{db, wb, pv, temperature, Guard::none, pv, true};
+constexpr Search<VOfDb> I{db, wb, v, temperature, Guard::none, v, true};
+constexpr Search<WrhOfDb> J{db, rh, w, temperature, Guard::none, w, true};
+constexpr Search<RhOfWb, WOfWb> K{wb, db, rh, temperature, Guard::between, w, true};
 
 /// How a row finds what its pair does not give: one or two searches, a direct equation, or a nested search.
 using Solve = bool (*)(Run&);
@@ -133,9 +122,9 @@ bool nested(Run& run) {
   return !result.failed;
 }
 
-constexpr Limits temperatures{0, 120};
-constexpr Limits percents{0, 100};
-constexpr Limits ratios{0, 0.03};
+constexpr Limits temperatures = boundof(db);
+constexpr Limits percents = boundof(rh);
+constexpr Limits ratios = boundof(w);
 constexpr Limits enthalpies{0, 62};
 constexpr Limits lowerenthalpies{0, 61.9};
 constexpr Limits dewpoints{-55, 120};
@@ -147,8 +136,6 @@ struct PairRow {
   Limits firstlimits, secondlimits;
   Solve solve;
 };
-
-using enum PropertyKind;
 
 /// All pairs but humidity ratio with dew point, which say the same thing twice.
 constexpr std::array<PairRow, 20> pairtable = {{

@@ -84,11 +84,11 @@ Window wetbulboverwater(double db, double atm, double pv, double tolerance, doub
     const double depression = db - x;
     const double dry = atm - near.pvs;
     const double missing = massratio * near.pvs - w * dry;
-    const double c = 0.24 * dry + 0.441 * massratio * near.pvs;
-    const double d = 1093.049 + 0.441 * depression;
-    const double weight = (massratio + w) * d - (0.441 * massratio - 0.24) * depression;
-    const double slope = near.slope * weight + c - 0.441 * missing;
-    const double curvature = near.curvature * weight - 2 * near.slope * (0.24 + 0.441 * w);
+    const double c = dryAirHeat * dry + balanceVaporHeat * massratio * near.pvs;
+    const double d = balanceHeat + balanceVaporHeat * depression;
+    const double weight = (massratio + w) * d - (balanceVaporHeat * massratio - dryAirHeat) * depression;
+    const double slope = near.slope * weight + c - balanceVaporHeat * missing;
+    const double curvature = near.curvature * weight - 2 * near.slope * (dryAirHeat + balanceVaporHeat * w);
     halfwidth = dry * d / slope;
     return thirdorder(missing * d - c * depression, slope, curvature);
   });
@@ -104,7 +104,7 @@ Window wetbulbwindow(double db, double atm, double pv, double tolerance) {
   constexpr double step = 32;
   constexpr double clear = 0.3;
   if (!(atm >= 0.1 && atm <= 200 && db >= -10 && db <= highest && hasvalue(pv) && pv != atm)) return {};
-  const double slope = 0.0005704 * atm / 1.8;
+  const double slope = psychrometerTerm * atm / degreesPerKelvin;
   const double dp = dewpointnear(pv);
   const double rise = saturationnear(dp).slope;
   const double start = (slope * db + rise * dp) / (slope + rise);
@@ -125,11 +125,10 @@ Window wetbulbwindow(double db, double atm, double pv, double tolerance) {
 /// ends.
 Window vaporpressurewindow(double dp, double tolerance) {
   static const double before = std::nextafter(formsmeet, 0.0);
-  static const double lowertop = psychro_dp(before);
-  static const double upperbottom = psychro_dp(formsmeet);
+  const DewPointGap& gap = dewPointGap();
   if (!(dp > -60 && dp < 150)) return {};
-  const bool lower = dp < lowertop - 2 * tolerance;
-  const bool upper = dp > upperbottom + 2 * tolerance;
+  const bool lower = dp < gap.before - 2 * tolerance;
+  const bool upper = dp > gap.after + 2 * tolerance;
   if (!lower && !upper) return {before, formsmeet};
   const DewPointForm& form = lower ? frostpoint : waterpoint;
   const double a = form.of(dp);

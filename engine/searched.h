@@ -74,9 +74,9 @@ struct VOfWb {
   VOfWb(double db, double atm) : w(db, atm), factor(volumefactor(db)) {}
   double operator()(double wb) const { return volumeof(factor, w(wb), w.pv.atm); }
   double plainly(double wb) const { return psychro_v(w.pv.db, wb, w.pv.atm); }
-  double ratioat(double v) const { return (v * w.pv.atm / factor - 1) * (4360.0 / 7000); }
+  double ratioat(double v) const { return (v * w.pv.atm / factor - 1) * (grainsAsRoomy / grainsPerPound); }
   Window window(double v, double tolerance) const {
-    return w.window(ratioat(v), tolerance * w.pv.atm / factor * (4360.0 / 7000));
+    return w.window(ratioat(v), tolerance * w.pv.atm / factor * (grainsAsRoomy / grainsPerPound));
   }
 };
 

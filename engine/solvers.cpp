@@ -32,9 +32,9 @@ Window crossingnear(double h, double atm, double hottest) {
     const Saturation near = saturationnear(temp);
     const double dry = atm - near.pvs;
     const double vapour = massratio * near.pvs;
-    const double missing = 0.24 * temp - h;
-    const double heat = 1061 + 0.444 * temp;
-    const double slope = 0.24 * dry - missing * near.slope + 0.444 * vapour + heat * massratio * near.slope;
+    const double missing = dryAirHeat * temp - h;
+    const double heat = vaporEnthalpy(temp);
+    const double slope = dryAirHeat * dry - missing * near.slope + vaporHeat * vapour + heat * massratio * near.slope;
     step = (missing * dry + heat * vapour) / slope;
     temp = std::clamp(temp - step, coldest, hottest);
   }
@@ -116,7 +116,8 @@ double WetBulbWalk::operator()(double db) const {
   if (!hasvalue(db) || !hasvalue(h_) || !hasvalue(atm_)) return novalue;
   constexpr double dry = 10000;
   const bool told = db <= hottest_ - 1 && crossing_.high < hottest_;
-  const double start = told ? leapdown(db, std::max(crossing_.high, 0.0)) : leapdown(db, std::max(dry, h_ / 0.24) + 2);
+  const double start =
+      told ? leapdown(db, std::max(crossing_.high, 0.0)) : leapdown(db, std::max(dry, h_ / dryAirHeat) + 2);
   const double coarse = walkdown(start, 1) - 1;
   const double fine = walkdown(coarse + 2, 0.1) - 0.1;
   return valueof(fine + 0.1);

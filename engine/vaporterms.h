@@ -14,20 +14,17 @@
 namespace moistair {
 
 /// Temperature as the saturation pressure takes it [K], and where its equation changes from ice to water.
-inline constexpr double kelvinperdegree = 0.555556;
-inline double kelvinof(double temp) { return (temp + 459.67) * kelvinperdegree; }
+inline double kelvinof(double temp) { return (temp - absolutezero) * kelvinsPerDegree; }
 inline constexpr double icepoint = 273.15;
 
-inline double pressureofratio(double w, double atm) { return valueof(atm * quotient(w, massratio + w)); }
-
-inline double ratioofenthalpy(double db, double h) { return quotient(h - 0.24 * db, 1061 + 0.444 * db); }
-inline double drybulbofenthalpy(double h, double w) { return quotient(h - 1061 * w, 0.24 + 0.444 * w); }
+inline double ratioofenthalpy(double db, double h) { return quotient(h - dryAirHeat * db, vaporEnthalpy(db)); }
+inline double drybulbofenthalpy(double h, double w) { return quotient(h - vaporEnthalpyAtZero * w, sensibleHeat(w)); }
 
 inline double ratioofvolume(double db, double v, double atm) {
-  return quotient((v * atm - volumefactor(db)) * 4360, volumefactor(db) * 7000);
+  return quotient((v * atm - volumefactor(db)) * grainsAsRoomy, volumefactor(db) * grainsPerPound);
 }
 inline double drybulbofvolume(double v, double w, double atm) {
-  return valueof(quotient(v * atm, 0.754 * (1 + (7000 * w) / 4360)) - 459.7);
+  return valueof(quotient(v * atm, dryAirConstant * roominess(w)) + volumeZero);
 }
 
 /// One of the two forms of the dew point, a quadratic in the logarithm a of the vapour pressure.
@@ -48,5 +45,24 @@ inline constexpr DewPointForm waterpoint{79.047, 30.579, 1.8893};
 
 /// The vapour pressure from which on the second form holds [in Hg].
 inline constexpr double formsmeet = 0.18036;
+
+/// The last dew point of the first form and the first of the second [deg F]; no vapour pressure has one between them.
+struct DewPointGap {
+  double before = psychro_dp(std::nextafter(formsmeet, 0.0));
+  double after = psychro_dp(formsmeet);
+
+  bool holds(double dewpoint) const { return dewpoint > before && dewpoint < after; }
+};
+
+inline const DewPointGap& dewPointGap() {
+  static const DewPointGap gap;
+  return gap;
+}
+
+/// Vapour pressure of a dew point [in Hg]: psychro_dp run backwards, and where the forms meet for one in the gap.
+inline double pressureOfDewPoint(double dewpoint) {
+  if (dewPointGap().holds(dewpoint)) return formsmeet;
+  return std::exp((dewpoint < dewPointGap().after ? frostpoint : waterpoint).of(dewpoint));
+}
 
 }  // namespace moistair

@@ -7,12 +7,9 @@
 #include <limits>
 #include <string>
 
-namespace moistair {
+#include "text/error.h"
 
-struct FileContent {
-  std::string bytes;
-  std::string fault;  ///< why it was not read, in words of the system where it has any; empty if it was
-};
+namespace moistair {
 
 /// "8 MB", "64 KB": a limit in words.
 std::string sizewords(std::size_t bytes);
@@ -20,9 +17,9 @@ std::string sizewords(std::size_t bytes);
 enum class Links { followed, refused };
 
 /// Reads a regular file. Never waits: anything else, as a pipe that nobody writes into, could hold a window up for ever
-/// and is refused unread.
+/// and is refused unread. An error is in words of the system where it has any.
 /// @param largest in bytes; what is larger is refused
-FileContent readfile(const std::filesystem::path& path, Links links,
-                     std::size_t largest = std::numeric_limits<std::size_t>::max());
+Result<std::string> readfile(const std::filesystem::path& path, Links links,
+                             std::size_t largest = std::numeric_limits<std::size_t>::max());
 
 }  // namespace moistair

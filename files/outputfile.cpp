@@ -155,8 +155,6 @@ bool copybytes(const Descriptor& from, const Descriptor& to, off_t size) {
 
 }  // namespace
 
-std::string WriteFailure::reason() const { return words.empty() ? std::strerror(error) : words; }
-
 OutputFile::OutputFile(const fs::path& name, Reader reader) : name_(name) { open(reader); }
 
 OutputFile OutputFile::own(const fs::path& name) {
@@ -177,7 +175,10 @@ OutputFile OutputFile::through(int descriptor) {
 OutputFile::~OutputFile() { dropname(); }
 
 bool OutputFile::fail(int error, std::string words) {
-  if (!failure_) failure_ = WriteFailure{error, file_.isopen(), std::move(words)};
+  const ErrorCode code = error == EPIPE   ? ErrorCode::readerGone
+                         : file_.isopen() ? ErrorCode::notWritten
+                                          : ErrorCode::notOpened;
+  if (outcome_) outcome_ = Error{code, {}, words.empty() ? std::strerror(error) : std::move(words)};
   return false;
 }
 
@@ -192,7 +193,7 @@ void OutputFile::open(Reader reader) {
     struct stat link;
     const bool dangling = errno == ENOENT && ::lstat(name_.c_str(), &link) == 0;
     if (dangling) fail(ENOENT, "It is a link to a file that does not exist");
-    if (!failure_ && !(errno == ENOENT && opennew())) fail(errno);
+    if (outcome_ && !(errno == ENOENT && opennew())) fail(errno);
     return;
   }
   struct stat former;
@@ -295,14 +296,15 @@ bool OutputFile::openformer() {
   return true;
 }
 
-bool OutputFile::write(std::string_view bytes) { return !failure_ && (writeall(file_.number(), bytes) || fail(errno)); }
+bool OutputFile::write(std::string_view bytes) { return outcome_ && (writeall(file_.number(), bytes) || fail(errno)); }
 
 bool OutputFile::commit() {
-  if (failure_) return false;
+  if (!outcome_) return false;
   if (former_.isopen()) return copyover() || fail(errno);
   if (!filename_.empty()) return replace() || fail(errno);
-  if (::close(file_.release()) != 0) failure_ = WriteFailure{errno, true};
-  return !failure_;
+  const int closed = ::close(file_.release());
+  if (closed != 0) outcome_ = Error{ErrorCode::notWritten, {}, std::strerror(errno)};
+  return closed == 0;
 }
 
 bool OutputFile::replace() {
@@ -349,21 +351,19 @@ bool OutputFile::copyover() {
 
 namespace {
 
-std::optional<WriteFailure> written(OutputFile file, std::string_view bytes) {
+Outcome written(OutputFile file, std::string_view bytes) {
   file.write(bytes);
   file.commit();
-  return file.failure();
+  return file.outcome();
 }
 
 }  // namespace
 
-std::optional<WriteFailure> writefile(const fs::path& name, std::string_view bytes) {
+Outcome writefile(const fs::path& name, std::string_view bytes) {
   return written(OutputFile(name, Reader::present), bytes);
 }
 
-std::optional<WriteFailure> writeownfile(const fs::path& name, std::string_view bytes) {
-  return written(OutputFile::own(name), bytes);
-}
+Outcome writeownfile(const fs::path& name, std::string_view bytes) { return written(OutputFile::own(name), bytes); }
 
 void removeabandoned(const fs::path& folder) {
   std::error_code error;

@@ -17,25 +17,15 @@
 #include <sys/types.h>
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "files/descriptor.h"
+#include "text/error.h"
 
 struct stat;
 
 namespace moistair {
-
-/// Why a file was not written.
-struct WriteFailure {
-  int error;               ///< errno of the step that failed
-  bool opened;             ///< it could be opened or made, and was not written to its end
-  std::string words = {};  ///< where those of the system would not do
-
-  /// "No space left on device".
-  std::string reason() const;
-};
 
 /// What becomes of a FIFO that nobody reads.
 enum class Reader {
@@ -45,7 +35,7 @@ enum class Reader {
 
 class OutputFile {
 public:
-  /// Opens what the name leads to; `failure` tells whether that worked.
+  /// Opens what the name leads to; `outcome` tells whether that worked.
   explicit OutputFile(const std::filesystem::path& name, Reader reader = Reader::awaited);
 
   /// A file at a name of the program's own, for the user alone. Replaces what is there, a link included.
@@ -66,7 +56,9 @@ public:
   /// The file takes its place. The last chance to hear of a failure.
   bool commit();
 
-  const std::optional<WriteFailure>& failure() const { return failure_; }
+  /// Why it was not written, in words of the system where they do: "No space left on device". Its code tells a file
+  /// that could not be opened from one that was not written to its end, and from one whose reader is gone.
+  const Outcome& outcome() const { return outcome_; }
 
   /// Where the bytes go: what was opened, or a file that has not taken its place yet.
   int descriptor() const { return file_.number(); }
@@ -95,14 +87,14 @@ private:
   dev_t device_ = 0;  ///< of the file that was found, as its `node_`
   ino_t node_ = 0;
   Descriptor former_;  ///< the file to copy into, open only if it is not to be replaced
-  std::optional<WriteFailure> failure_;
+  Outcome outcome_;
 };
 
 /// A whole file at once, never waiting for a reader.
-std::optional<WriteFailure> writefile(const std::filesystem::path& name, std::string_view bytes);
+Outcome writefile(const std::filesystem::path& name, std::string_view bytes);
 
 /// The same at a name of the program's own.
-std::optional<WriteFailure> writeownfile(const std::filesystem::path& name, std::string_view bytes);
+Outcome writeownfile(const std::filesystem::path& name, std::string_view bytes);
 
 /// Removes what processes of this user that are gone have left in a folder while they wrote files.
 void removeabandoned(const std::filesystem::path& folder);

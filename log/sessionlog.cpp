@@ -87,14 +87,15 @@ Opening opennew(const fs::path& path, const fs::path& sessions, Descriptor& file
 }  // namespace
 
 std::optional<std::string> readlogbytes(const fs::path& log) {
-  FileContent content = readfile(log, Links::refused);
-  return content.fault.empty() ? std::optional(std::move(content.bytes)) : std::nullopt;
+  Result<std::string> content = readfile(log, Links::refused);
+  return content ? std::optional(std::move(*content)) : std::nullopt;
 }
 
-FileContent readlog(const fs::path& log) {
-  FileContent content = readfile(log, Links::refused, largestshown);
-  content.bytes = fromsinglebyte(content.bytes);
-  if (!content.bytes.empty() && !content.bytes.ends_with('\n')) content.bytes += lineend;
+Result<std::string> readlog(const fs::path& log) {
+  Result<std::string> content = readfile(log, Links::refused, largestshown);
+  if (!content) return content;
+  *content = fromsinglebyte(*content);
+  if (!content->empty() && !content->ends_with('\n')) *content += lineend;
   return content;
 }
 
@@ -164,7 +165,10 @@ bool SessionLog::append(const std::vector<std::string>& lines) {
 
 std::size_t SessionLog::records() { return hold() ? records_ : 0; }
 
-FileContent SessionLog::read() { return hold() ? readlog(path_) : FileContent{{}, "It is gone."}; }
+Result<std::string> SessionLog::read() {
+  if (!hold()) return Error{ErrorCode::notOpened, {}, "It is gone."};
+  return readlog(path_);
+}
 
 bool SessionLog::isat(const fs::path& other) const {
   std::error_code ignored;
@@ -174,7 +178,7 @@ bool SessionLog::isat(const fs::path& other) const {
 bool SessionLog::copyto(const fs::path& target) {
   if (isat(target)) return true;
   const std::optional<std::string> bytes = hold() ? readlogbytes(path_) : std::nullopt;
-  return bytes && !writefile(target, *bytes);
+  return bytes && writefile(target, *bytes);
 }
 
 bool SessionLog::end() {

@@ -47,7 +47,7 @@ public:
   std::size_t records();
 
   /// The whole file as UTF-8, every line with its line end, or why it cannot be shown.
-  FileContent read();
+  Result<std::string> read();
 
   /// Whether the log is the file of this path, by whatever name.
   bool isat(const std::filesystem::path& other) const;
@@ -75,6 +75,6 @@ private:
 std::optional<std::string> readlogbytes(const std::filesystem::path& log);
 
 /// The same as UTF-8, every line with its line end, or why it cannot be shown.
-FileContent readlog(const std::filesystem::path& log);
+Result<std::string> readlog(const std::filesystem::path& log);
 
 }  // namespace moistair

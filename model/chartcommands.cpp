@@ -13,7 +13,7 @@ namespace {
 /// The text that was stored when a pressure was set.
 std::string textinforce(const Pressure& pressure) {
   const std::string text = pressurefor(pressure.entry).inhg.value_or(defaultpressuretext);
-  return lenientnumber(text) == pressure.atm ? text : numbertext(pressure.atm);
+  return samepressure(lenientnumber(text), pressure.atm) ? text : numbertext(pressure.atm);
 }
 
 }  // namespace

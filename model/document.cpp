@@ -195,16 +195,6 @@ const char* captionof(LineKind kind) {
   return "Specific volume line";
 }
 
-double StatePoint::*propertyof(LineKind kind) {
-  switch (kind) {
-    case LineKind::relativehumidity: return &StatePoint::rh;
-    case LineKind::wetbulb: return &StatePoint::wb;
-    case LineKind::enthalpy: return &StatePoint::h;
-    case LineKind::specificvolume: break;
-  }
-  return &StatePoint::v;
-}
-
 std::string captionof(const Entry& entry) { return std::visit(EntryCaption{}, entry.content); }
 
 }  // namespace moistair

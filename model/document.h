@@ -158,9 +158,6 @@ ChartStand standof(const ChartLimits& limits);
 /// "Relative humidity line", as the user reads it.
 const char* captionof(LineKind kind);
 
-/// What a line of this kind keeps of a state.
-double StatePoint::*propertyof(LineKind kind);
-
 /// An entry in a few words: "Relative humidity line 50", "Point A", "Mixture".
 std::string captionof(const Entry& entry);
 

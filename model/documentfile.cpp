@@ -50,7 +50,7 @@ Json streamof(const AirStream& stream) {
 
 Json jsonof(const StatePoint& point) {
   Json state = Json::object();
-  for (const auto& [value, name] : statenames) state[name] = jsonnumber(point.*value);
+  for (const Property& property : heldProperties) state[property.key] = jsonnumber(point.*property.value);
   return state;
 }
 

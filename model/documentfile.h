@@ -9,11 +9,11 @@
 /// Reading trusts nothing. A text that is no such document, at whatever place, gives a message and no document.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "model/document.h"
+#include "text/error.h"
 
 namespace moistair {
 
@@ -34,11 +34,11 @@ std::string filetext(const Document& document);
 std::string recoverytext(const Document& document, std::string_view file);
 
 struct ReadDocument {
-  std::optional<Document> document;
-  std::string file;   ///< of unsaved work: where the document belongs
-  std::string fault;  ///< without a document: the place and the reason, "entry 3, state, db: must be ..."
+  Document document;
+  std::string file;  ///< of unsaved work: where the document belongs
 };
 
-ReadDocument readdocument(std::string_view text);
+/// The error has the place and the reason: "entry 3, state, db: must be ...".
+Result<ReadDocument> readdocument(std::string_view text);
 
 }  // namespace moistair

@@ -23,40 +23,27 @@ inline constexpr std::array<Name<PressureUnit>, 4> unitnames = {{{PressureUnit::
                                                                  {PressureUnit::elevation, "elevation"}}};
 inline constexpr std::array<Name<ChartType>, 2> typenames = {
     {{ChartType::standard, "standard"}, {ChartType::blank, "blank"}}};
-inline constexpr std::array<Name<LineKind>, 4> linenames = {{{LineKind::relativehumidity, "rh"},
-                                                             {LineKind::wetbulb, "wb"},
-                                                             {LineKind::enthalpy, "h"},
-                                                             {LineKind::specificvolume, "v"}}};
+inline constexpr std::array<Name<LineKind>, 4> linenames = [] {
+  std::array<Name<LineKind>, 4> names{};
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const auto kind = static_cast<LineKind>(i);
+    names[i] = {kind, nameof(propertyof(kind))};
+  }
+  return names;
+}();
 
 inline constexpr std::array<Name<Corner>, 4> cornernames = {{{Corner::upperleft, "upper left"},
                                                              {Corner::upperright, "upper right"},
                                                              {Corner::lowerleft, "lower left"},
                                                              {Corner::lowerright, "lower right"}}};
 
-/// All of a state, in the order of the kinds with the vapour pressure behind them.
-inline constexpr std::array<Name<double StatePoint::*>, 8> statenames = {{{&StatePoint::db, "db"},
-                                                                          {&StatePoint::wb, "wb"},
-                                                                          {&StatePoint::rh, "rh"},
-                                                                          {&StatePoint::w, "w"},
-                                                                          {&StatePoint::h, "h"},
-                                                                          {&StatePoint::dp, "dp"},
-                                                                          {&StatePoint::v, "v"},
-                                                                          {&StatePoint::pv, "pv"}}};
-
-/// What a column of the mixing window shows beyond what was typed.
-inline constexpr std::array<Name<std::string AirStream::*>, 13> columnnames = {{{&AirStream::pressure, "pressure"},
-                                                                                {&AirStream::db, "db"},
-                                                                                {&AirStream::wb, "wb"},
-                                                                                {&AirStream::rh, "rh"},
-                                                                                {&AirStream::w, "w"},
-                                                                                {&AirStream::h, "h"},
-                                                                                {&AirStream::dp, "dp"},
-                                                                                {&AirStream::v, "v"},
-                                                                                {&AirStream::pv, "pv"},
-                                                                                {&AirStream::pvsat, "pvsat"},
-                                                                                {&AirStream::dryrate, "dryrate"},
-                                                                                {&AirStream::vaporrate, "vaporrate"},
-                                                                                {&AirStream::moistrate, "moistrate"}}};
+/// What a column of the mixing window shows beyond what was typed: its pressure, its state and the rows behind it.
+inline constexpr std::array<Name<std::string AirStream::*>, readoutcount - 1> columnnames = [] {
+  std::array<Name<std::string AirStream::*>, readoutcount - 1> names{};
+  for (std::size_t i = 0; i < names.size(); ++i) names[i] = {readoutrows[i + 1].text, readoutrows[i + 1].key};
+  for (std::size_t i = 0; i < heldCount; ++i) names[i + 1] = {propertyTable[i].text, propertyTable[i].key};
+  return names;
+}();
 
 template <class Value, std::size_t size>
 const char* nameof(const std::array<Name<Value>, size>& names, Value value) {

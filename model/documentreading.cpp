@@ -92,9 +92,11 @@ void checkstate(const JsonNode& node, StatePoint point) {
 }
 
 StatePoint stateof(const JsonNode& node) {
-  node.onlykeys({"db", "wb", "rh", "w", "h", "dp", "v", "pv"});
+  std::vector<const char*> keys;
+  for (const Property& property : heldProperties) keys.push_back(property.key);
+  node.onlykeys(keys);
   StatePoint state;
-  for (const auto& [value, name] : statenames) state.*value = node.at(name).number();
+  for (const Property& property : heldProperties) state.*property.value = node.at(property.key).number();
   checkstate(node, state);
   return state;
 }
@@ -146,7 +148,9 @@ AirStream streamof(const JsonNode& node) {
   const JsonNode shown = node.at("shown");
   readcolumn(shown, stream);
   StatePoint state;
-  for (const auto& [value, name] : statenames) state.*value = lenientnumber(shown.at(name).text());
+  for (const Property& property : heldProperties) {
+    state.*property.value = lenientnumber(shown.at(property.key).text());
+  }
   checkstate(shown, state);
   stream.complete = true;
   stream.exact = isExact(node);
@@ -254,7 +258,7 @@ ReadDocument documentof(const JsonNode& root) {
   checkformat(root);
   root.onlykeys({"format", "file", "pressure", "drawn", "background", "titleblock", "entries", "previous"});
   ReadDocument read;
-  Document document;
+  Document& document = read.document;
   document.pressure = setpressureof(root.at("pressure"));
   Setting before{{}, document.pressure};
   for (const JsonNode& node : root.at("entries").elements("entry")) document.entries.push_back(entryof(node, before));
@@ -273,21 +277,23 @@ ReadDocument documentof(const JsonNode& root) {
     document.background = backgroundof(*background, document.entries.size());
   }
   if (const auto file = root.find("file")) read.file = pathof(*file);
-  read.document = std::move(document);
   return read;
 }
 
 }  // namespace
 
-ReadDocument readdocument(std::string_view text) {
-  if (text.size() > largestdocument) return {std::nullopt, "", "the document is larger than 64 MB, the limit"};
+Result<ReadDocument> readdocument(std::string_view text) {
+  if (text.size() > largestdocument)
+    return Error{ErrorCode::tooLarge, {}, "the document is larger than 64 MB, the limit"};
   try {
     const Json json = parsedjson(text);
     return documentof(JsonNode(json, ""));
   } catch (const std::bad_alloc&) {
-    return {std::nullopt, "", "there is not enough memory to read it"};
+    return Error{ErrorCode::tooLarge, {}, "there is not enough memory to read it"};
+  } catch (const JsonFault& fault) {
+    return fault.error();
   } catch (const std::exception& fault) {
-    return {std::nullopt, "", fault.what()};
+    return Error{ErrorCode::unreadable, {}, fault.what()};
   }
 }
 

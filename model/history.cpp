@@ -1,14 +1,13 @@
 #include "model/history.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <utility>
 
 namespace moistair {
 
 namespace {
-
-using Place = std::vector<Entry>::difference_type;
 
 /// A change that changes nothing yet.
 Change nochange(const Document& document, std::string name) {
@@ -168,16 +167,16 @@ Change exchanging(const Document& document, const std::vector<std::pair<std::siz
   Change change = nochange(document, std::move(name));
   change.at = first->first;
   change.count = last->first - first->first + 1;
-  const auto from = document.entries.begin() + static_cast<Place>(change.at);
-  change.entries.assign(from, from + static_cast<Place>(change.count));
+  const auto from = document.entries.begin() + static_cast<std::ptrdiff_t>(change.at);
+  change.entries.assign(from, from + static_cast<std::ptrdiff_t>(change.count));
   for (const auto& [place, entry] : entries) change.entries[place - change.at] = entry;
   return change;
 }
 
 void carryout(Change& change, Document& document) {
   std::vector<Entry>& entries = document.entries;
-  const auto first = entries.begin() + static_cast<Place>(change.at);
-  const auto last = first + static_cast<Place>(change.count);
+  const auto first = entries.begin() + static_cast<std::ptrdiff_t>(change.at);
+  const auto last = first + static_cast<std::ptrdiff_t>(change.count);
   std::vector<Entry> removed(std::make_move_iterator(first), std::make_move_iterator(last));
   const std::size_t count = change.entries.size();
   const auto gap = entries.erase(first, last);

@@ -161,7 +161,7 @@ std::optional<JsonNode> JsonNode::find(const char* key) const {
   return JsonNode(*found, placeof(key));
 }
 
-void JsonNode::onlykeys(std::initializer_list<const char*> keys) const {
+void JsonNode::onlykeys(const std::vector<const char*>& keys) const {
   for (const Member& member : members()) {
     const auto same = [&](const char* key) { return member.key == key; };
     if (std::none_of(keys.begin(), keys.end(), same)) member.node.fail("this key is not known here");

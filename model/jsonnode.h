@@ -3,13 +3,14 @@
 /// user.
 #pragma once
 
-#include <initializer_list>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "text/error.h"
 
 namespace moistair {
 
@@ -19,7 +20,13 @@ using Json = nlohmann::ordered_json;
 class JsonFault : public std::runtime_error {
 public:
   JsonFault(const std::string& place, const std::string& reason)
-      : std::runtime_error(place.empty() ? reason : place + ": " + reason) {}
+      : JsonFault(Error{ErrorCode::unreadable, place, reason}) {}
+  explicit JsonFault(const Error& error) : std::runtime_error(error.text()), error_(error) {}
+
+  const Error& error() const { return error_; }
+
+private:
+  Error error_;
 };
 
 /// The whole of a text. A fault, with line and column, for what is no JSON, and for keys that stand twice, more levels
@@ -37,7 +44,7 @@ public:
   JsonNode at(const char* key) const;
   std::optional<JsonNode> find(const char* key) const;
   /// Fails for something that is no object and for a key that is none of these.
-  void onlykeys(std::initializer_list<const char*> keys) const;
+  void onlykeys(const std::vector<const char*>& keys) const;
 
   struct Member;
   std::vector<Member> members() const;  ///< of an object, in the order of the text

@@ -17,7 +17,7 @@ std::string identificationline(std::string_view identification) {
 PointReport fillreport(const StatePoint& point, std::string_view identification, const PressureEntry& pressure) {
   PointReport report;
   report.identification = identification.empty() ? "Nil" : identification;
-  for (const ReportRow& row : reportrows) report.*row.text = showvalue(point.*row.value);
+  for (const Property& property : heldProperties) report.*property.text = showvalue(point.*property.value);
   report.pressurecaption = pressurecaption(pressure);
   report.pressure = pressureshown(pressure);
   return report;
@@ -25,14 +25,17 @@ PointReport fillreport(const StatePoint& point, std::string_view identification,
 
 StatePoint readreport(const PointReport& report) {
   StatePoint point;
-  for (const ReportRow& row : reportrows) point.*row.value = lenientnumber(report.*row.text);
+  for (const Property& property : heldProperties) point.*property.value = lenientnumber(report.*property.text);
   return point;
 }
 
 std::vector<std::string> pointrecord(const PointReport& report) {
   std::vector<std::string> lines = {std::string(25, '-'), identificationline(report.identification),
                                     zoneline(report.pressurecaption, 3, report.pressure)};
-  for (const ReportRow& row : reportrows) lines.push_back(zoneline(row.caption, row.zonesteps, report.*row.text));
+  for (const PropertyKind kind : shownOrder) {
+    const Property& property = propertyOf(kind);
+    lines.push_back(zoneline(property.caption, property.zoneSteps, report.*property.text));
+  }
   lines.emplace_back(28, '-');
   return lines;
 }

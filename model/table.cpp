@@ -1,7 +1,6 @@
 #include "model/table.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "model/exactentry.h"
@@ -24,7 +23,9 @@ struct RowWriter {
   TableRow row;  ///< what all rows of the entry have
 
   void take(const StatePoint& state) {
-    for (std::size_t i = 0; i < reportrows.size(); ++i) row.properties[i] = state.*reportrows[i].value;
+    for (std::size_t i = 0; i < columnOrder.size(); ++i) {
+      row.properties[i] = valueOf(propertyOf(columnOrder[i]), state, setting.pressure.atm);
+    }
   }
 
   void operator()(const HeaderLine&) const {}
@@ -37,12 +38,10 @@ struct RowWriter {
   }
 
   void operator()(const PropertyLine& line) {
-    const auto given = [&](const ReportRow& report) { return report.value == propertyof(line.kind); };
-    const auto column = std::find_if(reportrows.begin(), reportrows.end(), given) - reportrows.begin();
     double value = 0;
     assign(value, strictnumber(line.value));
     row.kind = captionof(line.kind);
-    row.properties[static_cast<std::size_t>(column)] = value;
+    row.properties[columnOf(propertyof(line.kind))] = value;
     rows.push_back(row);
   }
 
@@ -64,14 +63,11 @@ struct RowWriter {
 
   /// In the order in which they are drawn.
   void operator()(const MixingLine& line) {
-    constexpr std::array<std::string AirStream::*, reportrows.size()> texts = {
-        &AirStream::db, &AirStream::wb, &AirStream::rh, &AirStream::h,
-        &AirStream::v,  &AirStream::w,  &AirStream::dp, &AirStream::pv};
     constexpr std::array<std::size_t, 3> order = {0, 2, 1};
     for (std::size_t i = 0; i < order.size(); ++i) {
       const AirStream& column = line.columns.at(order[i]);
       row.identification = mixingmarks[i];
-      for (std::size_t at = 0; at < texts.size(); ++at) row.properties[at] = strictnumber(column.*texts[at]);
+      take(shownState(column));
       judge(line, order[i]);
       rows.push_back(row);
     }
@@ -91,8 +87,7 @@ struct RowWriter {
 
 /// "dp 28.7211 for 27.65", "dp none for 27.65"
 std::string missedText(const std::vector<Miss>& values) {
-  constexpr double parts = 1e4;
-  const auto rounded = [](double number) { return numbertext(std::round(number * parts) / parts); };
+  const auto rounded = [](double number) { return atMostDecimals(number, 4); };
   std::string text;
   for (const Miss& miss : values) {
     text += std::string(text.empty() ? "" : "; ") + nameof(miss.kind) + ' ' +
@@ -116,7 +111,7 @@ void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t pla
 const char* tablehead(std::size_t column) {
   if (column == missedColumn) return "Missed";
   if (column == notecolumn) return "Note";
-  return column < firstproperty ? firstheads[column] : reportrows[column - firstproperty].caption;
+  return column < firstproperty ? firstheads[column] : propertyOf(columnOrder[column - firstproperty]).caption;
 }
 
 std::size_t columncount(const std::vector<TableRow>& rows) {
@@ -145,14 +140,14 @@ std::string celltext(const TableRow& row, std::size_t column) {
   switch (column) {
     case 0: return row.kind;
     case 1: return row.identification;
-    case 2: return numbertext(std::round(row.pressure * 1e7) / 1e7);
+    case 2: return atMostDecimals(row.pressure, 7);
     case missedColumn: return missedText(row.missed.values);
     case notecolumn: return row.note;
     default: break;
   }
   std::string text;
   const double value = row.properties[column - firstproperty];
-  if (hasvalue(value)) appendsevendecimals(text, value);
+  appendsevendecimals(text, value);
   return text;
 }
 

@@ -8,7 +8,6 @@
 
 #include "engine/exact.h"
 #include "model/document.h"
-#include "model/pointreport.h"
 
 namespace moistair {
 
@@ -18,16 +17,16 @@ struct TableRow {
   std::string kind;            ///< "Point", "Relative humidity line", "Standard chart"
   std::string identification;  ///< a point's own, a mixture's mark, a chart's limits
   double pressure = 0;         ///< that it was worked out at [in Hg]
-  std::array<double, reportrows.size()> properties;  ///< in the order of the report; no value where it has none
+  std::array<double, propertyCount> properties;  ///< in the order of the columns; no value where it has none
   bool renamable = false;
   Missed missed;         ///< what its state visibly misses
   bool mixture = false;  ///< whether that is of a mixed stream
   std::string note;      ///< "not on this chart" with the reason; empty for what is on it
 };
 
-/// Heads of the columns: kind, identification, pressure, the properties of the report, what the state misses, and last
+/// Heads of the columns: kind, identification, pressure, the properties in their order, what the state misses, and last
 /// the note.
-inline constexpr std::size_t missedColumn = 3 + reportrows.size();
+inline constexpr std::size_t missedColumn = 3 + propertyCount;
 inline constexpr std::size_t notecolumn = missedColumn + 1;
 const char* tablehead(std::size_t column);
 

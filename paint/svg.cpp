@@ -1,95 +1,73 @@
 #include "paint/svg.h"
 
-#include <string>
-
 #include "paint/replay.h"
-#include "paint/svgwriting.h"
+#include "paint/sheetpaint.h"
+#include "paint/svgwriter.h"
 
 namespace moistair {
 
 namespace {
 
-void appendpixels(std::string& out, float twips) { appendnumber(out, static_cast<double>(twips) / twipsperpixel); }
+/// Writes the operations of a drawing.
+struct DrawingWriter {
+  SvgWriter& svg;
+  QSizeF ground;
+  QFontMetricsF metrics{canvasfont()};
 
-/// Writes one operation after the other. A path goes on as long as lines of its colour come.
-class OperationWriter {
-public:
-  OperationWriter(std::string& out, QSize ground) : out_(out), ground_(ground) {}
-
-  void operator()(const LineOperation& line) {
-    const bool samepath = last_ && last_->color == line.color;
-    if (!samepath) {
-      endpath();
-      out_ += "<path";
-      appendattribute(out_, "stroke", line.color.value_or(Color{0, 0, 0}));
-      out_ += " d=\"";
-    }
-    if (samepath && last_->x2 == line.x1 && last_->y2 == line.y1) {
-      out_ += ' ';
-    } else {
-      out_ += 'M';
-      appendpoint(line.x1, line.y1);
-      out_ += 'L';
-    }
-    appendpoint(line.x2, line.y2);
-    last_ = line;
+  void operator()(const LineOperation& line) const {
+    svg.line({line.color.value_or(Color{0, 0, 0})}, pixels(line.x1, line.y1), pixels(line.x2, line.y2));
   }
 
-  void operator()(const CircleOperation& circle) {
-    endpath();
-    out_ += "<circle";
-    appendattribute(out_, "cx", static_cast<double>(circle.x) / twipsperpixel);
-    appendattribute(out_, "cy", static_cast<double>(circle.y) / twipsperpixel);
-    appendattribute(out_, "r", static_cast<double>(circle.radius) / twipsperpixel);
-    appendattribute(out_, "stroke", circle.color);
-    out_ += "/>\n";
+  void operator()(const CircleOperation& circle) const {
+    svg.circle(circle.color, pixels(circle.x, circle.y), static_cast<double>(circle.radius) / twipsperpixel);
   }
 
-  void operator()(const TextOperation& operation) {
-    endpath();
-    const PaintedText text = paintedtext(operation, metrics_, ground_);
-    if (text.characters.isEmpty()) return;
-    out_ += "<text fill=\"#000000\"";
-    appendattribute(out_, "x", text.baseline.x());
-    appendattribute(out_, "y", text.baseline.y());
-    out_ += '>' + text.characters.toHtmlEscaped().toStdString() + "</text>\n";
+  void operator()(const TextOperation& operation) const {
+    const PaintedText text = paintedtext(operation, metrics, ground);
+    if (!text.characters.isEmpty()) svg.text({text.characters, text.baseline});
   }
+};
 
-  void endpath() {
-    if (last_) out_ += "\"/>\n";
-    last_.reset();
+/// Writes the operations of a sheet.
+struct SheetWriter {
+  SvgWriter& svg;
+
+  void operator()(const PolylineOperation& line) const {
+    svg.polyline({line.color, line.width, line.dash}, line.points);
   }
-
-private:
-  void appendpoint(float x, float y) {
-    appendpixels(out_, x);
-    out_ += ',';
-    appendpixels(out_, y);
+  void operator()(const AreaOperation& area) const { svg.area(area.color, area.outline); }
+  void operator()(const SheetTextOperation& text) const {
+    svg.text({printable(QString::fromStdString(text.text)),
+              {text.at.x, text.at.y},
+              text.style.color,
+              text.style.size,
+              text.style.bold,
+              text.anchor,
+              text.angle});
   }
-
-  std::string& out_;
-  QSizeF ground_;
-  QFontMetricsF metrics_{canvasfont()};
-  std::optional<LineOperation> last_;  ///< of the open path, if one is open
 };
 
 }  // namespace
 
 QByteArray svgcontent(const Drawing& drawing, QSize size) {
-  const std::string width = std::to_string(size.width());
-  const std::string height = std::to_string(size.height());
-  std::string out;
-  appendhead(out, size.width(), size.height());
-  out += "<title>Psychrometric chart</title>\n<rect width=\"" + width + "\" height=\"" + height +
-         "\" fill=\"#ffffff\"/>\n";
   const QFont font = canvasfont();
-  out += "<g fill=\"none\" stroke-linecap=\"square\" stroke-linejoin=\"bevel\" xml:space=\"preserve\" font-family=\"" +
-         font.family().toStdString() + "\" font-size=\"" + std::to_string(font.pixelSize()) + "\">\n";
-  OperationWriter writer(out, size);
+  SvgWriter svg(size.width(), size.height(), QStringLiteral("Psychrometric chart"), {255, 255, 255});
+  svg.begin({.linejoin = "bevel", .family = font.family().toStdString(), .size = font.pixelSize()});
+  const DrawingWriter writer{svg, size};
   for (const Operation& operation : drawing.operations) std::visit(writer, operation);
-  writer.endpath();
-  out += "</g>\n</svg>\n";
-  return QByteArray::fromStdString(out);
+  return QByteArray::fromStdString(svg.finished());
+}
+
+QByteArray sheetsvg(const SheetDrawing& sheet, std::string_view title) {
+  const auto words = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
+  SvgWriter svg(sheet.width, sheet.height * static_cast<double>(sheet.pages.size()), printable(words), sheet.paper);
+  double top = 0;
+  for (const SheetPage& page : sheet.pages) {
+    svg.begin({.linejoin = "round", .family = canvasfamily, .top = top});
+    for (const SheetOperation& operation : page.operations) std::visit(SheetWriter{svg}, operation);
+    top += sheet.height;
+  }
+  return QByteArray::fromStdString(svg.finished());
 }
 
 }  // namespace moistair

@@ -4,6 +4,7 @@
 
 #include "engine/saturation.h"
 #include "sheet/curves.h"
+#include "sheet/halving.h"
 
 namespace moistair {
 

@@ -6,7 +6,7 @@
 #include "advice/remark.h"
 #include "engine/moistair.h"
 #include "model/table.h"
-#include "sheet/curves.h"
+#include "sheet/halving.h"
 #include "sheet/steps.h"
 #include "text/numbertext.h"
 #include "text/value.h"
@@ -14,8 +14,6 @@
 namespace moistair {
 
 namespace {
-
-constexpr ChartLimits wholechart{0, 120, 0, 0.03};
 
 /// Adds what an entry is to a content.
 struct ContentWriter {
@@ -76,17 +74,17 @@ double elevationof(double atm) {
 
 std::string elevationtext(const Pressure& pressure) {
   if (pressure.entry.unit == PressureUnit::elevation)
-    return printed(numbertext(lenientnumber(pressure.entry.text))) + " ft";
+    return typeset(numbertext(lenientnumber(pressure.entry.text))) + " ft";
   const double elevation = elevationof(pressure.atm);
   if (!hasvalue(elevation)) return {};
-  return elevation < 1 ? "sea level" : numeral(elevation, 0) + " ft";
+  return elevation < 1 ? "sea level" : typeset(elevation, 0) + " ft";
 }
 
 }  // namespace
 
 SheetContent contentof(const Document& document) {
   SheetContent content;
-  content.limits = wholechart;
+  content.limits = wholeChart;
   content.pressure = document.pressure;
   content.omitted = document.previous.size();
   if (const Entry* chart = lastchart(document)) {
@@ -106,15 +104,15 @@ SheetContent contentof(const Document& document) {
 }
 
 std::string pressuretext(const Pressure& pressure) {
-  std::string text = numeral(pressure.atm, 3) + " in Hg (" + numeral(pressure.atm * psiperinhg, 3) + " psi)";
+  std::string text = typeset(pressure.atm, 3) + " in Hg (" + typeset(pressure.atm * psiperinhg, 3) + " psi)";
   if (!isofentry(pressure)) return text + ", out of range";  // in force though the pressure window refused it
   const std::string elevation = elevationtext(pressure);
   return elevation.empty() ? text : text + ", " + elevation;
 }
 
 std::string limitstext(const ChartLimits& limits) {
-  return numbertext(limits.lowdb) + " to " + numbertext(limits.highdb) + " °F, " + numeral(limits.lowhr, 3) + " to " +
-         numeral(limits.highhr, 3) + " lb/lb";
+  return numbertext(limits.lowdb) + " to " + numbertext(limits.highdb) + " °F, " + typeset(limits.lowhr, 3) + " to " +
+         typeset(limits.highhr, 3) + " lb/lb";
 }
 
 std::vector<std::string> typedtexts(const SheetContent& content) {

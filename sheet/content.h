@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "engine/property.h"
 #include "model/document.h"
-#include "model/pointreport.h"
 
 namespace moistair {
 
@@ -23,18 +23,18 @@ struct SheetLine {
   std::size_t entry = 0;  ///< its place in the document
 };
 
-/// A state with its mark. Properties are in the order of the report, no value where there is none.
+/// A state with its mark. Properties are in the order of the columns, no value where there is none.
 struct SheetState {
   int number = 0;
   std::string name;  ///< empty for none
-  std::array<double, reportrows.size()> properties{};
+  std::array<double, propertyCount> properties{};
   double atm = 0;         ///< that it was worked out at [in Hg]
   std::size_t entry = 0;  ///< its place in the document
   bool pinned = false;    ///< a reading kept on the chart, which shows all of itself there
   bool missed = false;    ///< whether it visibly misses a given value: it has a mark, and a note
 
-  double db() const { return properties[0]; }
-  double w() const { return properties[5]; }
+  double db() const { return properties[columnOf(PropertyKind::db)]; }
+  double w() const { return properties[columnOf(PropertyKind::w)]; }
   const char* mark() const { return missed ? "*" : ""; }
 };
 

@@ -6,6 +6,7 @@
 #include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "sheet/geometry.h"
+#include "sheet/halving.h"
 
 namespace moistair {
 

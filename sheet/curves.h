@@ -20,16 +20,6 @@ using LineFunction = std::function<double(double db)>;
 /// The function of a line of constant property.
 LineFunction linefunction(LineKind kind, double value, double atm);
 
-/// The dry bulb at which a condition that holds at `yes` and not at `no` ceases to hold.
-template <class Condition>
-double lastwith(const Condition& holds, double yes, double no) {
-  for (int i = 0; i < 50; ++i) {
-    const double middle = (yes + no) / 2;
-    (holds(middle) ? yes : no) = middle;
-  }
-  return yes;
-}
-
 /// A line between two dry bulbs, where it has a value throughout.
 std::vector<SheetPoint> traced(const SheetPlot& plot, const LineFunction& w, double fromdb, double todb);
 

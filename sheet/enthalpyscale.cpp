@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/moistair.h"
+#include "sheet/halving.h"
 #include "sheet/parts.h"
 #include "sheet/steps.h"
 
@@ -10,13 +11,14 @@ namespace moistair {
 
 namespace {
 
+constexpr int halvings = 40;
 constexpr double distancefromcurve = 4.2;  // em: a row of numbers and a row of words have room there
 
 double enthalpyat(const SheetPlot& plot, SheetPoint place) { return enthalpyof(plot.db(place.x), plot.w(place.y)); }
 
 /// The direction in which the enthalpy stays, up and to the left.
 SheetPoint outwardat(const SheetPlot& plot, SheetPoint place) {
-  const double rise = (0.24 + 0.444 * plot.w(place.y)) / (1061 + 0.444 * plot.db(place.x));  // lb/lb to the deg F
+  const double rise = sensibleHeat(plot.w(place.y)) / vaporEnthalpy(plot.db(place.x));  // lb/lb to the deg F
   return unit({-plot.perdb(), -rise * plot.perw()});
 }
 
@@ -36,13 +38,8 @@ std::vector<SheetPoint> cut(const std::vector<SheetPoint>& line, double left, do
   std::vector<SheetPoint> part;
   for (std::size_t i = 0; i < line.size(); ++i) {
     if (i > 0 && inside(line[i]) != inside(line[i - 1])) {
-      SheetPoint in = inside(line[i]) ? line[i] : line[i - 1];
-      SheetPoint out = inside(line[i]) ? line[i - 1] : line[i];
-      for (int step = 0; step < 40; ++step) {
-        const SheetPoint middle = (in + out) * 0.5;
-        (inside(middle) ? in : out) = middle;
-      }
-      part.push_back(in);
+      const bool entering = inside(line[i]);
+      part.push_back(lastwith(inside, line[entering ? i : i - 1], line[entering ? i - 1 : i], halvings));
     }
     if (inside(line[i])) part.push_back(line[i]);
   }
@@ -72,15 +69,11 @@ std::optional<RulePlace> onrule(const SheetPlot& plot, const std::vector<SheetPo
     const double low = enthalpyat(plot, rule[i - 1]);
     const double high = enthalpyat(plot, rule[i]);
     if (!(low <= h && h <= high) || low == high) continue;
-    SheetPoint below = rule[i - 1];
-    SheetPoint above = rule[i];
-    for (int step = 0; step < 40; ++step) {
-      const SheetPoint middle = (below + above) * 0.5;
-      (enthalpyat(plot, middle) <= h ? below : above) = middle;
-    }
+    const auto below = [&](SheetPoint place) { return enthalpyat(plot, place) <= h; };
+    const SheetPoint at = lastwith(below, rule[i - 1], rule[i], halvings);
     const double steep = steepness(plot, rule[i - 1], rule[i]);
     const SheetPoint along = unit(rule[i] - rule[i - 1]);
-    return steep > flattest ? std::optional(RulePlace{below, {along.y, -along.x}, steep}) : std::nullopt;
+    return steep > flattest ? std::optional(RulePlace{at, {along.y, -along.x}, steep}) : std::nullopt;
   }
   return std::nullopt;
 }
@@ -145,7 +138,7 @@ void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
     const double size = (numbered ? 0.75 : 0.35) * std::max(1.0, flat / at->steepness) * em;
     work.canvas.polyline({at->at, at->at + outward * size}, stroke.width, stroke.color);
     if (!numbered) continue;
-    const std::string text = numeral(h, decimalsof(main));
+    const std::string text = typeset(h, decimalsof(main));
     Label label{importance::scale + (ismultiple(h, 10) ? 40 : 10), {}, false};
     const bool isflat = at->steepness < flat;
     const SheetPoint end = at->at + outward * size;

@@ -6,6 +6,7 @@
 #include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "sheet/curves.h"
+#include "sheet/halving.h"
 #include "sheet/parts.h"
 #include "sheet/steps.h"
 
@@ -43,7 +44,7 @@ std::vector<SheetPoint> longest(const std::vector<std::vector<SheetPoint>>& line
 
 void addlinelabel(SheetWork& work, const Family& family, double value, const std::vector<SheetPoint>& line) {
   const TextStyle style{work.em() * 0.85, false, work.theme.of(family.kind).color};
-  const std::string number = numeral(value, decimalsof(family.step));
+  const std::string number = typeset(value, decimalsof(family.step));
   Label label{importance::family, {}, true};
   label.places = placesalong(work.canvas, line, number + family.unit, style, family.preferred);
   if (std::abs(value - family.worded) < family.step / 2) {
@@ -83,7 +84,7 @@ void labelwetbulbs(SheetWork& work, double step) {
     work.canvas.polyline({at, at + outward * tick}, work.theme.wetbulb.width, work.theme.wetbulb.color);
     const TextStyle style{work.em() * 0.9, ismultiple(wb, 2 * step), work.theme.wetbulb.color};
     Label label{importance::scale + (ismultiple(wb, 2 * step) ? 50 : 20), {}, false};
-    const std::string text = numeral(wb, decimalsof(step));
+    const std::string text = typeset(wb, decimalsof(step));
     for (const double slide : {0.0, 0.4, -0.4}) {
       const SheetPoint place = at + along * (slide * work.em());
       label.places.push_back(

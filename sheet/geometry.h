@@ -13,6 +13,7 @@ namespace moistair {
 inline SheetPoint operator+(SheetPoint a, SheetPoint b) { return {a.x + b.x, a.y + b.y}; }
 inline SheetPoint operator-(SheetPoint a, SheetPoint b) { return {a.x - b.x, a.y - b.y}; }
 inline SheetPoint operator*(SheetPoint a, double factor) { return {a.x * factor, a.y * factor}; }
+inline SheetPoint operator/(SheetPoint a, double divisor) { return {a.x / divisor, a.y / divisor}; }
 inline double dot(SheetPoint a, SheetPoint b) { return a.x * b.x + a.y * b.y; }
 inline double cross(SheetPoint a, SheetPoint b) { return a.x * b.y - a.y * b.x; }
 inline double length(SheetPoint a) { return std::sqrt(dot(a, a)); }

@@ -94,8 +94,8 @@ bool protractorincorner(SheetWork& work, const std::vector<SheetPoint>& rule, Sh
 
 class SheetMaker {
 public:
-  SheetMaker(const SheetContent& content, const SheetOptions& options, const ExtentFunction& extent)
-      : content_(content), options_(options), parts_(options), canvas_(extent) {}
+  SheetMaker(const SheetContent& content, const SheetOptions& options, ExtentFunction extent)
+      : content_(content), options_(options), parts_(options), canvas_(std::move(extent)) {}
 
   SheetDrawing make() {
     drawing_.width = options_.page.width;
@@ -214,11 +214,10 @@ private:
 }  // namespace
 
 SheetDrawing layoutsheet(const SheetContent& content, const SheetOptions& options, const ExtentFunction& extent) {
-  const ExtentFunction known = remembered(extent);
   SheetOptions complete = options;
   if (!(complete.lettersize > 0)) complete.lettersize = lettersfor(complete.page);
   complete.lettersize = std::min(complete.lettersize, mostlettersfor(complete.page));
-  return SheetMaker(content, complete, known).make();
+  return SheetMaker(content, complete, remembered(extent)).make();
 }
 
 }  // namespace moistair

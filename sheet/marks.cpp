@@ -21,7 +21,7 @@ constexpr double lineweight = 0.6;  // what covering one of these lines costs
 
 /// How a line of constant property is called on itself.
 std::string nameof(const SheetLine& line) {
-  const std::string value = printed(numbertext(line.value));
+  const std::string value = typeset(numbertext(line.value));
   switch (line.kind) {
     case LineKind::relativehumidity: return value + " % RH";
     case LineKind::wetbulb: return "WB " + value + " °F";
@@ -79,10 +79,10 @@ void drawmixture(SheetWork& work, const SheetMixture& mixture) {
   if (!hasvalue(mixture.share)) return;
   const double percent = 100 * mixture.share;
   const auto part = [&](double share, const SheetState& state) {
-    return numeral(share, 1) + " % " + (isnamed(work, state) ? state.name : std::to_string(state.number));
+    return typeset(share, 1) + " % " + (isnamed(work, state) ? state.name : std::to_string(state.number));
   };
   const std::string text = part(percent, *three[0]) + " + " + part(100 - percent, *three[2]);
-  const std::string shorttext = numeral(percent, 1) + " % : " + numeral(100 - percent, 1) + " %";
+  const std::string shorttext = typeset(percent, 1) + " % : " + typeset(100 - percent, 1) + " %";
   const TextStyle style{0.9 * work.em(), false, work.theme.mark};
   Label label{importance::share, {}, true};
   for (const double aside : {1.15, -1.15}) {

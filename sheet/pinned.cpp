@@ -3,7 +3,6 @@
 #include <array>
 #include <utility>
 
-#include "chart/reading.h"
 #include "sheet/parts.h"
 #include "sheet/steps.h"
 
@@ -13,15 +12,15 @@ namespace {
 
 /// The lines of a read-out: its number, then two properties each.
 std::vector<std::array<std::string, 2>> readoutof(const SheetState& state) {
-  StatePoint point;
-  for (std::size_t i = 0; i < reportrows.size(); ++i) point.*reportrows[i].value = state.properties[i];
-  constexpr std::array<std::size_t, readingrows.size()> order = {0, 5, 1, 3, 2, 4, 6, 7};
+  using enum PropertyKind;
+  constexpr std::array order = {db, w, wb, h, rh, v, dp, pv};
   std::vector<std::array<std::string, 2>> lines = {{std::to_string(state.number), {}}};
   for (std::size_t i = 0; i < order.size(); i += 2) {
     std::array<std::string, 2> line;
     for (const std::size_t column : {std::size_t{0}, std::size_t{1}}) {
-      const ReadingRow& row = readingrows[order[i + column]];
-      line[column] = std::string(row.symbol) + " " + numeral(point.*row.value, row.decimals);
+      const Property& property = propertyOf(order[i + column]);
+      const double value = state.properties[columnOf(property.kind)];
+      line[column] = std::string(property.symbol) + " " + typeset(value, property.decimals);
     }
     lines.push_back(line);
   }

@@ -19,8 +19,8 @@ constexpr double wordsroom = 3.2;   // em: two lines below the base
 /// The direction on the chart in which the sensible part of the heat has a ratio to all of it, upwards.
 SheetPoint directionof(const SheetPlot& plot, double ratio) {
   const double w = psychro_wrh(referencedb, referencerh, plot.atm);
-  const double sensible = 0.24 + 0.444 * w;          // Btu/lb to the deg F
-  const double latent = 1061 + 0.444 * referencedb;  // Btu/lb to the lb/lb
+  const double sensible = sensibleHeat(w);           // Btu/lb to the deg F
+  const double latent = vaporEnthalpy(referencedb);  // Btu/lb to the lb/lb
   // heat of 1 Btu/lb in all: this much warmer, this much more water
   SheetPoint way{ratio / sensible * plot.perdb(), -(1 - ratio) / latent * plot.perw()};
   if (way.y > 0) way = way * -1;
@@ -62,13 +62,13 @@ void drawprotractor(SheetWork& work, SheetPoint corner, double width) {
     work.board.add(std::move(number));
   };
   for (const double ratio : multiples(0, 1, 0.1)) {
-    label(ratio, numeral(ratio, 1), ismultiple(ratio, 0.5) ? 20 : ismultiple(ratio, 0.2) ? 10 : 5);
+    label(ratio, typeset(ratio, 1), ismultiple(ratio, 0.5) ? 20 : ismultiple(ratio, 0.2) ? 10 : 5);
   }
   for (const double ratio : multiples(0.05, 0.95, 0.1)) {
     spoke(work, centre, directionof(work.plot, ratio), radius - 0.4 * em, radius, scale);
   }
   for (const double ratio : {-0.5, -1.0, -2.0, 5.0, 2.0, 1.5}) {
-    label(ratio, numeral(ratio, 1), 1);
+    label(ratio, typeset(ratio, 1), 1);
   }
   label(1e6, "∞", 2);
   const TextStyle style = work.theme.text(0.9 * em);
@@ -76,7 +76,7 @@ void drawprotractor(SheetWork& work, SheetPoint corner, double width) {
     fixedtext(work, centred(work.canvas, centre + SheetPoint{0, below * em}, text, look));
   };
   words(1.35, "Sensible heat / total heat", style);
-  words(2.5, "from the reference point, " + numeral(referencedb, 0) + " °F " + numeral(referencerh, 0) + " %",
+  words(2.5, "from the reference point, " + typeset(referencedb, 0) + " °F " + typeset(referencerh, 0) + " %",
         work.theme.small(0.85 * em));
   work.board.wall({centre - SheetPoint{radius, 0}, centre + SheetPoint{radius, 0}});
 }

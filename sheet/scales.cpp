@@ -13,7 +13,6 @@ namespace moistair {
 
 namespace {
 
-constexpr double grainsperpound = 7000;
 constexpr double finetick = 0.3;  // em
 constexpr double middletick = 0.5;
 constexpr double maintick = 0.75;
@@ -39,19 +38,11 @@ Steps stepsof(std::initializer_list<double> steps, double pervalue, double em, d
   return {stepfrom(steps, 0.42 * em / pervalue), stepfrom(steps, numbers * em / pervalue)};
 }
 
-double ratioofdewpoint(double dewpoint, double atm) {
-  const double a = (dewpoint < 32 ? frostpoint : waterpoint).of(dewpoint);
-  const double pv = std::exp(a);
-  // between the two forms of the equation the dew point jumps, and what lies there stands at the jump
-  const bool gap = dewpoint >= 31.5 && dewpoint <= 32.5;
-  return ratioof(gap ? formsmeet : pv, atm);
-}
-
 /// Dew points lie ever closer in humidity ratio the colder they are: within five or ten degrees all have the step that
 /// suits the coldest.
 RightScale dewpointscale(const SheetWork& work) {
   RightScale scale{"Dew point, °F", "°F", {}, {}, 0, {}};
-  scale.ratio = [atm = work.plot.atm](double dewpoint) { return ratioofdewpoint(dewpoint, atm); };
+  scale.ratio = [atm = work.plot.atm](double dewpoint) { return ratioof(pressureOfDewPoint(dewpoint), atm); };
   const auto suits = [&](double dewpoint, double step, double within, double em) {
     const double coldest = std::floor((dewpoint - 0.5) / within) * within;
     const double pixels = (scale.ratio(coldest + step) - scale.ratio(coldest)) * work.plot.perw();
@@ -85,8 +76,8 @@ std::vector<RightScale> rightscales(const SheetWork& work) {
       stepsof({0.0001, 0.0002, 0.0005, 0.001, 0.002, 0.005, 0.01}, perw, em, 2.2), low, high,
       [](double w) { return w; });
   add("Grains of moisture per lb of dry air", "gr/lb",
-      stepsof({0.5, 1, 2, 5, 10, 20, 50}, perw / grainsperpound, em, 2), low * grainsperpound, high * grainsperpound,
-      [](double grains) { return grains / grainsperpound; });
+      stepsof({0.5, 1, 2, 5, 10, 20, 50}, perw / grainsPerPound, em, 2), low * grainsPerPound, high * grainsPerPound,
+      [](double grains) { return grains / grainsPerPound; });
   const double perpressure = perw * ratioof(pressureofratio(high, atm), atm) / pressureofratio(high, atm);
   add("Vapor pressure, in Hg", "in Hg", stepsof({0.002, 0.005, 0.01, 0.02, 0.05, 0.1, 0.2, 0.5}, perpressure, em, 2.2),
       pressureofratio(low, atm), pressureofratio(high, atm), [atm](double pv) { return ratioof(pv, atm); });
@@ -97,7 +88,7 @@ std::vector<RightScale> rightscales(const SheetWork& work) {
 double numberwidth(const SheetCanvas& canvas, const RightScale& scale, double em) {
   double width = 0;
   for (const double value : scale.main) {
-    width = std::max(width, canvas.widthof(numeral(value, scale.decimals), {em, false, {}}));
+    width = std::max(width, canvas.widthof(typeset(value, scale.decimals), {em, false, {}}));
   }
   return width;
 }
@@ -129,7 +120,7 @@ void drawrightscale(SheetWork& work, const RightScale& scale, double x, double n
     const double y = yof(value);
     if (!within(y)) continue;
     tick(work, {x, y}, {1, 0}, maintick);
-    const std::string number = numeral(value, scale.decimals);
+    const std::string number = typeset(value, scale.decimals);
     SheetTextOperation text = centred(work.canvas, {0, y}, number, style);
     text.at.x = x + (maintick + numbergap) * em + numbers;
     text.anchor = Anchor::end;
@@ -184,7 +175,7 @@ void drawbottomscale(SheetWork& work) {
   for (const double db : multiples(first, high, steps.main)) {
     const SheetPoint at = plot.at(db, lowhr);
     tick(work, at, {0, 1}, maintick);
-    const std::string number = numeral(db, decimalsof(steps.main));
+    const std::string number = typeset(db, decimalsof(steps.main));
     const SheetTextOperation text =
         beside(work.canvas, at, {0, 1}, (maintick + numbergap) * em, number, work.theme.text(em));
     work.board.add({importance::scale + (ismultiple(db, 10) ? 50 : 0), {{text, 0, {}}}, false});

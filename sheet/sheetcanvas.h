@@ -12,7 +12,7 @@ namespace moistair {
 
 class SheetCanvas {
 public:
-  explicit SheetCanvas(const ExtentFunction& extent) : extent_(&extent) {}
+  explicit SheetCanvas(ExtentFunction extent) : extent_(std::move(extent)) {}
 
   void polyline(std::vector<SheetPoint> points, double width, Color color, Dash dash = Dash::solid) {
     if (points.size() > 1) page_.operations.emplace_back(PolylineOperation{std::move(points), width, color, dash});
@@ -28,14 +28,14 @@ public:
   }
 
   TextExtent extent(const std::string& text, const TextStyle& style) const {
-    return (*extent_)(text, style.size, style.bold);
+    return extent_(text, style.size, style.bold);
   }
   double widthof(const std::string& text, const TextStyle& style) const { return extent(text, style).width; }
 
   SheetPage takepage() { return std::exchange(page_, {}); }
 
 private:
-  const ExtentFunction* extent_;
+  ExtentFunction extent_;
   SheetPage page_;
 };
 

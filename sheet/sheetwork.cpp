@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "sheet/halving.h"
+
 namespace moistair {
 
 SheetTextOperation centred(const SheetCanvas& canvas, SheetPoint centre, std::string text, const TextStyle& style,
@@ -74,12 +76,8 @@ double measured(const SheetCanvas& canvas, const std::string& text, const TextSt
 
 std::string fitted(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width) {
   if (measured(canvas, text, style) <= width) return text;
-  std::size_t keep = 0;
-  std::size_t beyond = std::min(text.size(), longest);
-  while (keep + 1 < beyond) {
-    const std::size_t middle = (keep + beyond) / 2;
-    (canvas.widthof(text.substr(0, middle) + "…", style) <= width ? keep : beyond) = middle;
-  }
+  const auto fits = [&](std::size_t length) { return canvas.widthof(text.substr(0, length) + "…", style) <= width; };
+  std::size_t keep = lastwith(fits, std::size_t{0}, std::min(text.size(), longest));
   while (keep > 0 && (static_cast<unsigned char>(text[keep]) & 0xC0) == 0x80) --keep;  // not within a letter
   return keep == 0 ? std::string() : text.substr(0, keep) + "…";
 }

@@ -15,29 +15,11 @@ constexpr double rowheight = 1.6;   // em
 constexpr double headheight = 2.7;  // two lines
 constexpr double cellgap = 0.5;
 
-/// A column with a property: its head in two lines, and the decimals that an engineer reads.
-struct Column {
-  const char* head;
-  const char* unit;
-  int decimals;
-};
-
-/// In the order of the report.
-constexpr std::array<Column, reportrows.size()> columns = {{
-    {"Dry bulb", "°F", 1},
-    {"Wet bulb", "°F", 1},
-    {"Rel. hum.", "%", 1},
-    {"Enthalpy", "Btu/lb", 2},
-    {"Sp. volume", "cu ft/lb", 2},
-    {"Hum. ratio", "lb/lb", 5},
-    {"Dew point", "°F", 1},
-    {"Vapor pr.", "in Hg", 3},
-}};
 /// A state worked out at another pressure than the chart's says so, and one that is not on the chart.
 std::string namein(const SheetContent& content, const SheetState& state) {
   std::string name = state.pinned ? "Read-out" : state.name;
   const auto add = [&](const std::string& text) { name += (name.empty() ? "" : " ") + text; };
-  if (state.atm != content.pressure.atm) add("(at " + numeral(state.atm, 3) + " in Hg)");
+  if (!samepressure(state.atm, content.pressure.atm)) add("(at " + typeset(state.atm, 3) + " in Hg)");
   if (!content.limits.contain(state.db(), state.w())) add("(not on the chart)");
   return name;
 }
@@ -45,7 +27,7 @@ std::string namein(const SheetContent& content, const SheetState& state) {
 std::string numberin(const SheetState& state) { return std::to_string(state.number) + state.mark(); }
 
 std::string textof(const SheetState& state, std::size_t property) {
-  return numeral(state.properties[property], columns[property].decimals);
+  return typeset(state.properties[property], propertyOf(columnOrder[property]).sheetDecimals);
 }
 
 /// The letters of a table, and the widths of its columns: of all its pages the same.
@@ -54,7 +36,7 @@ struct TableLook {
   TextStyle head, unit, number, cell;
   double gap;
   double numbers = 0, names = 0;  ///< of the first two columns [pixels]
-  std::array<double, columns.size()> widths{};
+  std::array<double, columnOrder.size()> widths{};
 
   TableLook(const Theme& theme, double letters)
       : em(letters),
@@ -71,13 +53,14 @@ struct TableLook {
     const double leastname = 9 * em;
     numbers = canvas.widthof("No.", head);
     names = canvas.widthof("Identification", head);
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      widths[i] = std::max(canvas.widthof(columns[i].head, head), canvas.widthof(columns[i].unit, unit));
+    for (std::size_t i = 0; i < columnOrder.size(); ++i) {
+      const Property& property = propertyOf(columnOrder[i]);
+      widths[i] = std::max(canvas.widthof(property.sheetHead, head), canvas.widthof(property.sheetUnit, unit));
     }
     for (const SheetState& state : content.states) {
       numbers = std::max(numbers, canvas.widthof(numberin(state), number));
       names = std::max(names, std::min(leastname, measured(canvas, namein(content, state), cell)));
-      for (std::size_t i = 0; i < columns.size(); ++i) {
+      for (std::size_t i = 0; i < columnOrder.size(); ++i) {
         widths[i] = std::max(widths[i], canvas.widthof(textof(state, i), cell));
       }
     }
@@ -92,7 +75,7 @@ struct TableLook {
       wanted = std::max(wanted, measured(canvas, namein(content, state), cell) + 2 * gap);
     }
     names = std::min(wanted, names + std::max(0.0, width - sum()));
-    const double share = std::max(0.0, width - sum()) / static_cast<double>(columns.size() + 1);
+    const double share = std::max(0.0, width - sum()) / static_cast<double>(columnOrder.size() + 1);
     names += share;
     for (double& column : widths) column += share;
   }
@@ -144,10 +127,11 @@ void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
     canvas.text({corner.x + gap, headline}, "Notes", look.head);
   }
   double x = namex + look.names;
-  for (std::size_t i = 0; i < columns.size() && rows > 0; ++i) {
+  for (std::size_t i = 0; i < columnOrder.size() && rows > 0; ++i) {
     x += look.widths[i];
-    canvas.text({x - gap, headline}, columns[i].head, look.head, Anchor::end);
-    canvas.text({x - gap, corner.y + 2.3 * em}, columns[i].unit, look.unit, Anchor::end);
+    const Property& property = propertyOf(columnOrder[i]);
+    canvas.text({x - gap, headline}, property.sheetHead, look.head, Anchor::end);
+    canvas.text({x - gap, corner.y + 2.3 * em}, property.sheetUnit, look.unit, Anchor::end);
   }
   for (std::size_t i = 0; i < rows; ++i) {
     const SheetState& state = content.states[first + i];
@@ -158,7 +142,7 @@ void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
     const auto [name, style] = shrunk(canvas, namein(content, state), look.cell, look.names - 2 * gap);
     canvas.text({namex + gap, y}, name, style);
     x = namex + look.names;
-    for (std::size_t property = 0; property < columns.size(); ++property) {
+    for (std::size_t property = 0; property < columnOrder.size(); ++property) {
       x += look.widths[property];
       canvas.text({x - gap, y}, textof(state, property), look.cell, Anchor::end);
     }

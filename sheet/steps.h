@@ -1,13 +1,12 @@
 /// \file
-/// Round steps for scales and families of lines, and the numbers at them.
+/// Round steps for scales and families of lines.
 #pragma once
 
 #include <cmath>
 #include <initializer_list>
-#include <string>
 #include <vector>
 
-#include "text/numbertext.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 
@@ -45,18 +44,6 @@ inline int decimalsof(double step) {
     ++decimals;
   }
   return decimals;
-}
-
-/// A number as text with the sign that printers set before what is below zero.
-inline std::string printed(const std::string& number) {
-  return number.starts_with('-') ? "−" + number.substr(1) : number;
-}
-
-/// A number with so many decimals, and without a point where there are none.
-inline std::string numeral(double number, int decimals) {
-  std::string text = fixeddecimals(number, decimals);
-  if (text.ends_with('.')) text.pop_back();
-  return printed(text);
 }
 
 }  // namespace moistair

@@ -27,19 +27,18 @@ void addentries(QMenu& menu, const std::vector<Entry>& entries) {
 }  // namespace
 
 void fillchartmenu(QMenu& menu, const Strip& strip) {
-  const auto tr = [](const char* text) { return QMenu::tr(text); };
-  addentries(menu, {{tr("&Draw chart..."), strip.drawbutton, QKeySequence(Qt::CTRL | Qt::Key_D)},
-                    {tr("&Clear chart"), strip.clearbutton, {}},
-                    {tr("Save chart as &bitmap..."), strip.savechartbutton, {}},
-                    {tr("&Atmospheric pressure..."), strip.pressurebutton, {}}});
-  addentries(menu, {{tr("&Locate point of the boxes..."), strip.locatebutton, {}},
-                    {tr("&Relative humidity line"), strip.rhlinebutton, {}},
-                    {tr("&Wet bulb line"), strip.wblinebutton, {}},
-                    {tr("&Enthalpy line"), strip.hlinebutton, {}},
-                    {tr("&Specific volume line"), strip.vlinebutton, {}},
-                    {tr("&Mixing problem..."), strip.mixingbutton, QKeySequence(Qt::CTRL | Qt::Key_M)}});
-  addentries(menu, {{tr("&View saved data..."), strip.viewlogbutton, {}},
-                    {tr("Save data in &file..."), strip.savelogbutton, {}}});
+  addentries(menu, {{QStringLiteral("&Draw chart..."), strip.drawbutton, QKeySequence(Qt::CTRL | Qt::Key_D)},
+                    {QStringLiteral("&Clear chart"), strip.clearbutton, {}},
+                    {QStringLiteral("Save chart as &bitmap..."), strip.savechartbutton, {}},
+                    {QStringLiteral("&Atmospheric pressure..."), strip.pressurebutton, {}}});
+  addentries(menu, {{QStringLiteral("&Locate point of the boxes..."), strip.locatebutton, {}},
+                    {QStringLiteral("&Relative humidity line"), strip.rhlinebutton, {}},
+                    {QStringLiteral("&Wet bulb line"), strip.wblinebutton, {}},
+                    {QStringLiteral("&Enthalpy line"), strip.hlinebutton, {}},
+                    {QStringLiteral("&Specific volume line"), strip.vlinebutton, {}},
+                    {QStringLiteral("&Mixing problem..."), strip.mixingbutton, QKeySequence(Qt::CTRL | Qt::Key_M)}});
+  addentries(menu, {{QStringLiteral("&View saved data..."), strip.viewlogbutton, {}},
+                    {QStringLiteral("Save data in &file..."), strip.savelogbutton, {}}});
 }
 
 void pressbyreturn(const Strip& strip) {

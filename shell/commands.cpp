@@ -75,11 +75,11 @@ void MainWindow::settlepressure(const PressureEntry& set) {
   const Pressure& file = chart_.document().pressure;
   const Pressure typed{set, lenientnumber(pressurefor(set).inhg.value_or(std::string()))};
   if (samepressure(file.atm, typed.atm)) return;
-  const QString text =
-      tr("%1 was made at %2, and you have set %3. Which pressure holds? With the one that you have set "
-         "the file's chart is cleared, and its entries can be put on a new one.");
+  const QString text = QStringLiteral(
+      "%1 was made at %2, and you have set %3. Which pressure holds? With the one that you have set "
+      "the file's chart is cleared, and its entries can be put on a new one.");
   const bool keep = choice(this, text.arg(QFileInfo(firstfile_).fileName(), pressurewords(file), pressurewords(typed)),
-                           tr("The &file's"), tr("The one I have &set"));
+                           QStringLiteral("The &file's"), QStringLiteral("The one I have &set"));
   if (keep) return;
   values_.pressure.settext(*pressurefor(set).inhg);
   startafresh(set);
@@ -122,8 +122,8 @@ QString MainWindow::waitingwords() const {
   if (begun_ || firstfile_.isEmpty()) return {};
   const QString name = QFileInfo(firstfile_).fileName();
   const auto pressure = pressureoffile(firstfile_);
-  if (!pressure) return tr("%1 is opened after this window.").arg(name);
-  return tr("%1 is opened after this window. It was made at %2.").arg(name, pressurewords(*pressure));
+  if (!pressure) return QStringLiteral("%1 is opened after this window.").arg(name);
+  return QStringLiteral("%1 is opened after this window. It was made at %2.").arg(name, pressurewords(*pressure));
 }
 
 void MainWindow::changepressure(const PressureEntry& entry) {
@@ -236,7 +236,7 @@ void MainWindow::savechart() {
           {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
     chart_.keeppicture();
     const auto reason = writepicture(*path, bmpcontent(graph_->picture()), log_);
-    status_->answerfile(tr("chart"), *path, reason);
+    status_->answerfile(QStringLiteral("chart"), *path, reason);
   }
   focusgraph();
 }
@@ -271,13 +271,13 @@ void MainWindow::showexportkey() {
 
 void MainWindow::exportchart() {
   const auto path = moistair::exportchart(this, log_, chart_.document(), centralWidget()->size());
-  if (path) status_->answerfile(tr("chart"), *path);
+  if (path) status_->answerfile(QStringLiteral("chart"), *path);
   focusgraph();
 }
 
 void MainWindow::exportsheet() {
   const auto path = sheets_->exportsheet();
-  if (path) status_->answerfile(tr("sheet"), *path);
+  if (path) status_->answerfile(QStringLiteral("sheet"), *path);
   focusgraph();
 }
 

@@ -58,7 +58,7 @@ void MainWindow::again() {
 /// Exact states in place of those that miss something, of some entries or of all.
 void MainWindow::takeExact(const std::vector<std::size_t>& places) {
   const auto entries = exactEntries(chart_.document(), places);
-  if (entries.empty()) return status_->answer(tr("no exact state within the limits"), BoxMark::fault);
+  if (entries.empty()) return status_->answer(QStringLiteral("no exact state within the limits"), BoxMark::fault);
   const std::string name = entries.size() == 1 ? "Exact state of " + captionof(entries.front().second)
                                                : "Exact states of " + std::to_string(entries.size()) + " entries";
   step([&] { chart_.change(exchanging(chart_.document(), entries, name), windowsize()); });
@@ -124,12 +124,12 @@ void MainWindow::lift(const std::vector<std::size_t>& entries) {
 /// With rows selected the kinds of file in the dialog are those rows and all.
 void MainWindow::writecsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen) {
   SaveDialog dialog;
-  QString title = tr("Write as CSV");
-  QStringList filters = {tr("CSV file (*.csv)"), tr("All files (*)")};
+  QString title = QStringLiteral("Write as CSV");
+  QStringList filters = {QStringLiteral("CSV file (*.csv)"), QStringLiteral("All files (*)")};
   if (chosen.size() < all.size()) {
-    const QString part = tr("%1 of %2 rows").arg(chosen.size()).arg(all.size());
+    const QString part = QStringLiteral("%1 of %2 rows").arg(chosen.size()).arg(all.size());
     title += QStringLiteral(", ") + part;
-    filters = {part + tr(" (*.csv)"), tr("All %1 rows (*.csv)").arg(all.size())};
+    filters = {part + QStringLiteral(" (*.csv)"), QStringLiteral("All %1 rows (*.csv)").arg(all.size())};
   }
   const auto named = dialog.ask(this, {title, filters});
   if (!named) return;
@@ -138,7 +138,7 @@ void MainWindow::writecsv(const std::vector<TableRow>& all, const std::vector<Ta
   const bool part = chosen.size() < all.size() && dialog.lastfilter() != filters.last();
   const auto reason = writebytes(*path, tabletext(part ? chosen : all, ','), log_);
   if (reason) warning(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
-  status_->answerfile(tr("table"), *path, reason);
+  status_->answerfile(QStringLiteral("table"), *path, reason);
 }
 
 /// Says in the menu what could be undone and done again, and offers what is left of the previous chart.
@@ -149,15 +149,16 @@ void MainWindow::showhistory() {
                                 : word + QLatin1Char(' ') +
                                       QString::fromStdString(name).replace(QLatin1Char('&'), QStringLiteral("&&")));
   };
-  show(*undoaction_, tr("&Undo"), chart_.history().undoname());
-  show(*redoaction_, tr("&Redo"), chart_.history().redoname());
+  show(*undoaction_, QStringLiteral("&Undo"), chart_.history().undoname());
+  show(*redoaction_, QStringLiteral("&Redo"), chart_.history().redoname());
   againaction_->setEnabled(standinglimits(chart_.document()) && !chart_.document().previous.empty() &&
                            chart_.history().undoname() != againname);
   const std::size_t untried = untriedcount(chart_.document());
-  const QString entries = untried == 1 ? tr("1 entry") : tr("%1 entries").arg(untried);
-  status_->offer(Offer::previous,
-                 untried == 0 ? QString() : entries + tr(" of the previous chart: put them on this one"),
-                 tr("Click, or press %1.").arg(againaction_->shortcut().toString(QKeySequence::NativeText)));
+  const QString entries = untried == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(untried);
+  status_->offer(
+      Offer::previous,
+      untried == 0 ? QString() : entries + QStringLiteral(" of the previous chart: put them on this one"),
+      QStringLiteral("Click, or press %1.").arg(againaction_->shortcut().toString(QKeySequence::NativeText)));
 }
 
 }  // namespace moistair

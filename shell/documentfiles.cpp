@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <algorithm>
 #include <system_error>
+#include <tuple>
 #include <utility>
 
 #include "files/inputfile.h"
@@ -62,14 +63,16 @@ std::vector<fs::path> leftovers(const std::vector<fs::path>& folders, const fs::
   return files;
 }
 
-ReadDocument readdocumentfile(const fs::path& path, Links links) {
-  const FileContent content = readfile(path, links, largestdocument);
-  return content.fault.empty() ? readdocument(content.bytes) : ReadDocument{std::nullopt, {}, content.fault};
+Result<ReadDocument> readdocumentfile(const fs::path& path, Links links) {
+  const Result<std::string> content = readfile(path, links, largestdocument);
+  if (!content) return content.error();
+  return readdocument(*content);
 }
 
 /// Asks about work that was left: which document it is of, and when it was last kept.
 QString leftworkquestion(const fs::path& work) {
-  const QFileInfo document(pathof(readdocumentfile(work, Links::refused).file));
+  const Result<ReadDocument> read = readdocumentfile(work, Links::refused);
+  const QFileInfo document(pathof(read ? read->file : std::string()));
   const QString name = document.fileName().isEmpty() ? QStringLiteral("a chart without a file") : document.filePath();
   const QString time = QFileInfo(pathof(work)).lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
   return QStringLiteral(
@@ -102,12 +105,12 @@ void DocumentFiles::fillmenu(QMenu& file) {
   const auto add = [&](const QString& text, const QKeySequence& keys, auto run) {
     file.addAction(text, this, run)->setShortcut(keys);
   };
-  add(tr("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startanew(); });
-  add(tr("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askopen(); });
-  recent_ = file.addMenu(tr("Open &recent"));
+  add(QStringLiteral("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startanew(); });
+  add(QStringLiteral("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askopen(); });
+  recent_ = file.addMenu(QStringLiteral("Open &recent"));
   connect(&file, &QMenu::aboutToShow, this, &DocumentFiles::listrecent);
-  add(tr("Sa&ve"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save(); });
-  add(tr("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveas(); });
+  add(QStringLiteral("Sa&ve"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save(); });
+  add(QStringLiteral("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveas(); });
 }
 
 bool DocumentFiles::eventFilter(QObject* watched, QEvent* event) {
@@ -130,7 +133,7 @@ void DocumentFiles::startanew() {
 
 void DocumentFiles::askopen() {
   if (!mayreplace()) return;
-  QFileDialog dialog(&window_, tr("Open"));
+  QFileDialog dialog(&window_, QStringLiteral("Open"));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters({QLatin1String(filter), QStringLiteral("All files (*)")});
   if (!path_.isEmpty()) dialog.setDirectory(QFileInfo(path_).absolutePath());
@@ -147,16 +150,16 @@ void DocumentFiles::openkept(const fs::path& kept) {
 
 /// @param kept whether it is unsaved work, which belongs to another file or to none
 bool DocumentFiles::read(const QString& path, bool kept) {
-  ReadDocument document =
+  Result<ReadDocument> document =
       readdocumentfile(QFile::encodeName(path).toStdString(), kept ? Links::refused : Links::followed);
-  if (!document.document) {
+  if (!document) {
     warning(&window_, QStringLiteral("The document could not be opened: ") + path + QLatin1Char('\n') +
-                          QString::fromStdString(document.fault));
+                          QString::fromStdString(document.error().text()));
     return false;
   }
-  show_(std::move(*document.document), false);
+  show_(std::move(document->document), false);
   if (kept) {
-    settle(pathof(document.file));
+    settle(pathof(document->file));
     chart_.markunsaved();
     return true;
   }
@@ -176,7 +179,7 @@ void DocumentFiles::settle(const QString& path) {
 bool DocumentFiles::save() { return path_.isEmpty() ? saveas() : writeto(path_); }
 
 bool DocumentFiles::saveas() {
-  const QString title = tr("Save as");
+  const QString title = QStringLiteral("Save as");
   // Without its ending, which is added again: a file that is there would be selected in the dialog's list, and come
   // back into the box when the folder has been read, over what was typed meanwhile.
   const QLatin1String ending(documentending);
@@ -222,7 +225,7 @@ bool DocumentFiles::unsaved() const {
 }
 
 QString DocumentFiles::caption() const {
-  const QString name = path_.isEmpty() ? tr("Untitled") : QFileInfo(path_).fileName();
+  const QString name = path_.isEmpty() ? QStringLiteral("Untitled") : QFileInfo(path_).fileName();
   return unsaved() ? name + QStringLiteral(" *") : name;
 }
 
@@ -239,11 +242,11 @@ void DocumentFiles::keepwork() {
   if (!unsaved()) {
     removefile(workfile());
   } else if (!haslog_) {
-    failure = tr("there is no log file to keep it with");
+    failure = QStringLiteral("there is no log file to keep it with");
   } else {
     const std::string file = QFile::encodeName(path_).toStdString();
-    const auto fault = writeownfile(workfile(), recoverytext(chart_.document(), file));
-    if (fault) failure = QString::fromStdString(fault->reason());
+    const Outcome kept = writeownfile(workfile(), recoverytext(chart_.document(), file));
+    if (!kept) failure = QString::fromStdString(kept.error().words);
   }
   stale_ = !failure.isEmpty();
   Q_EMIT keeptried(failure);
@@ -276,11 +279,13 @@ fs::path DocumentFiles::recentfile() const { return log_.sessions().parent_path(
 
 /// Paths of the documents last opened or saved, the latest first; or why the list cannot be used.
 DocumentFiles::Recent DocumentFiles::recent() const {
-  const FileContent list = readfile(recentfile(), Links::refused, largestlist);
+  const Result<std::string> list = readfile(recentfile(), Links::refused, largestlist);
   std::error_code ignored;
   const bool there = fs::symlink_status(recentfile(), ignored).type() != fs::file_type::not_found;
-  return {QString::fromStdString(list.bytes).split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, mostrecent),
-          QString::fromStdString(there ? list.fault : std::string())};
+  return {QString::fromStdString(list ? *list : std::string())
+              .split(QLatin1Char('\n'), Qt::SkipEmptyParts)
+              .mid(0, mostrecent),
+          QString::fromStdString(there && !list ? list.error().words : std::string())};
 }
 
 /// A name with a line end would be two of the list.
@@ -291,7 +296,7 @@ void DocumentFiles::remember(const QString& path) {
   paths.removeAll(path);
   paths.prepend(path);
   const std::string list = paths.mid(0, mostrecent).join(QLatin1Char('\n')).toStdString() + '\n';
-  writeownfile(recentfile(), list);  // nothing is lost but convenience
+  std::ignore = writeownfile(recentfile(), list);  // nothing is lost but convenience
 }
 
 void DocumentFiles::listrecent() {
@@ -306,8 +311,8 @@ void DocumentFiles::listrecent() {
 }
 
 std::optional<Pressure> pressureoffile(const QString& path) {
-  const ReadDocument read = readdocumentfile(QFile::encodeName(path).toStdString(), Links::followed);
-  return read.document ? std::optional(read.document->pressure) : std::nullopt;
+  const Result<ReadDocument> read = readdocumentfile(QFile::encodeName(path).toStdString(), Links::followed);
+  return read ? std::optional(read->document.pressure) : std::nullopt;
 }
 
 }  // namespace moistair

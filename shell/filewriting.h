@@ -20,8 +20,8 @@ inline std::optional<QString> writebytes(const QString& path, std::string_view b
   const auto name = nativename(path);
   if (!name) return QStringLiteral("Its name holds characters that cannot be shown.");
   if (log.isat(*name)) return QString::fromUtf8(holdsthelog);
-  const auto failure = writefile(*name, bytes);
-  return failure ? std::optional(QString::fromStdString(failure->reason())) : std::nullopt;
+  const Outcome written = writefile(*name, bytes);
+  return written ? std::nullopt : std::optional(QString::fromStdString(written.error().words));
 }
 
 /// The same of a picture; an empty one could not be made.

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "model/table.h"
+#include "text/numberformat.h"
 
 namespace moistair {
 
@@ -15,9 +16,6 @@ namespace {
 
 constexpr double margin = 24;  // pixels about the plot in which the layer says that nothing is to be read there
 constexpr int quiet = 150;     // ms without a move before a moving pointer's reading is told
-constexpr double samepressure = 1e-9;
-
-bool differ(double one, double other) { return !(std::abs(one - other) < samepressure); }
 
 }  // namespace
 
@@ -30,6 +28,7 @@ Instrument::Instrument(QWidget& widget, ChartCommands& chart, const SessionValue
       layer_(new ReadingLayer(widget)) {
   widget.setMouseTracking(true);
   widget.installEventFilter(this);
+  telling_.setObjectName(QStringLiteral("telling"));
   telling_.setSingleShot(true);
   telling_.setInterval(quiet);
   connect(&telling_, &QTimer::timeout, this, &Instrument::tell);
@@ -154,7 +153,7 @@ void Instrument::showat(const Place& place) {
 
 void Instrument::show(Spot spot, double atm) {
   spot_ = std::move(spot);
-  if (spot_->reading.reason != outsidelimits) {
+  if (spot_->reading.reason != NoReading::outsideLimits) {
     last_ = spot_->reading.place;
     haslast_ = true;
   }
@@ -200,9 +199,9 @@ void Instrument::setshape() {
 QString Instrument::titleof(const Spot& spot, double atm) const {
   QStringList parts;
   if (spot.mark) parts.append(QString::fromStdString(captionof(entryof(*spot.mark))));
-  if (spot.mark && !dragging_ && missesAny(entryof(*spot.mark))) parts.append(tr("(missed)"));
-  if (differ(atm, values_.pressure.lenient())) {
-    parts.append(tr("at %1 In Hg").arg(QString::fromStdString(numbertext(std::round(atm * 1e4) / 1e4))));
+  if (spot.mark && !dragging_ && missesAny(entryof(*spot.mark))) parts.append(QStringLiteral("(missed)"));
+  if (!samepressure(atm, values_.pressure.lenient())) {
+    parts.append(QStringLiteral("at %1 In Hg").arg(QString::fromStdString(atMostDecimals(atm, 4))));
   }
   return parts.join(QLatin1Char(' '));
 }

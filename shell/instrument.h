@@ -119,7 +119,7 @@ private:
   bool dragging_ = false;
   std::optional<std::size_t> grabbed_;  ///< the mark under the pointer when the button went down
   QString title_;                       ///< what is shown above the reading
-  QTimer telling_;
+  QTimer telling_{this};
 };
 
 }  // namespace moistair

@@ -60,8 +60,9 @@ bool Instrument::runcommand(QKeyCombination keys) {
 void Instrument::fillmenu(QMenu& menu) {
   std::vector<std::pair<QAction*, const Command*>> entries;
   for (const Command& command : commands()) {
-    QAction* action = menu.addAction(tr(command.text) + QLatin1Char('\t') + QLatin1String(command.keyname), this,
-                                     [this, &command] { runcommand(command.keys[0]); });
+    QAction* action =
+        menu.addAction(QString::fromUtf8(command.text) + QLatin1Char('\t') + QLatin1String(command.keyname), this,
+                       [this, &command] { runcommand(command.keys[0]); });
     entries.emplace_back(action, &command);
   }
   staywith(menu);
@@ -98,7 +99,7 @@ void Instrument::drop() {
 
 /// A line of the property that the place has, as it is read there, at the pressure and between the limits of the chart.
 void Instrument::draw(LineKind kind, const Spot& spot) {
-  const std::string value = readingtext(rowof(propertyof(kind)), *spot.reading.state);
+  const std::string value = readingtext(propertyof(kind), *spot.reading.state);
   const char* reason = chart_.add({*standing_, PropertyLine{kind, numbertext(lenientnumber(value))}}, ground_.window());
   if (reason != nullptr) Q_EMIT refused(QString::fromUtf8(reason));
 }
@@ -121,8 +122,9 @@ void Instrument::rename(const Spot& spot) {
   const std::size_t entry = marks_[*spot.mark].entry;
   const QString old = QString::fromStdString(std::get<MarkedPoint>(entryof(*spot.mark).content).identification);
   bool accepted = false;
-  const QString name = QInputDialog::getText(widget_.window(), tr("Rename"), tr("Point identification:"),
-                                             QLineEdit::Normal, old, &accepted);
+  const QString name =
+      QInputDialog::getText(widget_.window(), QStringLiteral("Rename"), QStringLiteral("Point identification:"),
+                            QLineEdit::Normal, old, &accepted);
   if (accepted && name != old) {
     chart_.change(renaming(chart_.document(), entry, name.toStdString()), ground_.window());
   }
@@ -132,9 +134,9 @@ void Instrument::rename(const Spot& spot) {
 void Instrument::copy(const Spot& spot) {
   if (!spot.reading.state) return;
   QString text;
-  for (const ReportRow& row : reportrows) {
-    text += QString::fromUtf8(row.caption) + QLatin1Char('\t') +
-            QString::fromStdString(fixeddecimals(*spot.reading.state.*row.value, 7)) + QLatin1Char('\n');
+  for (const PropertyKind kind : shownOrder) {
+    text += QString::fromUtf8(propertyOf(kind).caption) + QLatin1Char('\t') +
+            QString::fromStdString(fixeddecimals(spot.reading.state->at(kind), 7)) + QLatin1Char('\n');
   }
   QGuiApplication::clipboard()->setText(text);
 }
@@ -176,28 +178,29 @@ std::vector<Instrument::Spot> Instrument::atsameplace(const Spot& spot) const {
 void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
   const auto add = [&](const QString& text, auto run) { menu.addAction(text, this, run); };
   if (spot.reading.state) {
-    add(tr("&Locate point here"), [this, spot] { locate(spot); });
-    add(tr("&Pin read-out"), [this, spot] { pin(spot); });
+    add(QStringLiteral("&Locate point here"), [this, spot] { locate(spot); });
+    add(QStringLiteral("&Pin read-out"), [this, spot] { pin(spot); });
     menu.addSeparator();
     for (const LineKind kind :
          {LineKind::relativehumidity, LineKind::wetbulb, LineKind::enthalpy, LineKind::specificvolume}) {
-      const ReadingRow& row = rowof(propertyof(kind));
-      const QString value = QString::fromStdString(readingtext(row, *spot.reading.state));
-      add(tr("%1 %2 %3 through here").arg(QLatin1String(captionof(kind)), value, QLatin1String(row.unit)),
+      const PropertyKind kept = propertyof(kind);
+      const QString value = QString::fromStdString(readingtext(kept, *spot.reading.state));
+      add(QStringLiteral("%1 %2 %3 through here")
+              .arg(QLatin1String(captionof(kind)), value, QLatin1String(propertyOf(kept).unit)),
           [this, kind, spot] { draw(kind, spot); });
     }
     menu.addSeparator();
   }
   if (spot.mark) {
     for (const Spot& other : atsameplace(spot)) {
-      add(tr("&Delete ") + menutext(captionof(entryof(*other.mark))), [this, other] { erase(other); });
+      add(QStringLiteral("&Delete ") + menutext(captionof(entryof(*other.mark))), [this, other] { erase(other); });
     }
-    if (movable(*spot.mark)) add(tr("&Rename..."), [this, spot] { rename(spot); });
+    if (movable(*spot.mark)) add(QStringLiteral("&Rename..."), [this, spot] { rename(spot); });
     if (missesAny(entryof(*spot.mark))) {
-      add(tr("Take e&xact state"), [this, spot] { Q_EMIT exactchosen(marks_[*spot.mark].entry); });
+      add(QStringLiteral("Take e&xact state"), [this, spot] { Q_EMIT exactchosen(marks_[*spot.mark].entry); });
     }
   }
-  if (spot.reading.state) add(tr("&Copy state"), [this, spot] { copy(spot); });
+  if (spot.reading.state) add(QStringLiteral("&Copy state"), [this, spot] { copy(spot); });
 }
 
 }  // namespace moistair

@@ -27,13 +27,13 @@ QString timeof(const EarlierSession& session) {
 }  // namespace
 
 void MainWindow::viewlog() {
-  const FileContent content = log_.read();
-  if (!content.fault.empty()) {
-    warning(this, QString::fromUtf8(viewfailed) + QString::fromStdString(content.fault));
+  const Result<std::string> content = log_.read();
+  if (!content) {
+    warning(this, QString::fromUtf8(viewfailed) + QString::fromStdString(content.error().words));
     focusgraph();
     return;
   }
-  auto* window = new LogWindow(this, QString::fromStdString(content.bytes));
+  auto* window = new LogWindow(this, QString::fromStdString(*content));
   connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
 }
@@ -53,7 +53,8 @@ void MainWindow::listsessions() {
   for (const auto& [session, work] : all) {
     const EarlierSession kept = session;
     if (work) {
-      earlier_->addAction(timeof(kept) + tr(", unsaved chart"), this, [this, kept] { files_->openkept(kept.file); });
+      earlier_->addAction(timeof(kept) + QStringLiteral(", unsaved chart"), this,
+                          [this, kept] { files_->openkept(kept.file); });
     } else {
       earlier_->addAction(timeof(kept), this, [this, kept] { viewsession(kept); });
     }
@@ -62,14 +63,14 @@ void MainWindow::listsessions() {
 }
 
 void MainWindow::viewsession(const EarlierSession& session) {
-  const FileContent content = readlog(session.file);
-  if (!content.fault.empty()) {
+  const Result<std::string> content = readlog(session.file);
+  if (!content) {
     warning(this, QString::fromUtf8(sessiongone) + QString::fromUtf8(session.file.c_str()) + QStringLiteral(": ") +
-                      QString::fromStdString(content.fault));
+                      QString::fromStdString(content.error().words));
     focusgraph();
     return;
   }
-  auto* window = new LogWindow(this, QString::fromStdString(content.bytes));
+  auto* window = new LogWindow(this, QString::fromStdString(*content));
   window->setWindowTitle(QStringLiteral("Saved data of ") + timeof(session));
   connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
@@ -80,8 +81,8 @@ void MainWindow::savelog() {
                                      {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
     const auto name = nativename(*path);
     const bool copied = name && log_.copyto(*name);
-    status_->answerfile(tr("saved data"), *path,
-                        copied ? std::nullopt : std::optional(tr("The file cannot be written.")));
+    status_->answerfile(QStringLiteral("saved data"), *path,
+                        copied ? std::nullopt : std::optional(QStringLiteral("The file cannot be written.")));
   }
   focusgraph();
 }
@@ -89,7 +90,7 @@ void MainWindow::savelog() {
 void MainWindow::appendtolog(const std::vector<std::string>& lines) {
   if (log_.append(lines)) {
     strip_->savelogbutton->setEnabled(true);
-    const QString words = tr("record %1 saved").arg(log_.records());
+    const QString words = QStringLiteral("record %1 saved").arg(log_.records());
     status_->answer(words);
     if (auto* mixing = qobject_cast<MixingWindow*>(dialog_)) mixing->answer(words);
     notes_->follow();

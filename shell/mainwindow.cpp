@@ -72,7 +72,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
     box->setAcceptDrops(false);  // a file is opened, not spelled
   graph_->setParent(area);
   graph_->setObjectName(QStringLiteral("graph"));
-  graph_->setAccessibleName(tr("Psychrometric chart"));
+  graph_->setAccessibleName(QStringLiteral("Psychrometric chart"));
   area->installEventFilter(this);
   QWidget::setTabOrder(strip_->lowdb, graph_);
   QWidget::setTabOrder(graph_, strip_->locatebutton);
@@ -92,7 +92,7 @@ void MainWindow::makestatusbar() {
           [this](Offer offer) { offer == Offer::previous ? again() : typed_->putback(); });
   connect(files_, &DocumentFiles::keeptried, status_, &StatusLine::showunkept);
   connect(typed_, &TypedPair::changed, this, [this] {
-    status_->offer(Offer::typed, typed_->words(), tr("Click, or press Ctrl+Z in one of the two boxes."));
+    status_->offer(Offer::typed, typed_->words(), QStringLiteral("Click, or press Ctrl+Z in one of the two boxes."));
   });
   files_->follow();
 }
@@ -108,28 +108,28 @@ void MainWindow::makeinstrument() {
 }
 
 void MainWindow::makemenus() {
-  QMenu* file = menuBar()->addMenu(tr("&File"));
+  QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
   files_->fillmenu(*file);
   file->addSeparator();
   const auto add = [this](QMenu& menu, const QString& text, const QKeySequence& keys, auto run) {
     menu.addAction(text, this, run)->setShortcut(keys);
   };
-  exportchartaction_ = file->addAction(tr("&Export chart..."), this, &MainWindow::exportchart);
-  exportsheetaction_ = file->addAction(tr("Export s&heet..."), this, &MainWindow::exportsheet);
-  file->addAction(tr("Page set&up..."), this, &MainWindow::setuppage);
-  add(*file, tr("&Print..."), QKeySequence(Qt::CTRL | Qt::Key_P), &MainWindow::printchart);
+  exportchartaction_ = file->addAction(QStringLiteral("&Export chart..."), this, &MainWindow::exportchart);
+  exportsheetaction_ = file->addAction(QStringLiteral("Export s&heet..."), this, &MainWindow::exportsheet);
+  file->addAction(QStringLiteral("Page set&up..."), this, &MainWindow::setuppage);
+  add(*file, QStringLiteral("&Print..."), QKeySequence(Qt::CTRL | Qt::Key_P), &MainWindow::printchart);
   file->addSeparator();
-  earlier_ = file->addMenu(tr("Earlier &sessions"));
+  earlier_ = file->addMenu(QStringLiteral("Earlier &sessions"));
   connect(file, &QMenu::aboutToShow, this, &MainWindow::listsessions);
   file->addSeparator();
-  file->addAction(tr("E&xit"), this, &MainWindow::quitprogram);
-  QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+  file->addAction(QStringLiteral("E&xit"), this, &MainWindow::quitprogram);
+  QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
   undoaction_ = edit->addAction(QString(), this, &MainWindow::undo);
   undoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
   redoaction_ = edit->addAction(QString(), this, &MainWindow::redo);
   redoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
   edit->addSeparator();
-  againaction_ = edit->addAction(tr("&Again on this chart"), this, &MainWindow::again);
+  againaction_ = edit->addAction(QStringLiteral("&Again on this chart"), this, &MainWindow::again);
   againaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
   edit->addSeparator();
   notes_->fillmenu(*edit);
@@ -145,20 +145,20 @@ void MainWindow::makemenus() {
   };
   showhistory();
   showexportkey();
-  QMenu* view = menuBar()->addMenu(tr("&View"));
+  QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
   makepanel(*view);
   sheets_->fillviewmenu(*view);
-  QMenu* chart = menuBar()->addMenu(tr("Cha&rt"));
+  QMenu* chart = menuBar()->addMenu(QStringLiteral("Cha&rt"));
   fillchartmenu(*chart, *strip_);
   instrument_->fillmenu(*chart);
-  add(*menuBar()->addMenu(tr("&Help")), tr("&Help"), Qt::Key_F1, &MainWindow::showhelp);
+  add(*menuBar()->addMenu(QStringLiteral("&Help")), QStringLiteral("&Help"), Qt::Key_F1, &MainWindow::showhelp);
 }
 
 void MainWindow::makepanel(QMenu& view) {
   addDockWidget(Qt::RightDockWidgetArea, panel_);
   panel_->hide();
   QAction* toggle = panel_->toggleViewAction();
-  toggle->setText(tr("&Points and lines"));
+  toggle->setText(QStringLiteral("&Points and lines"));
   toggle->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
   view.addAction(toggle);
   connect(toggle, &QAction::toggled, this, &MainWindow::placepanel);

@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <tuple>
 
 #include "files/inputfile.h"
 #include "files/outputfile.h"
@@ -40,7 +41,7 @@ Sheets::Sheets(QWidget& window, QWidget& graph, ChartCommands& chart, const Sess
 }
 
 void Sheets::fillviewmenu(QMenu& view) {
-  toggle_ = view.addAction(tr("As a &sheet"));
+  toggle_ = view.addAction(QStringLiteral("As a &sheet"));
   toggle_->setCheckable(true);
   connect(toggle_, &QAction::toggled, this, [this] {
     show();
@@ -67,7 +68,7 @@ std::optional<PlotBox> Sheets::plot() { return view_->isHidden() ? std::nullopt 
 /// Tells the user where none stands: a sheet of an empty chart is not what was wanted.
 bool Sheets::haschart() const {
   const bool stands = lastchart(chart_.document()) != nullptr;
-  if (!stands) warning(&window_, tr("There is no chart to make a sheet of."));
+  if (!stands) warning(&window_, QStringLiteral("There is no chart to make a sheet of."));
   return stands;
 }
 
@@ -92,7 +93,8 @@ std::optional<QString> Sheets::exportsheet() {
 TitleBlock Sheets::titleblock() const {
   if (const auto& block = chart_.document().titleblock) return *block;
   constexpr std::size_t longest = 1000;  // bytes
-  std::string drawnby = readfile(drawnbyfile(), Links::refused, longest).bytes;
+  const Result<std::string> last = readfile(drawnbyfile(), Links::refused, longest);
+  std::string drawnby = last ? *last : std::string();
   drawnby = drawnby.substr(0, drawnby.find('\n'));
   return {defaulttitle, {}, isutf8(drawnby) ? drawnby : std::string()};
 }
@@ -101,7 +103,8 @@ TitleBlock Sheets::titleblock() const {
 void Sheets::keep(const TitleBlock& block) {
   const bool nothing = block == TitleBlock{defaulttitle, {}, {}};
   if (block != chart_.document().titleblock && !(nothing && !chart_.document().titleblock)) chart_.retitle(block);
-  if (!block.drawnby.empty()) writefile(drawnbyfile(), block.drawnby + '\n');  // nothing is lost but convenience
+  if (block.drawnby.empty()) return;
+  std::ignore = writefile(drawnbyfile(), block.drawnby + '\n');  // nothing is lost but convenience
 }
 
 std::filesystem::path Sheets::drawnbyfile() const { return log_.sessions().parent_path() / "drawnby.txt"; }
@@ -116,9 +119,10 @@ QPageLayout Sheets::print(const QPageLayout& page) {
 }
 
 Sheets::Printed Sheets::askwhat() {
-  QMessageBox box(QMessageBox::Question, tr("Print"), tr("What is to be printed?"), QMessageBox::Cancel, &window_);
-  const auto* chart = box.addButton(tr("The &chart"), QMessageBox::AcceptRole);
-  auto* sheet = box.addButton(tr("A &sheet"), QMessageBox::AcceptRole);
+  QMessageBox box(QMessageBox::Question, QStringLiteral("Print"), QStringLiteral("What is to be printed?"),
+                  QMessageBox::Cancel, &window_);
+  const auto* chart = box.addButton(QStringLiteral("The &chart"), QMessageBox::AcceptRole);
+  auto* sheet = box.addButton(QStringLiteral("A &sheet"), QMessageBox::AcceptRole);
   if (!view_->isHidden()) box.setDefaultButton(sheet);
   box.exec();
   if (box.clickedButton() == sheet) return Printed::sheet;

@@ -66,12 +66,13 @@ StatusLine::StatusLine(QWidget* parent)
 
 void StatusLine::show(const Standing& standing, std::size_t records) {
   const bool differ = !standing.header.empty();
-  const QString tip = tr("All is calculated with the pressure in force. Click to put the header's in force again.");
+  const QString tip =
+      QStringLiteral("All is calculated with the pressure in force. Click to put the header's in force again.");
   const BoxMark mark = differ ? BoxMark::fault : BoxMark::none;
-  pressure_->tell(shown(standing.pressure), mark, differ, differ ? tip : tr("Pressure in force"));
+  pressure_->tell(shown(standing.pressure), mark, differ, differ ? tip : QStringLiteral("Pressure in force"));
   header_->tell(shown(standing.header), mark, differ, tip);
   changes_->tell(shown(standing.changes), BoxMark::note, false,
-                 tr("Clear the chart and draw it anew to have it as it says."));
+                 QStringLiteral("Clear the chart and draw it anew to have it as it says."));
   chart_->setText(shown(standing.chart));
   records_->setText(shown(recordswords(records)));
   row_->place();
@@ -90,9 +91,9 @@ void StatusLine::remark(const PairNotes& notes) {
 void StatusLine::answerfile(const QString& what, const QString& path, const std::optional<QString>& failure) {
   const QString name = QFileInfo(path).fileName();
   if (failure) {
-    answer(tr("%1 not written to %2: %3").arg(what, name, *failure), BoxMark::fault, path);
+    answer(QStringLiteral("%1 not written to %2: %3").arg(what, name, *failure), BoxMark::fault, path);
   } else {
-    answer(tr("%1 written to %2").arg(what, name), BoxMark::none, path);
+    answer(QStringLiteral("%1 written to %2").arg(what, name), BoxMark::none, path);
   }
 }
 
@@ -128,7 +129,8 @@ std::size_t StatusLine::shownoffer() const {
 }
 
 void StatusLine::showunkept(const QString& reason) {
-  unkept_->tell(reason.isEmpty() ? QString() : tr("Unsaved work is not being kept: %1").arg(reason), BoxMark::fault);
+  unkept_->tell(reason.isEmpty() ? QString() : QStringLiteral("Unsaved work is not being kept: %1").arg(reason),
+                BoxMark::fault);
   row_->place();
 }
 

@@ -136,12 +136,12 @@ void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
   locatebutton = button(row("Command14"));
   firstkind = make.add<ListBox>(grid, row("Combo1"));
   secondkind = make.add<ListBox>(grid, row("Combo2"));
-  namelist(*firstkind, tr("First property"));
-  namelist(*secondkind, tr("Second property"));
+  namelist(*firstkind, QStringLiteral("First property"));
+  namelist(*secondkind, QStringLiteral("Second property"));
   firstvalue = box(row("Text4"));
   secondvalue = box(row("Text5"));
-  nameinput(*firstvalue, tr("Value of the first property"));
-  nameinput(*secondvalue, tr("Value of the second property"));
+  nameinput(*firstvalue, QStringLiteral("Value of the first property"));
+  nameinput(*secondvalue, QStringLiteral("Value of the second property"));
   rhlinebutton = button(row("Command5"));
   rhvalue = captionedbox(row("Text1"), row("Label1"));
   wblinebutton = button(row("Command6"));
@@ -171,7 +171,8 @@ void Strip::makereadouts(QGridLayout& grid, ControlMaker& make) {
   for (std::size_t i = 0; i < readoutfields.size(); ++i) {
     const ReadoutField& field = readoutfields[i];
     const int column = static_cast<int>(i) * 2;
-    make.add<QLabel>(grid, {field.captionname, field.caption, "", {0, column, 1, 1}, field.captiontab});
+    const char* caption = propertyOf(shownOrder[i]).rowCaption;
+    make.add<QLabel>(grid, {field.captionname, caption, "", {0, column, 1, 1}, field.captiontab});
     readouts[i] = make.add<QLabel>(grid, {field.name, "", "", {0, column + 1, 1, 1}, field.tab});
     makereadout(*readouts[i]);
     grid.setColumnStretch(column + 1, 1);
@@ -220,7 +221,7 @@ void Strip::setlimits(const ChartLimits& limits) {
 
 void Strip::show(const StatePoint& point) {
   for (std::size_t i = 0; i < readoutfields.size(); ++i) {
-    readouts[i]->setText(QString::fromStdString(showvalue(point.*readoutfields[i].value)));
+    readouts[i]->setText(QString::fromStdString(showvalue(point.at(shownOrder[i]))));
   }
 }
 
@@ -228,7 +229,7 @@ bool Strip::showsstate() const { return !readouts.front()->text().isEmpty(); }
 
 bool Strip::shows(const StatePoint& point) const {
   for (std::size_t i = 0; i < readoutfields.size(); ++i) {
-    if (readouts[i]->text().toStdString() != showvalue(point.*readoutfields[i].value)) return false;
+    if (readouts[i]->text().toStdString() != showvalue(point.at(shownOrder[i]))) return false;
   }
   return true;
 }

@@ -19,27 +19,26 @@ namespace moistair {
 
 class ControlMaker;
 
-/// One read-out of the live row: layout names and tab places of caption and value, the property shown, and how many
-/// characters its longest usual value has.
+/// One read-out of the live row: layout names and tab places of caption and value, and how many characters its longest
+/// usual value has.
 struct ReadoutField {
-  const char* caption;
   const char* captionname;
   int captiontab;
   const char* name;
   int tab;
-  double StatePoint::*value;
   int digits;
 };
 
-inline constexpr std::array<ReadoutField, 8> readoutfields = {{
-    {"DB=", "Label7", 34, "Label13", 40, &StatePoint::db, 11},
-    {"WB=", "Label8", 35, "Label14", 41, &StatePoint::wb, 11},
-    {"RH(%)=", "Label9", 36, "Label15", 42, &StatePoint::rh, 11},
-    {"Enthalpy=", "Label10", 37, "Label16", 43, &StatePoint::h, 10},
-    {"Sp vol=", "Label11", 38, "Label17", 44, &StatePoint::v, 10},
-    {"H.ratio=", "Label12", 39, "Label18", 45, &StatePoint::w, 8},
-    {"DP=", "Label23", 48, "Label24", 49, &StatePoint::dp, 11},
-    {"V. pr=", "Label25", 65, "Label26", 66, &StatePoint::pv, 9},
+/// In the order in which properties are shown.
+inline constexpr std::array<ReadoutField, shownOrder.size()> readoutfields = {{
+    {"Label7", 34, "Label13", 40, 11},
+    {"Label8", 35, "Label14", 41, 11},
+    {"Label9", 36, "Label15", 42, 11},
+    {"Label10", 37, "Label16", 43, 10},
+    {"Label11", 38, "Label17", 44, 10},
+    {"Label12", 39, "Label18", 45, 8},
+    {"Label23", 48, "Label24", 49, 11},
+    {"Label25", 65, "Label26", 66, 9},
 }};
 
 inline constexpr std::size_t dewpointfield = 6;

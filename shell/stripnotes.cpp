@@ -122,8 +122,8 @@ void StripNotes::follow() {
 }
 
 void StripNotes::fillmenu(QMenu& menu) {
-  QAction* header = menu.addAction(tr("Pressure of the &header"), &line_, &StatusLine::headerchosen);
-  QAction* exact = menu.addAction(tr("E&xact answer"), this, &StripNotes::useexact);
+  QAction* header = menu.addAction(QStringLiteral("Pressure of the &header"), &line_, &StatusLine::headerchosen);
+  QAction* exact = menu.addAction(QStringLiteral("E&xact answer"), this, &StripNotes::useexact);
   connect(&menu, &QMenu::aboutToShow, this, [this, header, exact] {
     header->setEnabled(line_.headerdiffers());
     exact->setEnabled(pair_.remark.exact.has_value());
@@ -135,7 +135,7 @@ void StripNotes::tellempty() {
   const auto boxes = lineboxes(strip_);
   const auto drawn = emptylines(chart_.document(), values_.pressure.lenient());
   for (std::size_t kind = 0; kind < boxes.size(); ++kind) {
-    boxes[kind]->setPlaceholderText(drawn[kind] ? tr("line 0") : tr("no line"));
+    boxes[kind]->setPlaceholderText(drawn[kind] ? QStringLiteral("line 0") : QStringLiteral("no line"));
   }
 }
 

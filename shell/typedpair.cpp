@@ -38,7 +38,7 @@ QString TypedPair::words() const {
   for (const Side& side : *replaced_) {
     if (!side.value.isEmpty()) values.append(side.value);
   }
-  return tr("The boxes held %1: put it back").arg(values.join(tr(" and ")));
+  return QStringLiteral("The boxes held %1: put it back").arg(values.join(QStringLiteral(" and ")));
 }
 
 bool TypedPair::eventFilter(QObject* watched, QEvent* event) {

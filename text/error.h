@@ -22,6 +22,7 @@ enum class ErrorCode {
   tooLarge,     ///< a file or text beyond the limit for its kind
   notOpened,    ///< a file that cannot be opened, or is not a regular file
   notWritten,   ///< a file that was not written to its end
+  readerGone,   ///< nobody reads any more what is written
   unsupported,  ///< understood, but not available here
 };
 

@@ -243,6 +243,11 @@ std::string numbertext(double number) {
   return text;
 }
 
+double roundedTo(double number, int decimals) {
+  const double parts = power(decimals);
+  return std::round(number * parts) / parts;
+}
+
 double fifteendigits(double number) {
   if (!hasvalue(number)) return novalue;
   const Decimal decimal = decimalof(std::abs(number));

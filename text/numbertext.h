@@ -31,11 +31,13 @@ std::string showvalue(double number);
 
 /// So many decimals with a zero before the point, rounded like those of `showvalue`: "0.2386". Empty for no value.
 std::string fixeddecimals(double number, int decimals);
-inline std::string fourdecimals(double number) { return fixeddecimals(number, 4); }
 
 /// Appends a number with up to fifteen decimals of its 15-digit text, rounded half away from zero; never a negative
 /// zero. `zero`, nothing or "0", stands before the point when the magnitude is below 1. Nothing for no value.
 void appendfixed(std::string& out, double number, int decimals, std::string_view zero);
+
+/// The number rounded to so many decimals, up to fifteen, halves away from zero, as far as a double can be.
+double roundedTo(double number, int decimals);
 
 /// The number that its text of 15 significant digits is; no value for no value.
 double fifteendigits(double number);

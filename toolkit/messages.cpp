@@ -12,8 +12,8 @@ namespace {
 QMessageBox::StandardButton ask(QWidget* parent, const QString& title, const QString& text, QMessageBox::Icon icon,
                                 QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, title, text, buttons, parent);
-  if (QAbstractButton* save = box.button(QMessageBox::Save)) save->setText(QMessageBox::tr("&Save"));
-  if (QAbstractButton* discard = box.button(QMessageBox::Discard)) discard->setText(QMessageBox::tr("&Discard"));
+  if (QAbstractButton* save = box.button(QMessageBox::Save)) save->setText(QStringLiteral("&Save"));
+  if (QAbstractButton* discard = box.button(QMessageBox::Discard)) discard->setText(QStringLiteral("&Discard"));
   box.setTextFormat(Qt::PlainText);  // a file name may hold what looks like markup
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }

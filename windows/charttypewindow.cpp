@@ -25,7 +25,7 @@ ChartTypeWindow::ChartTypeWindow() : Dialog(nullptr, QStringLiteral("Form6"), QS
   grid->setSpacing(16);
   ControlMaker make(*this);
   auto* group = make.add<QGroupBox>(*grid, frame);
-  group->setTitle(tr("Choose type of initial chart"));
+  group->setTitle(QStringLiteral("Choose type of initial chart"));
   auto* options = new QGridLayout(group);
   options->setContentsMargins(24, 16, 24, 16);
   options->setSpacing(12);

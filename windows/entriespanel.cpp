@@ -17,7 +17,8 @@ constexpr int rowspacing = 6;  // logical pixels
 
 }  // namespace
 
-EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), main), table_(new QTableView) {
+EntriesPanel::EntriesPanel(QWidget* main)
+    : QDockWidget(QStringLiteral("Points and lines"), main), table_(new QTableView) {
   setObjectName(QStringLiteral("entries"));
   table_->setModel(&model_);
   table_->setAccessibleName(windowTitle());
@@ -45,12 +46,12 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
     connect(action, &QAction::changed, button, [action, button] { button->setEnabled(action->isEnabled()); });
     return action;
   };
-  command(tr("&Copy"), QKeySequence::Copy, [this] { copy(); });
-  command(tr("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
-  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(model_.rows(), chosenrows()); });
-  exact_ = command(tr("Ta&ke exact states"), {}, [this] { Q_EMIT exactchosen(selectedentries()); });
+  command(QStringLiteral("&Copy"), QKeySequence::Copy, [this] { copy(); });
+  command(QStringLiteral("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
+  command(QStringLiteral("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(model_.rows(), chosenrows()); });
+  exact_ = command(QStringLiteral("Ta&ke exact states"), {}, [this] { Q_EMIT exactchosen(selectedentries()); });
   exact_->setToolTip(
-      tr("Put the exact states in place of those that miss a given value: of the rows selected, or all"));
+      QStringLiteral("Put the exact states in place of those that miss a given value: of the rows selected, or all"));
   buttons->addStretch();
   setWidget(panel);
   connect(&model_, &EntriesModel::renamed, this, &EntriesPanel::renamed, Qt::QueuedConnection);

@@ -240,9 +240,9 @@ QLayout* MixingWindow::makebuttons(ControlMaker& maker) {
 
 QLayout* MixingWindow::makelastbutton() {
   auto* row = new QHBoxLayout;
-  auto* button = new QPushButton(tr("&Last problem"), this);
+  auto* button = new QPushButton(QStringLiteral("&Last problem"), this);
   button->setObjectName(QStringLiteral("lastproblem"));
-  button->setToolTip(tr("Fill in what was typed when this window was last left"));
+  button->setToolTip(QStringLiteral("Fill in what was typed when this window was last left"));
   button->setAutoDefault(false);
   button->setEnabled(last_.has_value());
   pressbyreturn(*button);
@@ -302,9 +302,9 @@ void MixingWindow::shownotes() {
   }
   const bool offers = remark.exact.has_value();
   const QString keys = QKeySequence(exactMixtureKeys).toString(QKeySequence::NativeText);
-  mixtureline_->tell(QString::fromStdString(remark.words),
-                     exact || remark.words.empty() ? BoxMark::none : BoxMark::note, offers,
-                     offers ? tr("Click to have the exact state in the column (%1).").arg(keys) : QString());
+  mixtureline_->tell(
+      QString::fromStdString(remark.words), exact || remark.words.empty() ? BoxMark::none : BoxMark::note, offers,
+      offers ? QStringLiteral("Click to have the exact state in the column (%1).").arg(keys) : QString());
 }
 
 /// Until an input changes.

@@ -84,9 +84,9 @@ void ReadingLayer::changeEvent(QEvent* event) {
 void ReadingLayer::measure() {
   const QFontMetrics metrics = fontMetrics();
   captionwidth_ = unitwidth_ = 0;
-  for (const ReadingRow& row : readingrows) {
-    captionwidth_ = std::max(captionwidth_, metrics.horizontalAdvance(QString::fromUtf8(row.caption)));
-    unitwidth_ = std::max(unitwidth_, metrics.horizontalAdvance(QString::fromUtf8(row.unit)));
+  for (const Property& property : heldProperties) {
+    captionwidth_ = std::max(captionwidth_, metrics.horizontalAdvance(QString::fromUtf8(property.shortCaption)));
+    unitwidth_ = std::max(unitwidth_, metrics.horizontalAdvance(QString::fromUtf8(property.unit)));
   }
   valuewidth_ = metrics.horizontalAdvance(QStringLiteral("0.0000000"));
   rowheight_ = metrics.height();
@@ -118,8 +118,8 @@ void ReadingLayer::layout() {
   if (reading.state) {
     curves_ = {polygonof(wetbulbcurve(box.limits, atm, *reading.state), box),
                polygonof(humiditycurve(box.limits, atm, *reading.state), box)};
-    for (const ReadingRow& row : readingrows) {
-      values_.push_back(QString::fromStdString(readingtext(row, *reading.state)));
+    for (const PropertyKind kind : shownOrder) {
+      values_.push_back(QString::fromStdString(readingtext(kind, *reading.state)));
     }
   }
   for (std::size_t i = 0; i < curves_.size(); ++i) dashes_[i] = dashesof(curves_[i], curvestyles[i], plot_);
@@ -146,7 +146,7 @@ void ReadingLayer::maketags() {
 /// Beside the place, above it to the left unless there is no room: there the chart has least to show.
 void ReadingLayer::layoutpanel(QPoint spot) {
   const QFontMetrics metrics = fontMetrics();
-  const QString reason = QString::fromUtf8(shown_->reading.reason);
+  const QString reason = QString::fromUtf8(wordsOf(shown_->reading.reason));
   int width = captionwidth_ + valuewidth_ + unitwidth_ + 2 * columngap;
   int rows = static_cast<int>(values_.size());
   if (values_.empty()) {
@@ -239,16 +239,17 @@ QPixmap ReadingLayer::plate() const {
     write(padding, shown_->title);
     line += rowheight_;
   }
-  if (values_.empty()) write(padding, QString::fromUtf8(shown_->reading.reason));
+  if (values_.empty()) write(padding, QString::fromUtf8(wordsOf(shown_->reading.reason)));
   for (std::size_t i = 0; i < values_.size(); ++i, line += rowheight_) {
-    write(padding, QString::fromUtf8(readingrows[i].caption));
-    write(padding + captionwidth_ + valuewidth_ + 2 * columngap, QString::fromUtf8(readingrows[i].unit));
+    const Property& property = propertyOf(shownOrder[i]);
+    write(padding, QString::fromUtf8(property.shortCaption));
+    write(padding + captionwidth_ + valuewidth_ + 2 * columngap, QString::fromUtf8(property.unit));
   }
   return plate;
 }
 
 void ReadingLayer::drawpanel(QPainter& painter) {
-  const QString heading = shown_->title + QLatin1Char('\n') + QString::fromUtf8(shown_->reading.reason);
+  const QString heading = shown_->title + QLatin1Char('\n') + QString::fromUtf8(wordsOf(shown_->reading.reason));
   const double ratio = devicePixelRatio();
   if (plate_.isNull() || plateof_ != heading || plate_.devicePixelRatio() != ratio) {
     plate_ = plate();

@@ -21,23 +21,28 @@ constexpr ReportLabel labels[] = {
     {{"Label15", reporttitle, "", {1, 0, 1, 2}, 16}},
     {{"Label20", "", "", {2, 0}, 21}, &PointReport::pressurecaption},
     {{"Label21", "", "", {2, 1}, 22}, &PointReport::pressure},
-    {{"Label1", reportrows[0].caption, "", {3, 0}, 0}},
-    {{"Label7", "", "", {3, 1}, 6}, reportrows[0].text},
-    {{"Label2", reportrows[1].caption, "", {4, 0}, 1}},
-    {{"Label8", "", "", {4, 1}, 7}, reportrows[1].text},
-    {{"Label3", reportrows[2].caption, "", {5, 0}, 2}},
-    {{"Label9", "", "", {5, 1}, 8}, reportrows[2].text},
-    {{"Label4", reportrows[3].caption, "", {6, 0}, 3}},
-    {{"Label10", "", "", {6, 1}, 9}, reportrows[3].text},
-    {{"Label5", reportrows[4].caption, "", {7, 0}, 4}},
-    {{"Label11", "", "", {7, 1}, 10}, reportrows[4].text},
-    {{"Label6", reportrows[5].caption, "", {8, 0}, 5}},
-    {{"Label12", "", "", {8, 1}, 11}, reportrows[5].text},
-    {{"Label14", reportrows[6].caption, "", {9, 0}, 13}},
-    {{"Label13", "", "", {9, 1}, 12}, reportrows[6].text},
-    {{"Label18", reportrows[7].caption, "", {10, 0}, 19}},
-    {{"Label19", "", "", {10, 1}, 20}, reportrows[7].text},
 };
+
+/// Layout names and tab places of a property's caption and of its value.
+struct PropertyLabels {
+  const char* caption;
+  int captiontab;
+  const char* value;
+  int valuetab;
+};
+
+/// In the order in which properties are shown.
+constexpr std::array<PropertyLabels, shownOrder.size()> propertylabels = {{
+    {"Label1", 0, "Label7", 6},
+    {"Label2", 1, "Label8", 7},
+    {"Label3", 2, "Label9", 8},
+    {"Label4", 3, "Label10", 9},
+    {"Label5", 4, "Label11", 10},
+    {"Label6", 5, "Label12", 11},
+    {"Label14", 13, "Label13", 12},
+    {"Label18", 19, "Label19", 20},
+}};
+constexpr int firstproperty = 3;  // row of the grid
 
 constexpr QSize usualsize{498, 517};
 constexpr int columngap = 24;
@@ -66,6 +71,15 @@ ReportWindow::ReportWindow(QWidget* main, PointReport report)
   ControlMaker maker(*this);
   auto* rows = new QGridLayout;
   for (const ReportLabel& row : labels) makelabel(maker, *rows, row, report_);
+  for (std::size_t i = 0; i < shownOrder.size(); ++i) {
+    const auto& [caption, captiontab, value, valuetab] = propertylabels[i];
+    const Property& property = propertyOf(shownOrder[i]);
+    const int row = firstproperty + static_cast<int>(i);
+    maker.add<QLabel>(*rows, {caption, property.caption, "", {row, 0}, captiontab});
+    auto* label = maker.add<QLabel>(*rows, {value, "", "", {row, 1}, valuetab});
+    label->setText(QString::fromStdString(report_.*property.text));
+    makereadout(*label);
+  }
   rows->setColumnStretch(1, 1);
   rows->setHorizontalSpacing(columngap);
   auto* buttons = new QGridLayout;

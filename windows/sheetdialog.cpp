@@ -76,7 +76,7 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
       shownpage_(new QSpinBox),
       fault_(new QLabel) {
   setObjectName(QStringLiteral("exportsheet"));
-  setWindowTitle(tr("Export sheet"));
+  setWindowTitle(QStringLiteral("Export sheet"));
   auto* columns = new QHBoxLayout(this);
   auto* left = new QVBoxLayout;
   auto* right = new QVBoxLayout;
@@ -94,16 +94,16 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
   left->addWidget(fault_);
   left->addStretch();
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-  accept_ = buttons->addButton(tr("&Export..."), QDialogButtonBox::AcceptRole);
+  accept_ = buttons->addButton(QStringLiteral("&Export..."), QDialogButtonBox::AcceptRole);
   accept_->setObjectName(QStringLiteral("export"));
   left->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  preview_->setAccessibleName(tr("Preview"));
+  preview_->setAccessibleName(QStringLiteral("Preview"));
   right->addWidget(preview_, 1);
-  shownpage_->setPrefix(tr("Page "));
+  shownpage_->setPrefix(QStringLiteral("Page "));
   shownpage_->setMinimum(1);
-  shownpage_->setAccessibleName(tr("Page shown"));
+  shownpage_->setAccessibleName(QStringLiteral("Page shown"));
   right->addWidget(shownpage_, 0, Qt::AlignHCenter);
   connect(shownpage_, &QSpinBox::valueChanged, this,
           [this](int page) { preview_->showpage(static_cast<std::size_t>(page) - 1); });
@@ -126,32 +126,32 @@ void SheetDialog::makelook(QFormLayout& form) {
   };
   QStringList pages;
   for (const NamedPage& page : namedpages) pages.append(QString::fromUtf8(page.text));
-  page_ = list(tr("&Page"), pages << tr("Other size"));
+  page_ = list(QStringLiteral("&Page"), pages << QStringLiteral("Other size"));
   size_ = new QLineEdit;
-  size_->setPlaceholderText(tr("11x8.5in or 1200x800"));
-  form.addRow(tr("&Size"), size_);
+  size_->setPlaceholderText(QStringLiteral("11x8.5in or 1200x800"));
+  form.addRow(QStringLiteral("&Size"), size_);
   connect(size_, &QLineEdit::textChanged, this, &SheetDialog::follow);
-  orientation_ = list(tr("&Orientation"), {tr("Landscape"), tr("Portrait")});
-  colors_ = list(tr("&Colors"), {tr("Color"), tr("Grey"), tr("Dark")});
+  orientation_ = list(QStringLiteral("&Orientation"), {QStringLiteral("Landscape"), QStringLiteral("Portrait")});
+  colors_ = list(QStringLiteral("&Colors"), {QStringLiteral("Color"), QStringLiteral("Grey"), QStringLiteral("Dark")});
   letters_ = new QDoubleSpinBox;
   letters_->setRange(leastletters * pointsperpixel - 0.25, mostletters * pointsperpixel);
   letters_->setSingleStep(0.5);
   letters_->setDecimals(1);
-  letters_->setSuffix(tr(" pt"));
-  letters_->setSpecialValueText(tr("As suits the page"));
-  form.addRow(tr("&Font size"), letters_);
+  letters_->setSuffix(QStringLiteral(" pt"));
+  letters_->setSpecialValueText(QStringLiteral("As suits the page"));
+  form.addRow(QStringLiteral("&Font size"), letters_);
   connect(letters_, &QDoubleSpinBox::valueChanged, this, &SheetDialog::follow);
-  labels_ = list(tr("Point &labels"), {tr("Names"), tr("Numbers")});
+  labels_ = list(QStringLiteral("Point &labels"), {QStringLiteral("Names"), QStringLiteral("Numbers")});
   const auto mark = [&](const QString& caption) {
     auto* box = new QCheckBox(caption);
     form.addRow(box);
     connect(box, &QCheckBox::toggled, this, &SheetDialog::follow);
     return box;
   };
-  enthalpylines_ = mark(tr("E&nthalpy lines"));
-  protractor_ = mark(tr("P&rotractor of sensible heat ratio"));
-  table_ = mark(tr("&Table of states"));
-  titleblock_ = mark(tr("Title &block"));
+  enthalpylines_ = mark(QStringLiteral("E&nthalpy lines"));
+  protractor_ = mark(QStringLiteral("P&rotractor of sensible heat ratio"));
+  table_ = mark(QStringLiteral("&Table of states"));
+  titleblock_ = mark(QStringLiteral("Title &block"));
 }
 
 void SheetDialog::maketexts(QFormLayout& form) {
@@ -161,10 +161,10 @@ void SheetDialog::maketexts(QFormLayout& form) {
     connect(box, &QLineEdit::textChanged, this, &SheetDialog::follow);
     return box;
   };
-  title_ = line(tr("T&itle"));
-  project_ = line(tr("Pro&ject"));
-  drawnby_ = line(tr("Drawn b&y"));
-  date_ = line(tr("&Date"));
+  title_ = line(QStringLiteral("T&itle"));
+  project_ = line(QStringLiteral("Pro&ject"));
+  drawnby_ = line(QStringLiteral("Drawn b&y"));
+  date_ = line(QStringLiteral("&Date"));
 }
 
 void SheetDialog::show(const SheetOptions& options) {
@@ -221,14 +221,14 @@ void SheetDialog::follow() {
   orientation_->setEnabled(!other);
   const auto read = this->read();
   accept_->setEnabled(read.has_value());
-  fault_->setText(read ? QString() : tr("A size is %1.").arg(QString::fromStdString(sizeinwords())));
+  fault_->setText(read ? QString() : QStringLiteral("A size is %1.").arg(QString::fromStdString(sizeinwords())));
   if (!read) return;
   options_ = *read;
   SheetDrawing sheet = layoutsheet(content_, options_, extents_);
   const int pages = static_cast<int>(sheet.pages.size());
   preview_->show(std::move(sheet));
   shownpage_->setMaximum(pages);
-  shownpage_->setSuffix(tr(" of %1").arg(pages));
+  shownpage_->setSuffix(QStringLiteral(" of %1").arg(pages));
   shownpage_->setEnabled(pages > 1);
 }
 

@@ -10,18 +10,18 @@ TitleBlockDialog::TitleBlockDialog(QWidget* parent, const TitleBlock& begin)
     : QDialog(parent), title_(new QLineEdit), project_(new QLineEdit), drawnby_(new QLineEdit) {
   constexpr int width = 420;  // logical pixels
   setObjectName(QStringLiteral("titleblock"));
-  setWindowTitle(tr("Title block"));
+  setWindowTitle(QStringLiteral("Title block"));
   auto* form = new QFormLayout(this);
   const auto row = [&](const QString& caption, QLineEdit* box, const char* name, const std::string& text) {
     box->setObjectName(QLatin1String(name));
     box->setText(QString::fromStdString(text));
     form->addRow(caption, box);
   };
-  row(tr("T&itle"), title_, "title", begin.title);
-  row(tr("Pro&ject"), project_, "project", begin.project);
-  row(tr("Drawn b&y"), drawnby_, "drawnby", begin.drawnby);
+  row(QStringLiteral("T&itle"), title_, "title", begin.title);
+  row(QStringLiteral("Pro&ject"), project_, "project", begin.project);
+  row(QStringLiteral("Drawn b&y"), drawnby_, "drawnby", begin.drawnby);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-  QPushButton* print = buttons->addButton(tr("&Print..."), QDialogButtonBox::AcceptRole);
+  QPushButton* print = buttons->addButton(QStringLiteral("&Print..."), QDialogButtonBox::AcceptRole);
   form->addRow(buttons);
   print->setDefault(true);  // now that it is in the dialog
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -66,7 +66,7 @@ TEST(Reading, SaysTheStateOrWhyThereIsNone) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     const Reading reading = readingat(row.limits, row.atm, row.place);
-    EXPECT_NE(reading.state.has_value(), reading.reason != nullptr);
+    EXPECT_NE(reading.state.has_value(), reading.reason != NoReading::none);
     if (row.spoken != nullptr) {
       EXPECT_EQ(spokenreading(reading), row.spoken);
     }

@@ -149,7 +149,7 @@ inline void completenumber(Fields& row) {
                 : way == "lenient"   ? precise(lenientnumber(row[1]))
                 : way == "shown"     ? showvalue(number)
                 : way == "text"      ? numbertext(number)
-                : way == "four"      ? fourdecimals(number)
+                : way == "four"      ? fixeddecimals(number, 4)
                 : way == "seven"     ? written(appendsevendecimals, number)
                 : way == "roundtrip" ? written(appendroundtrip, number)
                                      : printednumber(number));

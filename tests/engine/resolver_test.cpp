@@ -46,6 +46,16 @@ TEST(Kinds, AreCountedFromTheTopOfTheirList) {
   EXPECT_EQ(kindat(6), v);
   EXPECT_EQ(kindat(-1), std::nullopt);
   EXPECT_EQ(kindat(kindcount), std::nullopt);
+  EXPECT_EQ(kindnamed("pv"), std::nullopt) << "it can fix no state";
+  EXPECT_EQ(keysOfKinds(), "db wb rh w h dp v");
+}
+
+TEST(Properties, AreHeldByAStateOrWorkedOut) {
+  Property property = propertyOf(h);
+  const StatePoint state{.db = 75, .h = 28};
+  EXPECT_EQ(valueOf(property, state, 29), 28);
+  property.workedOut = [](const StatePoint& point, double atm) { return point.db + atm; };
+  EXPECT_EQ(valueOf(property, state, 29), 104);
 }
 
 }  // namespace

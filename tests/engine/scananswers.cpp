@@ -95,8 +95,7 @@ Found polished(const Square& square, const Square& region, const Query& query) {
   const auto faroff = [&] {
     double worst = 0;
     for (std::size_t i = 0; i < 2; ++i) {
-      const double error =
-          off(i, point.drybulb, point.wetbulb) / visible[static_cast<std::size_t>(query.given[i].kind)];
+      const double error = off(i, point.drybulb, point.wetbulb) / propertyOf(query.given[i].kind).visible;
       worst = error == error ? std::max(worst, std::abs(error)) : std::numeric_limits<double>::infinity();
     }
     return worst;

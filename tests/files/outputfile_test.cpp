@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <functional>
 #include <thread>
 
@@ -39,6 +40,8 @@ private:
   uid_t former_;
 };
 
+Error notopened(int number) { return {ErrorCode::notOpened, {}, std::strerror(number)}; }
+
 class OutputFileTest : public testing::Test {
 protected:
   void SetUp() override { fs::permissions(place.path, fs::perms(0755)); }
@@ -66,7 +69,7 @@ TEST_F(OutputFileTest, LinksStayAndWhatTheyLeadToIsWritten) {
     SCOPED_TRACE(row.name);
     fs::create_symlink(row.leadsto, target);
     fs::create_symlink(target, folder / "second");
-    EXPECT_FALSE(writefile(folder / "second", "new"));
+    EXPECT_TRUE(writefile(folder / "second", "new"));
     EXPECT_EQ(bytesof(folder / row.written), "new");
     EXPECT_TRUE(fs::is_symlink(target) && fs::is_symlink(folder / "second"));
     fs::remove(target);
@@ -82,35 +85,36 @@ TEST_F(OutputFileTest, WhatCannotBeWrittenIsToldBeforehand) {
   const struct {
     const char* name;
     fs::path path;
-    int error;
+    Error error;
   } rows[] = {
-      {"no name", "", ENOENT},
-      {"no such folder", folder / "nowhere" / "a", ENOENT},
-      {"a file for a folder", folder / "file" / "a", ENOTDIR},
-      {"a folder", folder, EISDIR},
-      {"a folder that is not there", folder / "new" / "", EISDIR},
-      {"a loop of links", folder / "loop", ELOOP},
-      {"a link to nothing", folder / "dangling", ENOENT},
-      {"a FIFO that nobody reads", folder / "fifo", ENXIO},
-      {"too long", folder / std::string(300, 'x'), ENAMETOOLONG},
+      {"no name", "", notopened(ENOENT)},
+      {"no such folder", folder / "nowhere" / "a", notopened(ENOENT)},
+      {"a file for a folder", folder / "file" / "a", notopened(ENOTDIR)},
+      {"a folder", folder, notopened(EISDIR)},
+      {"a folder that is not there", folder / "new" / "", notopened(EISDIR)},
+      {"a loop of links", folder / "loop", notopened(ELOOP)},
+      {"a link to nothing",
+       folder / "dangling",
+       {ErrorCode::notOpened, {}, "It is a link to a file that does not exist"}},
+      {"a FIFO that nobody reads", folder / "fifo", notopened(ENXIO)},
+      {"too long", folder / std::string(300, 'x'), notopened(ENAMETOOLONG)},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const auto failure = writefile(row.path, "new");
-    ASSERT_TRUE(failure);
-    EXPECT_EQ(failure->error, row.error);
-    EXPECT_FALSE(failure->opened);
+    const Outcome written = writefile(row.path, "new");
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error(), row.error);
   }
   EXPECT_EQ(namesin(folder), (std::vector<std::string>{"dangling", "fifo", "file", "loop"}));
 }
 
 TEST_F(OutputFileTest, PermissionsStay) {
   const mode_t mask = ::umask(027);
-  EXPECT_FALSE(writefile(target, "new"));
+  EXPECT_TRUE(writefile(target, "new"));
   ::umask(mask);
   EXPECT_EQ(modeof(target), 0640U) << "those of a new file are the user's affair";
   fs::permissions(target, fs::perms(0604));
-  EXPECT_FALSE(writefile(target, "newer"));
+  EXPECT_TRUE(writefile(target, "newer"));
   EXPECT_EQ(modeof(target), 0604U);
 }
 
@@ -126,10 +130,10 @@ TEST_F(OutputFileTest, AUsersFileInAFolderThatIsClosed) {
   fs::permissions(shut, fs::perms(0555));
   {
     const OrdinaryUser user;
-    EXPECT_FALSE(writefile(shut / "open", "new"));
-    EXPECT_EQ(writefile(shut / "shut", "new")->error, EACCES);
-    EXPECT_EQ(writefile(shut / "absent", "new")->error, EACCES);
-    EXPECT_EQ(writefile(target, "new")->error, EACCES) << "protected, though its folder may be open";
+    EXPECT_TRUE(writefile(shut / "open", "new"));
+    EXPECT_EQ(writefile(shut / "shut", "new").error(), notopened(EACCES));
+    EXPECT_EQ(writefile(shut / "absent", "new").error(), notopened(EACCES));
+    EXPECT_EQ(writefile(target, "new").error(), notopened(EACCES)) << "protected, though its folder may be open";
   }
   EXPECT_EQ(bytesof(shut / "open"), "new");
   EXPECT_EQ(namesin(shut), (std::vector<std::string>{"open", "shut"}));
@@ -152,9 +156,9 @@ TEST_F(OutputFileTest, CopyingOverFailsWithoutMixingOldAndNew) {
         make(shut / "file", old);
         const OrdinaryUser user;
         faults::failfrom(call, n, 1);
-        const auto failure = writefile(shut / "file", fresh);
+        const Outcome written = writefile(shut / "file", fresh);
         faults::failfrom("", 0);
-        failed = failure.has_value();
+        failed = !written;
         const std::string left = bytesof(shut / "file");
         EXPECT_TRUE(left == fresh || (failed && left == old)) << left.size() << " bytes are there";
         ASSERT_LT(n, 20);
@@ -192,10 +196,10 @@ TEST_F(OutputFileTest, TheKernelDecidesWhichLinksAreFollowed) {
   make(folder / "else", "else");
   fs::create_symlink("else", target);
   faults::failfrom("follow", 1);  // as another user's link in a shared folder, where links are protected
-  const auto failure = writefile(target, "new");
+  const Outcome written = writefile(target, "new");
   faults::failfrom("", 0);
-  ASSERT_TRUE(failure);
-  EXPECT_EQ(failure->error, EACCES);
+  ASSERT_FALSE(written);
+  EXPECT_EQ(written.error(), notopened(EACCES));
   EXPECT_EQ(bytesof(folder / "else"), "else");
 }
 
@@ -229,10 +233,8 @@ TEST_F(OutputFileTest, WhatIsNoFileIsWrittenInto) {
   EXPECT_EQ(read, "through");
   EXPECT_TRUE(fs::is_fifo(target));
   fs::create_symlink("/dev/full", folder / "device");
-  const auto failure = writefile(folder / "device", "x");
-  ASSERT_TRUE(failure);
-  EXPECT_TRUE(failure->opened);
-  EXPECT_EQ(failure->reason(), "No space left on device");
+  const Error full{ErrorCode::notWritten, {}, "No space left on device"};
+  EXPECT_EQ(writefile(folder / "device", "x").error(), full);
 }
 
 TEST_F(OutputFileTest, ADescriptorByItsNameGoesOnWhereItStands) {
@@ -240,13 +242,13 @@ TEST_F(OutputFileTest, ADescriptorByItsNameGoesOnWhereItStands) {
   OutputFile before = OutputFile::through(descriptor.number());
   EXPECT_TRUE(before.write("a") && before.commit());
   fs::create_symlink("/dev/fd/" + std::to_string(descriptor.number()), folder / "name");
-  EXPECT_FALSE(writefile(folder / "name", "b"));
+  EXPECT_TRUE(writefile(folder / "name", "b"));
   EXPECT_EQ(bytesof(target), "ab");
 }
 
 TEST_F(OutputFileTest, NamesThatAreNoTextStayTwo) {
-  EXPECT_FALSE(writefile(folder / "a\xFF", "1"));
-  EXPECT_FALSE(writefile(folder / "a\xFE", "2"));
+  EXPECT_TRUE(writefile(folder / "a\xFF", "1"));
+  EXPECT_TRUE(writefile(folder / "a\xFE", "2"));
   EXPECT_EQ(namesin(folder), (std::vector<std::string>{"a\xFE", "a\xFF"}));
   EXPECT_EQ(bytesof(folder / "a\xFF"), "1");
 }

@@ -26,18 +26,18 @@ void checkchanges(const Document& document, const std::string& text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const ReadDocument read = readdocument(fuzz::textof(data, size));
-  if (!read.document) {
-    checkfault(read.fault);
+  const auto read = readdocument(fuzz::textof(data, size));
+  if (!read) {
+    checkfault(read.error().text());
     return 0;
   }
-  const std::string text = filetext(*read.document);
+  const std::string text = filetext(read->document);
   must(isutf8(text));
-  const ReadDocument again = readdocument(text);
-  must(again.document.has_value() && again.document->entries == read.document->entries);
+  const auto again = readdocument(text);
+  must(again && again->document.entries == read->document.entries);
   must(filetext(*again.document) == text);
-  must(readdocument(recoverytext(*read.document, read.file)).file == read.file);
-  tabletext(tablerows(*read.document), ',');
-  checkchanges(*read.document, text);
+  must(readdocument(recoverytext(read->document, read->file))->file == read->file);
+  tabletext(tablerows(read->document), ',');
+  checkchanges(read->document, text);
   return 0;
 }

@@ -99,14 +99,14 @@ TEST_F(SessionLogTest, IsForTheUserAlone) {
 TEST_F(SessionLogTest, TooLargeALogIsNotShown) {
   ASSERT_TRUE(log.newlog());
   fs::resize_file(first, largestshown + 1);
-  EXPECT_EQ(log.read().fault, "It is larger than 8 MB, the limit.");
+  EXPECT_EQ(log.read().error().words, "It is larger than 8 MB, the limit.");
 }
 
 TEST_F(SessionLogTest, BlocksFollowEachOtherInOneByteACharacter) {
   ASSERT_TRUE(log.newlog());
   for (int i = 0; i < 2; ++i) ASSERT_TRUE(log.append({"K\u00FChler \u20AC", "a\r\nb"}));
   EXPECT_EQ(bytesof(log.path()), "\r\nK\xFChler ?\r\na  b\r\nK\xFChler ?\r\na  b\r\n");
-  EXPECT_EQ(log.read().bytes, "\r\nK\u00FChler ?\r\na  b\r\nK\u00FChler ?\r\na  b\r\n");
+  EXPECT_EQ(*log.read(), "\r\nK\u00FChler ?\r\na  b\r\nK\u00FChler ?\r\na  b\r\n");
   ASSERT_TRUE(log.newlog());
   EXPECT_EQ(bytesof(log.path()), "\r\n") << "an earlier run's log is emptied";
 }
@@ -114,7 +114,7 @@ TEST_F(SessionLogTest, BlocksFollowEachOtherInOneByteACharacter) {
 TEST_F(SessionLogTest, AVanishedLogIsMadeAnewWithoutTheEmptyLine) {
   ASSERT_TRUE(log.newlog());
   fs::remove(log.path());
-  EXPECT_EQ(log.read().fault, "It is gone.");
+  EXPECT_EQ(log.read().error().words, "It is gone.");
   EXPECT_FALSE(log.copyto(folder / "copy.txt"));
   EXPECT_FALSE(fs::exists(folder / "copy.txt"));
   ASSERT_TRUE(log.append({"a"}));
@@ -176,7 +176,7 @@ TEST_F(SessionLogTest, WithoutAPlaceAllFailsQuietly) {
   SessionLog bad(LogPlaces{{folder / "nowhere"}, folder / "nowhere" / "sessions"});
   EXPECT_FALSE(bad.newlog());
   EXPECT_FALSE(bad.append({"a"}));
-  EXPECT_EQ(bad.read().fault, "It is gone.");
+  EXPECT_EQ(bad.read().error().words, "It is gone.");
   EXPECT_FALSE(bad.copyto(folder / "copy.txt"));
   EXPECT_TRUE(bad.end());
   ASSERT_TRUE(log.newlog());
@@ -289,8 +289,8 @@ TEST(LogPlacesTest, FollowTheUserAndThePlaceOfTheProgram) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    ::setenv("HOME", home.c_str(), 1);
-    row.variable == nullptr ? ::unsetenv("XDG_STATE_HOME") : ::setenv("XDG_STATE_HOME", row.variable, 1);
+    const Environment atHome("HOME", home.c_str());
+    const Environment state("XDG_STATE_HOME", row.variable);
     const LogPlaces places = logplaces(row.program);
     EXPECT_EQ(places.folders, row.folders);
     EXPECT_EQ(places.sessions, row.folders.back() / "sessions");

@@ -15,10 +15,10 @@ void expectsame(const Desk& desk) {
   const Document& document = desk.document();
   EXPECT_EQ(drawingof(document, window), desk.canvas.drawing());
   const std::string text = filetext(document);
-  const ReadDocument read = readdocument(text);
-  ASSERT_TRUE(read.document) << read.fault << "\n" << text;
-  EXPECT_EQ(drawingof(*read.document, window), desk.canvas.drawing());
-  EXPECT_EQ(filetext(*read.document), text);
+  const auto read = readdocument(text);
+  ASSERT_TRUE(read) << read.error().text() << "\n" << text;
+  EXPECT_EQ(drawingof(read->document, window), desk.canvas.drawing());
+  EXPECT_EQ(filetext(read->document), text);
 }
 
 using Step = std::function<bool(Desk&)>;
@@ -191,7 +191,7 @@ TEST(ChartCommands, AnOpenedDocumentTakesThePlaceOfAll) {
   first.point("75", "62.5", "A");
   Desk second;
   second.draw();
-  second.commands.open(*readdocument(filetext(first.document())).document, window);
+  second.commands.open(readdocument(filetext(first.document()))->document, window);
   expectsame(second);
   EXPECT_EQ(second.canvas.drawing(), first.canvas.drawing());
   EXPECT_EQ(second.values.pressure.text(), first.values.pressure.text());
@@ -320,7 +320,7 @@ TEST(PreviousChart, StaysInTheDocumentUntilItIsTakenOverDeletedOrReplaced) {
     expectsame(desk);
     const std::string text = filetext(desk.document());
     EXPECT_EQ(text.find("\"format\": 3") == 2, !desk.document().previous.empty());
-    EXPECT_EQ(readdocument(text).document->previous, desk.document().previous);
+    EXPECT_EQ(readdocument(text)->document.previous, desk.document().previous);
     while (!desk.commands.history().undoname().empty()) desk.commands.undo(window);
     EXPECT_TRUE(desk.document().previous.empty());
   }

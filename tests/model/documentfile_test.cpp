@@ -121,13 +121,13 @@ TEST(DocumentFile, IsReadByAPerson) {
 }
 
 TEST(DocumentFile, DamageIsToldWithItsPlaceAndItsReason) {
-  ASSERT_TRUE(readdocument(sample()).document) << readdocument(sample()).fault;
+  ASSERT_TRUE(readdocument(sample()));
   for (const Damage& damage : damages) {
     SCOPED_TRACE(damage.name);
-    const ReadDocument read = readdocument(replaced(sample(), damage.old, damage.with));
-    EXPECT_FALSE(read.document);
-    EXPECT_EQ(read.fault.substr(0, std::string_view(damage.fault).size()), damage.fault);
-    EXPECT_LT(read.fault.size(), 200U) << "it has to fit into a message";
+    const auto read = readdocument(replaced(sample(), damage.old, damage.with));
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.error().text().substr(0, std::string_view(damage.fault).size()), damage.fault);
+    EXPECT_LT(read.error().text().size(), 200U) << "it has to fit into a message";
   }
 }
 
@@ -135,13 +135,13 @@ TEST(DocumentFile, RubbishIsNoDocument) {
   const std::string deep(100000, '['), longkey = "{\"format\":1,\"" + std::string(100000, 'k') + "\":1,\"pressure\":1}";
   for (const std::string& text : {std::string(), std::string("\0\0", 2), std::string("null"), std::string("[]"), deep,
                                   longkey, std::string("{\"format\":1}"), sample() + "x"}) {
-    const ReadDocument read = readdocument(text);
-    EXPECT_FALSE(read.document);
-    EXPECT_FALSE(read.fault.empty());
-    EXPECT_LT(read.fault.size(), 200U);
+    const auto read = readdocument(text);
+    ASSERT_FALSE(read);
+    EXPECT_FALSE(read.error().text().empty());
+    EXPECT_LT(read.error().text().size(), 200U);
   }
   for (std::size_t size = 0; size + 1 < sample().size(); ++size) {
-    EXPECT_FALSE(readdocument(sample().substr(0, size)).document) << "cut off at " << size;
+    EXPECT_FALSE(readdocument(sample().substr(0, size))) << "cut off at " << size;
   }
 }
 
@@ -153,7 +153,7 @@ TEST(DocumentFile, APointTooDryForSevenDecimalsIsReadAgain) {
   shown.rh = 1e-7;
   const PairInput input{PropertyKind::db, PropertyKind::rh, ".0000001", ".0000001"};
   ASSERT_TRUE(desk.commands.markpoint(input, shown, desk.lists, "", window));
-  EXPECT_TRUE(readdocument(filetext(desk.document())).document) << readdocument(filetext(desk.document())).fault;
+  EXPECT_TRUE(readdocument(filetext(desk.document())));
 }
 
 TEST(DocumentFile, WhatThePressureWindowLeavesBehindIsReadAgain) {
@@ -176,18 +176,18 @@ TEST(DocumentFile, WhatThePressureWindowLeavesBehindIsReadAgain) {
     desk.draw();
     desk.lookatpressure();
     desk.rhline("40");
-    const ReadDocument read = readdocument(filetext(desk.document()));
-    ASSERT_TRUE(read.document) << read.fault;
-    EXPECT_EQ(filetext(*read.document), filetext(desk.document()));
+    const auto read = readdocument(filetext(desk.document()));
+    ASSERT_TRUE(read) << read.error().text();
+    EXPECT_EQ(filetext(read->document), filetext(desk.document()));
   }
 }
 
 TEST(DocumentFile, UnsavedWorkKnowsWhereItBelongs) {
-  const Document document = *readdocument(sample()).document;
+  const Document document = readdocument(sample())->document;
   for (const std::string path : {"", "/home/a/b \"c\".moistair", "/home/\xff\x01.moistair"}) {
-    const ReadDocument read = readdocument(recoverytext(document, path));
-    ASSERT_TRUE(read.document) << read.fault;
-    EXPECT_EQ(read.file, path);
-    EXPECT_EQ(filetext(*read.document), sample());
+    const auto read = readdocument(recoverytext(document, path));
+    ASSERT_TRUE(read) << read.error().text();
+    EXPECT_EQ(read->file, path);
+    EXPECT_EQ(filetext(read->document), sample());
   }
 }

@@ -10,17 +10,17 @@ using namespace moistair;
 TEST(LocatePoint, RefusalsInTheirOrder) {
   using enum PropertyKind;
   constexpr auto nokind = std::nullopt;
-  constexpr const char* samekind = "Two parameters must be diffrent";
-  constexpr const char* wwithdp = "combination of Humidity ration and dew point not feasible";
-  constexpr const char* blank = "None of the two data input boxes can not be blank for locating point";
-  constexpr const char* nochart = "First draw axis as per latest chart limits";
-  constexpr const char* nopoint =
+  constexpr std::string_view samekind = "Two parameters must be diffrent";
+  constexpr std::string_view wwithdp = "combination of Humidity ration and dew point not feasible";
+  constexpr std::string_view blank = "None of the two data input boxes can not be blank for locating point";
+  constexpr std::string_view nochart = "First draw axis as per latest chart limits";
+  constexpr std::string_view nopoint =
       "The point as per input parameters are either out of chart limits or the such point is not feasible";
   const struct {
     const char* name;
     PairInput input;
     bool chartstands;
-    const char* message;
+    std::string_view message;
   } rows[] = {
       {"one kind twice, boxes empty, no chart", {db, db, "", ""}, false, samekind},
       {"no kind twice", {nokind, nokind, "75", "62.5"}, true, samekind},
@@ -37,10 +37,10 @@ TEST(LocatePoint, RefusalsInTheirOrder) {
     bool asked = false;
     const auto chartstands = [&] { return asked = true, row.chartstands; };
     const Location location = locatepoint(row.input, chartstands, 24.8961078, openrangefinders(), fields);
-    EXPECT_STREQ(location.refusal ? location.refusal->text : "", row.message);
+    EXPECT_EQ(location.refusal ? location.refusal->text : "", row.message);
     EXPECT_EQ(location.refusal && location.refusal->withcancel, row.message == nochart);
     const bool inputrule = row.message == samekind || row.message == wwithdp || row.message == blank;
     EXPECT_EQ(asked, !inputrule) << "the chart is asked for behind the input rules";
-    EXPECT_NEAR(location.resolution.point.h, *row.message == '\0' ? 30.8876764 : location.resolution.point.h, 5e-8);
+    EXPECT_NEAR(location.resolution.point.h, row.message.empty() ? 30.8876764 : location.resolution.point.h, 5e-8);
   }
 }

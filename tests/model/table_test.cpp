@@ -57,9 +57,9 @@ TEST(Table, NamesWhatAStateMisses) {
   EXPECT_EQ(celltext(rows[1], 3), "43.1289323");
   EXPECT_EQ(celltext(rows[1], missedColumn), "");
   const std::string text = filetext(desk.document());
-  const ReadDocument read = readdocument(text);
-  ASSERT_TRUE(read.document) << read.fault;
-  EXPECT_EQ(read.document->entries, desk.document().entries) << "it stays exact in a file";
+  const auto read = readdocument(text);
+  ASSERT_TRUE(read) << read.error().text();
+  EXPECT_EQ(read->document.entries, desk.document().entries) << "it stays exact in a file";
   const Again again =
       moistair::again({LeftOut{desk.document().entries[1], {}}}, desk.document().entries[0].setting, window);
   ASSERT_EQ(again.entries.size(), 1U);

@@ -4,9 +4,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,24 @@ struct TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
   fs::path path;
+};
+
+/// A variable of the environment that is another one, or none, while this lives.
+class Environment {
+public:
+  Environment(const char* name, const char* value) : name_(name) {
+    if (const char* before = std::getenv(name)) before_ = before;
+    set(value);
+  }
+  ~Environment() { set(before_ ? before_->c_str() : nullptr); }
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+
+private:
+  void set(const char* value) const { value == nullptr ? ::unsetenv(name_) : ::setenv(name_, value, 1); }
+
+  const char* name_;
+  std::optional<std::string> before_;
 };
 
 inline std::string bytesof(const fs::path& path) {

@@ -62,7 +62,7 @@ void compare(double magnitude) {
     ++tried;
     const std::string text = plaintext(number);
     if (showvalue(number) == (number == -1 ? "" : plainfixed(number, 7, "")) &&
-        fourdecimals(number) == plainfixed(number, 4, "0") && numbertext(number) == text &&
+        fixeddecimals(number, 4) == plainfixed(number, 4, "0") && numbertext(number) == text &&
         fifteendigits(number) == plainread(text) && strictnumber(printed(number)) == number) {
       continue;
     }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "text/numberformat.h"
 #include "text/value.h"
 
 using namespace moistair;
@@ -11,7 +12,7 @@ namespace {
 
 TEST(Numbers, WithoutAValueAreShownAsNothing) {
   for (const double number : {novalue, 1 / 0.0}) {
-    for (const auto show : {showvalue, numbertext, fourdecimals}) EXPECT_EQ(show(number), "");
+    for (const auto show : {showvalue, numbertext, tableValue}) EXPECT_EQ(show(number), "");
   }
 }
 

@@ -272,7 +272,8 @@ struct Pointed : Program {
 
   /// What who cannot see the chart is told.
   std::string told() {
-    QTest::qWait(200);
+    const auto* telling = graph.findChild<QTimer*>(QStringLiteral("telling"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !telling->isActive(); }));
     return graph.accessibleDescription().toStdString();
   }
   std::string boxes() { return text(window, "Text4") + "|" + text(window, "Text5"); }

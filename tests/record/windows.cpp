@@ -222,7 +222,9 @@ void recordreading(const std::filesystem::path& folder) {
     session.stopped.running = false;
     QStringList texts = {QString::fromUtf8(abovesaturation), QString::fromUtf8(outsidelimits),
                          QStringLiteral("Point A")};
-    for (const ReadingRow& row : readingrows) texts << QString::fromUtf8(row.caption) << QString::fromUtf8(row.unit);
+    for (const PropertyKind kind : shownOrder) {
+      texts << QString::fromUtf8(propertyOf(kind).shortCaption) << QString::fromUtf8(propertyOf(kind).unit);
+    }
     for (const QString& word : told.split(QRegularExpression(QStringLiteral("[ ,:]+")))) {
       if (!word.isEmpty() && (word[0].isDigit() || word[0] == u'-' || word[0] == u'.')) texts << word;
     }

@@ -1,9 +1,7 @@
 #include "advice/remark.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
-#include <utility>
 #include <vector>
 
 #include "text/numbertext.h"
@@ -17,6 +15,7 @@ namespace {
 constexpr std::array<int, kindcount> decimals = {2, 2, 2, 5, 2, 2, 3};
 
 constexpr const char* thisstatehas = "this state has ";
+constexpr const char* themixturehas = "the mixed stream has ";
 constexpr const char* exactly = "exact: ";
 constexpr const char* another = "another state has both values: ";
 constexpr const char* nonehasboth = "no state has both values: ";
@@ -29,24 +28,14 @@ std::string told(PropertyKind kind, double value) {
   return std::string(propertyname(kind)) + ' ' + fixeddecimals(value, decimals[static_cast<std::size_t>(kind)]);
 }
 
-std::string told(const std::vector<StatePoint>& states) {
+/// "dew point 28.72 for the 27.65 given", or "wet bulb 59.97 for 60.02" in a mixture, for each value.
+std::string missedWords(const std::vector<Miss>& values, bool mixture) {
   std::string text;
-  for (const StatePoint& state : states) {
-    if (!text.empty()) text += ", or ";
-    text += told(PropertyKind::db, state.db) + ", " + told(PropertyKind::wb, state.wb);
-  }
-  return text;
-}
-
-/// "dew point 28.72 for the 27.65 given", for each value that is visibly missed.
-std::string misses(std::array<Given, 2> pair, const StatePoint& found, double atm) {
-  std::string text;
-  for (const Given& given : pair) {
-    const double off = residual(given, found, atm);
-    if (!canbeseen(given.kind, off)) continue;
+  for (const Miss& miss : values) {
+    const int digits = decimals[static_cast<std::size_t>(miss.kind)];
     if (!text.empty()) text += " and ";
-    text += hasvalue(off) ? told(given.kind, given.value + off) : std::string("no ") + propertyname(given.kind);
-    text += " for the " + numbertext(given.value) + " given";
+    text += hasvalue(miss.found) ? told(miss.kind, miss.found) : std::string("no ") + propertyname(miss.kind);
+    text += mixture ? " for " + fixeddecimals(miss.wanted, digits) : " for the " + numbertext(miss.wanted) + " given";
   }
   return text;
 }
@@ -73,28 +62,52 @@ Bulbs bulbsof(const StatePoint& state, double atm) {
 
 }  // namespace
 
+std::string stateWords(const std::vector<StatePoint>& states) {
+  std::string text;
+  for (const StatePoint& state : states) {
+    if (!text.empty()) text += ", or ";
+    text += told(PropertyKind::db, state.db) + ", " + told(PropertyKind::wb, state.wb);
+  }
+  return text;
+}
+
+Remark remarkOn(const Missed& missed, double atm, bool mixture) {
+  if (!missed.any()) return {};
+  const std::string words = (mixture ? themixturehas : thisstatehas) + missedWords(missed.values, mixture) + "; ";
+  const std::vector<StatePoint>& states = missed.exact.states;
+  if (states.empty()) return {words + nonehasboth + whynone(missed.exact), {}};
+  return {words + exactly + stateWords(states), bulbsof(states.front(), atm)};
+}
+
+std::string severalExact(const ExactChoice& choice) {
+  const std::vector<StatePoint>& states = choice.all.states;
+  if (!choice.state || states.size() < 2) return {};
+  return std::to_string(states.size()) +
+         " states have both values; taken is the one nearest to the search: " + stateWords({states.front()}) +
+         "; not taken: " + stateWords({states.begin() + 1, states.end()});
+}
+
+std::string noExact(const ExactChoice& choice) {
+  const std::vector<StatePoint>& states = choice.all.states;
+  if (states.empty()) return nonehasboth + whynone(choice.all);
+  return std::to_string(states.size()) +
+         " states have both values and the search found none to choose by: " + stateWords(states);
+}
+
 Remark remarkon(Given first, Given second, double atm, const Resolution& resolution, bool chartstands) {
-  const Answers found = answers(first, second, atm);
-  if (found.reason == NoAnswer::nopair) return {};
-  const StatePoint& point = resolution.point;
-  std::vector<StatePoint> states = found.states;
+  const ExactChoice exact = exactChoice({first, second}, atm, resolution);
+  if (exact.all.reason == NoAnswer::nopair) return {};
+  std::vector<StatePoint> states = exact.all.states;
   if (!resolution.resolved()) {
     const std::string why = unfound(first, second, resolution, chartstands);
-    if (!states.empty()) return {why + "; " + exactly + told(states), bulbsof(states.front(), atm)};
-    return {resolution.reason == Unresolved::givenvalue ? why : nonefound + whynone(found), {}};
+    if (!states.empty()) return {why + "; " + exactly + stateWords(states), bulbsof(states.front(), atm)};
+    return {resolution.reason == Unresolved::givenvalue ? why : nonefound + whynone(exact.all), {}};
   }
-  const auto away = [&](const StatePoint& state) { return std::hypot(state.db - point.db, state.wb - point.wb); };
-  std::sort(states.begin(), states.end(),
-            [&](const StatePoint& one, const StatePoint& other) { return away(one) < away(other); });
-  std::string words = misses({first, second}, point, atm);
-  if (!words.empty()) {
-    words = thisstatehas + words + "; ";
-    if (states.empty()) return {words + nonehasboth + whynone(found), {}};
-    return {words + exactly + told(states), bulbsof(states.front(), atm)};
-  }
+  const Missed missed{missedBy({first, second}, resolution.point, atm), exact.all};
+  if (missed.any()) return remarkOn(missed, atm);
   if (states.size() < 2) return {};
   states.erase(states.begin());
-  return {another + told(states), bulbsof(states.front(), atm)};
+  return {another + stateWords(states), bulbsof(states.front(), atm)};
 }
 
 Remark remarkon(const PairInput& input, double atm, const Resolution& resolution, bool chartstands) {

@@ -10,8 +10,7 @@
 #include <string>
 
 #include "advice/refusalwords.h"
-#include "engine/answers.h"
-#include "engine/resolver.h"
+#include "engine/exact.h"
 #include "model/locate.h"
 
 namespace moistair {
@@ -26,6 +25,19 @@ struct Remark {
   std::string words;           ///< one line without a full stop; empty if there is nothing to say
   std::optional<Bulbs> exact;  ///< of the answer that the words name first
 };
+
+/// What a state visibly misses and the exact states in its place; nothing if it misses nothing.
+/// @param mixture whether it is the mixed stream, whose values nobody has given
+Remark remarkOn(const Missed& missed, double atm, bool mixture = false);
+
+/// That the nearest of several exact states was chosen, and what the others are; empty if there is no other.
+std::string severalExact(const ExactChoice& choice);
+
+/// Why an `ExactChoice` has no state: why no state has both values, or which ones have.
+std::string noExact(const ExactChoice& choice);
+
+/// "dry bulb 40.00, wet bulb 31.64, or dry bulb 40.00, wet bulb 32.10"
+std::string stateWords(const std::vector<StatePoint>& states);
 
 /// What there is to say of a pair:
 /// - of a state that visibly misses a given value: what it has for it, and the exact answers, the nearest first

@@ -5,6 +5,7 @@
 /// the vector files, the printer and the tests all replay this one list, so they cannot differ from each other.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 #include <variant>
@@ -13,6 +14,9 @@
 #include "chart/canvas.h"
 
 namespace moistair {
+
+/// The kinds of picture that a drawing can be written to, by the ending of the file's name: vector files first.
+inline constexpr std::array<const char*, 4> pictureendings = {".svg", ".pdf", ".png", ".bmp"};
 
 struct LineOperation {
   float x1, y1, x2, y2;

@@ -124,6 +124,29 @@ Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std
   return {read, {}};
 }
 
+std::optional<std::size_t> targetAt(const Place& place, const std::vector<Place>& targets) {
+  const auto on = [&](const Place& target) {
+    return std::abs(target.db - place.db) < 0.5 / degreeparts && std::abs(target.w - place.w) < 0.5 / ratioparts;
+  };
+  const auto last = std::find_if(targets.rbegin(), targets.rend(), on);
+  if (last == targets.rend()) return std::nullopt;
+  return static_cast<std::size_t>(targets.rend() - last) - 1;
+}
+
+Place caughtBy(const std::vector<Place>& targets, const Place& place, bool tenths) {
+  const double step = tenths ? 0.1 : 1;
+  Place caught = place;
+  double least = 0.5;  // of a step, in either direction
+  for (const Place& target : targets) {
+    const double away = std::max(std::abs(target.db - place.db), std::abs(target.w - place.w) / keyratio) / step;
+    if (away <= least) {
+      least = away;
+      caught = target;
+    }
+  }
+  return caught;
+}
+
 Place stepped(const ChartLimits& limits, Place place, int degrees, int ratios, bool tenths) {
   const double part = tenths ? 0.1 : 1;
   const Place next = readplace({place.db + degrees * part, place.w + ratios * keyratio * part});

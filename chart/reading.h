@@ -72,6 +72,13 @@ Pointing pointedat(const PlotBox& box, double atm, double x, double y, const std
 /// The target that is nearest to (x, y), within a few pixels.
 std::optional<std::size_t> nearesttarget(const PlotBox& box, double x, double y, const std::vector<Place>& targets);
 
+/// The target that a place is on, as near as a place can be read.
+std::optional<std::size_t> targetAt(const Place& place, const std::vector<Place>& targets);
+
+/// Where a step by keys that leads to a place ends: at the nearest target within half a step, which the steps would
+/// else pass by, or at the place itself.
+Place caughtBy(const std::vector<Place>& targets, const Place& place, bool tenths);
+
 /// A step of the cross hair by keys: so many degrees or 0.0005s, or tenths of these; never beyond the limits.
 Place stepped(const ChartLimits& limits, Place place, int degrees, int ratios, bool tenths);
 

@@ -2,7 +2,6 @@
 /// `moistair-cli batch in.csv -o out.csv`: a state for every row of a table, of any length and in constant memory.
 #include <CLI/CLI.hpp>
 #include <cctype>
-#include <iostream>
 #include <memory>
 #include <string>
 
@@ -12,6 +11,7 @@
 #include "cli/limitsoption.h"
 #include "cli/stream.h"
 #include "cli/tablerun.h"
+#include "cli/warning.h"
 
 namespace moistair {
 
@@ -25,6 +25,7 @@ struct BatchOptions {
   std::string delimiter = ",";
   bool full = false;
   bool check = false;
+  ExactOptions exact;
   std::string jobs = "1";
 };
 
@@ -42,11 +43,24 @@ char delimiterof(const std::string& text) {
 }
 
 /// What a user should know of a table that is read all the same.
-void warn(const BatchColumns& columns, const std::string& name) {
+void warnOfColumns(const BatchColumns& columns, const std::string& name) {
   if (columns.takennames.empty()) return;
   std::string names;
   for (const std::string& taken : columns.takennames) names += (names.empty() ? "" : ", ") + taken;
-  std::cerr << "moistair-cli: warning: " << name << " has columns of the result already: " << names << std::endl;
+  warn(name + " has columns of the result already: " + names);
+}
+
+/// What a user should know of the rows that have a state.
+void warnOfStates(const RowCounts& counts, bool strict) {
+  if (counts.missed > 0 && !strict) {
+    warn(countOf(counts.missed, counts.rows) +
+         " have the status \"missed\": their state misses a given value (--check says by how much, --exact takes the "
+         "exact state)");
+  }
+  if (counts.nearest > 0) {
+    warn(countOf(counts.nearest, counts.rows) +
+         " have the status \"nearest\": of several exact states theirs is the one nearest to the search");
+  }
 }
 
 void runbatch(const BatchOptions& options) {
@@ -63,12 +77,16 @@ void runbatch(const BatchOptions& options) {
                        .atm = atm,
                        .finders = &finders,
                        .full = options.full,
-                       .check = options.check};
+                       .check = options.check,
+                       .exact = options.exact.exact,
+                       .strict = options.exact.strict};
   Output output(options.output, &input);
-  warn(plan.columns, input.name());
+  warnOfColumns(plan.columns, input.name());
   output.write(headerline(header, plan));
-  table.run(
+  const RowCounts counts = table.run(
       plan.columns.selection.columns, [&](const std::string& block) { return resolverows(block, plan); }, output, jobs);
+  warnOfStates(counts, plan.strict);
+  checkRows(counts, plan.strict ? "their state misses a given value" : "");
 }
 
 }  // namespace
@@ -87,6 +105,8 @@ void addbatchcommand(CLI::App& app) {
   command->add_flag("--full", options->full, "write numbers in full instead of with seven decimals");
   command->add_flag("--check", options->check,
                     "add how far the state misses the given values, and the number of exact answers");
+  addexact(*command, options->exact);
+  addstrict(*command, options->exact);
   command->add_option("--jobs", options->jobs, "threads to work on, 1 to 256; 1 if not given")->type_name("N");
   command->callback([options] { runbatch(*options); });
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <variant>
 
-#include "advice/refusalwords.h"
+#include "advice/remark.h"
 #include "cli/check.h"
 #include "cli/fault.h"
 #include "cli/properties.h"
@@ -74,11 +74,33 @@ void appendstate(std::string& out, const StatePoint& point, const BatchPlan& pla
   }
 }
 
-/// The reason why a row has no state, empty if it has one.
+constexpr const char* missedRow = "missed";
+constexpr const char* nearestRow = "nearest";
+
+/// A row that gives a pair.
+RowOutcome judgedRow(std::string& out, const PairOfGiven& pair, double atm, Resolution resolution,
+                     const BatchPlan& plan) {
+  RowOutcome row;
+  if (plan.exact) {
+    const ExactChoice choice = exactChoice(pair, atm, resolution);
+    if (!choice.state) return failedRow(noExact(choice));
+    resolution = resolutionOf(*choice.state);
+    row.nearest = choice.all.states.size() > 1;
+    if (row.nearest) row.status = nearestRow;
+  } else if (!resolution.resolved()) {
+    return failedRow(whynot(pair, atm, resolution));
+  } else if (!missedBy(pair, resolution.point, atm).empty()) {
+    row = {missedRow, plan.strict, true};
+  }
+  if (!row.failed) appendstate(out, resolution.point, plan);
+  return row;
+}
+
+/// Appends a row and its state.
 /// @param check the cells of a check, if there is to be one and the row gives a pair
-std::string appendrow(std::string& out, RowCells& cells, const BatchPlan& plan, std::string& check) {
+RowOutcome appendrow(std::string& out, RowCells& cells, const BatchPlan& plan, std::string& check) {
   RowOrReason row = givenrow(cells, plan);
-  if (auto* reason = std::get_if<std::string>(&row)) return std::move(*reason);
+  if (auto* reason = std::get_if<std::string>(&row)) return failedRow(std::move(*reason));
   const auto& [pair, atm] = std::get<GivenRow>(row);
   const Resolution resolution = resolve(pair, atm, *plan.finders);
   if (plan.check) {
@@ -86,9 +108,7 @@ std::string appendrow(std::string& out, RowCells& cells, const BatchPlan& plan, 
     appendcells(check, checkof(pair, atm, resolution), plan.full ? appendroundtrip : appendsevendecimals,
                 plan.delimiter);
   }
-  if (!resolution.resolved()) return whynot(resolution);
-  appendstate(out, resolution.point, plan);
-  return {};
+  return judgedRow(out, {pair.first, pair.second}, atm, resolution, plan);
 }
 
 }  // namespace

@@ -36,6 +36,8 @@ struct BatchPlan {
   const RangeFinders* finders = nullptr;  ///< never changed, used from several threads
   bool full = false;                      ///< round-trip numbers instead of seven decimals
   bool check = false;                     ///< whether the residuals and the number of answers stand behind
+  bool exact = false;                     ///< exact states in place of those of the search
+  bool strict = false;                    ///< whether a row whose state misses a given value fails
 };
 
 /// Finds the columns in the first record of a file. Bad usage for names that stand twice, for fewer than two properties
@@ -47,7 +49,9 @@ BatchColumns columnsof(const CsvRecord& header, const std::string& filename, cha
 std::string headerline(const CsvRecord& header, const BatchPlan& plan);
 
 /// Resolves a block of whole records. Blank lines are left out. A row that fails has an empty state and its reason in
-/// place of "ok"; one with too few fields is filled up and one with too many is cut, so that the columns stay columns.
+/// place of "ok"; one whose state visibly misses a given value has "missed" there, and "nearest" stands for the exact
+/// state that is nearest to the search's, where there are several. A row that fails because of `strict` is missed, and
+/// has no state. One with too few fields is filled up and one with too many is cut, so that the columns stay columns.
 BatchResult resolverows(std::string_view block, const BatchPlan& plan);
 
 }  // namespace moistair

@@ -67,8 +67,9 @@ void runchart(const CLI::App& command, const ChartOptions& options) {
   const WindowSize window = windowof(size);
   ChartDocument begun = begundocument(options.document);
   RecordingCanvas canvas;
+  constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
   // What paints is loaded meanwhile: that takes about as long as to trace the chart.
-  auto drawn = std::async(std::launch::async, [&] { return drawfitting(begun.document, canvas, window); });
+  auto drawn = std::async(either, [&] { return drawfitting(begun.document, canvas, window); });
   const OutputFormat format = formatof(options.output);
   const double scale = scaleof(options.scale, format.picture && format.picture->pixels, size.width, size.height);
   completedocument(begun, drawn.get(), canvas, window, command, options.document);

@@ -3,15 +3,17 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
-#include <iostream>
 #include <map>
 #include <utility>
 #include <vector>
 
+#include "advice/remark.h"
 #include "cli/fault.h"
 #include "cli/picture.h"
 #include "cli/properties.h"
 #include "model/documentfile.h"
+#include "model/exactentry.h"
+#include "model/table.h"
 
 namespace moistair {
 
@@ -27,12 +29,18 @@ Document newchart(const ChartDocumentOptions& options) {
   return document;
 }
 
+std::string contentof(Input& input) {
+  std::string content = input.content(largestdocument);
+  if (content.size() > largestdocument) throw failure(input.name() + ": the document is larger than 64 MB, the limit");
+  return content;
+}
+
 /// A document from a file, on the limits and with the type that the options ask for.
 Document opened(Input& input, const ChartDocumentOptions& options) {
   for (const CLI::Option* pressure : options.pressure.options) {
     if (pressure->count() > 0) throw badusage(pressure->get_name() + ": a document stands for its own pressure");
   }
-  ReadDocument read = readdocument(input.content());
+  ReadDocument read = readdocument(contentof(input));
   if (!read.document) throw failure(input.name() + ": " + read.fault);
   Document& document = *read.document;
   for (const CLI::Option* option : {options.limits.option, options.typeoption}) {
@@ -44,6 +52,8 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
   for (Entry& entry : document.entries) {
     auto* chart = std::get_if<DrawnChart>(&entry.content);
     if (chart != nullptr && options.typeoption->count() > 0) chart->type = options.type;
+    auto exact = options.exact.exact ? exactEntry(entry) : std::nullopt;
+    if (exact) entry = std::move(*exact);
   }
   return std::move(document);
 }
@@ -52,6 +62,15 @@ Document opened(Input& input, const ChartDocumentOptions& options) {
 void tell(const std::vector<LeftOut>& leftout, const Input& input) {
   for (const LeftOut& left : leftout) {
     say(input.name() + ": " + captionof(left.entry) + ": " + left.reason);
+  }
+}
+
+/// Warns of all states that visibly miss something.
+void judge(const Document& document, const ExactOptions& options) {
+  for (const TableRow& row : tablerows(document)) {
+    if (!row.note.empty()) continue;  // not on this chart
+    const std::string name = row.kind + (row.identification.empty() ? "" : " ") + row.identification;
+    warnOrFail(name, remarkOn(row.missed, row.pressure, row.mixture).words, options);
   }
 }
 
@@ -66,7 +85,7 @@ void addentries(Document& document, ChartCanvas& canvas, WindowSize window, cons
     try {
       const Entry* chart = lastchart(document);
       if (chart == nullptr) throw failure("there is no chart to add it to");
-      Entry entry = kind.make(chart->setting, window, value);
+      Entry entry = kind.make(chart->setting, window, value, options.exact);
       if (const char* message = draw(entry, canvas, window)) {
         throw failure(kind.outside != nullptr ? kind.outside : message);
       }
@@ -101,6 +120,7 @@ void completedocument(ChartDocument& begun, const std::vector<LeftOut>& leftout,
                       const CLI::App& command, const ChartDocumentOptions& options) {
   addentries(begun.document, canvas, window, command, options);
   if (begun.input) tell(leftout, *begun.input);
+  judge(begun.document, options.exact);
 }
 
 void addchartdocument(CLI::App& command, ChartDocumentOptions& options) {
@@ -117,6 +137,8 @@ void addchartdocument(CLI::App& command, ChartDocumentOptions& options) {
     options.entries[option] = &entry;
   }
   addpressure(command, options.pressure);
+  addexact(command, options.exact);
+  addstrict(command, options.exact);
 }
 
 PictureSize pixelsof(const std::string& text) {

@@ -10,6 +10,7 @@
 #include "cli/limitsoption.h"
 #include "cli/pressureoption.h"
 #include "cli/stream.h"
+#include "cli/warning.h"
 #include "model/document.h"
 
 namespace moistair {
@@ -21,10 +22,11 @@ struct ChartDocumentOptions {
   CLI::Option* typeoption = nullptr;
   LimitsOption limits;
   PressureOption pressure;
+  ExactOptions exact;
   std::map<const CLI::Option*, const EntryOption*> entries;
 };
 
-/// Adds --from, --type, --limits, what can be added to a chart, and the pressure.
+/// Adds --from, --type, --limits, what can be added to a chart, the pressure, --exact and --strict.
 void addchartdocument(CLI::App& command, ChartDocumentOptions& options);
 
 /// A document and the file that it was read from, if it was.
@@ -36,8 +38,8 @@ struct ChartDocument {
 /// A new chart, or what a file holds, on the limits and with the type that the options ask for.
 ChartDocument begundocument(const ChartDocumentOptions& options);
 
-/// Adds what was asked for beyond that, in the order of the command line, draws it over what is there, and tells of
-/// what the limits have left out.
+/// Adds what was asked for beyond that, in the order of the command line, draws it over what is there, tells of what
+/// the limits have left out, and warns of states that visibly miss something; a failure if that is to be one.
 void completedocument(ChartDocument& begun, const std::vector<LeftOut>& leftout, ChartCanvas& canvas, WindowSize window,
                       const CLI::App& command, const ChartDocumentOptions& options);
 

@@ -17,7 +17,7 @@ namespace moistair {
 namespace {
 
 template <LineKind kind>
-Entry lineentry(const Setting& setting, WindowSize, const std::string& value) {
+Entry lineentry(const Setting& setting, WindowSize, const std::string& value, const ExactOptions&) {
   numberof(value, "value");
   return {setting, PropertyLine{kind, value}};
 }
@@ -33,22 +33,43 @@ std::string takeidentification(std::vector<TypedValue>& assignments) {
   return text;
 }
 
-Entry pointentry(const Setting& setting, WindowSize window, const std::string& value) {
-  std::vector<TypedValue> assignments = assignmentsof(value);
+/// Takes the word "exact" out of the parts of a point.
+bool takeExact(std::string& value) {
+  std::string rest;
+  bool exact = false;
+  for (const std::string_view part : splitat(value, ',')) {
+    if (lowercase(part) == "exact") {
+      exact = true;
+    } else {
+      rest += (rest.empty() ? "" : ",") + std::string(part);
+    }
+  }
+  if (exact) value = rest;
+  return exact;
+}
+
+Entry pointentry(const Setting& setting, WindowSize window, const std::string& value, const ExactOptions& options) {
+  std::string parts = value;
   MarkedPoint point;
+  point.exact = takeExact(parts) || options.exact;
+  std::vector<TypedValue> assignments = assignmentsof(parts);
   point.identification = takeidentification(assignments);
   const GivenPair pair = pairof(assignments);
-  const Resolution resolution = resolve(pair, setting.pressure.atm, findersof(plotarea(setting.limits, window)));
-  if (!resolution.resolved()) throw failure(whynot(resolution));
+  const PairOfGiven given{pair.first, pair.second};
+  const double atm = setting.pressure.atm;
+  Resolution resolution = resolve(pair, atm, findersof(plotarea(setting.limits, window)));
+  if (point.exact) resolution = exactResolution("--point " + value, given, atm, resolution);
+  if (!resolution.resolved()) throw failure(whynot(given, atm, resolution));
   point.given = {{{pair.first.kind, assignments[0].text}, {pair.second.kind, assignments[1].text}}};
   point.state = readreport(fillreport(resolution.point, point.identification, setting.pressure.entry));
   return {setting, point};
 }
 
-Entry mixtureentry(const Setting& setting, WindowSize, const std::string& value) {
+Entry mixtureentry(const Setting& setting, WindowSize, const std::string& value, const ExactOptions& options) {
   const auto streams = splitat(value, ';');
   if (streams.size() != 2) throw badusage("a mixture takes two streams with a semicolon between them");
-  const MixingProblem problem = solvedmixing(std::string(streams[0]), std::string(streams[1]), setting.pressure);
+  const MixingProblem problem =
+      solvedmixing(std::string(streams[0]), std::string(streams[1]), setting.pressure, options.exact);
   return {setting, MixingLine{{problem.streams[0], problem.streams[1], problem.mixed}}};
 }
 
@@ -62,8 +83,8 @@ const std::array<EntryOption, 6> entryoptions = {{
     {"--wb", "DEGF", "line of constant wet bulb", lineentry<LineKind::wetbulb>, lineoutside},
     {"--h", "BTU/LB", "line of constant enthalpy", lineentry<LineKind::enthalpy>, lineoutside},
     {"--v", "CUF/LB", "line of constant specific volume", lineentry<LineKind::specificvolume>, lineoutside},
-    {"--point", "KIND=VALUE,KIND=VALUE,id=TEXT", "a point, with its identification if it has one", pointentry,
-     pointoutside},
+    {"--point", "KIND=VALUE,KIND=VALUE,id=TEXT,exact",
+     "a point, with its identification if it has one; exact as by --exact", pointentry, pointoutside},
     {"--mix", "STREAM;STREAM", "two streams as in the command mix, their mixture and the line between them",
      mixtureentry, nullptr},
 }};

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "chart/chartframe.h"
+#include "cli/warning.h"
 #include "model/document.h"
 
 namespace moistair {
@@ -17,7 +18,7 @@ struct EntryOption {
   const char* description;
   /// The entry for a value as typed. Bad usage for a value that makes no sense, a failure for a point or a mixture that
   /// is none.
-  Entry (*make)(const Setting& setting, WindowSize window, const std::string& value);
+  Entry (*make)(const Setting& setting, WindowSize window, const std::string& value, const ExactOptions& exact);
   const char* outside;  ///< the failure of an entry that draws nothing; null for that of the window
 };
 

@@ -5,9 +5,12 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
+
+#include "cli/fault.h"
 
 namespace moistair {
 
@@ -127,8 +130,13 @@ void runinorder(const BatchSteps& steps, unsigned jobs) {
   {
     std::vector<std::jthread> threads;
     pipeline.reading([&] {
-      threads.emplace_back([&] { pipeline.guarded([&] { pipeline.write(); }); });
-      for (unsigned i = 0; i < jobs; ++i) threads.emplace_back([&] { pipeline.guarded([&] { pipeline.work(); }); });
+      const auto start = [&](auto side) { threads.emplace_back([&, side] { pipeline.guarded(side); }); };
+      try {
+        start([&] { pipeline.write(); });
+        for (unsigned i = 0; i < jobs; ++i) start([&] { pipeline.work(); });
+      } catch (const std::system_error&) {
+        throw failure("the system does not start " + std::to_string(jobs + 1) + " threads; give fewer --jobs");
+      }
       pipeline.read();
     });
   }

@@ -17,6 +17,8 @@ struct BatchResult {
   std::string text;
   std::size_t rows = 0;
   std::size_t failed = 0;
+  std::size_t missed = 0;                ///< rows whose state visibly misses a given value
+  std::size_t nearest = 0;               ///< rows with one of several exact states
   std::optional<std::size_t> openquote;  ///< if the last row has left a quote open: lines behind it that it took in
 };
 

@@ -7,10 +7,14 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "cli/command.h"
 #include "cli/fault.h"
+#include "cli/warning.h"
 
 namespace moistair {
 
@@ -33,13 +37,26 @@ void checkcommand(const CLI::App& app, int argc, char** argv) {
   if (argc < 2 || argv[1][0] == '-') return;
   const auto named = [&](const CLI::App* command) { return command->get_name() == argv[1]; };
   if (!app.get_subcommands(named).empty()) return;
-  throw badusage("\"" + std::string(argv[1]) + "\" is no command (see moistair-cli --help)");
+  throw badusage("unknown command \"" + std::string(argv[1]) + "\" (see moistair-cli --help)");
+}
+
+/// Bad usage for an option in front of the command that takes it.
+void checkplace(const CLI::App& app, int argc, char** argv) {
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    const auto named = std::find(words.begin(), words.end(), command->get_name());
+    for (auto word = words.begin(); named != words.end() && word != named; ++word) {
+      const std::string option = word->substr(0, word->find('='));
+      if (!option.starts_with('-') || command->get_option_no_throw(option) == nullptr) continue;
+      throw badusage(option + " comes after the command: moistair-cli " + command->get_name() + " " + option);
+    }
+  }
 }
 
 /// Bad usage for an option that there is not; the parser would first say which others are missing.
 void checkoptions(const CLI::App& app) {
   for (const std::string& word : app.remaining(true)) {
-    if (word.size() > 1 && word.front() == '-') throw badusage(word + " is no option (see moistair-cli --help)");
+    if (word.size() > 1 && word.front() == '-') throw badusage("unknown option " + word + " (see moistair-cli --help)");
   }
 }
 
@@ -71,6 +88,7 @@ int run(int argc, char** argv) {
   } catch (const CLI::Success& request) {
     return printed(app, request);
   } catch (const CLI::ParseError& error) {
+    checkplace(app, argc, argv);
     checkoptions(app);
     return ended(ExitCode::badusage, std::string(error.what()) + " (see moistair-cli --help)");
   }
@@ -90,7 +108,9 @@ int main(int argc, char** argv) {
     return moistair::run(argc, argv);
   } catch (const moistair::Fault& fault) {
     return moistair::ended(fault.code(), fault.what());
+  } catch (const std::bad_alloc&) {
+    return moistair::ended(moistair::ExitCode::failure, "there is not enough memory");
   } catch (const std::exception& error) {
-    return moistair::ended(moistair::ExitCode::failure, error.what());
+    return moistair::ended(moistair::ExitCode::failure, std::string("cannot go on: ") + error.what());
   }
 }

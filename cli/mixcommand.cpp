@@ -6,10 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "advice/remark.h"
 #include "cli/command.h"
 #include "cli/format.h"
 #include "cli/mixoptions.h"
 #include "cli/stream.h"
+#include "cli/warning.h"
 #include "model/jsonnode.h"
 #include "text/numberformat.h"
 
@@ -20,6 +22,7 @@ namespace {
 struct MixOptions {
   std::array<std::string, 2> streams;
   PressureOption pressure;
+  ExactOptions exact;
   Format format = Format::text;
 };
 
@@ -84,8 +87,21 @@ std::string ascsv(const MixingProblem& problem) {
   return out;
 }
 
+/// Warns of states that visibly miss something.
+void judge(const MixingProblem& problem, const ExactOptions& options) {
+  const double atm = problem.pressure.atm;
+  const auto& [one, two] = problem.streams;
+  for (const AirStream* stream : {&one, &two}) {
+    const Missed missed = judged(*givenOf(*stream), shownState(*stream), atm);
+    warnOrFail(stream == &one ? "stream 1" : "stream 2", remarkOn(missed, atm).words, options);
+  }
+  warnOrFail("", remarkOn(judgedMixture(one, two, problem.mixed, atm), atm, true).words, options);
+}
+
 void runmix(const MixOptions& options) {
-  const MixingProblem problem = solvedmixing(options.streams[0], options.streams[1], pressureof(options.pressure));
+  const MixingProblem problem =
+      solvedmixing(options.streams[0], options.streams[1], pressureof(options.pressure), options.exact.exact);
+  judge(problem, options.exact);
   switch (options.format) {
     case Format::text: writeresult(astable(problem)); break;
     case Format::json: writeresult(asjson(problem)); break;
@@ -106,6 +122,8 @@ void addmixcommand(CLI::App& app) {
         ->type_name("KIND=VALUE,KIND=VALUE,flow=VALUE");
   }
   addpressure(*command, options->pressure);
+  addexact(*command, options->exact);
+  addstrict(*command, options->exact);
   addformat(*command, options->format);
   command->callback([options] { runmix(*options); });
 }

@@ -5,6 +5,7 @@
 
 #include "cli/fault.h"
 #include "cli/properties.h"
+#include "cli/warning.h"
 #include "text/value.h"
 
 namespace moistair {
@@ -32,6 +33,22 @@ void givestream(AirStream& stream, const std::string& text) {
   stream.value2 = assignments[1].text;
 }
 
+/// Resolves a stream, from scratch.
+void resolve(MixingProblem& problem, std::size_t number, bool exact) {
+  AirStream& stream = problem.streams[number];
+  const double atm = problem.pressure.atm;
+  problem.solverfields = {};  // the other stream leaves nothing behind
+  Resolution resolution = resolvestream(problem, number);
+  const PairOfGiven given = *givenOf(stream);
+  if (exact) {
+    exactResolution("stream " + std::to_string(number + 1), given, atm, resolution);
+    stream.exact = true;
+    problem.solverfields = {};
+    resolution = resolvestream(problem, number);
+  }
+  if (!resolution.resolved()) throw failure(whynot(given, atm, resolution));
+}
+
 /// Whether the sums that the mixture follows from can be worked out.
 bool canbesummed(const std::array<AirStream, 2>& streams) {
   const auto flow = [](const AirStream& stream) { return lenientnumber(stream.flow); };
@@ -41,20 +58,20 @@ bool canbesummed(const std::array<AirStream, 2>& streams) {
 
 }  // namespace
 
-MixingProblem solvedmixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure) {
+MixingProblem solvedmixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure,
+                           bool exact) {
   MixingProblem problem;
   problem.pressure = {pressure.atm, pressure.entry};
   for (const std::size_t stream : {std::size_t{0}, std::size_t{1}}) {
     try {
       givestream(problem.streams[stream], stream == 0 ? stream1 : stream2);
-      problem.solverfields = {};  // the other stream leaves nothing behind
-      const Resolution resolution = resolvestream(problem, stream);
-      if (!resolution.resolved()) throw failure(whynot(resolution));
+      resolve(problem, stream, exact);
     } catch (const Fault& fault) {
       throw Fault(fault.code(), "stream " + std::to_string(stream + 1) + ": " + fault.what());
     }
   }
   if (!canbesummed(problem.streams)) throw failure("the flows are too large for a mixture");
+  problem.exactMixture = exact;
   mixstreams(problem);
   if (!problem.savable) throw failure("the flows are too small for a mixture");
   return problem;

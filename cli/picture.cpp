@@ -3,9 +3,11 @@
 #include <dlfcn.h>
 #include <sys/auxv.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "cli/fault.h"
+#include "cli/properties.h"
 
 namespace moistair {
 
@@ -17,16 +19,32 @@ namespace fs = std::filesystem;
 fs::path ownfile() {
   std::error_code none;
   const fs::path own = fs::read_symlink("/proc/self/exe", none);
-  return none ? fs::canonical(reinterpret_cast<const char*>(::getauxval(AT_EXECFN)), none) : own;
+  if (!none) return own;
+  const auto* name = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
+  return name == nullptr ? fs::path() : fs::canonical(name, none);
 }
+
+bool ispicture(std::string_view name) {
+  const std::string lower = lowercase(std::string(name));
+  return std::any_of(pictureendings.begin(), pictureendings.end(),
+                     [&](const char* ending) { return lower.ends_with(ending); });
+}
+
+/// Why the module cannot be loaded. A FIFO in its place would be waited for.
+Fault unloadable(const std::string& reason) { return failure("the part that paints cannot be loaded: " + reason); }
 
 }  // namespace
 
 Painter painterofname(std::string_view name) {
-  const fs::path place = ownfile().parent_path() / MOISTAIR_PAINTER;
+  if (!ispicture(name)) return {};
+  const fs::path folder = ownfile().parent_path();
+  if (!folder.is_absolute()) throw unloadable("the program cannot find its own file");
+  const fs::path place = folder / MOISTAIR_PAINTER;
+  std::error_code ignored;
+  if (!fs::is_regular_file(place, ignored)) throw unloadable(place.lexically_normal().string() + " is not a file");
   void* module = ::dlopen(place.c_str(), RTLD_NOW | RTLD_LOCAL);  // once loaded it stays
   void* function = module == nullptr ? nullptr : ::dlsym(module, painterfunction);
-  if (function == nullptr) throw failure(std::string("the part that paints cannot be loaded: ") + ::dlerror());
+  if (function == nullptr) throw unloadable(::dlerror());
   return reinterpret_cast<PainterFunction>(function)(name);
 }
 

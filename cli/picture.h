@@ -31,11 +31,12 @@ struct Painter {
                        double scale) = nullptr;
 };
 
-/// What the module exports: a painter by the ending of a file's name, one without a format for any other ending.
+/// What the module exports: a painter by the ending of a file's name.
 using PainterFunction = Painter (*)(std::string_view name);
 inline constexpr const char* painterfunction = "moistair_painterofname";
 
-/// Asks the module. A failure if it does not stand beside the tool as it was built or installed.
+/// Asks the module; one without a format for a name of another ending. A failure if the module is not next to the tool
+/// as it was built or installed.
 Painter painterofname(std::string_view name);
 
 }  // namespace moistair

@@ -79,31 +79,12 @@ SystemText readText(const ProcessOptions& options) {
   return std::move(read.text);
 }
 
-/// What cannot be solved forward, step by step.
-std::vector<Error> unsolvable(const SystemText& text, const CompiledSystem& system) {
-  std::vector<Error> errors;
-  const auto atLine = [](int line, const std::string& name) {
-    return (line > 0 ? "line " + std::to_string(line) + ", " : "") + name;
-  };
-  if (!system.tears.empty()) {
-    const ProcessStep& first = text.system.steps[system.tears.front() / 2];
-    errors.push_back({ErrorCode::unsupported, atLine(first.line, first.name),
-                      "the steps go in a circle: " + circleWords(system) + "; begin one of them with air"});
-  }
-  for (const Goal& goal : text.goals) {
-    errors.push_back({ErrorCode::unsupported, atLine(goal.line, "goal " + goal.name),
-                      std::string(nameOf(goal.parameter)) + " is a goal, and steps run forward only; give values"});
-  }
-  return errors;
-}
-
-/// The system with all its names known. What cannot be solved forward is refused.
+/// The system with all its names known.
 CompiledSystem compiled(const SystemText& text, const ProcessOptions& options) {
   Compilation compilation = compile(text.system);
   std::vector<std::string> mistakes;
   addMistakes(mistakes, compilation.errors, nameOfFile(options));
   addMistakes(mistakes, checkGoals(text), nameOfFile(options));
-  if (mistakes.empty()) addMistakes(mistakes, unsolvable(text, compilation.system), nameOfFile(options));
   if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badusage);
   return std::move(compilation.system);
 }
@@ -117,11 +98,35 @@ void checkSolved(const ProcessReport& report, const std::string& file) {
   if (!failures.empty()) refuseAll(failures, ExitCode::failure);
 }
 
+/// What is open in a system, in as many goals as unknowns.
+GoalProblem problemOf(const CompiledSystem& system, const SystemText& text, const ProcessOptions& options) {
+  GoalPreparation preparation = prepare(system, text.goals);
+  std::vector<std::string> mistakes;
+  addMistakes(mistakes, preparation.errors, nameOfFile(options));
+  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badusage);
+  return std::move(preparation.problem);
+}
+
+bool isForward(const CompiledSystem& system, const SystemText& text) {
+  return system.tears.empty() && system.unknowns.empty() && text.goals.empty();
+}
+
+ProcessReport solved(const SystemText& text, const CompiledSystem& system, const Pressure& pressure,
+                     const ProcessOptions& options) {
+  if (isForward(system, text)) return {text.system, system, pressure};
+  const GoalProblem problem = problemOf(system, text, options);
+  GoalAnswer answer = solveGoals(problem, {.atm = pressure.atm});
+  if (!answer.found.empty()) return {text.system, system, pressure, std::move(answer)};
+  std::vector<std::string> failures;
+  addMistakes(failures, answer.errors, nameOfFile(options));
+  refuseAll(failures, ExitCode::failure);
+}
+
 void runOnce(const ProcessOptions& options) {
   const Pressure pressure = pressureof(options.pressure);
   const SystemText text = readText(options);
   const CompiledSystem system = compiled(text, options);
-  const ProcessReport report(text.system, system, pressure);
+  const ProcessReport report = solved(text, system, pressure, options);
   Output output(options.output);
   switch (options.format) {
     case Format::text: output.write(asTable(report)); break;
@@ -146,14 +151,16 @@ void runRows(const ProcessOptions& options) {
   plan.input = inputColumns(header, input.name(), text.system);
   plan.system = compiled(text, options);
   plan.results = resultColumns(options.columns, plan.system);
+  dropGiven(plan.system.unknowns, plan.input);
+  if (!isForward(plan.system, text)) plan.goals = problemOf(plan.system, text, options);
   plan.shape.selection = plan.input.selection;
   plan.shape.lineEnd = header.lineend.starts_with('\r') ? "\r\n" : "\n";
   plan.shape.results = plan.results.size();
   Output output(options.output, &input);
   output.write(headerLine(header, plan));
-  table.run(
+  checkRows(table.run(
       plan.shape.selection.columns + plan.results.size(),
-      [&](const std::string& block) { return processRows(block, plan); }, output, jobs);
+      [&](const std::string& block) { return processRows(block, plan); }, output, jobs));
 }
 
 void runProcess(const ProcessOptions& options) {

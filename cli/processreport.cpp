@@ -57,6 +57,23 @@ ProcessReport::ProcessReport(const AirSystem& written, const CompiledSystem& sys
       solution(solve(system, site)),
       rooms(roomRatiosOf(system, site, solution)) {}
 
+ProcessReport::ProcessReport(const AirSystem& written, const CompiledSystem& system, const Pressure& pressure,
+                             GoalAnswer answer)
+    : written(written),
+      system(system),
+      pressure(pressure),
+      site{.atm = pressure.atm},
+      solution(std::move(answer.found.front().solution)),
+      rooms(roomRatiosOf(system, site, solution)),
+      unknowns(std::move(answer.found.front().unknowns)) {
+  for (std::size_t i = 1; i < answer.found.size(); ++i) others.push_back(std::move(answer.found[i].unknowns));
+}
+
+std::string unknownWords(const UnknownValue& unknown) {
+  const std::string unit = unitOf(rowOf(unknown.parameter).quantity);
+  return unknown.name + ' ' + figure(unknown.value) + (unit.empty() ? "" : ' ' + unit);
+}
+
 Error errorOf(const ProcessReport& report, std::size_t step) {
   const int line = report.written.steps[step].line;
   const Error& error = report.solution.errors[step];
@@ -130,11 +147,19 @@ Json processesJson(const ProcessReport& report) {
   return processes;
 }
 
+Json unknownsJson(const std::vector<UnknownValue>& unknowns) {
+  Json json = Json::object();
+  for (const UnknownValue& unknown : unknowns) json[unknown.name] = jsonValue(unknown.value);
+  return json;
+}
+
 }  // namespace
 
 std::string asJson(const ProcessReport& report) {
   Json json;
   json["pressure"] = jsonnumber(report.pressure.atm);
+  if (!report.unknowns.empty()) json["unknowns"] = unknownsJson(report.unknowns);
+  for (const auto& other : report.others) json["others"].push_back(unknownsJson(other));
   json["states"] = statesJson(report);
   json["processes"] = processesJson(report);
   Json& balances = json["balances"];

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/pressureunits.h"
+#include "process/goalproblem.h"
 #include "process/readout.h"
 #include "process/system.h"
 
@@ -14,6 +15,8 @@ namespace moistair {
 
 struct ProcessReport {
   ProcessReport(const AirSystem& written, const CompiledSystem& system, const Pressure& pressure);
+  /// Of a system with unknowns, goals or loops; at least one solution was found.
+  ProcessReport(const AirSystem& written, const CompiledSystem& system, const Pressure& pressure, GoalAnswer answer);
 
   const AirSystem& written;
   const CompiledSystem& system;
@@ -21,6 +24,8 @@ struct ProcessReport {
   Site site;
   Solution solution;
   std::vector<RoomRatios> rooms;
+  std::vector<UnknownValue> unknowns;             ///< what was solved for
+  std::vector<std::vector<UnknownValue>> others;  ///< the same of each further solution
 };
 
 /// A property or flow of a stream by its name in results.
@@ -72,8 +77,12 @@ std::vector<std::string> remarksOf(const ProcessReport& report, std::size_t step
 /// All of it to read, in lines of 80 characters.
 std::string asTable(const ProcessReport& report);
 
+/// "CC.rh 81.22 %": an unknown with its value, and with its unit where it has one.
+std::string unknownWords(const UnknownValue& unknown);
+
 /// {"pressure":29.92126,"states":[...],"processes":[...],"balances":{...}}; values that do not exist are null. A
-/// balance is the part of its largest term by which it does not close, null if a step has no result.
+/// balance is the part of its largest term by which it does not close, null if a step has no result. A system that was
+/// solved backward has "unknowns" and, where there are further solutions, "others", each by the names of the unknowns.
 std::string asJson(const ProcessReport& report);
 
 /// A row for each stream, with the loads of the step that it leaves.

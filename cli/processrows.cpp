@@ -119,6 +119,14 @@ ResultColumn resultColumn(const std::string& name, const CompiledSystem& system)
 
 }  // namespace
 
+void dropGiven(std::vector<Unknown>& unknowns, const InputColumns& input) {
+  std::erase_if(unknowns, [&](const Unknown& unknown) {
+    return std::any_of(input.parameters.begin(), input.parameters.end(), [&](const ParameterColumn& column) {
+      return column.step == unknown.step && column.parameter == unknown.parameter;
+    });
+  });
+}
+
 std::vector<ResultColumn> resultColumns(std::string_view list, const CompiledSystem& system) {
   std::vector<ResultColumn> columns;
   if (!list.empty()) {
@@ -181,15 +189,29 @@ std::string whyNot(const CompiledSystem& system, const Solution& solution) {
 struct Workplace {
   CompiledSystem system;
   Solution solution;
+  std::optional<GoalProblem> goals;
+  GoalSolution last;  ///< of the row before
 };
+
+/// Solves for a row; the reason why there is no solution, empty if there is one.
+std::string solveRow(const ProcessPlan& plan, RowCells& cells, const Site& site, Workplace& at) {
+  CompiledSystem& system = at.goals ? at.goals->system : at.system;
+  if (std::string reason = giveParameters(cells, plan.input, system); !reason.empty()) return reason;
+  if (!at.goals) {
+    evaluate(system, site, at.solution);
+    return at.solution.complete ? "" : whyNot(system, at.solution);
+  }
+  const Outcome outcome = solveNear(*at.goals, site, at.last);
+  if (!outcome) return outcome.error().text();
+  at.solution = at.last.solution;
+  return {};
+}
 
 std::string appendRow(std::string& out, RowCells& cells, const ProcessPlan& plan, Workplace& at) {
   const PressureOrReason pressure = plan.input.pressures.pressureOf(cells, plan.atm);
   if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
-  if (std::string reason = giveParameters(cells, plan.input, at.system); !reason.empty()) return reason;
   const Site site{.atm = std::get<double>(pressure)};
-  evaluate(at.system, site, at.solution);
-  if (!at.solution.complete) return whyNot(at.system, at.solution);
+  if (std::string reason = solveRow(plan, cells, site, at); !reason.empty()) return reason;
   std::size_t read = at.solution.streams.size();  // the stream that was read out last: its columns come together
   StreamReadout readout;
   for (const ResultColumn& column : plan.results) {
@@ -210,9 +232,10 @@ std::string appendRow(std::string& out, RowCells& cells, const ProcessPlan& plan
 }  // namespace
 
 BatchResult processRows(std::string_view block, const ProcessPlan& plan) {
-  Workplace at{.system = plan.system, .solution = {}};
+  Workplace at{.system = plan.system, .solution = {}, .goals = plan.goals, .last = {}};
   return fillRows(block, plan.shape, [&](RowCells& cells, std::string& results, std::string&) {
-    return appendRow(results, cells, plan, at);
+    std::string reason = appendRow(results, cells, plan, at);
+    return reason.empty() ? RowOutcome{} : failedRow(std::move(reason));
   });
 }
 

@@ -43,6 +43,7 @@ struct InputColumns {
 /// What is the same for all rows.
 struct ProcessPlan {
   CompiledSystem system;
+  std::optional<GoalProblem> goals;  ///< of a system with unknowns, goals or loops
   InputColumns input;
   std::vector<ResultColumn> results;
   TableShape shape;
@@ -55,6 +56,9 @@ struct ProcessPlan {
 /// number, one named twice, and a table that gives none.
 InputColumns inputColumns(const CsvRecord& header, const std::string& filename, AirSystem& system);
 
+/// Takes what columns give out of the unknowns.
+void dropGiven(std::vector<Unknown>& unknowns, const InputColumns& input);
+
 /// The columns of a list such as "SA.db,CC.total"; of an empty one `db w rh acfm` of each stream, then `total sensible
 /// water` of each process. Bad usage for a name that there is not.
 std::vector<ResultColumn> resultColumns(std::string_view list, const CompiledSystem& system);
@@ -62,7 +66,8 @@ std::vector<ResultColumn> resultColumns(std::string_view list, const CompiledSys
 /// The first line of the result: the input's columns, those of the result, "status".
 std::string headerLine(const CsvRecord& header, const ProcessPlan& plan);
 
-/// Runs the system for a block of whole records.
+/// Runs the system for a block of whole records. Where it is solved backward, each row starts from the solution of the
+/// row before.
 BatchResult processRows(std::string_view block, const ProcessPlan& plan);
 
 }  // namespace moistair

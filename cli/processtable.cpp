@@ -194,6 +194,18 @@ void appendBalances(std::string& out, const ProcessReport& report) {
   }
 }
 
+/// What was solved for, and what else would do.
+void appendUnknowns(std::string& out, const ProcessReport& report) {
+  const auto append = [&](const char* name, const std::vector<UnknownValue>& unknowns) {
+    std::vector<std::string> words;
+    for (const UnknownValue& unknown : unknowns) words.push_back(unknownWords(unknown));
+    out += '\n' + std::string(name) + '\n';
+    appendRemarks(out, words);
+  };
+  if (!report.unknowns.empty()) append("Solved for", report.unknowns);
+  for (const auto& other : report.others) append("Another solution", other);
+}
+
 void appendFactors(std::string& out, const ProcessReport& report) {
   const ClassicFactors factors = classicFactors(report.site);
   out += "\nClassic factors at this pressure (dry air of 70 deg F): " + fixeddecimals(factors.sensible, 3) +
@@ -210,6 +222,7 @@ std::string asTable(const ProcessReport& report) {
   out += "\n\n";
   appendStates(out, report);
   appendProcesses(out, report);
+  appendUnknowns(out, report);
   const auto off = std::count_if(report.solution.results.begin(), report.solution.results.end(),
                                  [](const StepResult& result) { return result.off; });
   if (off > 0) out += "\n" + std::to_string(off) + (off == 1 ? " step is" : " steps are") + " off\n";

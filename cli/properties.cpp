@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "advice/refusalwords.h"
+#include "advice/remark.h"
 #include "cli/fault.h"
 #include "model/pointreport.h"
 #include "text/value.h"
@@ -73,5 +73,11 @@ Resolution resolve(const GivenPair& pair, double atm, const RangeFinders& finder
 }
 
 std::string whynot(const Resolution& resolution) { return whynot(resolution, toolwording); }
+
+std::string whynot(const PairOfGiven& pair, double atm, const Resolution& resolution) {
+  const bool searched = resolution.reason == Unresolved::search || resolution.reason == Unresolved::state;
+  const std::vector<StatePoint> states = searched ? answers(pair[0], pair[1], atm).states : std::vector<StatePoint>();
+  return states.empty() ? whynot(resolution) : "the search found no state; exact: " + stateWords(states);
+}
 
 }  // namespace moistair

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/resolver.h"
+#include "engine/exact.h"
 #include "text/words.h"
 
 namespace moistair {
@@ -66,5 +66,8 @@ Resolution resolve(const GivenPair& pair, double atm, const RangeFinders& finder
 
 /// Why a pair was not resolved: a text without commas and quotes.
 std::string whynot(const Resolution& resolution);
+
+/// The same, with the exact states where the search found none although there are some; the text then has commas.
+std::string whynot(const PairOfGiven& pair, double atm, const Resolution& resolution);
 
 }  // namespace moistair

@@ -59,13 +59,26 @@ SheetOptions sheetof(const SheetCommandOptions& options) {
   return sheet;
 }
 
+/// What the document's own title block says, where no option says otherwise.
+void taketitles(SheetOptions& sheet, const std::optional<TitleBlock>& block, const CLI::App& command) {
+  if (!block) return;
+  const auto take = [&](const char* option, std::string& text, const std::string& own) {
+    if (command.get_option(option)->count() == 0) text = own;
+  };
+  take("--title", sheet.title, block->title);
+  take("--project", sheet.project, block->project);
+  take("--drawn-by", sheet.drawnby, block->drawnby);
+}
+
 void runsheet(const CLI::App& command, const SheetCommandOptions& options) {
   constexpr WindowSize window{defaultwidth * twipsperpixel, defaultheight * twipsperpixel};
-  const SheetOptions sheet = sheetof(options);
+  SheetOptions sheet = sheetof(options);
   ChartDocument begun = begundocument(options.document);
+  taketitles(sheet, begun.document.titleblock, command);
   RecordingCanvas canvas;
-  // What is out of the limits is found by drawing; what paints is loaded meanwhile.
-  auto drawn = std::async(std::launch::async, [&] { return drawfitting(begun.document, canvas, window); });
+  constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
+  // What is out of the limits is found while what paints is loaded.
+  auto drawn = std::async(either, [&] { return leaveout(begun.document, window); });
   const Painter painter = painterofname(options.output);
   if (painter.format == nullptr) throw badusage(options.output + ": the ending must be .pdf .svg .png or .bmp");
   const double scale = scaleof(options.scale, painter.pixels, sheet.page.width, sheet.page.height);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "advice/remark.h"
 #include "cli/check.h"
 #include "cli/command.h"
 #include "cli/fault.h"
@@ -16,6 +17,7 @@
 #include "cli/pressureoption.h"
 #include "cli/properties.h"
 #include "cli/stream.h"
+#include "cli/warning.h"
 #include "model/jsonnode.h"
 #include "text/numberformat.h"
 
@@ -29,6 +31,7 @@ struct StateOptions {
   LimitsOption limits;
   Format format = Format::text;
   bool check = false;
+  ExactOptions exact;
 };
 
 void appendline(std::string& out, const std::string& caption, const std::string& value) {
@@ -79,7 +82,13 @@ void runstate(const StateOptions& options) {
   std::transform(options.pair.begin(), options.pair.end(), std::back_inserter(assignments), assignmentof);
   const GivenPair pair = pairof(assignments);
   const Pressure pressure = pressureof(options.pressure);
-  const Resolution resolution = resolve(pair, pressure.atm, findersof(options.limits));
+  const PairOfGiven given{pair.first, pair.second};
+  Resolution resolution = resolve(pair, pressure.atm, findersof(options.limits));
+  if (options.exact.exact) {
+    resolution = exactResolution("", given, pressure.atm, resolution);
+  } else if (resolution.resolved()) {
+    warnOrFail("", remarkOn(judged(given, resolution.point, pressure.atm), pressure.atm).words, options.exact);
+  }
   std::optional<Check> check;
   if (options.check) check = checkof(pair, pressure.atm, resolution);
   if (resolution.resolved() || check) {
@@ -89,7 +98,7 @@ void runstate(const StateOptions& options) {
       case Format::csv: writeresult(ascsv(resolution, check)); break;
     }
   }
-  if (!resolution.resolved()) throw failure(whynot(resolution));
+  if (!resolution.resolved()) throw failure(whynot(given, pressure.atm, resolution));
 }
 
 }  // namespace
@@ -105,6 +114,8 @@ void addstatecommand(CLI::App& app) {
   addformat(*command, options->format);
   command->add_flag("--check", options->check,
                     "tell by how much the state misses the given values, and every exact answer or why there is none");
+  addexact(*command, options->exact);
+  addstrict(*command, options->exact);
   command->callback([options] { runstate(*options); });
 }
 

@@ -26,16 +26,18 @@ public:
   Progress& operator=(const Progress&) = delete;
 
   void add(const BatchResult& result) {
-    rows_ += result.rows;
-    failed_ += result.failed;
-    openQuote_ = result.openquote;
+    counts_.rows += result.rows;
+    counts_.failed += result.failed;
+    counts_.missed += result.missed;
+    counts_.nearest += result.nearest;
+    counts_.openQuote = result.openquote;
     const auto now = Clock::now();
     if (!visible_ || now - shown_ < std::chrono::milliseconds(200)) return;
     shown_ = now;
     const std::chrono::duration<double> taken = now - start_;
-    const auto rate = static_cast<long long>(static_cast<double>(rows_) / taken.count());
-    say("\r" + std::to_string(rows_) + " rows, " + std::to_string(failed_) + " failed, " + std::to_string(rate) +
-        " rows/s" + clearRest);
+    const auto rate = static_cast<long long>(static_cast<double>(counts_.rows) / taken.count());
+    say("\r" + std::to_string(counts_.rows) + " rows, " + std::to_string(counts_.failed) + " failed, " +
+        std::to_string(counts_.missed) + " missed, " + std::to_string(rate) + " rows/s" + clearRest);
   }
 
   /// Leaves the terminal's line clear, also for the message of a failure.
@@ -43,18 +45,7 @@ public:
     if (visible_) say(std::string("\r") + clearRest);
   }
 
-  std::size_t rows() const { return rows_; }
-
-  /// Throws for what has gone wrong in a table that was written.
-  void check() const {
-    if (failed_ == 0) return;
-    std::string text = std::to_string(failed_) + " of " + std::to_string(rows_) + " rows failed";
-    if (openQuote_) {
-      text += "; a quote was left open in row " + std::to_string(rows_) + ", which has taken in " +
-              std::to_string(*openQuote_) + (*openQuote_ == 1 ? " line" : " lines") + " behind it";
-    }
-    throw failure(text);
-  }
+  const RowCounts& counts() const { return counts_; }
 
 private:
   using Clock = std::chrono::steady_clock;
@@ -68,9 +59,7 @@ private:
   bool visible_;
   Clock::time_point start_ = Clock::now();
   Clock::time_point shown_ = start_;
-  std::size_t rows_ = 0;
-  std::size_t failed_ = 0;
-  std::optional<std::size_t> openQuote_;
+  RowCounts counts_;
 };
 
 /// The record as it was read, brought to the table's number of columns.
@@ -91,6 +80,23 @@ std::string wrongRecord(const CsvRecord& record, const TableShape& shape) {
 
 }  // namespace
 
+std::string countOf(std::size_t some, std::size_t rows) {
+  return std::to_string(some) + " of " + std::to_string(rows) + " rows";
+}
+
+void checkRows(const RowCounts& counts, const std::string& ofMissed) {
+  if (counts.failed == 0) return;
+  std::string text = countOf(counts.failed, counts.rows) + " failed";
+  if (!ofMissed.empty() && counts.missed > 0) {
+    text += "; " + std::to_string(counts.missed) + " of them because " + ofMissed;
+  }
+  if (counts.openQuote) {
+    text += "; a quote was left open in row " + std::to_string(counts.rows) + ", which has taken in " +
+            std::to_string(*counts.openQuote) + (*counts.openQuote == 1 ? " line" : " lines") + " behind it";
+  }
+  throw failure(text);
+}
+
 unsigned jobsOf(const std::string& text) {
   constexpr double most = 256;
   const double jobs = numberof(text, "jobs");
@@ -98,6 +104,17 @@ unsigned jobsOf(const std::string& text) {
     throw badusage("jobs must be a whole number from 1 to 256");
   return static_cast<unsigned>(jobs);
 }
+
+namespace {
+
+/// Bad usage for a carriage return outside quotes: a table whose lines end in these alone is one line.
+void checkLineEnd(std::string_view field, const std::string& filename) {
+  const std::string_view plain = field.starts_with('"') ? field.substr(field.rfind('"')) : field;
+  if (plain.find('\r') == std::string_view::npos) return;
+  throw badusage(filename + ": the lines end in carriage returns alone; save the table with line feeds");
+}
+
+}  // namespace
 
 std::size_t eachColumn(const CsvRecord& header, const std::string& filename, char delimiter,
                        const std::function<void(const std::string& name, std::size_t place)>& see) {
@@ -108,6 +125,7 @@ std::size_t eachColumn(const CsvRecord& header, const std::string& filename, cha
   std::size_t place = 0;
   std::string scratch;
   eachfield(header.raw, delimiter, [&](std::string_view field) {
+    checkLineEnd(field, filename);
     if (place == 0 && field.starts_with(byteOrderMark)) field.remove_prefix(byteOrderMark.size());
     see(std::string(trimmed(fieldtext(field, scratch))), place);
     ++place;
@@ -165,18 +183,20 @@ BatchResult fillRows(std::string_view block, const TableShape& shape, const Fill
     appendRecord(result.text, record, shape);
     const std::size_t begin = result.text.size();
     further.assign(shape.further, shape.delimiter);
-    std::string reason = wrongRecord(record, shape);
-    if (reason.empty()) {
+    RowOutcome row = failedRow(wrongRecord(record, shape));
+    if (row.status.empty()) {
       RowCells cells(record);
-      reason = fill(cells, result.text, further);
+      row = fill(cells, result.text, further);
     }
-    if (!reason.empty()) {
-      ++result.failed;
+    result.failed += row.failed ? 1 : 0;
+    result.missed += row.missed ? 1 : 0;
+    result.nearest += row.nearest ? 1 : 0;
+    if (row.failed) {
       result.text.resize(begin);
       result.text.append(shape.results, shape.delimiter);
     }
     result.text += shape.delimiter;
-    appendfield(result.text, reason.empty() ? "ok" : reason, shape.delimiter);
+    appendfield(result.text, row.status, shape.delimiter);
     result.text += further;
     result.text += shape.lineEnd;
   }
@@ -190,12 +210,12 @@ CsvRecord TableReader::header() {
       if (!header.blank()) return header;
     }
   }
-  throw badusage(reader_.gaveup() ? input_.name() + ": the first line is longer than 8 MB"
+  throw badusage(reader_.gaveup() ? input_.name() + ": the first line is longer than 8 MB; lines must end in line feeds"
                                   : input_.name() + " is empty");
 }
 
-void TableReader::run(std::size_t columns, const std::function<BatchResult(const std::string& block)>& work,
-                      Output& output, unsigned jobs) {
+RowCounts TableReader::run(std::size_t columns, const std::function<BatchResult(const std::string& block)>& work,
+                           Output& output, unsigned jobs) {
   columns_ = columns;
   Progress progress(::isatty(STDERR_FILENO) == 1 && !output.isterminal());
   runinorder({.read = [&] { return next(); },
@@ -207,11 +227,11 @@ void TableReader::run(std::size_t columns, const std::function<BatchResult(const
                   }},
              jobs);
   if (reader_.gaveup()) {
-    throw failure(input_.name() + ", row " + std::to_string(progress.rows() + 1) +
+    throw failure(input_.name() + ", row " + std::to_string(progress.counts().rows + 1) +
                   ": more than 8 MB without the end of the row; a quote may have been left open");
   }
   output.close();
-  progress.check();
+  return progress.counts();
 }
 
 std::optional<std::string> TableReader::next() {

@@ -67,9 +67,32 @@ private:
 /// Adds a column to a selection; bad usage if it is `taken` already.
 void takeColumn(std::optional<std::size_t>& taken, CsvSelection& selection, const std::string& name, std::size_t place);
 
+/// What a row comes to.
+struct RowOutcome {
+  std::string status = "ok";
+  bool failed = false;   ///< what was appended is dropped, and the status is the reason
+  bool missed = false;   ///< its state visibly misses a given value
+  bool nearest = false;  ///< its state is one of several exact ones
+};
+
+inline RowOutcome failedRow(std::string reason) { return {.status = std::move(reason), .failed = true}; }
+
 /// Appends a row's results, each with a delimiter before it, and sets the columns behind the status, likewise, if it
-/// has any; returns why there are no results, in which case what it has appended is dropped.
-using FillRow = std::function<std::string(RowCells& cells, std::string& results, std::string& further)>;
+/// has any.
+using FillRow = std::function<RowOutcome(RowCells& cells, std::string& results, std::string& further)>;
+
+/// The rows of a whole table.
+struct RowCounts {
+  std::size_t rows = 0, failed = 0, missed = 0, nearest = 0;
+  std::optional<std::size_t> openQuote;  ///< lines behind the last row that an open quote has taken in
+};
+
+/// "79 of 8760 rows"
+std::string countOf(std::size_t some, std::size_t rows);
+
+/// Throws if rows have failed.
+/// @param ofMissed why those that miss something have failed; empty if they have not
+void checkRows(const RowCounts& counts, const std::string& ofMissed = {});
 
 /// Fills in a block of whole records. Blank lines are left out. A row that fails has empty results and its reason in
 /// place of "ok"; one with too few fields is filled up and one with too many is cut, so that the columns stay columns.
@@ -84,11 +107,11 @@ public:
   /// The table's first record, which comes first; bad usage if there is none. Good until the rows are read.
   CsvRecord header();
 
-  /// Hands all rows to `work` and writes what comes back. Throws if the table could not be read to its end or rows have
-  /// failed; what could be done is then written.
+  /// Hands all rows to `work` and writes what comes back. Throws if the table could not be read to its end; what could
+  /// be done is then written.
   /// @param columns of a row as it is read
-  void run(std::size_t columns, const std::function<BatchResult(const std::string& block)>& work, Output& output,
-           unsigned jobs);
+  RowCounts run(std::size_t columns, const std::function<BatchResult(const std::string& block)>& work, Output& output,
+                unsigned jobs);
 
 private:
   bool fetch();

@@ -331,15 +331,25 @@ Answers answerswithoutwetbulb(Given first, Given second, double atm, const State
 
 StatePoint stateat(double db, double wb, double atm) {
   StatePoint state;
-  state.db = db;
-  state.wb = wb;
+  for (int i = 0; i < kindcount; ++i) {
+    const PropertyKind kind = *kindat(i);
+    state.at(kind) = propertyAt(kind, db, wb, atm);
+  }
   state.pv = psychro_pv1(db, wb, atm);
-  state.rh = psychro_rh(db, wb, atm);
-  state.w = psychro_w(db, wb, atm);
-  state.h = psychro_h(db, wb, atm);
-  state.dp = psychro_dp(state.pv);
-  state.v = psychro_v(db, wb, atm);
   return state;
+}
+
+double propertyAt(PropertyKind kind, double drybulb, double wetbulb, double atm) {
+  switch (kind) {
+    case db: return drybulb;
+    case wb: return wetbulb;
+    case rh: return psychro_rh(drybulb, wetbulb, atm);
+    case w: return psychro_w(drybulb, wetbulb, atm);
+    case h: return psychro_h(drybulb, wetbulb, atm);
+    case dp: return psychro_dp(psychro_pv1(drybulb, wetbulb, atm));
+    case v: return psychro_v(drybulb, wetbulb, atm);
+  }
+  return novalue;
 }
 
 }  // namespace moistair

@@ -53,9 +53,12 @@ StatePoint stateat(double db, double wb, double atm);
 /// What of each property, by kind, can be seen on a chart.
 inline constexpr std::array<double, kindcount> visible = {0.2, 0.2, 1, 0.0001, 0.15, 0.2, 0.02};
 
+/// One property of a dry and a wet bulb, as `stateat` has it.
+double propertyAt(PropertyKind kind, double db, double wb, double atm);
+
 /// How far a found state misses a given value: that of its dry and wet bulb less the given one.
 inline double residual(const Given& given, const StatePoint& found, double atm) {
-  return stateat(found.db, found.wb, atm).at(given.kind) - given.value;
+  return propertyAt(given.kind, found.db, found.wb, atm) - given.value;
 }
 
 inline bool canbeseen(PropertyKind kind, double residual) {

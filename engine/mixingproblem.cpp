@@ -1,5 +1,6 @@
 #include "engine/mixingproblem.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 #include "engine/moistair.h"
@@ -96,6 +97,29 @@ void showmixture(AirStream& mixed, double atm, Way way) {
   showmixed(mixed.dp, psychro_dp(read(mixed.pv)));
 }
 
+/// The pair that the balance gives the mixed stream.
+PairOfGiven balanceOf(const AirStream& mixed) {
+  return {{{PropertyKind::h, strictnumber(mixed.h)}, {PropertyKind::w, strictnumber(mixed.w)}}};
+}
+
+/// The exact state in place of that of `showmixture`, which decides between two.
+void showExactMixture(AirStream& mixed, double atm) {
+  const ExactChoice choice = exactChoice(balanceOf(mixed), atm, resolutionOf(shownState(mixed)));
+  if (!choice.state) return;
+  const StatePoint& state = *choice.state;
+  mixed.exact = true;
+  showmixed(mixed.wb, state.wb);
+  showmixed(mixed.rh, state.rh);
+  showmixed(mixed.v, state.v);
+  showmixed(mixed.pv, state.pv);
+  showmixed(mixed.dp, state.dp);
+}
+
+/// Whether a wet bulb lies beyond those of both streams.
+bool isBeyond(double wetBulb, double one, double two) {
+  return wetBulb < std::min(one, two) || wetBulb > std::max(one, two);
+}
+
 }  // namespace
 
 std::string captionof(const ReadoutRow& row, const MixingProblem& problem) {
@@ -114,6 +138,14 @@ Resolution resolvestream(MixingProblem& problem, std::size_t number) {
   const double atm = problem.pressure.atm;
   resolution = resolvepair(stream.kind1, stream.value1, stream.kind2, stream.value2, atm, openrangefinders(problem.way),
                            problem.solverfields);
+  if (stream.exact) {
+    const ExactChoice choice = exactChoice(*givenOf(stream), atm, resolution);
+    if (choice.state) {
+      resolution = resolutionOf(*choice.state);
+    } else if (resolution.resolved()) {
+      resolution.reason = Unresolved::search;
+    }
+  }
   if (!resolution.resolved()) return resolution;
   showstate(stream, resolution.point, atm);
   problem.pressurecaption = pressurecaption(problem.pressure.entry);
@@ -127,13 +159,50 @@ void mixstreams(MixingProblem& problem) {
   const auto& [one, two] = problem.streams;
   if (!mixable(one) || !mixable(two)) return blankmixture(problem);
   AirStream& mixed = problem.mixed;
+  mixed.exact = false;
   addrates(problem);
   if (!(read(mixed.moistrate) > 0)) return blankmixture(problem);
   mixed.pressure = pressureshown(problem.pressure.entry);
   showmixed(mixed.h, weightedmean(problem, &AirStream::h));
   showmixed(mixed.w, weightedmean(problem, &AirStream::w));
   showmixture(mixed, problem.pressure.atm, problem.way);
+  if (problem.exactMixture) showExactMixture(mixed, problem.pressure.atm);
   problem.savable = true;
+}
+
+std::optional<PairOfGiven> givenOf(const AirStream& stream) {
+  if (!stream.kind1 || !stream.kind2) return std::nullopt;
+  PairOfGiven pair{{{*stream.kind1, 0}, {*stream.kind2, 0}}};
+  assign(pair[0].value, strictnumber(stream.value1));
+  assign(pair[1].value, strictnumber(stream.value2));
+  return pair;
+}
+
+StatePoint shownState(const AirStream& column) {
+  return {strictnumber(column.db), strictnumber(column.wb), strictnumber(column.rh), strictnumber(column.w),
+          strictnumber(column.h),  strictnumber(column.dp), strictnumber(column.v),  strictnumber(column.pv)};
+}
+
+Missed judgedMixture(const AirStream& one, const AirStream& two, const AirStream& mixed, double atm) {
+  const StatePoint shown = shownState(mixed);
+  const PairOfGiven pair = balanceOf(mixed);
+  Missed missed{{}, answers(pair[0], pair[1], atm)};
+  if (missed.exact.states.empty()) {
+    missed.values = missedBy(pair, shown, atm);
+    return missed;
+  }
+  sortNearestFirst(missed.exact.states, shown);
+  const StatePoint& exact = missed.exact.states.front();
+  const double low = strictnumber(one.wb);
+  const double high = strictnumber(two.wb);
+  for (const PropertyKind kind : {PropertyKind::wb, PropertyKind::rh, PropertyKind::dp, PropertyKind::v}) {
+    const double found = shown.at(kind);
+    const bool beyond = kind == PropertyKind::wb && isBeyond(found, low, high) && !isBeyond(exact.wb, low, high);
+    if (beyond || (hasvalue(found) && canbeseen(kind, found - exact.at(kind)))) {
+      missed.values.push_back({kind, exact.at(kind), found});
+    }
+  }
+  return missed;
 }
 
 }  // namespace moistair

@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 
+#include "engine/exact.h"
 #include "engine/pressureunits.h"
 #include "engine/resolver.h"
 
@@ -26,6 +27,7 @@ struct AirStream {
   std::string value1, value2;                ///< as typed, read strictly
   std::string flow;                     ///< air flow rate [actual cu ft/min]: as typed; of the mixed stream the sum
   bool complete = false;                ///< whether the stream is resolved
+  bool exact = false;                   ///< whether its state is the exact one in place of what the search finds
   std::string pressure;                 ///< pressure or elevation as the user entered it
   std::string db, wb, rh, h, v, w, dp;  ///< as in StatePoint, seven decimals
   std::string pv;                       ///< vapour pressure [in Hg]
@@ -49,6 +51,7 @@ struct MixingProblem {
   bool savable = false;         ///< whether the mixed column is filled
   SolverFields solverfields;    ///< shared by both streams, and by nothing else
   Way way = Way::quick;         ///< of all searches
+  bool exactMixture = false;    ///< whether the mixed stream is to be the exact one where there is one
 };
 
 /// One row of the table: a caption, the print-zone steps that bring its value to column 57 of the log, and the text.
@@ -87,11 +90,22 @@ std::string captionof(const ReadoutRow& row, const MixingProblem& problem);
 
 /// Resolves a stream, 0 or 1, from its kinds, values and flow. Where it cannot be resolved it stays incomplete and its
 /// read-outs blank; what comes back says why. The mixed column is blanked, the other stream not touched. `mixstreams`
-/// must follow.
+/// must follow. A stream that is to be exact gets the exact state, by `exactChoice`, or stays incomplete.
 Resolution resolvestream(MixingProblem& problem, std::size_t stream);
 
 /// Fills the mixed column from the two streams, or blanks it when one of them is incomplete, a flow is not above 0, or
 /// so little flows that the moist air rate reads 0. A mixture too dry to have a dew point has a blank one.
 void mixstreams(MixingProblem& problem);
+
+/// The given values of a stream as they are read, a text that is no number as 0; none if it has not two kinds.
+std::optional<PairOfGiven> givenOf(const AirStream& stream);
+
+/// The numbers that a column shows; no value where it is blank.
+StatePoint shownState(const AirStream& column);
+
+/// What the mixed stream visibly misses. Its wet bulb comes from a search in tenths; its enthalpy and humidity ratio
+/// are those of the balance and fix the exact state. It misses what of that can be seen, and the wet bulb also where
+/// that lies beyond those of both streams and the exact one does not.
+Missed judgedMixture(const AirStream& one, const AirStream& two, const AirStream& mixed, double atm);
 
 }  // namespace moistair

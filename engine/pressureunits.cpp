@@ -1,5 +1,7 @@
 #include "engine/pressureunits.h"
 
+#include <cmath>
+
 #include "engine/moistair.h"
 #include "text/numbertext.h"
 #include "text/value.h"
@@ -95,6 +97,14 @@ PressureSetting pressurefor(const PressureEntry& entry) {
     case PressureUnit::elevation: break;
   }
   return {textof(row.inhg(number)), accepts(row, number)};
+}
+
+bool isofentry(const Pressure& pressure) {
+  constexpr double slack = 1e-12;  // another machine's library may differ in the last bits
+  const auto [inhg, accepted] = pressurefor(pressure.entry);
+  const double entered = inhg ? lenientnumber(*inhg) : defaultpressure;
+  const auto same = [&](double atm) { return std::abs(pressure.atm - atm) <= slack * std::abs(atm); };
+  return accepted && (same(entered) || same(defaultpressure));
 }
 
 std::optional<double> pressureof(PressureUnit unit, double number) {

@@ -113,6 +113,10 @@ struct PressureSetting {
 
 PressureSetting pressurefor(const PressureEntry& entry);
 
+/// Whether a pressure is calculated with as its entry says, or as after the pressure window was only looked at, with
+/// the default. If not, it is a value that the window has refused.
+bool isofentry(const Pressure& pressure);
+
 /// The pressure [in Hg] of a number in a unit, rounded to the digits of the store that the window writes it to, so that
 /// all calculate with the same; none outside the unit's range.
 std::optional<double> pressureof(PressureUnit unit, double number);

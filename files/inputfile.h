@@ -14,6 +14,9 @@ struct FileContent {
   std::string fault;  ///< why it was not read, in words of the system where it has any; empty if it was
 };
 
+/// "8 MB", "64 KB": a limit in words.
+std::string sizewords(std::size_t bytes);
+
 enum class Links { followed, refused };
 
 /// Reads a regular file. Never waits: anything else, as a pipe that nobody writes into, could hold a window up for ever

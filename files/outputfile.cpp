@@ -2,13 +2,16 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <utility>
@@ -38,18 +41,21 @@ int owndescriptor(const fs::path& name) {
   return descriptor;
 }
 
-/// Where a name leads once all its links are followed, as far as something is there or could be made there. Stops at a
-/// descriptor of this process, whose link leads to no name that could be opened instead. Empty for a loop.
-fs::path followed(fs::path name) {
+/// The descriptor of this process that a name leads to by links, as /dev/stdout does; -1 for none. Says only which of
+/// our own it would be: what is opened is up to the kernel.
+int descriptornamed(fs::path name) {
   constexpr int longestchain = 40;  // as in the system
   for (int links = 0; links <= longestchain; ++links) {
+    if (const int own = owndescriptor(name); own >= 0) return own;
     std::error_code nolink;
     const fs::path next = fs::read_symlink(name, nolink);
-    if (nolink || owndescriptor(name) >= 0) return name;
+    if (nolink) break;
     name = name.parent_path() / next;  // an absolute one replaces all
   }
-  return {};
+  return -1;
 }
+
+bool issame(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
 
 /// Gives a new file the owner and the permissions of the one it replaces; false if it may not.
 bool takeaccess(int file, const struct stat& former, const fs::path& name) {
@@ -74,19 +80,39 @@ bool isforbidden(int error) { return error == EACCES || error == EPERM || error 
 
 Descriptor duplicate(int descriptor) { return Descriptor(::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)); }
 
-/// Calls `take` with names beside the target until one is free; the number that it gave last, negative for a failure.
+constexpr std::string_view temporarystem = ".moistair-";  // the process and a number follow
+
+/// Calls `take` with names for a new file until one is free; the number that it gave last, negative for a failure.
 template <class Take>
-int withnewname(const fs::path& target, fs::path& name, const Take& take) {
+int withnewname(std::string& name, const Take& take) {
   constexpr int mosttries = 1000;
-  const std::string stem = ".moistair-" + std::to_string(::getpid()) + "-";
+  const std::string stem = std::string(temporarystem) + std::to_string(::getpid()) + "-";
   int result = -1;
   for (int i = 0; i < mosttries && result < 0; ++i) {
-    name = folderof(target) / (stem + std::to_string(i));
+    name = stem + std::to_string(i);
     result = take(name.c_str());
     if (result < 0 && errno != EEXIST) break;
   }
   if (result < 0) name.clear();
   return result;
+}
+
+/// The process whose new file this is by its name; 0 for any other name.
+pid_t processof(std::string_view name) {
+  if (!name.starts_with(temporarystem)) return 0;
+  name.remove_prefix(temporarystem.size());
+  pid_t process = 0;
+  const auto [rest, fault] = std::from_chars(name.data(), name.data() + name.size(), process);
+  const bool numbered = fault == std::errc() && rest != name.data() + name.size() && *rest == '-';
+  return numbered && process > 0 ? process : 0;
+}
+
+/// A file without a name, on the disk if there is room to be had there.
+Descriptor spool() {
+  std::error_code none;
+  const fs::path folder = fs::temp_directory_path(none);
+  Descriptor file(none ? -1 : ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, privatefile));
+  return file.isopen() ? std::move(file) : Descriptor(::memfd_create("moistair", MFD_CLOEXEC));
 }
 
 /// Brings a file to the disk; what has no disk needs none.
@@ -113,11 +139,33 @@ bool writeall(int file, std::string_view bytes) {
   return true;
 }
 
+/// The first bytes of a file over those of another.
+bool copybytes(const Descriptor& from, const Descriptor& to, off_t size) {
+  std::array<char, 65536> chunk;
+  for (off_t at = 0; at < size;) {
+    const auto most = static_cast<std::size_t>(std::min<off_t>(size - at, chunk.size()));
+    const ssize_t got = ::pread(from.number(), chunk.data(), most, at);
+    if (got == 0) errno = EIO;
+    if (got <= 0 || ::lseek(to.number(), at, SEEK_SET) != at) return false;
+    if (!writeall(to.number(), {chunk.data(), static_cast<std::size_t>(got)})) return false;
+    at += got;
+  }
+  return true;
+}
+
 }  // namespace
 
-std::string WriteFailure::reason() const { return std::strerror(error); }
+std::string WriteFailure::reason() const { return words.empty() ? std::strerror(error) : words; }
 
-OutputFile::OutputFile(const fs::path& name, Reader reader) { open(name, reader); }
+OutputFile::OutputFile(const fs::path& name, Reader reader) : name_(name) { open(reader); }
+
+OutputFile OutputFile::own(const fs::path& name) {
+  OutputFile file;
+  file.name_ = name;
+  file.own_ = true;
+  if (!file.opennew()) file.fail(errno);
+  return file;
+}
 
 OutputFile OutputFile::through(int descriptor) {
   OutputFile file;
@@ -128,52 +176,100 @@ OutputFile OutputFile::through(int descriptor) {
 
 OutputFile::~OutputFile() { dropname(); }
 
-bool OutputFile::fail(int error) {
-  if (!failure_) failure_ = WriteFailure{error, file_.isopen()};
+bool OutputFile::fail(int error, std::string words) {
+  if (!failure_) failure_ = WriteFailure{error, file_.isopen(), std::move(words)};
   return false;
 }
 
 void OutputFile::dropname() {
-  if (!temporary_.empty()) ::unlink(temporary_.c_str());
+  if (!temporary_.empty()) ::unlinkat(folder_.number(), temporary_.c_str(), 0);
   temporary_.clear();
 }
 
-bool OutputFile::open(const fs::path& name, Reader reader) {
-  target_ = followed(name);
-  if (target_.empty()) return fail(name.empty() ? ENOENT : ELOOP);
-  struct stat former;
-  const bool exists = ::stat(target_.c_str(), &former) == 0;
-  if (!exists && errno != ENOENT) return fail(errno);
-  if (exists ? S_ISDIR(former.st_mode) : !target_.has_filename()) return fail(EISDIR);
-  if (!exists) return openbeside(nullptr) || fail(errno);
-  if (!S_ISREG(former.st_mode) || owndescriptor(target_) >= 0) {
-    return openspecial(std::exchange(target_, {}), reader) || fail(errno);
+void OutputFile::open(Reader reader) {
+  const Descriptor found(::open(name_.c_str(), O_PATH | O_CLOEXEC));
+  if (!found.isopen()) {
+    struct stat link;
+    const bool dangling = errno == ENOENT && ::lstat(name_.c_str(), &link) == 0;
+    if (dangling) fail(ENOENT, "It is a link to a file that does not exist");
+    if (!failure_ && !(errno == ENOENT && opennew())) fail(errno);
+    return;
   }
-  // A file that may not be written is protected, though its folder would let it be replaced.
-  if (::faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) return fail(errno);
-  return openbeside(&former) || (isforbidden(errno) && openspool()) || fail(errno);
+  struct stat former;
+  if (::fstat(found.number(), &former) != 0 || S_ISDIR(former.st_mode)) {
+    fail(S_ISDIR(former.st_mode) ? EISDIR : errno);
+    return;
+  }
+  device_ = former.st_dev;
+  node_ = former.st_ino;
+  const int number = descriptornamed(name_);
+  const bool opened = !S_ISREG(former.st_mode) || number >= 0 ? openspecial(former, number, reader)
+                      : !findplace(found, former)             ? openspool()
+                      // A file that may not be written is protected, though its folder would let it be replaced.
+                      : ::faccessat(folder_.number(), filename_.c_str(), W_OK, AT_EACCESS) != 0
+                          ? false
+                          : openbeside(&former) || (isforbidden(errno) && openspool());
+  if (!opened) fail(errno);
+}
+
+/// A file where there is none, or one at a name of our own.
+bool OutputFile::opennew() {
+  if (!name_.has_filename()) {
+    errno = name_.empty() ? ENOENT : EISDIR;
+    return false;
+  }
+  folder_ = Descriptor(::open(folderof(name_).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  filename_ = name_.filename();
+  return folder_.isopen() && openbeside(nullptr);
 }
 
 /// Opens what is written into. A descriptor is taken as it stands, or a file behind it would be written from its start.
-bool OutputFile::openspecial(const fs::path& name, Reader reader) {
-  const int own = owndescriptor(name);
+bool OutputFile::openspecial(const struct stat& found, int number, Reader reader) {
   const int nowait = reader == Reader::present ? O_NONBLOCK : 0;
-  file_ = own >= 0 ? duplicate(own) : Descriptor(::open(name.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC | nowait));
-  return file_.isopen();
+  Descriptor file =
+      number >= 0 ? duplicate(number) : Descriptor(::open(name_.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC | nowait));
+  struct stat opened;
+  if (!file.isopen() || ::fstat(file.number(), &opened) != 0) return false;
+  errno = EAGAIN;  // another one by now
+  if (!issame(opened, found)) return false;
+  file_ = std::move(file);
+  return true;
 }
 
-/// A file in the folder of the target, without a name where the system can make one and name it later.
+/// Finds the folder and the name of an open file: as it was called, or, behind a link, what the kernel says.
+bool OutputFile::findplace(const Descriptor& found, const struct stat& former) {
+  std::error_code ignored;
+  const fs::path behind = fs::read_symlink("/proc/self/fd/" + std::to_string(found.number()), ignored);
+  for (const fs::path& path : {name_, behind}) {
+    Descriptor folder(::open(folderof(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const std::string filename = path.filename();
+    struct stat named;
+    const bool there = folder.isopen() &&
+                       ::fstatat(folder.number(), filename.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+                       issame(named, former);
+    if (!there) continue;
+    folder_ = std::move(folder);
+    filename_ = filename;
+    return true;
+  }
+  return false;
+}
+
+/// A file in the folder of the target, without a name where the system can make one and name it later. It is locked
+/// while this process lives, wherever that is.
 bool OutputFile::openbeside(const struct stat* former) {
-  const mode_t mode = former == nullptr ? newfile : privatefile;
+  const mode_t mode = former == nullptr && !own_ ? newfile : privatefile;
   const bool nameable = ::access("/proc/self/fd", X_OK) == 0;
-  if (nameable) file_ = Descriptor(::open(folderof(target_).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+  if (nameable) file_ = Descriptor(::openat(folder_.number(), ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
   if (!nameable || (!file_.isopen() && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL))) {
-    file_ = Descriptor(withnewname(target_, temporary_, [&](const char* free) {
-      return ::open(free, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    removeabandoned(folderof(name_));  // here a kill leaves what was written
+    file_ = Descriptor(withnewname(temporary_, [&](const char* free) {
+      return ::openat(folder_.number(), free, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     }));
   }
   if (!file_.isopen()) return false;
-  if (former == nullptr || takeaccess(file_.number(), *former, target_)) return true;
+  ::flock(file_.number(), LOCK_EX | LOCK_NB);
+  if (former == nullptr || takeaccess(file_.number(), *former, name_)) return true;
   dropname();
   file_ = Descriptor();
   errno = EPERM;
@@ -182,71 +278,106 @@ bool OutputFile::openbeside(const struct stat* former) {
 
 /// The old file, to be copied into, and a file without a name to collect the new one in.
 bool OutputFile::openspool() {
-  former_ = Descriptor(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));
-  if (!former_.isopen()) return false;
-  std::error_code none;
-  const fs::path folder = fs::temp_directory_path(none);
-  file_ = Descriptor(none ? -1 : ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, privatefile));
-  if (!file_.isopen()) file_ = Descriptor(::memfd_create("moistair", MFD_CLOEXEC));
+  if (!openformer()) return false;
+  file_ = spool();
   return file_.isopen();
+}
+
+/// Opens the file that was found at first, and no other that has its name by now. To be read too: what cannot be put
+/// back is not written over.
+bool OutputFile::openformer() {
+  Descriptor former(::open(name_.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+  struct stat opened;
+  if (!former.isopen() || ::fstat(former.number(), &opened) != 0) return false;
+  errno = EAGAIN;
+  if (opened.st_dev != device_ || opened.st_ino != node_) return false;
+  former_ = std::move(former);
+  return true;
 }
 
 bool OutputFile::write(std::string_view bytes) { return !failure_ && (writeall(file_.number(), bytes) || fail(errno)); }
 
 bool OutputFile::commit() {
   if (failure_) return false;
-  if (target_.empty()) {
-    if (::close(file_.release()) != 0) failure_ = WriteFailure{errno, true};
-    return !failure_;
-  }
-  return (former_.isopen() ? copyover() : replace()) || fail(errno);
+  if (former_.isopen()) return copyover() || fail(errno);
+  if (!filename_.empty()) return replace() || fail(errno);
+  if (::close(file_.release()) != 0) failure_ = WriteFailure{errno, true};
+  return !failure_;
 }
 
 bool OutputFile::replace() {
   if (!flush(file_.number()) || (temporary_.empty() && !givename())) return false;
-  if (::rename(temporary_.c_str(), target_.c_str()) != 0) {
-    if (errno != EBUSY && !isforbidden(errno)) return false;
+  if (::renameat(folder_.number(), temporary_.c_str(), folder_.number(), filename_.c_str()) != 0) {
     const int reason = errno;
-    former_ = Descriptor(::open(target_.c_str(), O_WRONLY | O_CLOEXEC));  // a file that may be written and not replaced
+    // A file that may be written and not replaced; one that was not there at first is another's.
+    const bool copied = (reason == EBUSY || isforbidden(reason)) && node_ != 0 && openformer();
     errno = reason;
-    return former_.isopen() && copyover();
+    return copied && copyover();
   }
   temporary_.clear();
-  const Descriptor folder(::open(folderof(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const Descriptor folder(::openat(folder_.number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   return !folder.isopen() || flush(folder.number());
 }
 
 bool OutputFile::givename() {
   const std::string unnamed = "/proc/self/fd/" + std::to_string(file_.number());
-  return withnewname(target_, temporary_, [&](const char* free) {
-           return ::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, free, AT_SYMLINK_FOLLOW);
+  return withnewname(temporary_, [&](const char* free) {
+           return ::linkat(AT_FDCWD, unnamed.c_str(), folder_.number(), free, AT_SYMLINK_FOLLOW);
          }) >= 0;
 }
 
-/// The old file gets the bytes of the new one. Room for all of them is made first, so that a full disk spoils nothing.
+/// The old file gets the bytes of the new one. Its own are kept until that has worked, and there is room for the new
+/// ones before the first is written.
 bool OutputFile::copyover() {
   struct stat from, to;
   if (::fstat(file_.number(), &from) != 0 || ::fstat(former_.number(), &to) != 0) return false;
-  if (from.st_size > to.st_size && ::fallocate(former_.number(), 0, 0, from.st_size) != 0 && errno != EOPNOTSUPP) {
-    const int reason = errno;
-    if (::ftruncate(former_.number(), to.st_size) == 0) errno = reason;
+  const Descriptor kept = spool();
+  if (!kept.isopen() || !copybytes(former_, kept, to.st_size)) return false;
+  const bool grows = from.st_size > to.st_size;
+  if (grows && ::fallocate(former_.number(), FALLOC_FL_KEEP_SIZE, 0, from.st_size) != 0 && errno != EOPNOTSUPP) {
     return false;
   }
-  std::array<char, 65536> chunk;
-  for (off_t at = 0; at < from.st_size;) {
-    const ssize_t got = ::pread(file_.number(), chunk.data(), chunk.size(), at);
-    if (got <= 0) return false;
-    if (!writeall(former_.number(), {chunk.data(), static_cast<std::size_t>(got)})) return false;
-    at += got;
-  }
-  return ::ftruncate(former_.number(), from.st_size) == 0 && flush(former_.number());
+  const bool copied = copybytes(file_, former_, from.st_size);
+  if (copied && (grows || ::ftruncate(former_.number(), from.st_size) == 0)) return flush(former_.number());
+  const int reason = errno;
+  const bool putback =
+      copybytes(kept, former_, to.st_size) && (!grows || ::ftruncate(former_.number(), to.st_size) == 0);
+  if (!putback) fail(reason, std::string(std::strerror(reason)) + ". The former content could not be put back");
+  errno = reason;
+  return false;
 }
 
-std::optional<WriteFailure> writefile(const fs::path& name, std::string_view bytes) {
-  OutputFile file(name, Reader::present);
+namespace {
+
+std::optional<WriteFailure> written(OutputFile file, std::string_view bytes) {
   file.write(bytes);
   file.commit();
   return file.failure();
+}
+
+}  // namespace
+
+std::optional<WriteFailure> writefile(const fs::path& name, std::string_view bytes) {
+  return written(OutputFile(name, Reader::present), bytes);
+}
+
+std::optional<WriteFailure> writeownfile(const fs::path& name, std::string_view bytes) {
+  return written(OutputFile::own(name), bytes);
+}
+
+void removeabandoned(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const pid_t process = processof(entry->path().filename().native());
+    if (process == 0 || ::kill(process, 0) == 0 || errno != ESRCH) continue;
+    const Descriptor file(::open(entry->path().c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat facts;
+    const bool ours =
+        file.isopen() && ::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_uid == ::geteuid();
+    // One that is locked belongs to a process on another machine.
+    const bool inuse = ours && ::flock(file.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    if (ours && !inuse) ::unlink(entry->path().c_str());
+  }
 }
 
 }  // namespace moistair

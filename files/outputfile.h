@@ -2,15 +2,19 @@
 /// The one way in which a file is written: pictures, tables, copies of the log, documents.
 ///
 /// Who saves over a file must never lose both the old one and the new one. So a regular file, and one that is not there
-/// yet, is written beside its place, brought to the disk and moved there when it is whole: a full disk, a kill or a
+/// yet, is written next to its place, brought to the disk and moved there when it is whole: a full disk, a kill or a
 /// power failure leaves the old file or the new one, and no other file where the system can make one without a name.
-/// The new file keeps the permissions of the old one. Where nothing can be put beside the old file, or where the new
-/// one could not have its owner, it is collected elsewhere and copied into the old one at the end.
+/// The new file keeps the permissions of the old one. Where nothing can be put next to the old file, or where the new
+/// one could not have its owner, it is collected elsewhere and copied into the old one at the end; a failure then puts
+/// the old bytes back.
 ///
-/// A symbolic link stays, and what it leads to is written; a loop of links is refused. Whatever is no regular file (a
+/// A name that the user chose may be a link: it stays, and the file that the kernel finds through it is written, so
+/// that the kernel decides which links may be followed. A link to nothing is refused. Whatever is no regular file (a
 /// FIFO, a device, a descriptor of this process by a name such as /dev/stdout) is written into and never replaced. A
-/// name is bytes and is used as it is.
+/// name of the program's own is never followed: what is there is replaced. A name is bytes and is used as it is.
 #pragma once
+
+#include <sys/types.h>
 
 #include <filesystem>
 #include <optional>
@@ -25,8 +29,9 @@ namespace moistair {
 
 /// Why a file was not written.
 struct WriteFailure {
-  int error;    ///< errno of the step that failed
-  bool opened;  ///< it could be opened or made, and was not written to its end
+  int error;               ///< errno of the step that failed
+  bool opened;             ///< it could be opened or made, and was not written to its end
+  std::string words = {};  ///< where those of the system would not do
 
   /// "No space left on device".
   std::string reason() const;
@@ -42,6 +47,9 @@ class OutputFile {
 public:
   /// Opens what the name leads to; `failure` tells whether that worked.
   explicit OutputFile(const std::filesystem::path& name, Reader reader = Reader::awaited);
+
+  /// A file at a name of the program's own, for the user alone. Replaces what is there, a link included.
+  static OutputFile own(const std::filesystem::path& name);
 
   /// Writes into what is open already; it stays open.
   static OutputFile through(int descriptor);
@@ -65,24 +73,38 @@ public:
 
 private:
   OutputFile() = default;
-  bool open(const std::filesystem::path& name, Reader reader);
-  bool openspecial(const std::filesystem::path& name, Reader reader);
+  void open(Reader reader);
+  bool opennew();
+  bool openspecial(const struct stat& found, int number, Reader reader);
+  bool findplace(const Descriptor& found, const struct stat& former);
   bool openbeside(const struct stat* former);
   bool openspool();
+  bool openformer();
   bool replace();
   bool givename();
   bool copyover();
   void dropname();
-  bool fail(int error);
+  bool fail(int error, std::string words = {});
 
-  std::filesystem::path target_;     ///< behind all links; empty where the bytes go through
-  std::filesystem::path temporary_;  ///< name of the file beside, empty while it has none
+  std::filesystem::path name_;  ///< as given
+  bool own_ = false;            ///< a name of the program's own
+  Descriptor folder_;           ///< holds the file that is to be replaced or made
+  std::string filename_;        ///< its name in there; empty where the bytes go into what is there
+  std::string temporary_;       ///< name of the new file in the same folder, empty while it has none
   Descriptor file_;
+  dev_t device_ = 0;  ///< of the file that was found, as its `node_`
+  ino_t node_ = 0;
   Descriptor former_;  ///< the file to copy into, open only if it is not to be replaced
   std::optional<WriteFailure> failure_;
 };
 
 /// A whole file at once, never waiting for a reader.
 std::optional<WriteFailure> writefile(const std::filesystem::path& name, std::string_view bytes);
+
+/// The same at a name of the program's own.
+std::optional<WriteFailure> writeownfile(const std::filesystem::path& name, std::string_view bytes);
+
+/// Removes what processes of this user that are gone have left in a folder while they wrote files.
+void removeabandoned(const std::filesystem::path& folder);
 
 }  // namespace moistair

@@ -57,7 +57,7 @@ bool moveaway(const fs::path& log, const fs::path& target) {
     return false;
   }
   const std::optional<std::string> bytes = readlogbytes(log);
-  if (!bytes || writefile(target, *bytes)) return false;
+  if (!bytes || writeownfile(target, *bytes)) return false;
   return ::unlink(log.c_str()) == 0;
 }
 

@@ -21,6 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr mode_t newfile = 0600;  // what is saved is the user's alone
 constexpr std::string_view lineend = "\r\n";
 constexpr int mostlogs = 99;  // in one folder
 
@@ -47,7 +48,6 @@ enum class Opening { open, locked, impossible };
 
 /// Opens a log to append to it, and locks it where the disk knows of locks.
 Opening openlocked(const fs::path& path, int flags, Descriptor& file) {
-  constexpr mode_t newfile = 0666;
   if (isodd(path)) return Opening::impossible;
   Descriptor opened(
       ::open(path.c_str(), O_RDWR | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC | flags, newfile));
@@ -73,7 +73,10 @@ Opening opennew(const fs::path& path, const fs::path& sessions, Descriptor& file
     const Opening opening = openlocked(path, O_CREAT, file);
     if (opening != Opening::open) return opening;
     struct stat opened;
-    if (::fstat(file.number(), &opened) == 0 && opened.st_size == 0) return Opening::open;
+    if (::fstat(file.number(), &opened) == 0 && opened.st_size == 0) {
+      ::fchmod(file.number(), newfile);  // one that was there
+      return Opening::open;
+    }
     const bool gone = keeping && (path.filename() == "temp.txt" || islog(file)) && keepsession(path, sessions);
     file = Descriptor();
     if (!gone) break;
@@ -88,12 +91,11 @@ std::optional<std::string> readlogbytes(const fs::path& log) {
   return content.fault.empty() ? std::optional(std::move(content.bytes)) : std::nullopt;
 }
 
-std::optional<std::string> readlog(const fs::path& log) {
-  const std::optional<std::string> bytes = readlogbytes(log);
-  if (!bytes) return std::nullopt;
-  std::string text = fromsinglebyte(*bytes);
-  if (!text.empty() && !text.ends_with('\n')) text += lineend;
-  return text;
+FileContent readlog(const fs::path& log) {
+  FileContent content = readfile(log, Links::refused, largestshown);
+  content.bytes = fromsinglebyte(content.bytes);
+  if (!content.bytes.empty() && !content.bytes.ends_with('\n')) content.bytes += lineend;
+  return content;
 }
 
 SessionLog::SessionLog(LogPlaces places) : places_(std::move(places)), path_(logname(places_.folders.front(), 1)) {}
@@ -162,7 +164,7 @@ bool SessionLog::append(const std::vector<std::string>& lines) {
 
 std::size_t SessionLog::records() { return hold() ? records_ : 0; }
 
-std::optional<std::string> SessionLog::read() { return hold() ? readlog(path_) : std::nullopt; }
+FileContent SessionLog::read() { return hold() ? readlog(path_) : FileContent{{}, "It is gone."}; }
 
 bool SessionLog::isat(const fs::path& other) const {
   std::error_code ignored;

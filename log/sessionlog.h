@@ -18,15 +18,20 @@
 #include <vector>
 
 #include "files/descriptor.h"
+#include "files/inputfile.h"
 #include "log/logplaces.h"
 
 namespace moistair {
+
+/// What a window shows of a log; a larger one would hold it up.
+inline constexpr std::size_t largestshown = std::size_t{8} << 20;
 
 class SessionLog {
 public:
   explicit SessionLog(LogPlaces places);
 
   const std::filesystem::path& path() const { return path_; }
+  bool isopen() const { return file_.isopen(); }  ///< whether the file of that path is this session's
   const LogPlaces& places() const { return places_; }
   const std::filesystem::path& sessions() const { return places_.sessions; }
 
@@ -41,8 +46,8 @@ public:
   /// How many blocks the file holds: those appended since it was made.
   std::size_t records();
 
-  /// The whole file as UTF-8, every line with its line end; none if the file cannot be read.
-  std::optional<std::string> read();
+  /// The whole file as UTF-8, every line with its line end, or why it cannot be shown.
+  FileContent read();
 
   /// Whether the log is the file of this path, by whatever name.
   bool isat(const std::filesystem::path& other) const;
@@ -69,7 +74,7 @@ private:
 /// The bytes of a log; none if it is no plain file or cannot be read.
 std::optional<std::string> readlogbytes(const std::filesystem::path& log);
 
-/// The same as UTF-8, every line with its line end.
-std::optional<std::string> readlog(const std::filesystem::path& log);
+/// The same as UTF-8, every line with its line end, or why it cannot be shown.
+FileContent readlog(const std::filesystem::path& log);
 
 }  // namespace moistair

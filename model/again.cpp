@@ -4,6 +4,7 @@
 
 #include "chart/chartfinders.h"
 #include "chart/pointmark.h"
+#include "model/exactentry.h"
 #include "model/locate.h"
 #include "model/marks.h"
 #include "model/pointreport.h"
@@ -11,6 +12,8 @@
 namespace moistair {
 
 namespace {
+
+constexpr const char* noExactState = "No exact state has both values";
 
 /// Works an entry out anew; returns nullptr, or the message with which it is refused.
 struct Reworker {
@@ -20,10 +23,21 @@ struct Reworker {
   const char* operator()(MarkedPoint& point) const {
     const auto& [one, two] = point.given;
     SolverFields fields;  // no other point can change the result
+    if (point.exact) return reworkExactly(point, fields);
     const Location location = locatepoint(
         {one.kind, two.kind, one.value, two.value}, [] { return true; }, setting.pressure.atm, finders, fields);
     if (location.refusal) return location.refusal->text;
     point.state = readreport(fillreport(location.resolution.point, point.identification, setting.pressure.entry));
+    return nullptr;
+  }
+
+  const char* reworkExactly(MarkedPoint& point, SolverFields& fields) const {
+    const auto& [one, two] = point.given;
+    const double atm = setting.pressure.atm;
+    const Resolution found = resolvepair(one.kind, one.value, two.kind, two.value, atm, finders, fields);
+    const auto state = exactChoice(givenOf(point), atm, found).state;
+    if (!state) return noExactState;
+    point.state = asReported(*state);
     return nullptr;
   }
 
@@ -36,6 +50,7 @@ struct Reworker {
       problem.solverfields = {};
       resolvestream(problem, stream);
     }
+    problem.exactMixture = line.columns.at(2).exact;
     mixstreams(problem);
     line.columns = {problem.streams[0], problem.streams[1], problem.mixed};
     return nullptr;
@@ -56,19 +71,19 @@ struct Reworker {
 
 }  // namespace
 
-Again again(const std::vector<Entry>& before, const Setting& setting, WindowSize window) {
+Again again(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window) {
   const PlotArea area = plotarea(setting.limits, window);
   const RangeFinders finders = chartrangefinders([area] { return area; });
   Again result;
   RecordingCanvas scratch;
-  for (const Entry& earlier : before) {
-    Entry entry{setting, earlier.content};
+  for (const LeftOut& earlier : previous) {
+    Entry entry{setting, earlier.entry.content};
     const char* message = std::visit(Reworker{setting, finders}, entry.content);
     if (message == nullptr) message = draw(entry, scratch, window);
     if (message == nullptr) {
       result.entries.push_back(std::move(entry));
     } else {
-      result.leftout.push_back({earlier, message});
+      result.leftout.push_back({earlier.entry, message});
     }
   }
   return result;

@@ -122,6 +122,11 @@ void ChartCommands::open(Document document, WindowSize window) {
   bringback(this->document().pressure, window);
 }
 
+void ChartCommands::retitle(TitleBlock titleblock) {
+  history_.carryout(retitling(document(), std::move(titleblock)));
+  tell();
+}
+
 void ChartCommands::marksaved() {
   history_.marksaved();
   tell();

@@ -74,6 +74,9 @@ public:
   /// lists are the caller's to take from it.
   void open(Document document, WindowSize window);
 
+  /// Another title block of the sheet, which nothing of the chart shows.
+  void retitle(TitleBlock titleblock);
+
   void marksaved();
   void markunsaved();
 

@@ -77,27 +77,19 @@ template <class After>
 void drawentries(const Document& document, ChartCanvas& canvas, WindowSize window, const After& after) {
   canvas.DropPicture();
   canvas.Cls();
+  const Entry* before = nullptr;
   std::size_t drawn = 0;
   for (const Entry& entry : document.entries) {
-    after(entry, draw(entry, canvas, window));
+    // A chart over the same one shows nothing more, and ten thousand of them would take their time.
+    const bool covers = before != nullptr && std::holds_alternative<DrawnChart>(entry.content) && entry == *before;
+    after(entry, covers ? nullptr : draw(entry, canvas, window));
+    before = &entry;
     if (++drawn == document.background) canvas.KeepPicture();
   }
 }
 
-}  // namespace
-
-const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window) {
-  return std::visit(EntryDrawer{canvas, window, entry.setting}, entry.content);
-}
-
-void draw(const Document& document, ChartCanvas& canvas, WindowSize window) {
-  drawentries(document, canvas, window, [](const Entry&, const char*) {});
-}
-
-std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window) {
-  std::vector<const char*> messages;
-  messages.reserve(document.entries.size());
-  drawentries(document, canvas, window, [&](const Entry&, const char* message) { messages.push_back(message); });
+/// Takes the entries with a message out of a document.
+std::vector<LeftOut> takeout(Document& document, const std::vector<const char*>& messages) {
   std::vector<Entry> kept;
   std::vector<LeftOut> leftout;
   std::size_t background = 0;
@@ -114,6 +106,37 @@ std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, Window
   return leftout;
 }
 
+}  // namespace
+
+const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window) {
+  return std::visit(EntryDrawer{canvas, window, entry.setting}, entry.content);
+}
+
+void draw(const Document& document, ChartCanvas& canvas, WindowSize window) {
+  drawentries(document, canvas, window, [](const Entry&, const char*) {});
+}
+
+std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window) {
+  std::vector<const char*> messages;
+  messages.reserve(document.entries.size());
+  drawentries(document, canvas, window, [&](const Entry&, const char* message) { messages.push_back(message); });
+  return takeout(document, messages);
+}
+
+std::vector<LeftOut> leaveout(Document& document, WindowSize window) {
+  std::vector<const char*> messages;
+  messages.reserve(document.entries.size());
+  for (std::size_t i = 0; i < document.entries.size(); ++i) {
+    const Entry& entry = document.entries[i];
+    RecordingCanvas scratch;
+    const bool fits =
+        std::holds_alternative<DrawnChart>(entry.content) || std::holds_alternative<HeaderLine>(entry.content);
+    const bool again = i > 0 && entry == document.entries[i - 1];
+    messages.push_back(fits ? nullptr : again ? messages.back() : draw(entry, scratch, window));
+  }
+  return takeout(document, messages);
+}
+
 Drawing drawingof(const Document& document, WindowSize window) {
   RecordingCanvas canvas;
   draw(document, canvas, window);
@@ -126,6 +149,13 @@ std::optional<ChartLimits> standinglimits(const Document& document) {
                            drawn.highhr.lenient()};
   if (!(limits.lowdb < limits.highdb && limits.lowhr < limits.highhr)) return std::nullopt;
   return limits;
+}
+
+std::size_t untriedcount(const Document& document) {
+  if (!standinglimits(document)) return 0;
+  const auto untried = [](const LeftOut& left) { return left.reason.empty(); };
+  const auto count = std::count_if(document.previous.begin(), document.previous.end(), untried);
+  return static_cast<std::size_t>(count);
 }
 
 const Entry* lastchart(const Document& document) {

@@ -66,6 +66,7 @@ struct MarkedPoint {
   std::array<TypedProperty, 2> given;
   StatePoint state;
   std::string identification;  ///< as typed, which may be empty
+  bool exact = false;          ///< whether the state is the exact one in place of what the search finds
 
   bool operator==(const MarkedPoint&) const = default;
 };
@@ -94,11 +95,30 @@ struct Entry {
   bool operator==(const Entry&) const = default;
 };
 
+/// An entry that is not on the chart.
+struct LeftOut {
+  Entry entry;         ///< with the setting of the chart that it was on
+  std::string reason;  ///< in the words for the user; empty while nobody has tried to put it on this chart
+
+  bool operator==(const LeftOut&) const = default;
+};
+
+/// What the title block of a sheet says of its author and its subject.
+struct TitleBlock {
+  std::string title, project, drawnby;
+
+  bool operator==(const TitleBlock&) const = default;
+};
+
+/// A new chart, a clearing and a new pressure take what was on the chart off it. That stays in the document as
+/// `previous`, inactive, until it is put on the new chart (again.h), deleted, or replaced by what a later chart held.
 struct Document {
-  std::vector<Entry> entries;  ///< in the order in which they lie over each other
-  std::size_t background = 0;  ///< so many of them, from the first, are in the background picture
-  Pressure pressure;           ///< last set, not necessarily that of any entry
-  ChartStand stand;            ///< the chart that counts as standing, and so decides what may be added
+  std::vector<Entry> entries;              ///< in the order in which they lie over each other
+  std::vector<LeftOut> previous{};         ///< entries of the previous chart that are not on this one
+  std::size_t background = 0;              ///< so many of the entries, from the first, are in the background picture
+  Pressure pressure;                       ///< last set, not necessarily that of any entry
+  ChartStand stand;                        ///< the current chart, which decides what may be added
+  std::optional<TitleBlock> titleblock{};  ///< none before anything was entered
 };
 
 /// Draws one entry over what is on the canvas and returns nullptr, or draws nothing and returns the message with which
@@ -108,20 +128,20 @@ const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window);
 /// Clears the canvas and draws all of a document, its background picture kept as such.
 void draw(const Document& document, ChartCanvas& canvas, WindowSize window);
 
-/// An entry that was wanted on a chart and is not there.
-struct LeftOut {
-  Entry entry;
-  std::string reason;  ///< in the words for the user
-};
-
 /// The same, and takes out of the document what draws nothing with its limits and its pressure. Returns what it took.
 std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window);
+
+/// Takes the same out without drawing the rest, for who draws in another way.
+std::vector<LeftOut> leaveout(Document& document, WindowSize window);
 
 /// All of a document as a list of operations.
 Drawing drawingof(const Document& document, WindowSize window);
 
 /// The limits of the chart that counts as standing; none before the first and after a clearing.
 std::optional<ChartLimits> standinglimits(const Document& document);
+
+/// How many entries of the previous chart nobody has tried to put on this one; 0 while there is no chart.
+std::size_t untriedcount(const Document& document);
 
 /// The last chart in the list; null if there is none.
 const Entry* lastchart(const Document& document);

@@ -35,11 +35,17 @@ Json columnof(const AirStream& column) {
   return json;
 }
 
+Json withExact(Json json, bool exact) {
+  if (exact) json["exact"] = true;
+  return json;
+}
+
 Json streamof(const AirStream& stream) {
-  return {{"given", givenof(stream.kind1.value_or(PropertyKind::db), stream.value1,
-                            stream.kind2.value_or(PropertyKind::db), stream.value2)},
-          {"flow", stream.flow},
-          {"shown", columnof(stream)}};
+  const Json json = {{"given", givenof(stream.kind1.value_or(PropertyKind::db), stream.value1,
+                                       stream.kind2.value_or(PropertyKind::db), stream.value2)},
+                     {"flow", stream.flow},
+                     {"shown", columnof(stream)}};
+  return withExact(json, stream.exact);
 }
 
 Json jsonof(const StatePoint& point) {
@@ -71,6 +77,7 @@ struct ContentWriter {
     json["id"] = point.identification;
     json["given"] = givenof(one.kind, one.value, two.kind, two.value);
     json["state"] = jsonof(point.state);
+    json = withExact(std::move(json), point.exact);
   }
 
   void operator()(const PinnedReading& pinned) const {
@@ -82,7 +89,8 @@ struct ContentWriter {
   void operator()(const MixingLine& line) const {
     json["kind"] = "mixture";
     json["streams"] = Json::array({streamof(line.columns[0]), streamof(line.columns[1])});
-    json["mixed"] = {{"flow", line.columns[2].flow}, {"shown", columnof(line.columns[2])}};
+    const AirStream& mixed = line.columns[2];
+    json["mixed"] = withExact({{"flow", mixed.flow}, {"shown", columnof(mixed)}}, mixed.exact);
   }
 };
 
@@ -109,29 +117,54 @@ Json jsonofpath(std::string_view path) {
   return bytes;
 }
 
+/// The first format that can hold an entry.
+struct FormatFinder {
+  int operator()(const PinnedReading&) const { return 2; }
+  int operator()(const MarkedPoint& point) const { return point.exact ? 3 : 1; }
+  int operator()(const MixingLine& line) const {
+    const bool exact = std::any_of(line.columns.begin(), line.columns.end(), [](const auto& at) { return at.exact; });
+    return exact ? 3 : 1;
+  }
+  template <class Other>
+  int operator()(const Other&) const {
+    return 1;
+  }
+};
+
 /// The first format that can hold a document.
 int formatfor(const Document& document) {
-  const auto isreadout = [](const Entry& entry) { return std::holds_alternative<PinnedReading>(entry.content); };
-  return std::any_of(document.entries.begin(), document.entries.end(), isreadout) ? documentformat : 1;
+  int format = document.previous.empty() && !document.titleblock ? 1 : documentformat;
+  for (const Entry& entry : document.entries) format = std::max(format, std::visit(FormatFinder{}, entry.content));
+  return format;
 }
 
 /// @param head members of the whole behind its format
 std::string written(const Document& document, const Json& head) {
   std::string text = "{\n\"format\": " + std::to_string(formatfor(document));
   for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + jsontext(value);
-  text += ",\n\"entries\": [";
-  Setting before{{}, document.pressure};
-  const char* separator = "\n";
-  for (const Entry& entry : document.entries) {
-    text += std::exchange(separator, ",\n") + jsontext(jsonof(entry, before));
+  const auto list = [&](const char* name, const auto& elements, const auto& json) {
+    text += std::string(",\n\"") + name + "\": [";
+    Setting before{{}, document.pressure};
+    const char* separator = "\n";
+    for (const auto& element : elements) text += std::exchange(separator, ",\n") + jsontext(json(element, before));
+    text += "\n]";
+  };
+  list("entries", document.entries, [](const Entry& entry, Setting& before) { return jsonof(entry, before); });
+  if (!document.previous.empty()) {
+    list("previous", document.previous, [](const LeftOut& left, Setting& before) {
+      return Json{{"entry", jsonof(left.entry, before)}, {"reason", left.reason}};
+    });
   }
-  return text + "\n]\n}\n";
+  return text + "\n}\n";
 }
 
 Json headof(const Document& document) {
   Json head = {{"pressure", jsonof(document.pressure)}};
   if (const auto limits = standinglimits(document)) head["drawn"] = jsonof(*limits);
   if (document.background > 0) head["background"] = document.background;
+  if (const auto& block = document.titleblock) {
+    head["titleblock"] = {{"title", block->title}, {"project", block->project}, {"drawnby", block->drawnby}};
+  }
   return head;
 }
 

@@ -19,9 +19,13 @@ namespace moistair {
 
 inline constexpr const char* documentending = ".moistair";
 
-/// The latest format, which has read-outs beyond the first. A document is written in the first that can hold it, so
-/// that earlier versions of the program read what they know; all are read.
-inline constexpr int documentformat = 2;
+/// A file that is larger is no document of ours, and would take its time to be read [bytes].
+inline constexpr std::size_t largestdocument = std::size_t{64} << 20;
+
+/// The latest format. Beyond the first, the second has read-outs, the third exact states, entries of the previous chart
+/// and a title block. A document is written in the first that can hold it, so that earlier versions of the program read
+/// what they know; all are read.
+inline constexpr int documentformat = 3;
 
 std::string filetext(const Document& document);
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 #include <utility>
 
 #include "model/documentnames.h"
@@ -25,20 +26,33 @@ Value named(const JsonNode& node, const std::array<Name<Value>, size>& names) {
   node.fail("must be one of " + offered);
 }
 
+/// A pressure that was set.
 Pressure pressureof(const JsonNode& node) {
   node.onlykeys({"unit", "entry", "inhg"});
   Pressure pressure;
   const JsonNode unit = node.at("unit");
   pressure.entry.unit = unit.isnull() ? std::nullopt : std::optional(named(unit, unitnames));
-  pressure.entry.text = node.at("entry").text();
+  const JsonNode entry = node.at("entry");
+  pressure.entry.text = entry.text();
   pressure.atm = node.at("inhg").number();
+  if (!pressurefor(pressure.entry).accepted) {
+    entry.fail(std::string("must be within the range of its unit, ") + rowof(*pressure.entry.unit).rangehint);
+  }
   return pressure;
 }
 
+/// The pressure of the whole. Without a unit, the pressure window keeps what was in force, a refused value included.
+Pressure setpressureof(const JsonNode& node) {
+  const Pressure pressure = pressureof(node);
+  if (!pressure.entry.unit || isofentry(pressure)) return pressure;
+  node.at("inhg").fail("must be " + pressurefor(pressure.entry).inhg.value_or("") + ", the pressure of its entry, or " +
+                       defaultpressuretext);
+}
+
 ChartLimits limitsof(const JsonNode& node) {
-  const std::vector<JsonNode> numbers = node.elements("limit");
-  if (numbers.size() != 4) node.fail("must be four numbers");
-  return {numbers[0].number(), numbers[1].number(), numbers[2].number(), numbers[3].number()};
+  const std::vector<double> numbers =
+      node.numbers({"lowest dry bulb", "highest dry bulb", "lowest humidity ratio", "highest humidity ratio"});
+  return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
 void checkdrawable(const JsonNode& node, const ChartLimits& limits) {
@@ -85,12 +99,18 @@ StatePoint stateof(const JsonNode& node) {
   return state;
 }
 
+bool isExact(const JsonNode& node) {
+  const auto exact = node.find("exact");
+  return exact && exact->flag();
+}
+
 MarkedPoint pointof(const JsonNode& node) {
-  node.onlykeys({"kind", "id", "given", "state", "limits", "pressure"});
+  node.onlykeys({"kind", "id", "given", "state", "exact", "limits", "pressure"});
   MarkedPoint point;
   point.identification = node.at("id").text();
   point.given = givenof(node.at("given"));
   point.state = stateof(node.at("state"));
+  point.exact = isExact(node);
   return point;
 }
 
@@ -115,7 +135,7 @@ void readcolumn(const JsonNode& node, AirStream& column) {
 }
 
 AirStream streamof(const JsonNode& node) {
-  node.onlykeys({"given", "flow", "shown"});
+  node.onlykeys({"given", "flow", "shown", "exact"});
   AirStream stream;
   const auto [one, two] = givenof(node.at("given"));
   stream.kind1 = one.kind;
@@ -129,6 +149,7 @@ AirStream streamof(const JsonNode& node) {
   for (const auto& [value, name] : statenames) state.*value = lenientnumber(shown.at(name).text());
   checkstate(shown, state);
   stream.complete = true;
+  stream.exact = isExact(node);
   return stream;
 }
 
@@ -138,10 +159,11 @@ MixingLine mixtureof(const JsonNode& node) {
   const std::vector<JsonNode> pair = streams.elements("stream");
   if (pair.size() != 2) streams.fail("must be two streams");
   const JsonNode mixed = node.at("mixed");
-  mixed.onlykeys({"flow", "shown"});
+  mixed.onlykeys({"flow", "shown", "exact"});
   AirStream mixture;
   mixture.flow = mixed.at("flow").text();
   readcolumn(mixed.at("shown"), mixture);
+  mixture.exact = isExact(mixed);
   return {{streamof(pair[0]), streamof(pair[1]), mixture}};
 }
 
@@ -184,6 +206,21 @@ Entry entryof(const JsonNode& node, Setting& before) {
   return entry;
 }
 
+/// An entry of the previous chart.
+LeftOut leftoutof(const JsonNode& node, Setting& before) {
+  node.onlykeys({"entry", "reason"});
+  const JsonNode entry = node.at("entry");
+  LeftOut left{entryof(entry, before), node.at("reason").text()};
+  const bool ischart = std::holds_alternative<DrawnChart>(left.entry.content);
+  if (ischart || !haslimits(left.entry)) entry.at("kind").fail("must be one of line, point, mixture, readout");
+  return left;
+}
+
+TitleBlock titleblockof(const JsonNode& node) {
+  node.onlykeys({"title", "project", "drawnby"});
+  return {node.at("title").text(), node.at("project").text(), node.at("drawnby").text()};
+}
+
 std::size_t backgroundof(const JsonNode& node, std::size_t entries) {
   const double number = node.number();
   if (!(number >= 0 && number <= static_cast<double>(entries) && number == std::floor(number))) {
@@ -205,7 +242,7 @@ std::string pathof(const JsonNode& node) {
 
 void checkformat(const JsonNode& root) {
   const auto format = root.find("format");
-  if (!format) root.fail("this is no chart of Moistair: \"format\" is missing");
+  if (!format) root.fail("\"format\" is missing, so this is not a Moistair document");
   const double number = format->number();
   if (number > documentformat) {
     format->fail("the file was written by a later version of the program (format " + numbertext(number) + ")");
@@ -215,12 +252,18 @@ void checkformat(const JsonNode& root) {
 
 ReadDocument documentof(const JsonNode& root) {
   checkformat(root);
-  root.onlykeys({"format", "file", "pressure", "drawn", "background", "entries"});
+  root.onlykeys({"format", "file", "pressure", "drawn", "background", "titleblock", "entries", "previous"});
   ReadDocument read;
   Document document;
-  document.pressure = pressureof(root.at("pressure"));
+  document.pressure = setpressureof(root.at("pressure"));
   Setting before{{}, document.pressure};
   for (const JsonNode& node : root.at("entries").elements("entry")) document.entries.push_back(entryof(node, before));
+  if (const auto previous = root.find("previous")) {
+    before = {{}, document.pressure};
+    for (const JsonNode& node : previous->elements("previous entry"))
+      document.previous.push_back(leftoutof(node, before));
+  }
+  if (const auto titleblock = root.find("titleblock")) document.titleblock = titleblockof(*titleblock);
   if (const auto drawn = root.find("drawn")) {
     const ChartLimits limits = limitsof(*drawn);
     checkdrawable(*drawn, limits);
@@ -237,9 +280,12 @@ ReadDocument documentof(const JsonNode& root) {
 }  // namespace
 
 ReadDocument readdocument(std::string_view text) {
+  if (text.size() > largestdocument) return {std::nullopt, "", "the document is larger than 64 MB, the limit"};
   try {
     const Json json = parsedjson(text);
     return documentof(JsonNode(json, ""));
+  } catch (const std::bad_alloc&) {
+    return {std::nullopt, "", "there is not enough memory to read it"};
   } catch (const std::exception& fault) {
     return {std::nullopt, "", fault.what()};
   }

@@ -18,7 +18,28 @@ Change nochange(const Document& document, std::string name) {
   change.background = document.background;
   change.pressure = document.pressure;
   change.stand = document.stand;
+  change.titleblock = document.titleblock;
   return change;
+}
+
+bool ischart(const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); }
+
+/// Whether it can be put on another chart.
+bool islasting(const Entry& entry) { return !ischart(entry) && !std::holds_alternative<HeaderLine>(entry.content); }
+
+/// Entries of the previous chart once all from a place on is taken off this one. What could not be put on this one
+/// belongs to it; what nobody has tried to put on it is given up for entries of its own, and else waits for the next.
+std::vector<LeftOut> previousafter(const Document& document, std::size_t from) {
+  std::vector<LeftOut> removed;
+  for (std::size_t i = from; i < document.entries.size(); ++i) {
+    if (islasting(document.entries[i])) removed.push_back({document.entries[i], {}});
+  }
+  std::vector<LeftOut> previous;
+  for (const LeftOut& left : document.previous) {
+    if (removed.empty() || !left.reason.empty()) previous.push_back({left.entry, {}});
+  }
+  previous.insert(previous.end(), std::make_move_iterator(removed.begin()), std::make_move_iterator(removed.end()));
+  return previous;
 }
 
 /// Everything from a place on is removed.
@@ -26,7 +47,9 @@ Change removal(const Document& document, std::string name, std::size_t from) {
   Change change = nochange(document, std::move(name));
   change.at = from;
   change.count = document.entries.size() - from;
-  change.endschart = true;
+  if (auto previous = previousafter(document, from); previous != document.previous) {
+    change.previous = std::move(previous);
+  }
   return change;
 }
 
@@ -39,14 +62,24 @@ Change replacement(const Document& document, std::string name, std::size_t place
   return change;
 }
 
-bool ischart(const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); }
-
-/// Whether it can be put on another chart.
-bool islasting(const Entry& entry) { return !ischart(entry) && !std::holds_alternative<HeaderLine>(entry.content); }
+const Entry& entryat(const Document& document, std::size_t place) {
+  const std::size_t active = document.entries.size();
+  return place < active ? document.entries[place] : document.previous[place - active].entry;
+}
 
 std::string deletionname(const Document& document, const std::vector<std::size_t>& places) {
   if (places.size() != 1) return "Delete " + std::to_string(places.size()) + " entries";
-  return "Delete " + captionof(document.entries[places.front()]);
+  return "Delete " + captionof(entryat(document, places.front()));
+}
+
+/// Without those at some places, which count from the first of the entries.
+std::vector<LeftOut> previouswithout(const Document& document, const std::vector<std::size_t>& places) {
+  std::vector<LeftOut> previous;
+  for (std::size_t i = 0; i < document.previous.size(); ++i) {
+    const bool stays = !std::binary_search(places.begin(), places.end(), document.entries.size() + i);
+    if (stays) previous.push_back(document.previous[i]);
+  }
+  return previous;
 }
 
 }  // namespace
@@ -57,9 +90,16 @@ Change addition(const Document& document, Entry entry) {
   return change;
 }
 
-Change additions(const Document& document, std::vector<Entry> entries, std::string name) {
+Change takingover(const Document& document, std::string name, std::vector<Entry> entries, std::vector<LeftOut> rest) {
   Change change = nochange(document, std::move(name));
   change.entries = std::move(entries);
+  change.previous = std::move(rest);
+  return change;
+}
+
+Change retitling(const Document& document, TitleBlock titleblock) {
+  Change change = nochange(document, "Title block");
+  change.titleblock = std::move(titleblock);
   return change;
 }
 
@@ -91,6 +131,9 @@ Change deletion(const Document& document, std::vector<std::size_t> places) {
   std::sort(places.begin(), places.end());
   places.erase(std::unique(places.begin(), places.end()), places.end());
   Change change = nochange(document, deletionname(document, places));
+  const auto active = std::lower_bound(places.begin(), places.end(), document.entries.size());
+  if (active != places.end()) change.previous = previouswithout(document, places);
+  places.erase(active, places.end());
   if (places.empty()) return change;
   change.at = places.front();
   change.count = places.back() - places.front() + 1;
@@ -118,6 +161,19 @@ Change moving(const Document& document, std::size_t place, Entry moved) {
   return replacement(document, name, place, std::move(moved));
 }
 
+Change exchanging(const Document& document, const std::vector<std::pair<std::size_t, Entry>>& entries,
+                  std::string name) {
+  const auto [first, last] = std::minmax_element(
+      entries.begin(), entries.end(), [](const auto& one, const auto& other) { return one.first < other.first; });
+  Change change = nochange(document, std::move(name));
+  change.at = first->first;
+  change.count = last->first - first->first + 1;
+  const auto from = document.entries.begin() + static_cast<Place>(change.at);
+  change.entries.assign(from, from + static_cast<Place>(change.count));
+  for (const auto& [place, entry] : entries) change.entries[place - change.at] = entry;
+  return change;
+}
+
 void carryout(Change& change, Document& document) {
   std::vector<Entry>& entries = document.entries;
   const auto first = entries.begin() + static_cast<Place>(change.at);
@@ -131,6 +187,8 @@ void carryout(Change& change, Document& document) {
   std::swap(change.background, document.background);
   std::swap(change.pressure, document.pressure);
   std::swap(change.stand, document.stand);
+  std::swap(change.titleblock, document.titleblock);
+  if (change.previous) std::swap(*change.previous, document.previous);
 }
 
 void History::carryout(Change change) {
@@ -138,7 +196,9 @@ void History::carryout(Change change) {
   const bool joins = joinslast(change);
   moistair::carryout(change, document_);
   if (joins) {
-    changes_.back().count += change.count;
+    Change& last = changes_.back();
+    last.count += change.count;
+    if (!last.previous) last.previous = std::move(change.previous);
     if (saved_ == done_) saved_ = std::nullopt;
     return;
   }
@@ -181,17 +241,6 @@ void History::undo() {
 
 void History::redo() {
   if (done_ < changes_.size()) moistair::carryout(changes_[done_++], document_);
-}
-
-std::vector<Entry> History::chartbefore() const {
-  for (std::size_t i = done_; i > 0; --i) {
-    const Change& change = changes_[i - 1];
-    std::vector<Entry> lasting;
-    if (change.endschart)
-      std::copy_if(change.entries.begin(), change.entries.end(), std::back_inserter(lasting), islasting);
-    if (!lasting.empty()) return lasting;
-  }
-  return {};
 }
 
 }  // namespace moistair

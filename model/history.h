@@ -8,6 +8,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/document.h"
@@ -23,7 +24,8 @@ struct Change {
   std::size_t background = 0;
   Pressure pressure;
   ChartStand stand;
-  bool endschart = false;  ///< whether what it removes is the chart before, to be put on the next one if wanted
+  std::optional<TitleBlock> titleblock;
+  std::optional<std::vector<LeftOut>> previous;  ///< none where the entries of the previous chart stay as they are
 };
 
 inline constexpr const char* drawname = "Draw chart";
@@ -33,7 +35,8 @@ inline constexpr const char* pressurename = "New pressure";
 /// A change that adds an entry.
 Change addition(const Document& document, Entry entry);
 
-/// The canvas cleared for a new chart: all but the background picture goes.
+/// The canvas cleared for a new chart: all but the background picture goes. What goes here and below is then the
+/// previous chart's, together with what could not be put on the chart that goes.
 Change clearing(const Document& document);
 
 /// A new chart in place of all but the background picture.
@@ -45,8 +48,8 @@ Change emptying(const Document& document);
 /// Everything goes, and the header line of a new pressure stands alone.
 Change repressuring(const Document& document, const Pressure& pressure);
 
-/// Entries deleted by their places in the list; a chart deleted no longer counts as standing.
-/// @param places each less than the number of entries, in any order
+/// Entries deleted by their places in the list; a chart deleted is no longer current.
+/// @param places in any order; those of the previous chart's entries follow on those of the entries
 Change deletion(const Document& document, std::vector<std::size_t> places);
 
 /// A point under another identification. The entry must be a point.
@@ -55,8 +58,16 @@ Change renaming(const Document& document, std::size_t place, std::string identif
 /// A point put elsewhere: `moved` in its place, from `movedto` (marks.h).
 Change moving(const Document& document, std::size_t place, Entry moved);
 
-/// Entries added in one go.
-Change additions(const Document& document, std::vector<Entry> entries, std::string name);
+/// Entries in place of others, in one go.
+/// @param entries each with its place in the list; at least one
+Change exchanging(const Document& document, const std::vector<std::pair<std::size_t, Entry>>& entries,
+                  std::string name);
+
+/// Entries of the previous chart put on this one, and what of it is not.
+Change takingover(const Document& document, std::string name, std::vector<Entry> entries, std::vector<LeftOut> rest);
+
+/// Another title block.
+Change retitling(const Document& document, TitleBlock titleblock);
 
 /// Carries a change out and leaves in it the way back.
 void carryout(Change& change, Document& document);
@@ -89,9 +100,6 @@ public:
   void marksaved() { saved_ = done_; }
   /// An opened document that was not written so, as one recovered after a crash.
   void markunsaved() { saved_ = std::nullopt; }
-
-  /// Lines, points and mixtures of the chart before: what the last change that ended a chart with any has removed.
-  std::vector<Entry> chartbefore() const;
 
 private:
   bool joinslast(const Change& change) const;

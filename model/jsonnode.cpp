@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <set>
 #include <span>
 
@@ -35,7 +36,9 @@ std::string reasonof(const nlohmann::detail::exception& error) {
   for (const std::string_view before : {"] ", "column "}) {
     if (const std::size_t at = reason.find(before); at != std::string::npos) reason.erase(0, at + before.size());
   }
-  if (const std::size_t at = reason.find(": "); at < 8) reason.erase(0, at + 2);
+  // the column's number
+  reason.erase(0, std::min(reason.find_first_not_of("0123456789"), reason.size()));
+  if (reason.starts_with(": ")) reason.erase(0, 2);
   return reason.substr(0, std::min(reason.find("; last read"), longestreason));
 }
 
@@ -51,7 +54,10 @@ public:
   bool number_float(number_float_t, const string_t&) override { return value(); }
   bool string(string_t&) override { return value(); }
   bool binary(binary_t&) override { return value(); }
-  bool start_object(std::size_t) override { return open(); }
+  bool start_object(std::size_t) override {
+    ++objects_;
+    return open();
+  }
   bool end_object() override { return close(); }
   bool start_array(std::size_t) override { return open(); }
   bool end_array() override { return close(); }
@@ -59,12 +65,18 @@ public:
   bool key(string_t& name) override {
     Level& level = levels_.back();
     level.name = name;
-    if (!level.keys.insert(name).second) throw JsonFault(place(), "this key stands twice");
+    if (!level.keys.insert(name).second) throw JsonFault(place(), "duplicate key");
     return true;
   }
 
   bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception& error) override {
     throw JsonFault(placeofbyte(text_, position), reasonof(error));
+  }
+
+  /// More than the text takes as values and as a document [bytes].
+  std::size_t needed() const {
+    constexpr std::size_t ofvalue = 200, ofobject = 1500, ofbyte = 4;
+    return values_ * ofvalue + objects_ * ofobject + text_.size() * ofbyte;
   }
 
 private:
@@ -77,6 +89,7 @@ private:
   static constexpr std::size_t deepest = 16;
 
   bool value() {
+    ++values_;
     if (!levels_.empty()) ++levels_.back().element;
     return true;
   }
@@ -106,14 +119,30 @@ private:
 
   std::string_view text_;
   std::vector<Level> levels_;
+  std::size_t values_ = 0, objects_ = 0;
 };
+
+/// Throws where there is not so much memory. The library's values need some to go, and end the program without it.
+void trymemory(std::size_t bytes) {
+  const auto room = std::make_unique_for_overwrite<char[]>(bytes);
+  *static_cast<volatile char*>(room.get()) = 0;
+}
 
 }  // namespace
 
 Json parsedjson(std::string_view text) {
+  // The library takes it for the end of the text.
+  if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
+    throw JsonFault(placeofbyte(text, nul + 1), "a NUL byte, which no text holds");
+  }
   Checker checker(text);
   Json::sax_parse(text, &checker);
+  trymemory(checker.needed());
   return Json::parse(text);
+}
+
+void JsonNode::fail(const std::string& reason) const {
+  throw JsonFault(place_.empty() ? "the document" : place_, reason);
 }
 
 std::string JsonNode::placeof(std::string_view name) const {
@@ -156,9 +185,22 @@ std::vector<JsonNode> JsonNode::elements(const char* name) const {
   return elements;
 }
 
+std::vector<double> JsonNode::numbers(std::initializer_list<const char*> names) const {
+  if (!json_.is_array() || json_.size() != names.size())
+    fail("must be a list of " + std::to_string(names.size()) + " numbers");
+  std::vector<double> numbers;
+  for (const char* name : names) numbers.push_back(JsonNode(json_[numbers.size()], placeof(name)).number());
+  return numbers;
+}
+
 const std::string& JsonNode::text() const {
   if (!json_.is_string()) fail("must be a text in quotes");
   return json_.get_ref<const std::string&>();
+}
+
+bool JsonNode::flag() const {
+  if (!json_.is_boolean()) fail("must be true or false");
+  return json_.get<bool>();
 }
 
 double JsonNode::number() const {

@@ -31,7 +31,7 @@ class JsonNode {
 public:
   JsonNode(const Json& json, std::string place) : json_(json), place_(std::move(place)) {}
 
-  [[noreturn]] void fail(const std::string& reason) const { throw JsonFault(place_, reason); }
+  [[noreturn]] void fail(const std::string& reason) const;
 
   /// A member of an object that has to be there.
   JsonNode at(const char* key) const;
@@ -44,8 +44,12 @@ public:
   /// Elements of an array. @param name of one of them, in place of the array's: "entry" gives "entry 1"
   std::vector<JsonNode> elements(const char* name) const;
 
+  /// An array of as many numbers as there are names for them.
+  std::vector<double> numbers(std::initializer_list<const char*> names) const;
+
   const std::string& text() const;
   double number() const;
+  bool flag() const;  ///< true or false
   bool isnull() const { return json_.is_null(); }
   bool isarray() const { return json_.is_array(); }
 

@@ -5,15 +5,11 @@
 
 #include "chart/chartfinders.h"
 #include "chart/pointmark.h"
-#include "engine/resolver.h"
-#include "model/pointreport.h"
+#include "model/exactentry.h"
 
 namespace moistair {
 
 namespace {
-
-/// The state as a report shows it.
-StatePoint shownstate(const StatePoint& point) { return readreport(fillreport(point, {}, {})); }
 
 /// Whether a chart's axes show the two as one.
 bool samespot(const StatePoint& one, const Place& other) {
@@ -58,7 +54,7 @@ std::vector<Mark> marksof(const Document& document) {
 std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& place) {
   const Reading reading = readingat(chart.limits, chart.pressure.atm, place);
   if (!reading.state) return std::nullopt;
-  return PinnedReading{shownstate(*reading.state)};
+  return PinnedReading{asReported(*reading.state)};
 }
 
 Corner freecorner(const Document& document, const PinnedReading& pinned, WindowSize window) {
@@ -92,14 +88,18 @@ std::optional<Entry> movedto(const Entry& point, const Place& place, WindowSize 
   if (!reading.state) return std::nullopt;
   Entry entry = point;
   auto& moved = std::get<MarkedPoint>(entry.content);
-  moved.state = shownstate(*reading.state);
+  moved.state = asReported(*reading.state);
   for (TypedProperty& given : moved.given) given.value = numbertext(moved.state.at(given.kind));
   const PlotArea area = plotarea(setting.limits, window);
   SolverFields fields;
   const auto& [one, two] = moved.given;
-  const Resolution again = resolvepair(one.kind, one.value, two.kind, two.value, setting.pressure.atm,
-                                       chartrangefinders([area] { return area; }), fields);
-  if (again.resolved() && samespot(again.point, place)) moved.state = shownstate(again.point);
+  Resolution again = resolvepair(one.kind, one.value, two.kind, two.value, setting.pressure.atm,
+                                 chartrangefinders([area] { return area; }), fields);
+  if (moved.exact) {
+    const auto exact = exactChoice(givenOf(moved), setting.pressure.atm, resolutionOf(moved.state)).state;
+    if (exact) again = resolutionOf(*exact);
+  }
+  if (again.resolved() && samespot(again.point, place)) moved.state = asReported(again.point);
   RecordingCanvas scratch;
   if (draw(entry, scratch, window) != nullptr) return std::nullopt;
   return entry;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/exactentry.h"
 #include "text/numberformat.h"
 #include "text/tablefield.h"
 #include "text/value.h"
@@ -48,14 +49,16 @@ struct RowWriter {
   void operator()(const MarkedPoint& point) {
     row.kind = "Point";
     row.identification = point.identification;
-    row.renamable = true;
+    row.renamable = row.note.empty();
     take(point.state);
+    row.missed = judged(givenOf(point), point.state, row.pressure);
     rows.push_back(row);
   }
 
   void operator()(const PinnedReading& pinned) {
     row.kind = "Read-out";
     take(pinned.state);
+    row.missed = judged(givenOf(pinned), pinned.state, row.pressure);
     rows.push_back(row);
   }
 
@@ -69,29 +72,73 @@ struct RowWriter {
       const AirStream& column = line.columns.at(order[i]);
       row.identification = mixingmarks[i];
       for (std::size_t at = 0; at < texts.size(); ++at) row.properties[at] = strictnumber(column.*texts[at]);
+      judge(line, order[i]);
       rows.push_back(row);
+    }
+  }
+
+  void judge(const MixingLine& line, std::size_t number) {
+    const AirStream& column = line.columns.at(number);
+    row.mixture = number == 2;
+    if (row.mixture) {
+      row.missed = judgedMixture(line.columns[0], line.columns[1], column, row.pressure);
+    } else {
+      const auto given = givenOf(column);
+      row.missed = given ? judged(*given, shownState(column), row.pressure) : Missed{};
     }
   }
 };
 
+/// "dp 28.7211 for 27.65", "dp none for 27.65"
+std::string missedText(const std::vector<Miss>& values) {
+  constexpr double parts = 1e4;
+  const auto rounded = [](double number) { return numbertext(std::round(number * parts) / parts); };
+  std::string text;
+  for (const Miss& miss : values) {
+    text += std::string(text.empty() ? "" : "; ") + nameof(miss.kind) + ' ' +
+            (hasvalue(miss.found) ? rounded(miss.found) : "none") + " for " + rounded(miss.wanted);
+  }
+  return text;
+}
+
+void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t place, std::string note) {
+  TableRow row;
+  row.entry = place;
+  row.kind = captionof(entry);
+  row.pressure = entry.setting.pressure.atm;
+  row.properties.fill(novalue);
+  row.note = std::move(note);
+  std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
+}
+
 }  // namespace
 
 const char* tablehead(std::size_t column) {
+  if (column == missedColumn) return "Missed";
+  if (column == notecolumn) return "Note";
   return column < firstproperty ? firstheads[column] : reportrows[column - firstproperty].caption;
+}
+
+std::size_t columncount(const std::vector<TableRow>& rows) {
+  const auto noted = [](const TableRow& row) { return !row.note.empty(); };
+  return std::any_of(rows.begin(), rows.end(), noted) ? notecolumn + 1 : notecolumn;
 }
 
 std::vector<TableRow> tablerows(const Document& document) {
   std::vector<TableRow> rows;
-  for (std::size_t i = 0; i < document.entries.size(); ++i) {
-    const Entry& entry = document.entries[i];
-    TableRow row;
-    row.entry = i;
-    row.kind = captionof(entry);
-    row.pressure = entry.setting.pressure.atm;
-    row.properties.fill(novalue);
-    std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
+  std::size_t place = 0;
+  for (const Entry& entry : document.entries) appendRows(rows, entry, place++, {});
+  for (const LeftOut& left : document.previous) {
+    appendRows(rows, left.entry, place++,
+               "not on this chart: " + (left.reason.empty() ? "entry of the previous chart" : left.reason));
   }
   return rows;
+}
+
+bool missesAny(const Entry& entry) {
+  std::vector<TableRow> rows;
+  appendRows(rows, entry, 0, {});
+  return std::any_of(rows.begin(), rows.end(), [](const TableRow& row) { return row.missed.any(); });
 }
 
 std::string celltext(const TableRow& row, std::size_t column) {
@@ -99,6 +146,8 @@ std::string celltext(const TableRow& row, std::size_t column) {
     case 0: return row.kind;
     case 1: return row.identification;
     case 2: return numbertext(std::round(row.pressure * 1e7) / 1e7);
+    case missedColumn: return missedText(row.missed.values);
+    case notecolumn: return row.note;
     default: break;
   }
   std::string text;
@@ -108,9 +157,10 @@ std::string celltext(const TableRow& row, std::size_t column) {
 }
 
 std::string tabletext(const std::vector<TableRow>& rows, char separator) {
+  const std::size_t columns = columncount(rows);
   std::string text;
   const auto appendline = [&](const auto& cell) {
-    for (std::size_t column = 0; column < tablecolumns; ++column) {
+    for (std::size_t column = 0; column < columns; ++column) {
       if (column > 0) text += separator;
       appendfield(text, cell(column), separator);
     }

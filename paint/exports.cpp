@@ -85,10 +85,10 @@ QByteArray pdfcontent(QSizeF size, const QString& title, const std::function<voi
 }
 
 const std::array<FileFormat, 4> fileformats = {{
-    {".svg", "SVG drawing (*.svg)", false, svgofdrawing},
-    {".pdf", "PDF document (*.pdf)", false, pdfofdrawing},
-    {".png", "PNG picture (*.png)", true, pngofdrawing},
-    {".bmp", "BMP picture (*.bmp)", true, bmpofdrawing},
+    {pictureendings[0], "SVG drawing (*.svg)", false, svgofdrawing},
+    {pictureendings[1], "PDF document (*.pdf)", false, pdfofdrawing},
+    {pictureendings[2], "PNG picture (*.png)", true, pngofdrawing},
+    {pictureendings[3], "BMP picture (*.bmp)", true, bmpofdrawing},
 }};
 
 const FileFormat* formatofname(std::string_view name) {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "advice/remark.h"
 #include "engine/moistair.h"
 #include "model/table.h"
 #include "sheet/curves.h"
@@ -54,7 +55,14 @@ struct ContentWriter {
     for (const TableRow* row : rows) {
       const int number = static_cast<int>(content.states.size()) + 1;
       content.states.push_back({number, row->identification, row->properties, row->pressure, entry});
+      content.states.back().missed = row->missed.any();
+      const std::string words = remarkOn(row->missed, row->pressure, row->mixture).words;
+      if (!words.empty()) content.notes.push_back(noted(content.states.back()) + words);
     }
+  }
+
+  static std::string noted(const SheetState& state) {
+    return state.mark() + (' ' + std::to_string(state.number)) + (state.name.empty() ? "" : " ") + state.name + ": ";
   }
 };
 
@@ -80,6 +88,7 @@ SheetContent contentof(const Document& document) {
   SheetContent content;
   content.limits = wholechart;
   content.pressure = document.pressure;
+  content.omitted = document.previous.size();
   if (const Entry* chart = lastchart(document)) {
     content.limits = chart->setting.limits;
     content.pressure = chart->setting.pressure;
@@ -98,6 +107,7 @@ SheetContent contentof(const Document& document) {
 
 std::string pressuretext(const Pressure& pressure) {
   std::string text = numeral(pressure.atm, 3) + " in Hg (" + numeral(pressure.atm * psiperinhg, 3) + " psi)";
+  if (!isofentry(pressure)) return text + ", out of range";  // in force though the pressure window refused it
   const std::string elevation = elevationtext(pressure);
   return elevation.empty() ? text : text + ", " + elevation;
 }

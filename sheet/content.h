@@ -31,9 +31,11 @@ struct SheetState {
   double atm = 0;         ///< that it was worked out at [in Hg]
   std::size_t entry = 0;  ///< its place in the document
   bool pinned = false;    ///< a reading kept on the chart, which shows all of itself there
+  bool missed = false;    ///< whether it visibly misses a given value: it has a mark, and a note
 
   double db() const { return properties[0]; }
   double w() const { return properties[5]; }
+  const char* mark() const { return missed ? "*" : ""; }
 };
 
 /// Two streams and their mixture, as places in the list of states.
@@ -45,15 +47,18 @@ struct SheetMixture {
 struct SheetContent {
   ChartLimits limits;
   Pressure pressure;
-  bool families = true;  ///< of a standard chart
+  bool families = true;     ///< of a standard chart
+  std::size_t omitted = 0;  ///< entries of the previous chart, which are not on this one
   std::vector<SheetLine> lines;
   std::vector<SheetState> states;
   std::vector<SheetMixture> mixtures;
+  std::vector<std::string> notes;  ///< on the states with a mark: "* 2 Supply: this state has ..."
 };
 
 SheetContent contentof(const Document& document);
 
-/// "29.921 in Hg (14.696 psi), sea level": a pressure with the elevation that has it.
+/// "29.921 in Hg (14.696 psi), sea level": a pressure with the elevation that has it; one that the pressure
+/// window has refused is marked.
 std::string pressuretext(const Pressure& pressure);
 
 /// "0 to 120 °F, 0 to 0.030 lb/lb".

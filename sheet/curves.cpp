@@ -78,7 +78,7 @@ std::vector<SheetPoint> traced(const SheetPlot& plot, const LineFunction& w, dou
   return points;
 }
 
-std::vector<std::vector<SheetPoint>> visible(const SheetPlot& plot, const LineFunction& w) {
+std::vector<std::vector<SheetPoint>> visibleStretches(const SheetPlot& plot, const LineFunction& w) {
   const auto isseen = [&](double db) { return shows(plot, db, w(db)); };
   const double step = (plot.limits.highdb - plot.limits.lowdb) / samples;
   std::vector<std::vector<SheetPoint>> stretches;
@@ -96,7 +96,7 @@ std::vector<std::vector<SheetPoint>> visible(const SheetPlot& plot, const LineFu
 }
 
 std::vector<std::vector<SheetPoint>> visibleline(const SheetPlot& plot, LineKind kind, double value, double atm) {
-  return visible(plot, linefunction(kind, value, atm));
+  return visibleStretches(plot, linefunction(kind, value, atm));
 }
 
 }  // namespace moistair

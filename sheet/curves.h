@@ -34,7 +34,7 @@ double lastwith(const Condition& holds, double yes, double no) {
 std::vector<SheetPoint> traced(const SheetPlot& plot, const LineFunction& w, double fromdb, double todb);
 
 /// Every visible stretch of a line.
-std::vector<std::vector<SheetPoint>> visible(const SheetPlot& plot, const LineFunction& w);
+std::vector<std::vector<SheetPoint>> visibleStretches(const SheetPlot& plot, const LineFunction& w);
 
 /// Every visible stretch of a line of constant property.
 std::vector<std::vector<SheetPoint>> visibleline(const SheetPlot& plot, LineKind kind, double value, double atm);

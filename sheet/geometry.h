@@ -37,6 +37,8 @@ struct Box {
   SheetPoint across() const { return {-along.y, along.x}; }
   std::array<SheetPoint, 4> corners() const;
   double radius() const { return std::sqrt(halflength * halflength + halfheight * halfheight); }
+
+  bool operator==(const Box&) const = default;
 };
 
 /// An upright one by two of its corners.

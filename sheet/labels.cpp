@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace moistair {
 
@@ -9,6 +10,8 @@ namespace {
 
 constexpr double cellsize = 48;  // pixels
 constexpr long rowlength = 1 << 20;
+constexpr std::size_t boxcrowd = 64, linecrowd = 256;  // so many boxes or pieces with their middles in one square
+constexpr double grain = 4;                            // pixels, of what is in a crowd
 
 struct Candidate {
   const LabelPlace* place;
@@ -16,20 +19,35 @@ struct Candidate {
   double cost;
 };
 
-/// The squares of the page that a box may touch.
-template <class Visit>
-void visitcells(SheetPoint low, SheetPoint high, const Visit& visit) {
-  const auto cell = [](double place) { return static_cast<long>(std::floor(std::clamp(place, -1e5, 1e5) / cellsize)); };
-  for (long row = cell(low.y); row <= cell(high.y); ++row) {
-    for (long column = cell(low.x); column <= cell(high.x); ++column) visit(row * rowlength + column);
+long cellat(double place) { return static_cast<long>(std::floor(std::clamp(place, -1e5, 1e5) / cellsize)); }
+
+long cellof(SheetPoint place) { return cellat(place.y) * rowlength + cellat(place.x); }
+
+/// Whether something holds for one of the squares of the page that a rectangle touches.
+template <class Test>
+bool anycell(SheetPoint low, SheetPoint high, const Test& test) {
+  for (long row = cellat(low.y); row <= cellat(high.y); ++row) {
+    for (long column = cellat(low.x); column <= cellat(high.x); ++column) {
+      if (test(row * rowlength + column)) return true;
+    }
   }
+  return false;
+}
+
+/// The same of the squares that a box may touch.
+template <class Test>
+bool anycell(const Box& box, const Test& test) {
+  const SheetPoint reach{std::abs(box.along.x) * box.halflength + std::abs(box.along.y) * box.halfheight,
+                         std::abs(box.along.y) * box.halflength + std::abs(box.along.x) * box.halfheight};
+  return anycell(box.centre - reach, box.centre + reach, test);
 }
 
 template <class Visit>
 void visitcells(const Box& box, const Visit& visit) {
-  const SheetPoint reach{std::abs(box.along.x) * box.halflength + std::abs(box.along.y) * box.halfheight,
-                         std::abs(box.along.y) * box.halflength + std::abs(box.along.x) * box.halfheight};
-  visitcells(box.centre - reach, box.centre + reach, visit);
+  anycell(box, [&](long cell) {
+    visit(cell);
+    return false;
+  });
 }
 
 /// The labels with the places that are left to them, the cheapest first, and where each stands.
@@ -68,12 +86,12 @@ private:
     if (place != none) visitcells(boxof(label), [&](long cell) { cells_[cell].push_back(label); });
   }
 
-  /// The labels that stand where a box would be; the first alone if no more than that is asked.
-  std::vector<std::size_t> under(const Box& box, std::size_t but, bool all) const {
+  /// The labels that stand where a box would be.
+  std::vector<std::size_t> under(const Box& box, std::size_t but) const {
     std::vector<std::size_t> found;
     visitcells(box, [&](long cell) {
       const auto here = cells_.find(cell);
-      if (here == cells_.end() || (!all && !found.empty())) return;
+      if (here == cells_.end()) return;
       for (const std::size_t other : here->second) {
         const bool known = std::find(found.begin(), found.end(), other) != found.end();
         if (other != but && !known && overlap(box, boxof(other))) found.push_back(other);
@@ -82,11 +100,21 @@ private:
     return found;
   }
 
+  /// Whether another label stands where a box would be.
+  bool istaken(const Box& box, std::size_t but) const {
+    return anycell(box, [&](long cell) {
+      const auto here = cells_.find(cell);
+      return here != cells_.end() && std::any_of(here->second.begin(), here->second.end(), [&](std::size_t other) {
+               return other != but && overlap(box, boxof(other));
+             });
+    });
+  }
+
   /// Puts a label to its cheapest free place. Whether that is another one.
   bool settle(std::size_t label) {
     for (std::size_t i = 0; i < candidates_[label].size(); ++i) {
       if (i == chosen_[label]) return false;
-      if (!under(candidates_[label][i].box, label, false).empty()) continue;
+      if (istaken(candidates_[label][i].box, label)) continue;
       put(label, i);
       return true;
     }
@@ -96,7 +124,7 @@ private:
   /// Tries a label's places for one whose occupants can go elsewhere or are worth less than it, all together.
   void makeroom(std::size_t label) {
     for (std::size_t i = 0; i < candidates_[label].size(); ++i) {
-      const auto occupants = under(candidates_[label][i].box, label, true);
+      const auto occupants = under(candidates_[label][i].box, label);
       std::vector<std::size_t> before;
       for (const std::size_t other : occupants) before.push_back(chosen_[other]);
       for (const std::size_t other : occupants) put(other, none);
@@ -150,26 +178,63 @@ void LineIndex::add(SheetPoint from, SheetPoint to, double weight) {
     add(middle, to, weight);
     return;
   }
+  if (++crowds_[cellof((from + to) * 0.5)] > linecrowd) {
+    const auto rough = [](double place) { return std::round(place / grain) * grain; };
+    from = {rough(from.x), rough(from.y)};
+    to = {rough(to.x), rough(to.y)};
+    const auto [found, fresh] = alike_.try_emplace({from.x, from.y, to.x, to.y}, pieces_.size());
+    if (!fresh) {
+      pieces_[found->second].weight += weight;
+      return;
+    }
+  }
   const SheetPoint low{std::min(from.x, to.x), std::min(from.y, to.y)};
   const SheetPoint high{std::max(from.x, to.x), std::max(from.y, to.y)};
-  visitcells(low, high, [&](long cell) { cells_[cell].push_back(pieces_.size()); });
+  anycell(low, high, [&](long cell) {
+    cells_[cell].push_back(pieces_.size());
+    return false;
+  });
   pieces_.push_back({from, to, weight});
 }
 
-double LineIndex::weightin(const Box& box) const {
-  std::vector<std::size_t> passing;
-  visitcells(box, [&](long cell) {
-    const auto found = cells_.find(cell);
-    if (found == cells_.end()) return;
-    for (const std::size_t piece : found->second) {
-      if (crosses(box, pieces_[piece].from, pieces_[piece].to)) passing.push_back(piece);
-    }
-  });
-  std::sort(passing.begin(), passing.end());
-  passing.erase(std::unique(passing.begin(), passing.end()), passing.end());
+double LineIndex::weightin(const Box& box, double enough) const {
+  ++queries_;
   double sum = 0;
-  for (const std::size_t piece : passing) sum += pieces_[piece].weight;
+  anycell(box, [&](long cell) {
+    const auto found = cells_.find(cell);
+    if (found == cells_.end()) return false;
+    return std::any_of(found->second.begin(), found->second.end(), [&](std::size_t number) {
+      const Piece& piece = pieces_[number];
+      const bool fresh = std::exchange(piece.asked, queries_) != queries_;
+      if (fresh && crosses(box, piece.from, piece.to)) sum += piece.weight;
+      return sum > enough;
+    });
+  });
   return sum;
+}
+
+void BoxIndex::add(Box box) {
+  std::vector<std::size_t>& centred = cells_[cellof(box.centre)].centred;
+  if (centred.size() >= boxcrowd && box.along.y == 0) {
+    const auto corners = box.corners();
+    const auto down = [](double place) { return std::floor(place / grain) * grain; };
+    const auto up = [](double place) { return std::ceil(place / grain) * grain; };
+    box = moistair::boxof({down(corners[0].x), down(corners[0].y)}, {up(corners[2].x), up(corners[2].y)});
+  }
+  const auto same = [&](std::size_t other) { return boxes_[other] == box; };
+  if (std::any_of(centred.begin(), centred.end(), same)) return;
+  centred.push_back(boxes_.size());
+  visitcells(box, [&](long cell) { cells_[cell].touching.push_back(boxes_.size()); });
+  boxes_.push_back(box);
+}
+
+bool BoxIndex::any(const Box& box) const {
+  return anycell(box, [&](long cell) {
+    const auto found = cells_.find(cell);
+    if (found == cells_.end()) return false;
+    const auto& boxes = found->second.touching;
+    return std::any_of(boxes.begin(), boxes.end(), [&](std::size_t other) { return overlap(box, boxes_[other]); });
+  });
 }
 
 void LabelBoard::add(LineIndex& index, const std::vector<SheetPoint>& line, double weight) {
@@ -181,8 +246,7 @@ bool LabelBoard::isfree(const Box& box) const {
     const SheetPoint off = corner - page_.centre;
     if (std::abs(off.x) > page_.halflength || std::abs(off.y) > page_.halfheight) return false;
   }
-  return std::none_of(fixed_.begin(), fixed_.end(), [&](const Box& other) { return overlap(box, other); }) &&
-         !walls_.any(box);
+  return !fixed_.any(box) && !walls_.any(box);
 }
 
 bool LabelBoard::isfree(const LabelPlace& place, const Box& box) const {
@@ -201,7 +265,8 @@ std::size_t LabelBoard::place(SheetCanvas& canvas, Color paper) {
     for (const LabelPlace& place : labels_[i].places) {
       const Box box = boxof(canvas, place);
       if (!isfree(place, grown(box, gap_))) continue;
-      candidates[i].push_back({&place, grown(box, gap_ / 2), place.cost + lines_.weightin(box)});
+      constexpr double enough = 100;  // what covers as much is nobody's choice
+      candidates[i].push_back({&place, grown(box, gap_ / 2), place.cost + lines_.weightin(box, enough)});
     }
     std::stable_sort(candidates[i].begin(), candidates[i].end(),
                      [](const Candidate& a, const Candidate& b) { return a.cost < b.cost; });

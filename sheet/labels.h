@@ -8,6 +8,8 @@
 /// each moves to where it is cheaper, as long as anything changes. What has no place at all in the end is left out.
 #pragma once
 
+#include <array>
+#include <map>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -36,21 +38,42 @@ struct Label {
   bool clears = false;  ///< the ground behind the text is cleared, so that a line under it has a gap there
 };
 
-/// Pieces of line by the squares of the page that they pass, so that a box finds those near it.
+/// Pieces of line by the squares of the page that they pass, so that a box finds those near it. Where they are a crowd
+/// they count roughly, those that run alike as one, so that a place is judged as fast as on any other page.
 class LineIndex {
 public:
   void add(SheetPoint from, SheetPoint to, double weight);
-  /// The sum of the weights of what passes a box.
-  double weightin(const Box& box) const;
-  bool any(const Box& box) const { return weightin(box) > 0; }
+  /// The sum of the weights of what passes a box, as soon as it exceeds what is enough.
+  double weightin(const Box& box, double enough) const;
+  bool any(const Box& box) const { return weightin(box, 0) > 0; }
 
 private:
   struct Piece {
     SheetPoint from, to;
     double weight;
+    mutable std::size_t asked = 0;  ///< the last query that it was met in: it may pass several squares
   };
   std::vector<Piece> pieces_;
   std::unordered_map<long, std::vector<std::size_t>> cells_;
+  std::unordered_map<long, std::size_t> crowds_;        ///< how many pieces have their middle in a square
+  std::map<std::array<double, 4>, std::size_t> alike_;  ///< pieces of crowds by their rough ends
+  mutable std::size_t queries_ = 0;
+};
+
+/// Boxes by the squares of the page that they touch. Those that lie over each other, as marks of equal points do, count
+/// once, and a crowd of them only roughly.
+class BoxIndex {
+public:
+  void add(Box box);
+  bool any(const Box& box) const;
+
+private:
+  struct Cell {
+    std::vector<std::size_t> touching;  ///< boxes
+    std::vector<std::size_t> centred;
+  };
+  std::vector<Box> boxes_;
+  std::unordered_map<long, Cell> cells_;
 };
 
 class LabelBoard {
@@ -59,7 +82,7 @@ public:
   /// @param gap that is kept between texts [pixels]
   LabelBoard(const Box& page, double gap) : page_(page), gap_(gap) {}
 
-  void fix(const Box& box) { fixed_.push_back(box); }                       ///< no label covers this
+  void fix(const Box& box) { fixed_.add(box); }                             ///< no label covers this
   void wall(const std::vector<SheetPoint>& line) { add(walls_, line, 1); }  ///< no label crosses this
   void line(const std::vector<SheetPoint>& line, double weight) { add(lines_, line, weight); }
   void add(Label label) { labels_.push_back(std::move(label)); }
@@ -76,7 +99,7 @@ private:
 
   Box page_;
   double gap_;
-  std::vector<Box> fixed_;
+  BoxIndex fixed_;
   LineIndex walls_, lines_;
   std::vector<Label> labels_;
 };

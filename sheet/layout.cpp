@@ -110,12 +110,14 @@ public:
 private:
   /// How many pages there are, and how many rows of the table are under the chart.
   void spread() {
-    last_ = options_.table ? content_.states.size() : 0;
+    next_ = options_.table ? 0 : content_.states.size();
+    last_ = content_.states.size() + (options_.notes ? content_.notes.size() : 0);
+    const std::size_t rows = last_ - next_;
     const double page = 2 * parts_.above.halfheight;
     const double leastchart = leastchartheight * options_.lettersize;
-    underchart_ = std::min(last_, rowsthatfit(options_, std::min(mosttable * page, page - leastchart)));
+    underchart_ = std::min(rows, rowsthatfit(options_, std::min(mosttable * page, page - leastchart)));
     const std::size_t further = std::max<std::size_t>(1, rowsthatfit(options_, page));
-    pages_ = 1 + (last_ - underchart_ + further - 1) / further;
+    pages_ = 1 + (rows - underchart_ + further - 1) / further;
     perpage_ = further;
   }
 
@@ -153,7 +155,7 @@ private:
   /// Heading and protractor stand in the corner above saturation; what is too large for it stands above the chart.
   void makeroomforheading(SheetWork& work, SheetPoint corner) {
     const double em = work.em();
-    const double heading = headingheight(em);
+    const double heading = headingheight(work);
     const SheetPoint below = corner + SheetPoint{0, heading + 1.2 * em};
     drawheading(work, corner);
     const SheetPoint headingend = corner + SheetPoint{headingwidth(work), heading};
@@ -205,7 +207,7 @@ private:
   SheetCanvas canvas_;
   SheetDrawing drawing_;
   TableDrawer table_;
-  std::size_t next_ = 0, last_ = 0;  ///< rows of the table
+  std::size_t next_ = 0, last_ = 0;  ///< rows of the table: the states, then the notes
   std::size_t underchart_ = 0, perpage_ = 1, pages_ = 1;
 };
 

@@ -1,5 +1,7 @@
 // What the engineer has put on the chart: points, mixing lines and lines of constant property.
 #include <algorithm>
+#include <map>
+#include <set>
 #include <utility>
 
 #include "sheet/curves.h"
@@ -50,9 +52,25 @@ bool isnamed(const SheetWork& work, const SheetState& state) {
 
 bool stands(const SheetWork& work, const SheetState& state) { return work.plot.limits.contain(state.db(), state.w()); }
 
+std::array<const SheetState*, 3> statesof(const SheetContent& content, const SheetMixture& mixture) {
+  return {&content.states[mixture.one], &content.states[mixture.mixed], &content.states[mixture.other]};
+}
+
+/// Whatever lies exactly over another of its kind is drawn once.
+class Covered {
+public:
+  /// Whether this is the first with such numbers; one without a value counts as any other.
+  bool isfirst(std::vector<double> numbers) {
+    for (double& number : numbers) number = hasvalue(number) ? number : 1e300;
+    return seen_.insert(std::move(numbers)).second;
+  }
+
+private:
+  std::set<std::vector<double>> seen_;
+};
+
 void drawmixture(SheetWork& work, const SheetMixture& mixture) {
-  const auto& states = work.content.states;
-  const std::array<const SheetState*, 3> three = {&states[mixture.one], &states[mixture.mixed], &states[mixture.other]};
+  const std::array<const SheetState*, 3> three = statesof(work.content, mixture);
   if (!std::all_of(three.begin(), three.end(), [&](const SheetState* state) { return stands(work, *state); })) return;
   std::vector<SheetPoint> line;
   for (const SheetState* state : three) line.push_back(work.plot.at(state->db(), state->w()));
@@ -103,7 +121,7 @@ void drawmark(SheetWork& work, const SheetState& state, bool mixed) {
 void labelstate(SheetWork& work, const SheetState& state) {
   const double em = work.em();
   const SheetPoint at = work.plot.at(state.db(), state.w());
-  const std::string number = std::to_string(state.number);
+  const std::string number = std::to_string(state.number) + state.mark();
   const bool named = isnamed(work, state);
   Label label{importance::point, {}, true};
   const auto offer = [&](const std::string& text, double cost, double size) {
@@ -119,7 +137,7 @@ void labelstate(SheetWork& work, const SheetState& state) {
       }
     }
   };
-  if (named) offer(fitted(work.canvas, state.name, work.theme.bold(em), 16 * em), 0, 1);
+  if (named) offer(fitted(work.canvas, state.name, work.theme.bold(em), 16 * em) + state.mark(), 0, 1);
   offer(number, named ? 4 : 0, 1);
   work.board.add(std::move(label));
 }
@@ -128,21 +146,29 @@ void labelstate(SheetWork& work, const SheetState& state) {
 
 void drawcontent(SheetWork& work) {
   const SheetContent& content = work.content;
-  for (const SheetLine& line : content.lines) drawline(work, line);
-  for (const SheetMixture& mixture : content.mixtures) drawmixture(work, mixture);
-  const auto ismixed = [&](const SheetState& state) {
-    const auto at = static_cast<std::size_t>(state.number) - 1;
-    return std::any_of(content.mixtures.begin(), content.mixtures.end(),
-                       [&](const SheetMixture& mixture) { return mixture.mixed == at; });
-  };
-  for (const SheetState& state : content.states) {
+  Covered lines, mixtures, marks;
+  for (const SheetLine& line : content.lines) {
+    if (lines.isfirst({static_cast<double>(line.kind), line.value, line.atm})) drawline(work, line);
+  }
+  std::vector<bool> ismixed(content.states.size());
+  for (const SheetMixture& mixture : content.mixtures) {
+    ismixed[mixture.mixed] = true;
+    std::vector<double> numbers = {mixture.share};
+    for (const SheetState* state : statesof(content, mixture)) numbers.insert(numbers.end(), {state->db(), state->w()});
+    if (mixtures.isfirst(std::move(numbers))) drawmixture(work, mixture);
+  }
+  // So many labels have their places around a pixel; what stands there beyond them is in the table alone.
+  constexpr int mostlabels = 64;
+  std::map<std::pair<long, long>, int> labels;
+  for (std::size_t i = 0; i < content.states.size(); ++i) {
+    const SheetState& state = content.states[i];
     if (!stands(work, state)) continue;
-    if (state.pinned) {
-      drawpinned(work, state);
-    } else {
-      drawmark(work, state, ismixed(state));
-      labelstate(work, state);
-    }
+    const SheetPoint at = work.plot.at(state.db(), state.w());
+    const bool labelled = labels[{std::lround(at.x), std::lround(at.y)}]++ < mostlabels;
+    const double kind = state.pinned ? 2 : ismixed[i] ? 1 : 0;
+    if (marks.isfirst({state.db(), state.w(), kind}))
+      state.pinned ? drawcross(work, state) : drawmark(work, state, ismixed[i]);
+    if (labelled) state.pinned ? labelpinned(work, state) : labelstate(work, state);
   }
 }
 

@@ -63,6 +63,7 @@ struct SheetOptions {
   bool protractor = true;
   bool titleblock = true;
   bool table = true;  ///< of the states that stand on the chart
+  bool notes = true;  ///< on the states that have a mark, under the table or in its place
   std::string title, project, drawnby, date;
   std::string program;  ///< its name and version
 };

@@ -18,7 +18,8 @@ void drawframe(SheetWork& work);     ///< the saturation curve and the edges of 
 void drawcontent(SheetWork& work);   ///< what the engineer has put on the chart
 
 /// A reading that is kept on the chart: a cross, and a framed label with the state.
-void drawpinned(SheetWork& work, const SheetState& state);
+void drawcross(SheetWork& work, const SheetState& state);
+void labelpinned(SheetWork& work, const SheetState& state);
 
 void drawbottomscale(SheetWork& work);  ///< dry bulb
 void drawrightscales(SheetWork& work);  ///< humidity ratio, grains, vapour pressure and dew point
@@ -37,7 +38,7 @@ void drawprotractor(SheetWork& work, SheetPoint corner, double width);
 void drawreference(SheetWork& work);
 
 /// What the chart is, in large letters from a corner downwards.
-double headingheight(double em);
+double headingheight(const SheetWork& work);
 double headingwidth(const SheetWork& work);
 void drawheading(SheetWork& work, SheetPoint corner);
 

@@ -66,17 +66,22 @@ Label pinnedlabel(const SheetWork& work, const SheetState& state, SheetPoint at,
   return label;
 }
 
+/// Half of the cross's width [pixels].
+double armof(const SheetWork& work) { return 0.55 * work.em(); }
+
 }  // namespace
 
-void drawpinned(SheetWork& work, const SheetState& state) {
-  const double em = work.em();
+void drawcross(SheetWork& work, const SheetState& state) {
   const SheetPoint at = work.plot.at(state.db(), state.w());
-  const double arm = 0.55 * em;
+  const double arm = armof(work);
   for (const SheetPoint way : {SheetPoint{1, 0}, SheetPoint{0, 1}}) {
     work.canvas.polyline({at - way * arm, at + way * arm}, 1.2, work.theme.mark);
   }
   work.board.fix(boxof(at - SheetPoint{arm, arm}, at + SheetPoint{arm, arm}));
-  work.board.add(pinnedlabel(work, state, at, arm));
+}
+
+void labelpinned(SheetWork& work, const SheetState& state) {
+  work.board.add(pinnedlabel(work, state, work.plot.at(state.db(), state.w()), armof(work)));
 }
 
 }  // namespace moistair

@@ -42,6 +42,8 @@ std::string namein(const SheetContent& content, const SheetState& state) {
   return name;
 }
 
+std::string numberin(const SheetState& state) { return std::to_string(state.number) + state.mark(); }
+
 std::string textof(const SheetState& state, std::size_t property) {
   return numeral(state.properties[property], columns[property].decimals);
 }
@@ -73,7 +75,7 @@ struct TableLook {
       widths[i] = std::max(canvas.widthof(columns[i].head, head), canvas.widthof(columns[i].unit, unit));
     }
     for (const SheetState& state : content.states) {
-      numbers = std::max(numbers, canvas.widthof(std::to_string(state.number), number));
+      numbers = std::max(numbers, canvas.widthof(numberin(state), number));
       names = std::max(names, std::min(leastname, measured(canvas, namein(content, state), cell)));
       for (std::size_t i = 0; i < columns.size(); ++i) {
         widths[i] = std::max(widths[i], canvas.widthof(textof(state, i), cell));
@@ -108,23 +110,41 @@ TableLook lookof(const SheetCanvas& canvas, const SheetContent& content, const S
   return look;
 }
 
+/// The notes on states with a mark, each a row that is as wide as the table.
+void drawnotes(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const TableLook& look,
+               const Box& area, std::size_t first, std::size_t rows, double top) {
+  constexpr double least = 0.5;  // of their letters, before anything is cut off
+  const double left = area.corners()[0].x + look.gap;
+  for (std::size_t i = 0; i < rows; ++i) {
+    const double y = top + options.lettersize * (rowheight * static_cast<double>(i) + 1.15);
+    const auto [text, style] =
+        shrunk(canvas, content.notes[first + i], look.cell, 2 * (area.halflength - look.gap), least);
+    canvas.text({left, y}, text, style);
+  }
+}
+
 void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const TableLook& look,
-               const Box& area, std::size_t first, std::size_t rows) {
+               const Box& area, std::size_t first, std::size_t count) {
   const Theme& theme = themeof(options.colors);
+  const std::size_t rows = std::min(count, content.states.size() - std::min(first, content.states.size()));
   const double em = options.lettersize;
   const double width = 2 * area.halflength;
   const SheetPoint corner = area.corners()[0];
   const double right = corner.x + width;
-  const double bottom = corner.y + tableheight(options, rows);
+  const double bottom = corner.y + tableheight(options, count);
   const double gap = look.gap;
   const double headbottom = corner.y + headheight * em;
   canvas.area({corner, {right, corner.y}, {right, headbottom}, {corner.x, headbottom}}, theme.shade);
   const double namex = corner.x + look.numbers;
   const double headline = corner.y + 1.2 * em;
-  canvas.text({namex - gap, headline}, "No.", look.head, Anchor::end);
-  canvas.text({namex + gap, headline}, "Identification", look.head);
+  if (rows > 0) {
+    canvas.text({namex - gap, headline}, "No.", look.head, Anchor::end);
+    canvas.text({namex + gap, headline}, "Identification", look.head);
+  } else {
+    canvas.text({corner.x + gap, headline}, "Notes", look.head);
+  }
   double x = namex + look.names;
-  for (std::size_t i = 0; i < columns.size(); ++i) {
+  for (std::size_t i = 0; i < columns.size() && rows > 0; ++i) {
     x += look.widths[i];
     canvas.text({x - gap, headline}, columns[i].head, look.head, Anchor::end);
     canvas.text({x - gap, corner.y + 2.3 * em}, columns[i].unit, look.unit, Anchor::end);
@@ -134,7 +154,7 @@ void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
     const double top = headbottom + rowheight * em * static_cast<double>(i);
     const double y = top + 1.15 * em;
     if (i > 0) canvas.polyline({{corner.x, top}, {right, top}}, theme.grid.width, theme.grid.color);
-    canvas.text({namex - gap, y}, std::to_string(state.number), look.number, Anchor::end);
+    canvas.text({namex - gap, y}, numberin(state), look.number, Anchor::end);
     const auto [name, style] = shrunk(canvas, namein(content, state), look.cell, look.names - 2 * gap);
     canvas.text({namex + gap, y}, name, style);
     x = namex + look.names;
@@ -143,7 +163,11 @@ void drawtable(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
       canvas.text({x - gap, y}, textof(state, property), look.cell, Anchor::end);
     }
   }
-  for (const double y : {corner.y, headbottom, bottom}) {
+  const double notestop = headbottom + rowheight * em * static_cast<double>(rows);
+  if (count > rows) {
+    drawnotes(canvas, content, options, look, area, first + rows - content.states.size(), count - rows, notestop);
+  }
+  for (const double y : {corner.y, headbottom, notestop, bottom}) {
     canvas.polyline({{corner.x, y}, {right, y}}, theme.scale.width, theme.scale.color);
   }
 }

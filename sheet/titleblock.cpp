@@ -82,14 +82,21 @@ void drawrow(SheetCanvas& canvas, const BlockLook& look, const BlockRow& cells, 
 }
 
 std::vector<std::string> headinglines(const SheetContent& content) {
-  return {"Atmospheric pressure " + pressuretext(content.pressure), limitstext(content.limits)};
+  std::vector<std::string> lines = {"Atmospheric pressure " + pressuretext(content.pressure),
+                                    limitstext(content.limits)};
+  if (content.omitted == 1) lines.emplace_back("1 entry of the previous chart is not on this one");
+  if (content.omitted > 1)
+    lines.push_back(std::to_string(content.omitted) + " entries of the previous chart are not on this one");
+  return lines;
 }
 
 const char* const headingtext = "PSYCHROMETRIC CHART";
 
 }  // namespace
 
-double headingheight(double em) { return (headingsize + 2 * 1.45) * em; }
+double headingheight(const SheetWork& work) {
+  return (headingsize + static_cast<double>(headinglines(work.content).size()) * 1.45) * work.em();
+}
 
 double headingwidth(const SheetWork& work) {
   double width = work.canvas.widthof(headingtext, work.theme.bold(headingsize * work.em()));

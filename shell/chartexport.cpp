@@ -15,6 +15,7 @@
 #include "paint/exports.h"
 #include "paint/replay.h"
 #include "shell/filewriting.h"
+#include "shell/paper.h"
 #include "toolkit/messages.h"
 #include "toolkit/savedialog.h"
 
@@ -117,7 +118,7 @@ std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, con
     if (!path) return path;
   }
   if (const auto reason = writepicture(*path, content(*format), log)) {
-    message(window,
+    warning(window,
             QStringLiteral("The %1 could not be written to ").arg(what) + *path + QStringLiteral("\n") + *reason);
     return std::nullopt;
   }
@@ -131,9 +132,9 @@ std::optional<QString> exportchart(QWidget* window, const SessionLog& log, const
 }
 
 QPageLayout firstpage() {
-  QPrinter printer;
-  printer.setPageOrientation(QPageLayout::Landscape);
-  return printer.pageLayout();
+  const auto size = QPageSize(usesletter(paperlocale()) ? QPageSize::Letter : QPageSize::A4);
+  const QMarginsF margins(papermargin, papermargin, papermargin, papermargin);
+  return {size, QPageLayout::Landscape, margins, QPageLayout::Inch};
 }
 
 QPageLayout askpage(QWidget* window, const QPageLayout& page) {
@@ -152,12 +153,12 @@ QPageLayout printpages(QWidget* window, const SessionLog& log, const QPageLayout
   if (printer.outputFormat() == QPrinter::PdfFormat) {
     const QString path = printer.outputFileName();
     const auto reason = printtofile(printer, log, paint);
-    if (reason) message(window, QStringLiteral("The print could not be written to ") + path + u'\n' + *reason);
+    if (reason) warning(window, QStringLiteral("The print could not be written to ") + path + u'\n' + *reason);
     return printer.pageLayout();
   }
   QPainter painter;
   if (!painter.begin(&printer)) {
-    message(window, QStringLiteral("The chart could not be printed."));
+    warning(window, QStringLiteral("The chart could not be printed."));
     return page;
   }
   paint(printer, painter);

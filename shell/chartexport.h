@@ -41,7 +41,7 @@ std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, con
 /// @param size of the picture [logical pixels]
 std::optional<QString> exportchart(QWidget* window, const SessionLog& log, const Document& document, QSize size);
 
-/// The page of the next printing; landscape at first.
+/// The page of the first printing: the locale's paper, landscape.
 QPageLayout firstpage();
 
 /// The system's dialog for the page. Returns the page as it then is.

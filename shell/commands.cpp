@@ -1,5 +1,6 @@
 // What each button and menu entry of the main window runs, and the windows they open.
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
@@ -21,6 +22,13 @@
 namespace moistair {
 
 namespace {
+
+/// "24.8961 in Hg, 5000 ft"
+QString pressurewords(const Pressure& pressure) {
+  const std::string inhg = inhgwords(pressure.atm);
+  const std::string entry = entrywords(pressure);
+  return QString::fromStdString(inhg == entry ? inhg : inhg + ", " + entry);
+}
 
 /// Takes a window away. It is destroyed once its own event is over.
 template <class Window>
@@ -58,8 +66,23 @@ void MainWindow::leavedialog() {
 /// The pressure window of the start is left: now for the file that the program was started with, and for what a session
 /// before may have left behind.
 void MainWindow::beginwork() {
-  if (!firstfile_.isEmpty()) files_->open(firstfile_);
+  if (!firstfile_.isEmpty() && files_->open(firstfile_) && firstpressure_) settlepressure(*firstpressure_);
   files_->offerleftwork();
+}
+
+/// The file that the program was started with has a pressure, and another one was set before it was opened.
+void MainWindow::settlepressure(const PressureEntry& set) {
+  const Pressure& file = chart_.document().pressure;
+  const Pressure typed{set, lenientnumber(pressurefor(set).inhg.value_or(std::string()))};
+  if (samepressure(file.atm, typed.atm)) return;
+  const QString text =
+      tr("%1 was made at %2, and you have set %3. Which pressure holds? With the one that you have set "
+         "the file's chart is cleared, and its entries can be put on a new one.");
+  const bool keep = choice(this, text.arg(QFileInfo(firstfile_).fileName(), pressurewords(file), pressurewords(typed)),
+                           tr("The &file's"), tr("The one I have &set"));
+  if (keep) return;
+  values_.pressure.settext(*pressurefor(set).inhg);
+  startafresh(set);
 }
 
 void MainWindow::focusgraph() { graph_->setFocus(); }
@@ -82,7 +105,7 @@ void MainWindow::openpressure() {
     resize(screen()->availableSize() * 0.9);  // what restoring gives
     showMaximized();
   }
-  auto* window = new PressureWindow(this);
+  auto* window = new PressureWindow(this, waitingwords());
   const auto putinforce = [this](const std::string& inhg) {
     values_.pressure.settext(inhg);
     notes_->follow();
@@ -94,12 +117,26 @@ void MainWindow::openpressure() {
   opendialog(window);
 }
 
-/// A chart stands for one pressure, so a new one starts everything afresh.
+/// What the first pressure window says of the file that is opened after it.
+QString MainWindow::waitingwords() const {
+  if (begun_ || firstfile_.isEmpty()) return {};
+  const QString name = QFileInfo(firstfile_).fileName();
+  const auto pressure = pressureoffile(firstfile_);
+  if (!pressure) return tr("%1 is opened after this window.").arg(name);
+  return tr("%1 is opened after this window. It was made at %2.").arg(name, pressurewords(*pressure));
+}
+
 void MainWindow::changepressure(const PressureEntry& entry) {
+  if (!begun_) firstpressure_ = entry;
+  startafresh(entry);
+  leavedialog();
+}
+
+/// A chart is drawn for one pressure, so a new one starts everything afresh.
+void MainWindow::startafresh(const PressureEntry& entry) {
   strip_->emptyinputs();
   strip_->emptyreadouts(true);
   chart_.changepressure(entry, windowsize());
-  leavedialog();
 }
 
 void MainWindow::startdraw() {
@@ -199,7 +236,6 @@ void MainWindow::savechart() {
           {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
     chart_.keeppicture();
     const auto reason = writepicture(*path, bmpcontent(graph_->picture()), log_);
-    if (reason == QLatin1String(holdsthelog)) message(this, *reason + tr(" The chart was not saved."));
     status_->answerfile(tr("chart"), *path, reason);
   }
   focusgraph();
@@ -223,6 +259,14 @@ void MainWindow::openmixing() {
     leavedialog();
   });
   opendialog(window);
+}
+
+/// Ctrl+E exports what is on the screen.
+void MainWindow::showexportkey() {
+  const QKeySequence key(Qt::CTRL | Qt::Key_E);
+  const bool sheet = sheets_->isshown();
+  exportchartaction_->setShortcut(sheet ? QKeySequence() : key);
+  exportsheetaction_->setShortcut(sheet ? key : QKeySequence());
 }
 
 void MainWindow::exportchart() {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "model/again.h"
+#include "model/exactentry.h"
 #include "shell/filewriting.h"
 #include "shell/mainwindow.h"
 #include "shell/sheets.h"
@@ -35,20 +36,32 @@ void MainWindow::redo() {
   step([this] { chart_.redo(windowsize()); });
 }
 
-/// The lines and points of the chart before, worked out anew for the one that stands. What does not come through is
-/// told, with its reason.
+/// The entries of the previous chart, worked out again for the current one. What does not fit stays in the document
+/// and is reported with its reason.
 void MainWindow::again() {
   const auto limits = standinglimits(chart_.document());
   if (!limits) return;
   const Setting setting{*limits, {values_.pressureentry, lifecycle_.atmpressure()}};
   strip_->waitcue(true);
-  Again found = moistair::again(chart_.history().chartbefore(), setting, windowsize());
+  Again found = moistair::again(chart_.document().previous, setting, windowsize());
   strip_->waitcue(false);
-  if (!found.entries.empty()) {
-    step([&] { chart_.change(additions(chart_.document(), std::move(found.entries), againname), windowsize()); });
-  }
-  if (!found.leftout.empty()) message(this, leftouttext(found.leftout));
+  const QString leftout = leftouttext(found.leftout);
+  const bool all = found.leftout.empty();
+  step([&] {
+    chart_.change(takingover(chart_.document(), againname, std::move(found.entries), std::move(found.leftout)),
+                  windowsize());
+  });
+  if (!all) message(this, leftout);
   focusgraph();
+}
+
+/// Exact states in place of those that miss something, of some entries or of all.
+void MainWindow::takeExact(const std::vector<std::size_t>& places) {
+  const auto entries = exactEntries(chart_.document(), places);
+  if (entries.empty()) return status_->answer(tr("no exact state within the limits"), BoxMark::fault);
+  const std::string name = entries.size() == 1 ? "Exact state of " + captionof(entries.front().second)
+                                               : "Exact states of " + std::to_string(entries.size()) + " entries";
+  step([&] { chart_.change(exchanging(chart_.document(), entries, name), windowsize()); });
 }
 
 /// A step through what was done to the chart. It can bring another pressure in force, which the live row then shows.
@@ -98,6 +111,7 @@ void MainWindow::lift(const std::vector<std::size_t>& entries) {
   lifted_ = entries;
   RecordingCanvas canvas;
   for (const std::size_t place : entries) {
+    if (place >= chart_.document().entries.size()) continue;  // not on the chart
     const Entry& entry = chart_.document().entries[place];
     const bool part =
         !std::holds_alternative<DrawnChart>(entry.content) && !std::holds_alternative<HeaderLine>(entry.content);
@@ -107,19 +121,27 @@ void MainWindow::lift(const std::vector<std::size_t>& entries) {
   sheets_->lift(entries);
 }
 
-void MainWindow::writecsv(const std::string& table) {
+/// With rows selected the kinds of file in the dialog are those rows and all.
+void MainWindow::writecsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen) {
   SaveDialog dialog;
-  const QString title = tr("Write as CSV");
-  const auto chosen = dialog.ask(this, {title, {tr("CSV file (*.csv)"), tr("All files (*)")}});
-  if (!chosen) return;
-  const auto path = completename(this, title, *chosen, {QStringLiteral(".csv")});
+  QString title = tr("Write as CSV");
+  QStringList filters = {tr("CSV file (*.csv)"), tr("All files (*)")};
+  if (chosen.size() < all.size()) {
+    const QString part = tr("%1 of %2 rows").arg(chosen.size()).arg(all.size());
+    title += QStringLiteral(", ") + part;
+    filters = {part + tr(" (*.csv)"), tr("All %1 rows (*.csv)").arg(all.size())};
+  }
+  const auto named = dialog.ask(this, {title, filters});
+  if (!named) return;
+  const auto path = completename(this, title, *named, {QStringLiteral(".csv")});
   if (!path) return;
-  const auto reason = writebytes(*path, table, log_);
-  if (reason) message(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
+  const bool part = chosen.size() < all.size() && dialog.lastfilter() != filters.last();
+  const auto reason = writebytes(*path, tabletext(part ? chosen : all, ','), log_);
+  if (reason) warning(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
   status_->answerfile(tr("table"), *path, reason);
 }
 
-/// Says in the menu what could be undone and done again.
+/// Says in the menu what could be undone and done again, and offers what is left of the previous chart.
 void MainWindow::showhistory() {
   const auto show = [](QAction& action, const QString& word, const std::string& name) {
     action.setEnabled(!name.empty());
@@ -129,8 +151,13 @@ void MainWindow::showhistory() {
   };
   show(*undoaction_, tr("&Undo"), chart_.history().undoname());
   show(*redoaction_, tr("&Redo"), chart_.history().redoname());
-  againaction_->setEnabled(standinglimits(chart_.document()) && !chart_.history().chartbefore().empty() &&
+  againaction_->setEnabled(standinglimits(chart_.document()) && !chart_.document().previous.empty() &&
                            chart_.history().undoname() != againname);
+  const std::size_t untried = untriedcount(chart_.document());
+  const QString entries = untried == 1 ? tr("1 entry") : tr("%1 entries").arg(untried);
+  status_->offer(Offer::previous,
+                 untried == 0 ? QString() : entries + tr(" of the previous chart: put them on this one"),
+                 tr("Click, or press %1.").arg(againaction_->shortcut().toString(QKeySequence::NativeText)));
 }
 
 }  // namespace moistair

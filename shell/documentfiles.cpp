@@ -1,6 +1,7 @@
 #include "shell/documentfiles.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QMimeData>
@@ -22,14 +23,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int keptevery = 5000;                              // ms
-constexpr std::size_t largestfile = std::size_t{256} << 20;  // bytes
+constexpr int keptevery = 5000;                             // ms
+constexpr std::size_t largestlist = std::size_t{64} << 10;  // bytes
 constexpr qsizetype mostrecent = 10;
 constexpr std::string_view workending = "-unsaved.moistair";
 constexpr const char* filter = "Moistair document (*.moistair)";
-constexpr const char* leftwork =
-    "The last session did not end in order and left work that was not saved. Do you want to open it? With No it is "
-    "kept among the earlier sessions.";
 
 QString pathof(const fs::path& name) { return QFile::decodeName(name.c_str()); }
 
@@ -44,7 +42,7 @@ bool isleftover(const fs::path& file) {
   if (!name.starts_with(".temp") || !name.ends_with(workending)) return false;
   const std::string log = name.substr(1, name.size() - 1 - workending.size()) + std::string(logending);
   std::error_code gone;
-  return fs::is_regular_file(file, gone) && !fs::exists(file.parent_path() / log, gone);
+  return fs::is_regular_file(fs::symlink_status(file, gone)) && !fs::exists(file.parent_path() / log, gone);
 }
 
 /// What was left in the folders of logs, the latest first. What is there under this session's own name was left too.
@@ -64,6 +62,22 @@ std::vector<fs::path> leftovers(const std::vector<fs::path>& folders, const fs::
   return files;
 }
 
+ReadDocument readdocumentfile(const fs::path& path, Links links) {
+  const FileContent content = readfile(path, links, largestdocument);
+  return content.fault.empty() ? readdocument(content.bytes) : ReadDocument{std::nullopt, {}, content.fault};
+}
+
+/// Asks about work that was left: which document it is of, and when it was last kept.
+QString leftworkquestion(const fs::path& work) {
+  const QFileInfo document(pathof(readdocumentfile(work, Links::refused).file));
+  const QString name = document.fileName().isEmpty() ? QStringLiteral("a chart without a file") : document.filePath();
+  const QString time = QFileInfo(pathof(work)).lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+  return QStringLiteral(
+             "The last session did not close normally and left unsaved work on %1, last kept on %2. Do you want to "
+             "open it? With No it stays among the earlier sessions.")
+      .arg(name, time);
+}
+
 void removefile(const fs::path& file) {
   std::error_code ignored;
   if (!file.empty()) fs::remove(file, ignored);
@@ -80,7 +94,6 @@ QString draggedfile(const QDropEvent& event) {
 DocumentFiles::DocumentFiles(QWidget& window, ChartCommands& chart, const SessionLog& log, Show show)
     : QObject(&window), window_(window), chart_(chart), log_(log), show_(std::move(show)), timer_(this) {
   connect(&timer_, &QTimer::timeout, this, &DocumentFiles::keepwork);
-  timer_.start(keptevery);
   window.setAcceptDrops(true);
   window.installEventFilter(this);
 }
@@ -124,8 +137,8 @@ void DocumentFiles::askopen() {
   if (dialog.exec() == QDialog::Accepted) read(dialog.selectedFiles().value(0), false);
 }
 
-void DocumentFiles::open(const QString& path) {
-  if (mayreplace()) read(QFileInfo(path).absoluteFilePath(), false);
+bool DocumentFiles::open(const QString& path) {
+  return mayreplace() && read(QFileInfo(path).absoluteFilePath(), false);
 }
 
 void DocumentFiles::openkept(const fs::path& kept) {
@@ -134,12 +147,10 @@ void DocumentFiles::openkept(const fs::path& kept) {
 
 /// @param kept whether it is unsaved work, which belongs to another file or to none
 bool DocumentFiles::read(const QString& path, bool kept) {
-  const FileContent content = readfile(QFile::encodeName(path).toStdString(), Links::followed, largestfile);
-  ReadDocument document;
-  document.fault = content.fault;
-  if (document.fault.empty()) document = readdocument(content.bytes);
+  ReadDocument document =
+      readdocumentfile(QFile::encodeName(path).toStdString(), kept ? Links::refused : Links::followed);
   if (!document.document) {
-    message(&window_, QStringLiteral("The document could not be opened: ") + path + QLatin1Char('\n') +
+    warning(&window_, QStringLiteral("The document could not be opened: ") + path + QLatin1Char('\n') +
                           QString::fromStdString(document.fault));
     return false;
   }
@@ -179,7 +190,7 @@ bool DocumentFiles::saveas() {
 
 bool DocumentFiles::writeto(const QString& path) {
   const auto fail = [&](const QString& reason) {
-    message(&window_, QStringLiteral("The document could not be written to ") + path + QStringLiteral("\n") + reason);
+    warning(&window_, QStringLiteral("The document could not be written to ") + path + QStringLiteral("\n") + reason);
     return false;
   };
   if (const auto reason = writebytes(path, filetext(chart_.document()), log_)) return fail(*reason);
@@ -203,9 +214,11 @@ bool DocumentFiles::mayreplace() {
 
 /// A line that states the pressure, alone, is no work, unless it has taken the place of a file's content.
 bool DocumentFiles::unsaved() const {
-  const auto& entries = chart_.document().entries;
+  const Document& document = chart_.document();
   const auto iswork = [](const Entry& entry) { return !std::holds_alternative<HeaderLine>(entry.content); };
-  return chart_.history().changed() && (!path_.isEmpty() || std::any_of(entries.begin(), entries.end(), iswork));
+  const bool haswork = !document.previous.empty() || document.titleblock ||
+                       std::any_of(document.entries.begin(), document.entries.end(), iswork);
+  return chart_.history().changed() && (!path_.isEmpty() || haswork);
 }
 
 QString DocumentFiles::caption() const {
@@ -218,21 +231,28 @@ void DocumentFiles::follow() {
   Q_EMIT captionchanged();
 }
 
-fs::path DocumentFiles::workfile() const { return log_.path().empty() ? fs::path() : workfileof(log_.path()); }
+fs::path DocumentFiles::workfile() const { return haslog_ ? workfileof(log_.path()) : fs::path(); }
 
 void DocumentFiles::keepwork() {
-  if (!stale_ || log_.path().empty()) return;
-  stale_ = false;
-  if (unsaved()) {
-    const std::string file = QFile::encodeName(path_).toStdString();
-    stale_ = writefile(workfile(), recoverytext(chart_.document(), file)).has_value();
-  } else {
+  if (!stale_ || !collected_) return;
+  QString failure;
+  if (!unsaved()) {
     removefile(workfile());
+  } else if (!haslog_) {
+    failure = tr("there is no log file to keep it with");
+  } else {
+    const std::string file = QFile::encodeName(path_).toStdString();
+    const auto fault = writeownfile(workfile(), recoverytext(chart_.document(), file));
+    if (fault) failure = QString::fromStdString(fault->reason());
   }
+  stale_ = !failure.isEmpty();
+  Q_EMIT keeptried(failure);
 }
 
 void DocumentFiles::collectleftwork() {
-  if (log_.path().empty()) return;
+  haslog_ = log_.isopen();
+  collected_ = true;
+  timer_.start(keptevery);
   for (const fs::path& file : leftovers(log_.places().folders, workfile())) {
     const fs::path kept = moistair::keepwork(file, log_.sessions(), documentending);
     if (leftwork_.empty()) leftwork_ = kept;
@@ -241,10 +261,11 @@ void DocumentFiles::collectleftwork() {
 
 void DocumentFiles::offerleftwork() {
   const fs::path work = std::exchange(leftwork_, {});
-  if (!work.empty() && question(&window_, QStringLiteral("Moistair"), QString::fromUtf8(leftwork))) openkept(work);
+  if (!work.empty() && question(&window_, QStringLiteral("Moistair"), leftworkquestion(work))) openkept(work);
 }
 
 void DocumentFiles::end() {
+  if (!collected_) return;
   timer_.stop();
   stale_ = true;
   keepwork();
@@ -253,29 +274,40 @@ void DocumentFiles::end() {
 
 fs::path DocumentFiles::recentfile() const { return log_.sessions().parent_path() / "recent.txt"; }
 
-/// Paths of the documents last opened or saved, the latest first.
-QStringList DocumentFiles::recent() const {
-  const QString list = QString::fromStdString(readfile(recentfile(), Links::followed, largestfile).bytes);
-  return list.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, mostrecent);
+/// Paths of the documents last opened or saved, the latest first; or why the list cannot be used.
+DocumentFiles::Recent DocumentFiles::recent() const {
+  const FileContent list = readfile(recentfile(), Links::refused, largestlist);
+  std::error_code ignored;
+  const bool there = fs::symlink_status(recentfile(), ignored).type() != fs::file_type::not_found;
+  return {QString::fromStdString(list.bytes).split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(0, mostrecent),
+          QString::fromStdString(there ? list.fault : std::string())};
 }
 
 /// A name with a line end would be two of the list.
 void DocumentFiles::remember(const QString& path) {
   if (path.contains(QLatin1Char('\n'))) return;
-  QStringList paths = recent();
+  auto [paths, fault] = recent();
+  if (!fault.isEmpty()) return;  // the menu says so
   paths.removeAll(path);
   paths.prepend(path);
   const std::string list = paths.mid(0, mostrecent).join(QLatin1Char('\n')).toStdString() + '\n';
-  writefile(recentfile(), list);  // nothing is lost but convenience
+  writeownfile(recentfile(), list);  // nothing is lost but convenience
 }
 
 void DocumentFiles::listrecent() {
   recent_->clear();
-  for (const QString& path : recent()) {
+  const auto [paths, fault] = recent();
+  if (!fault.isEmpty()) recent_->addAction(pathof(recentfile()) + QStringLiteral(": ") + fault)->setEnabled(false);
+  for (const QString& path : paths) {
     QString caption = path;
     recent_->addAction(caption.replace(QLatin1Char('&'), QStringLiteral("&&")), this, [this, path] { open(path); });
   }
   recent_->setEnabled(!recent_->isEmpty());
+}
+
+std::optional<Pressure> pressureoffile(const QString& path) {
+  const ReadDocument read = readdocumentfile(QFile::encodeName(path).toStdString(), Links::followed);
+  return read.document ? std::optional(read.document->pressure) : std::nullopt;
 }
 
 }  // namespace moistair

@@ -11,6 +11,7 @@
 #include <QTimer>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "log/sessionlog.h"
@@ -31,9 +32,9 @@ public:
   /// New, Open, Open recent, Save and Save as.
   void fillmenu(QMenu& file);
 
-  /// Reads a file in place of what stands, with a question if that is not saved. A file that cannot be read is told,
-  /// with place and reason, and changes nothing.
-  void open(const QString& path);
+  /// Reads a file in place of the current document, with a question if that is not saved. A file that cannot be read is
+  /// reported, with place and reason, and changes nothing. Returns whether it was opened.
+  bool open(const QString& path);
 
   /// "room.moistair *", or "Untitled"; the star says that it is not saved.
   QString caption() const;
@@ -41,8 +42,9 @@ public:
   /// To be called after every change of the document.
   void follow();
 
-  /// Takes what sessions left behind that did not end in order, before this one's own work takes its name, and keeps
-  /// it among the earlier sessions. To be called once there is a log.
+  /// Takes what sessions left behind that did not close normally and keeps it among the earlier sessions. To be called
+  /// once the log has been made; before that, nothing here touches a file of unsaved work, since its name may belong to
+  /// such a session, or to another copy that is running.
   void collectleftwork();
 
   /// Offers to open the latest of it, if there was any.
@@ -56,6 +58,8 @@ public:
 
 Q_SIGNALS:
   void captionchanged();
+  /// Unsaved work could not be kept, and why; empty once it could.
+  void keeptried(const QString& failure);
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -73,7 +77,11 @@ private:
   void keepwork();
   std::filesystem::path workfile() const;
   std::filesystem::path recentfile() const;
-  QStringList recent() const;
+  struct Recent {
+    QStringList paths;
+    QString fault;  ///< why there are none, though there is a list
+  };
+  Recent recent() const;
   void remember(const QString& path);
   void listrecent();
 
@@ -86,7 +94,12 @@ private:
   QString path_;                    ///< of the document's file; empty for none
   std::filesystem::path leftwork_;  ///< to be offered; empty for none
   QTimer timer_;
-  bool stale_ = false;  ///< whether the work kept beside the log is not what stands
+  bool stale_ = false;      ///< whether the work kept with the log is not the document as it is
+  bool collected_ = false;  ///< whether what was left has been collected
+  bool haslog_ = false;     ///< whose name that work has
 };
+
+/// The pressure of a document's file; none if it cannot be read.
+std::optional<Pressure> pressureoffile(const QString& path);
 
 }  // namespace moistair

@@ -7,6 +7,8 @@
 #include <cmath>
 #include <utility>
 
+#include "model/table.h"
+
 namespace moistair {
 
 namespace {
@@ -64,6 +66,7 @@ bool Instrument::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Leave:
       if (QApplication::activePopupWidget() == nullptr) onleave();  // a menu is for the place where it was opened
       break;
+    case QEvent::FocusIn: onfocus(static_cast<QFocusEvent*>(event)->reason()); break;
     case QEvent::Resize: layer_->resize(widget_.size()); break;
     case QEvent::ChildPolished: layer_->raise(); break;  // whatever else shows the chart
     case QEvent::ContextMenu: openmenu(*static_cast<QContextMenuEvent*>(event)); return true;
@@ -143,11 +146,10 @@ void Instrument::drag(QPointF place, Qt::KeyboardModifiers modifiers) {
   show({readingat(setting.limits, atm, at.place), grabbed_}, atm);
 }
 
-/// The cross hair at a place, and at the mark that is there.
+/// The cross hair at a place, and at the mark if it is on one: next to it the air is another.
 void Instrument::showat(const Place& place) {
-  const PlotBox box = ground_.plot(standing_->limits);
   const double atm = standing_->pressure.atm;
-  show({readingat(standing_->limits, atm, place), nearesttarget(box, box.x(place.db), box.y(place.w), targets_)}, atm);
+  show({readingat(standing_->limits, atm, place), targetAt(place, targets_)}, atm);
 }
 
 void Instrument::show(Spot spot, double atm) {
@@ -194,14 +196,22 @@ void Instrument::setshape() {
   if (widget_.cursor().shape() != shape) widget_.setCursor(shape);
 }
 
-/// The mark's name, and the pressure where it is another than that in force.
+/// The mark's name, that it misses something, and the pressure where it is another than that in force.
 QString Instrument::titleof(const Spot& spot, double atm) const {
   QStringList parts;
   if (spot.mark) parts.append(QString::fromStdString(captionof(entryof(*spot.mark))));
+  if (spot.mark && !dragging_ && missesAny(entryof(*spot.mark))) parts.append(tr("(missed)"));
   if (differ(atm, values_.pressure.lenient())) {
     parts.append(tr("at %1 In Hg").arg(QString::fromStdString(numbertext(std::round(atm * 1e4) / 1e4))));
   }
   return parts.join(QLatin1Char(' '));
+}
+
+/// Back from a menu or another program, keys go on where they were.
+void Instrument::onfocus(Qt::FocusReason reason) {
+  const bool back =
+      reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
+  if (!back) steered_ = false;
 }
 
 bool Instrument::movable(std::size_t mark) const { return ispoint(entryof(mark)); }
@@ -214,6 +224,8 @@ bool Instrument::onkey(const QKeyEvent& event) {
     return false;
   }
   if (event.type() == QEvent::KeyRelease) return false;
+  // A Return that was meant for the box that a line was drawn from must not open a window.
+  if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !(bykeys_ && steered_)) return false;
   if (!dragging_ && !event.isAutoRepeat() && runcommand(modifiers | key)) return true;
   if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier) return false;
   if (key == Qt::Key_Escape && dragging_) {
@@ -240,9 +252,9 @@ bool Instrument::step(Qt::Key key, bool tenths) {
     const double most = std::min(limits.highhr, saturatedat(db, atm).value_or(Place{db, limits.highhr}).w);
     place = readplace({db, std::max(limits.lowhr, std::round(most / 2 / 0.0005) * 0.0005)});
   } else if (spot_) {
-    place = stepped(limits, place, degrees, ratios, tenths);
+    place = caughtBy(targets_, stepped(limits, place, degrees, ratios, tenths), tenths);
   }
-  bykeys_ = true;
+  bykeys_ = steered_ = true;
   showat(place);
   tell();
   return true;

@@ -47,6 +47,8 @@ Q_SIGNALS:
   void chosen(const QString& drybulb, const QString& ratio);
   /// And the point there is to be located.
   void located();
+  /// An entry is to have its exact state.
+  void exactchosen(std::size_t entry);
   /// Something was not drawn, in the words for the user.
   void refused(const QString& reason);
 
@@ -68,6 +70,7 @@ private:
   bool onkey(const QKeyEvent& event);
   void onmove(Qt::KeyboardModifiers modifiers);
   void onleave();
+  void onfocus(Qt::FocusReason reason);
   bool ispulled() const;
   void press(const QMouseEvent& event);
   void release();
@@ -109,7 +112,8 @@ private:
   std::optional<Spot> spot_;
   Place last_;  ///< where the keys begin; of no use before `haslast_`
   bool haslast_ = false;
-  bool bykeys_ = false;  ///< whether the cross hair stands where keys have put it
+  bool bykeys_ = false;   ///< whether the cross hair is where keys have put it
+  bool steered_ = false;  ///< and they have done so since the chart has had the focus
   std::optional<QPointF> pressed_;
   QPointF pointer_;
   bool dragging_ = false;

@@ -6,6 +6,7 @@
 #include <array>
 
 #include "model/pointreport.h"
+#include "model/table.h"
 #include "shell/instrument.h"
 
 namespace moistair {
@@ -192,6 +193,9 @@ void Instrument::fillmenu(QMenu& menu, const Spot& spot) {
       add(tr("&Delete ") + menutext(captionof(entryof(*other.mark))), [this, other] { erase(other); });
     }
     if (movable(*spot.mark)) add(tr("&Rename..."), [this, spot] { rename(spot); });
+    if (missesAny(entryof(*spot.mark))) {
+      add(tr("Take e&xact state"), [this, spot] { Q_EMIT exactchosen(marks_[*spot.mark].entry); });
+    }
   }
   if (spot.reading.state) add(tr("&Copy state"), [this, spot] { copy(spot); });
 }

@@ -16,8 +16,8 @@ namespace moistair {
 namespace {
 
 constexpr const char* appendfailed = "The data could not be saved: the log file cannot be written.";
-constexpr const char* sessiongone = "The data of this session cannot be shown: its file cannot be read.";
-constexpr const char* viewfailed = "The saved data cannot be shown: the log file cannot be read.";
+constexpr const char* sessiongone = "The data of this session cannot be shown: its file cannot be read.\n";
+constexpr const char* viewfailed = "The saved data cannot be shown: the log file cannot be read.\n";
 
 /// When something was last saved in a session, by the clock on the wall.
 QString timeof(const EarlierSession& session) {
@@ -27,13 +27,13 @@ QString timeof(const EarlierSession& session) {
 }  // namespace
 
 void MainWindow::viewlog() {
-  const auto text = log_.read();
-  if (!text) {
-    message(this, QString::fromUtf8(viewfailed));
+  const FileContent content = log_.read();
+  if (!content.fault.empty()) {
+    warning(this, QString::fromUtf8(viewfailed) + QString::fromStdString(content.fault));
     focusgraph();
     return;
   }
-  auto* window = new LogWindow(this, QString::fromStdString(*text));
+  auto* window = new LogWindow(this, QString::fromStdString(content.bytes));
   connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
 }
@@ -62,13 +62,14 @@ void MainWindow::listsessions() {
 }
 
 void MainWindow::viewsession(const EarlierSession& session) {
-  const auto text = readlog(session.file);
-  if (!text) {
-    message(this, QString::fromUtf8(sessiongone));
+  const FileContent content = readlog(session.file);
+  if (!content.fault.empty()) {
+    warning(this, QString::fromUtf8(sessiongone) + QString::fromUtf8(session.file.c_str()) + QStringLiteral(": ") +
+                      QString::fromStdString(content.fault));
     focusgraph();
     return;
   }
-  auto* window = new LogWindow(this, QString::fromStdString(*text));
+  auto* window = new LogWindow(this, QString::fromStdString(content.bytes));
   window->setWindowTitle(QStringLiteral("Saved data of ") + timeof(session));
   connect(window, &LogWindow::left, this, &MainWindow::leavedialog);
   opendialog(window);
@@ -88,10 +89,12 @@ void MainWindow::savelog() {
 void MainWindow::appendtolog(const std::vector<std::string>& lines) {
   if (log_.append(lines)) {
     strip_->savelogbutton->setEnabled(true);
-    status_->answer(tr("record %1 saved").arg(log_.records()));
+    const QString words = tr("record %1 saved").arg(log_.records());
+    status_->answer(words);
+    if (auto* mixing = qobject_cast<MixingWindow*>(dialog_)) mixing->answer(words);
     notes_->follow();
   } else {
-    message(dialog_, QString::fromUtf8(appendfailed));
+    warning(dialog_, QString::fromUtf8(appendfailed));
   }
 }
 

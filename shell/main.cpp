@@ -4,11 +4,16 @@
 #include <csignal>
 #include <cstdio>
 
+#include "files/outputfile.h"
 #include "shell/mainwindow.h"
 #include "shell/signals.h"
 #include "shell/startup.h"
 
 int main(int argc, char** argv) {
+  if (const auto text = moistair::wantedtext(argc, argv)) {
+    const bool printed = std::fputs(text->c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+    return printed ? 0 : 1;
+  }
   if (!moistair::hasdisplay()) {
     std::fputs("moistair: there is no display. Start it from a desktop session, or set DISPLAY.\n", stderr);
     return 1;
@@ -20,7 +25,10 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("moistair"));
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/moistair.svg")));
   const auto folder = QFile::encodeName(QApplication::applicationDirPath()).toStdString();
-  moistair::MainWindow window(moistair::logplaces(folder));
+  const moistair::LogPlaces places = moistair::logplaces(folder);
+  for (const auto& own : places.folders) moistair::removeabandoned(own);
+  moistair::removeabandoned(places.sessions);
+  moistair::MainWindow window(places);
   // At once: quit() would first ask each window whether it may close.
   QObject::connect(&window, &moistair::MainWindow::ended, &application, [] { QApplication::exit(0); });
   moistair::endbysignals(&window, [&window] { window.endsession(); });

@@ -5,12 +5,14 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QWindow>
+#include <cmath>
 
 #include "chart/chartfinders.h"
 #include "engine/pressureunits.h"
 #include "shell/chartmenu.h"
 #include "shell/sheets.h"
 #include "shell/startup.h"
+#include "shell/typedpair.h"
 #include "toolkit/messages.h"
 
 namespace moistair {
@@ -19,6 +21,15 @@ namespace {
 
 constexpr const char* logfailed =
     "The data of this session cannot be kept: the log file cannot be written. Everything else works as usual.";
+
+/// Smallest room below the menus for a strip: under it, a sixth of the height is left below the plot for the dry-bulb
+/// scale and its texts. A screen that has not so much room has all that it can give.
+QSize leastarea(const QSize& strip) {
+  constexpr int menuandstatus = 80;  // pixels, with the window's frame
+  const int line = static_cast<int>(std::ceil(double{lineheight} / twipsperpixel));
+  const int screen = QGuiApplication::primaryScreen()->availableSize().height() - menuandstatus;
+  return {strip.width(), std::max(4 * strip.height(), std::min(6 * (strip.height() + line), screen))};
+}
 
 }  // namespace
 
@@ -37,6 +48,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
       files_(new DocumentFiles(*this, chart_, log_,
                                [this](Document document, bool fresh) { showdocument(std::move(document), fresh); })),
       status_(new StatusLine),
+      typed_(new TypedPair(*strip_)),
       notes_(new StripNotes(*strip_, *status_, chart_, values_, log_,
                             [this] {
                               PlotArea area = lifecycle_.plotarea(windowsize());
@@ -55,7 +67,7 @@ MainWindow::MainWindow(LogPlaces logplaces)
   setCentralWidget(area);
   strip_->setParent(area);
   strip_->fit(0, 0);
-  area->setMinimumSize(strip_->minimumSizeHint().width(), 4 * strip_->minimumSizeHint().height());
+  area->setMinimumSize(leastarea(strip_->minimumSizeHint()));
   for (QLineEdit* box : strip_->findChildren<QLineEdit*>())
     box->setAcceptDrops(false);  // a file is opened, not spelled
   graph_->setParent(area);
@@ -76,25 +88,23 @@ void MainWindow::makestatusbar() {
   connect(files_, &DocumentFiles::captionchanged, this, [this] { status_->showdocument(files_->caption()); });
   connect(status_, &StatusLine::headerchosen, this, [this] { step([this] { chart_.takeheaderpressure(); }); });
   connect(status_, &StatusLine::exactchosen, this, [this] { notes_->useexact(); });
+  connect(status_, &StatusLine::offerchosen, this,
+          [this](Offer offer) { offer == Offer::previous ? again() : typed_->putback(); });
+  connect(files_, &DocumentFiles::keeptried, status_, &StatusLine::showunkept);
+  connect(typed_, &TypedPair::changed, this, [this] {
+    status_->offer(Offer::typed, typed_->words(), tr("Click, or press Ctrl+Z in one of the two boxes."));
+  });
   files_->follow();
 }
 
 /// What is chosen on the chart goes the way of what is typed.
 void MainWindow::makeinstrument() {
   connect(sheets_, &Sheets::toggled, instrument_, &Instrument::follow);
-  connect(instrument_, &Instrument::chosen, this, &MainWindow::takeplace);
+  connect(sheets_, &Sheets::toggled, this, &MainWindow::showexportkey);
+  connect(instrument_, &Instrument::chosen, typed_, &TypedPair::take);
   connect(instrument_, &Instrument::located, this, &MainWindow::locatepoint);
+  connect(instrument_, &Instrument::exactchosen, this, [this](std::size_t entry) { takeExact({entry}); });
   connect(instrument_, &Instrument::refused, this, [this](const QString& reason) { message(this, reason); });
-}
-
-/// Empty boxes keep still while the kinds change.
-void MainWindow::takeplace(const QString& drybulb, const QString& ratio) {
-  strip_->firstvalue->clear();
-  strip_->secondvalue->clear();
-  strip_->firstkind->select(static_cast<int>(PropertyKind::db));
-  strip_->secondkind->select(static_cast<int>(PropertyKind::w));
-  strip_->firstvalue->setText(drybulb);
-  strip_->secondvalue->setText(ratio);
 }
 
 void MainWindow::makemenus() {
@@ -104,8 +114,8 @@ void MainWindow::makemenus() {
   const auto add = [this](QMenu& menu, const QString& text, const QKeySequence& keys, auto run) {
     menu.addAction(text, this, run)->setShortcut(keys);
   };
-  add(*file, tr("&Export chart..."), QKeySequence(Qt::CTRL | Qt::Key_E), &MainWindow::exportchart);
-  file->addAction(tr("Export s&heet..."), this, &MainWindow::exportsheet);
+  exportchartaction_ = file->addAction(tr("&Export chart..."), this, &MainWindow::exportchart);
+  exportsheetaction_ = file->addAction(tr("Export s&heet..."), this, &MainWindow::exportsheet);
   file->addAction(tr("Page set&up..."), this, &MainWindow::setuppage);
   add(*file, tr("&Print..."), QKeySequence(Qt::CTRL | Qt::Key_P), &MainWindow::printchart);
   file->addSeparator();
@@ -120,6 +130,7 @@ void MainWindow::makemenus() {
   redoaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
   edit->addSeparator();
   againaction_ = edit->addAction(tr("&Again on this chart"), this, &MainWindow::again);
+  againaction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
   edit->addSeparator();
   notes_->fillmenu(*edit);
   chart_.changed = [this] {
@@ -128,10 +139,12 @@ void MainWindow::makemenus() {
     files_->follow();
     notes_->follow();
     sheets_->follow(visibleplot());
+    showexportkey();
     if (!panel_->isHidden()) panel_->show(chart_.document());
     instrument_->follow();
   };
   showhistory();
+  showexportkey();
   QMenu* view = menuBar()->addMenu(tr("&View"));
   makepanel(*view);
   sheets_->fillviewmenu(*view);
@@ -152,6 +165,7 @@ void MainWindow::makepanel(QMenu& view) {
   connect(panel_, &QDockWidget::visibilityChanged, this,
           [this](bool shown) { shown ? panel_->show(chart_.document()) : lift({}); });
   connect(panel_, &EntriesPanel::selected, this, &MainWindow::lift);
+  connect(panel_, &EntriesPanel::exactchosen, this, &MainWindow::takeExact);
   connect(panel_, &EntriesPanel::csvchosen, this, &MainWindow::writecsv);
   connect(panel_, &EntriesPanel::deletechosen, this, [this](const std::vector<std::size_t>& entries) {
     if (!entries.empty()) step([&] { chart_.change(deletion(chart_.document(), entries), windowsize()); });
@@ -205,7 +219,7 @@ bool MainWindow::loadmain() {
   values_.pressureentry = {};
   screen_ = QGuiApplication::primaryScreen()->size();
   arrange();
-  if (!log_.newlog()) message(this, QString::fromUtf8(logfailed));
+  if (!log_.newlog()) warning(this, QString::fromUtf8(logfailed));
   files_->collectleftwork();
   strip_->savelogbutton->setEnabled(false);
   return true;

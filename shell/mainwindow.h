@@ -29,6 +29,7 @@ namespace moistair {
 
 class ReportWindow;
 class Sheets;
+class TypedPair;
 struct EarlierSession;
 
 class MainWindow final : public QMainWindow {
@@ -66,7 +67,6 @@ private:
   WindowSize windowsize() const;
   QSize visibleplot() const;
   void previewpoint();
-  void takeplace(const QString& drybulb, const QString& ratio);
 
   void opendialog(Dialog* dialog);
   void closedialog();
@@ -79,6 +79,9 @@ private:
 
   void openpressure();
   void changepressure(const PressureEntry& entry);
+  void startafresh(const PressureEntry& entry);
+  void settlepressure(const PressureEntry& set);
+  QString waitingwords() const;
   void startdraw();
   void drawchart(ChartType charttype);
   void drawline(LineKind kind, const QLineEdit& value);
@@ -92,7 +95,8 @@ private:
   void beginwork();
   void placepanel();
   void lift(const std::vector<std::size_t>& entries);
-  void writecsv(const std::string& table);
+  void takeExact(const std::vector<std::size_t>& places);
+  void writecsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
   void again();
   void showhistory();
   void savechart();
@@ -102,6 +106,7 @@ private:
   void savelog();
   void appendtolog(const std::vector<std::string>& lines);
   void openmixing();
+  void showexportkey();
   void exportchart();
   void exportsheet();
   void printchart();
@@ -120,6 +125,7 @@ private:
   Instrument* instrument_;
   DocumentFiles* files_;
   StatusLine* status_;
+  TypedPair* typed_;   ///< the boxes while a place of the chart is in them
   StripNotes* notes_;  ///< what is said in it and marked in the strip
   Sheets* sheets_;
   EntriesPanel* panel_;  ///< table beside the chart
@@ -133,8 +139,11 @@ private:
   QAction* undoaction_ = nullptr;
   QAction* redoaction_ = nullptr;
   QAction* againaction_ = nullptr;
-  std::vector<std::size_t> lifted_;  ///< entries lifted out on the chart
-  QString firstfile_;                ///< to be opened once the pressure window is left
+  QAction* exportchartaction_ = nullptr;
+  QAction* exportsheetaction_ = nullptr;
+  std::vector<std::size_t> lifted_;             ///< entries lifted out on the chart
+  QString firstfile_;                           ///< to be opened once the pressure window is left
+  std::optional<PressureEntry> firstpressure_;  ///< set in that window
   bool panelplaced_ = false;
   bool loaded_ = false;
   bool begun_ = false;  ///< whether that window has been left

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QPageLayout>
 #include <QWidget>
+#include <filesystem>
 #include <optional>
 
 #include "chart/reading.h"
@@ -22,7 +23,7 @@ class Sheets final : public QObject {
 public:
   /// @param window that dialogs stand above
   /// @param graph shows the drawing
-  Sheets(QWidget& window, QWidget& graph, const ChartCommands& chart, const SessionLog& log);
+  Sheets(QWidget& window, QWidget& graph, ChartCommands& chart, const SessionLog& log);
 
   /// "As a sheet".
   void fillviewmenu(QMenu& view);
@@ -33,13 +34,16 @@ public:
   /// Lifts entries of the document out on the sheet.
   void lift(const std::vector<std::size_t>& entries) { view_->lift(entries); }
 
+  bool isshown() const;
+
   /// Where the plot lies while the sheet is on the screen.
   std::optional<PlotBox> plot();
 
   /// Asks how it is to look, and where it is to be written. Returns the path of a file that was.
   std::optional<QString> exportsheet();
 
-  /// Asks whether a sheet or the chart is to be printed, and prints it. Returns the page as it then is.
+  /// Asks whether a sheet or the chart is to be printed, and for a sheet who has drawn it unless the document says so,
+  /// and prints it. Returns the page as it then is.
   QPageLayout print(const QPageLayout& page);
 
 Q_SIGNALS:
@@ -52,13 +56,17 @@ private:
   Printed askwhat();
   QPageLayout printsheet(const QPageLayout& page);
   void show();
+  TitleBlock titleblock() const;
+  void keep(const TitleBlock& block);
+  bool asktitleblock();
+  std::filesystem::path drawnbyfile() const;
 
   QWidget& window_;
-  const ChartCommands& chart_;
+  ChartCommands& chart_;
   const SessionLog& log_;
   SheetView* view_;
   QAction* toggle_ = nullptr;
-  SheetOptions options_;  ///< as last chosen
+  SheetOptions options_;  ///< as last chosen, but for the title block, which is the document's
 };
 
 }  // namespace moistair

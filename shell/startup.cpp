@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <cstdlib>
+#include <string_view>
 
 #include "paint/replay.h"
 #include "toolkit/messages.h"
@@ -34,6 +35,22 @@ QString helppath() {
     if (program.exists(name)) return QDir::cleanPath(program.filePath(name));
   }
   return {};
+}
+
+std::optional<std::string> wantedtext(int argc, char** argv) {
+  constexpr const char* version = "moistair " MOISTAIR_VERSION "\n";
+  constexpr const char* usage =
+      "Usage: moistair [OPTIONS] [FILE]\n\n"
+      "Opens the window for psychrometric charts in English units, with a document (.moistair) if one is given.\n\n"
+      "  --help     Print this and exit\n"
+      "  --version  Print the version and exit\n\n"
+      "For scripts and tables there is moistair-cli.\n";
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view word = argv[i];
+    if (word == "--help" || word == "-h") return usage;
+    if (word == "--version") return version;
+  }
+  return std::nullopt;
 }
 
 bool hasdisplay() {

@@ -4,6 +4,8 @@
 
 #include <QString>
 #include <QWidget>
+#include <optional>
+#include <string>
 
 namespace moistair {
 
@@ -22,6 +24,9 @@ bool leavesforsmallscreen(QWidget* parent);
 
 /// The compiled help file beside the program if there is one, else our own manual; empty if neither is there.
 QString helppath();
+
+/// What --help or --version print in place of a window; none without either.
+std::optional<std::string> wantedtext(int argc, char** argv);
 
 /// Whether there is anything to show a window on. A program that starts without a display aborts with little to go by.
 bool hasdisplay();

@@ -18,17 +18,28 @@ QString shown(const std::string& words) { return QString::fromStdString(words); 
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent),
       voice_(new TellingLine),
+      offer_(new TellingLine),
+      unkept_(new TellingLine),
       pressure_(new TellingLine),
       header_(new TellingLine),
       changes_(new TellingLine),
       chart_(new ElidedLabel),
       records_(new ElidedLabel),
       document_(new ElidedLabel),
-      row_(new CellRow(
-          {{voice_, 0}, {pressure_, 0}, {header_, 0}, {changes_, 0}, {chart_, 2}, {records_, 3}, {document_, 1}})) {
+      row_(new CellRow({{voice_, 0},
+                        {offer_, 4},
+                        {unkept_, 0},
+                        {pressure_, 0},
+                        {header_, 0},
+                        {changes_, 0},
+                        {chart_, 2},
+                        {records_, 3},
+                        {document_, 1}})) {
   setObjectName(QStringLiteral("statusline"));
   setSizeGripEnabled(false);
   voice_->setObjectName(QStringLiteral("voice"));
+  offer_->setObjectName(QStringLiteral("offer"));
+  unkept_->setObjectName(QStringLiteral("unkept"));
   pressure_->setObjectName(QStringLiteral("inforce"));
   header_->setObjectName(QStringLiteral("header"));
   changes_->setObjectName(QStringLiteral("changes"));
@@ -41,6 +52,10 @@ StatusLine::StatusLine(QWidget* parent)
   connect(&answered_, &QTimer::timeout, this, [this] { answer({}); });
   connect(voice_, &TellingLine::clicked, this, [this] {
     if (answer_.isEmpty() && notes_.remark.exact) Q_EMIT exactchosen();
+  });
+  connect(offer_, &TellingLine::clicked, this, [this] {
+    const std::size_t shown = shownoffer();
+    if (shown < offercount) Q_EMIT offerchosen(static_cast<Offer>(shown));
   });
   for (TellingLine* line : {pressure_, header_}) {
     connect(line, &TellingLine::clicked, this, [this] {
@@ -92,6 +107,29 @@ void StatusLine::answer(const QString& words, BoxMark mark, const QString& tip) 
 
 void StatusLine::endanswer() {
   if (!answer_.isEmpty()) answer({});
+}
+
+void StatusLine::offer(Offer offer, const QString& words, const QString& tip) {
+  const auto index = static_cast<std::size_t>(offer);
+  offers_[index] = words;
+  offertips_[index] = tip;
+  const std::size_t shown = shownoffer();
+  const bool any = shown < offercount;
+  offer_->tell(any ? offers_[shown] : QString(), BoxMark::none, any, any ? offertips_[shown] : QString());
+  row_->place();
+}
+
+/// The last one that there is; `offercount` for none.
+std::size_t StatusLine::shownoffer() const {
+  for (std::size_t index = offercount; index-- > 0;) {
+    if (!offers_[index].isEmpty()) return index;
+  }
+  return offercount;
+}
+
+void StatusLine::showunkept(const QString& reason) {
+  unkept_->tell(reason.isEmpty() ? QString() : tr("Unsaved work is not being kept: %1").arg(reason), BoxMark::fault);
+  row_->place();
 }
 
 void StatusLine::speak() {

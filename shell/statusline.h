@@ -4,6 +4,8 @@
 
 #include <QStatusBar>
 #include <QTimer>
+#include <array>
+#include <optional>
 
 #include "advice/pairnotes.h"
 #include "advice/standing.h"
@@ -13,6 +15,13 @@
 namespace moistair {
 
 class CellRow;
+
+/// What the status line offers until it is done or of no use any more; of several the last one.
+enum class Offer {
+  previous,  ///< entries of the previous chart put on this one
+  typed,     ///< what was typed in the boxes put back
+};
+inline constexpr std::size_t offercount = 2;
 
 /// Says at every moment what is in force and what stands: the pressure, the chart, the records of the log, the
 /// document's name. To the left of them it speaks: a remark on the pair in the boxes, and for a while the answer to a
@@ -46,20 +55,31 @@ public:
   /// Another command has been given.
   void endanswer();
 
+  /// @param words empty for nothing to offer
+  void offer(Offer offer, const QString& words, const QString& tip = {});
+
+  /// That unsaved work is not being kept, and why, until it is again.
+  /// @param reason empty once it is
+  void showunkept(const QString& reason);
+
 Q_SIGNALS:
   void headerchosen();  ///< the pressure that the header states is to be in force again
   void exactchosen();   ///< the exact state of the remark is to go into the boxes
+  void offerchosen(Offer offer);
 
 private:
   void speak();
+  std::size_t shownoffer() const;
 
-  TellingLine *voice_, *pressure_, *header_, *changes_;
+  TellingLine *voice_, *offer_, *unkept_, *pressure_, *header_, *changes_;
   ElidedLabel *chart_, *records_, *document_;
   CellRow* row_;
   PairNotes notes_;
   QString answer_;
   QString answertip_;
   BoxMark answermark_ = BoxMark::none;
+  std::array<QString, offercount> offers_;
+  std::array<QString, offercount> offertips_;
   QTimer answered_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace moistair {
 
@@ -28,12 +29,27 @@ void message(QWidget* parent, const QString& text) {
   ask(parent, applicationtitle(), text, QMessageBox::Information, QMessageBox::Ok);
 }
 
+void warning(QWidget* parent, const QString& text) {
+  ask(parent, applicationtitle(), text, QMessageBox::Warning, QMessageBox::Ok);
+}
+
 void messageokcancel(QWidget* parent, const QString& text) {
   ask(parent, applicationtitle(), text, QMessageBox::Information, QMessageBox::Ok | QMessageBox::Cancel);
 }
 
 bool question(QWidget* parent, const QString& title, const QString& text) {
   return ask(parent, title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+bool choice(QWidget* parent, const QString& text, const QString& first, const QString& second) {
+  QMessageBox box(QMessageBox::Question, applicationtitle(), text, QMessageBox::NoButton, parent);
+  box.setTextFormat(Qt::PlainText);
+  auto* one = box.addButton(first, QMessageBox::AcceptRole);
+  const QAbstractButton* other = box.addButton(second, QMessageBox::AcceptRole);
+  box.setDefaultButton(one);
+  box.setEscapeButton(one);
+  box.exec();
+  return box.clickedButton() != other;
 }
 
 Unsaved asktosave(QWidget* parent, const QString& text) {

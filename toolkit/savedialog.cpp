@@ -22,7 +22,7 @@ public:
   void accept() override {
     const bool ofdesktop = testAttribute(Qt::WA_DontShowOnScreen);
     if (!folderexists()) {
-      message(this, QStringLiteral("There is no folder ") + QFileInfo(path()).absolutePath());
+      warning(this, QStringLiteral("There is no folder ") + QFileInfo(path()).absolutePath());
       if (!ofdesktop) return;
     }
     QFileDialog::accept();

@@ -1,7 +1,12 @@
 #include "windows/entriesmodel.h"
 
+#include <QApplication>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QStyle>
 #include <utility>
 
+#include "advice/remark.h"
 #include "paint/replay.h"
 
 namespace moistair {
@@ -24,7 +29,7 @@ int EntriesModel::rowCount(const QModelIndex& parent) const {
 }
 
 int EntriesModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(tablecolumns);
+  return parent.isValid() ? 0 : static_cast<int>(columncount(rows_));
 }
 
 QVariant EntriesModel::data(const QModelIndex& index, int role) const {
@@ -32,7 +37,22 @@ QVariant EntriesModel::data(const QModelIndex& index, int role) const {
     const QString text = QString::fromStdString(celltext(rowof(index), static_cast<std::size_t>(index.column())));
     return role == Qt::EditRole ? text : printable(text);
   }
-  if (role == Qt::TextAlignmentRole && index.column() >= firstnumber) return int{Qt::AlignRight | Qt::AlignVCenter};
+  const QString note = QString::fromStdString(rowof(index).note);
+  if (role == Qt::ToolTipRole && !note.isEmpty()) return note;
+  if (role == Qt::ForegroundRole && !note.isEmpty()) {
+    return QGuiApplication::palette().brush(QPalette::Active, QPalette::PlaceholderText);
+  }
+  if (rowof(index).missed.any()) {
+    if (role == Qt::DecorationRole && index.column() == 0) {
+      return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+    }
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole) {
+      const TableRow& row = rowof(index);
+      return printable(QString::fromStdString(remarkOn(row.missed, row.pressure, row.mixture).words));
+    }
+  }
+  if (role == Qt::TextAlignmentRole && index.column() >= firstnumber && index.column() < static_cast<int>(missedColumn))
+    return int{Qt::AlignRight | Qt::AlignVCenter};
   return {};
 }
 

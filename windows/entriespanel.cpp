@@ -42,10 +42,15 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
     auto* button = new QPushButton(text);
     connect(button, &QPushButton::clicked, action, &QAction::trigger);
     buttons->addWidget(button);
+    connect(action, &QAction::changed, button, [action, button] { button->setEnabled(action->isEnabled()); });
+    return action;
   };
   command(tr("&Copy"), QKeySequence::Copy, [this] { copy(); });
   command(tr("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
-  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(tabletext(chosenrows(), ',')); });
+  command(tr("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(model_.rows(), chosenrows()); });
+  exact_ = command(tr("Ta&ke exact states"), {}, [this] { Q_EMIT exactchosen(selectedentries()); });
+  exact_->setToolTip(
+      tr("Put the exact states in place of those that miss a given value: of the rows selected, or all"));
   buttons->addStretch();
   setWidget(panel);
   connect(&model_, &EntriesModel::renamed, this, &EntriesPanel::renamed, Qt::QueuedConnection);
@@ -56,7 +61,21 @@ EntriesPanel::EntriesPanel(QWidget* main) : QDockWidget(tr("Points and lines"), 
 void EntriesPanel::show(const Document& document) {
   model_.setrows(tablerows(document));
   table_->resizeColumnsToContents();
+  const auto misses = [](const TableRow& row) { return row.missed.any() && row.note.empty(); };
+  exact_->setEnabled(std::any_of(model_.rows().begin(), model_.rows().end(), misses));
+  shownotes();
   Q_EMIT selected({});
+}
+
+/// Notes come right behind the kind, where they are seen; a long one is in the tool tip as well.
+void EntriesPanel::shownotes() {
+  constexpr int mostletters = 46;
+  constexpr int column = static_cast<int>(notecolumn);
+  if (model_.columnCount() <= column) return;
+  QHeaderView& heads = *table_->horizontalHeader();
+  heads.moveSection(heads.visualIndex(column), 1);
+  const int most = mostletters * table_->fontMetrics().averageCharWidth();
+  table_->setColumnWidth(column, std::min(table_->columnWidth(column), most));
 }
 
 int EntriesPanel::fullwidth() const {

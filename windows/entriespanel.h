@@ -27,16 +27,20 @@ public:
 Q_SIGNALS:
   void renamed(std::size_t entry, const QString& identification);
   void deletechosen(const std::vector<std::size_t>& entries);
-  void selected(const std::vector<std::size_t>& entries);  ///< by their places in the document; may be none
-  void csvchosen(const std::string& table);                ///< the table is to be written to a file
+  void exactchosen(const std::vector<std::size_t>& entries);  ///< exact states for these, or for all if there is none
+  void selected(const std::vector<std::size_t>& entries);     ///< by their places in the document; may be none
+  /// Rows are to be written to a file: all that there are, and those selected, or all again if none is.
+  void csvchosen(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
 
 private:
   std::vector<TableRow> chosenrows() const;
   std::vector<std::size_t> selectedentries() const;
   void copy() const;
+  void shownotes();
 
   EntriesModel model_;
   QTableView* table_;
+  QAction* exact_ = nullptr;
 };
 
 }  // namespace moistair

@@ -80,6 +80,7 @@ constexpr std::array<ReadoutNames, readoutcount> readoutnames = {{
 
 /// What a click on the line of a stream does, for the keyboard.
 constexpr std::array<QKeyCombination, 2> exactkeys = {Qt::CTRL | Qt::Key_1, Qt::CTRL | Qt::Key_2};
+constexpr QKeyCombination exactMixtureKeys = Qt::CTRL | Qt::Key_3;
 
 constexpr Control drawcontrol{"Command1", "Draw mixing line and points on the chart", "", {0, 0}, 10};
 constexpr Control savecontrol{"Command3", "Save data", "", {0, 1}, 11};
@@ -210,6 +211,11 @@ QLayout* MixingWindow::makenotes() {
     connect(noteslines_[stream], &TellingLine::clicked, this, exact);
     connect(new QShortcut(exactkeys[stream], this), &QShortcut::activated, this, exact);
   }
+  mixtureline_ = new TellingLine(this);
+  mixtureline_->setObjectName(QStringLiteral("note3"));
+  lines->addWidget(mixtureline_);
+  connect(mixtureline_, &TellingLine::clicked, this, &MixingWindow::useExactMixture);
+  connect(new QShortcut(exactMixtureKeys, this), &QShortcut::activated, this, &MixingWindow::useExactMixture);
   const std::string pressure = pressureremark(problem_.pressure);
   if (!pressure.empty()) {
     auto* line = new TellingLine(this);
@@ -242,7 +248,9 @@ QLayout* MixingWindow::makelastbutton() {
   pressbyreturn(*button);
   connect(button, &QPushButton::clicked, this, [this] { fill(*last_); });
   row->addWidget(button);
-  row->addStretch();
+  answer_ = new TellingLine(this);
+  answer_->setObjectName(QStringLiteral("answer"));
+  row->addWidget(answer_, 1);
   return row;
 }
 
@@ -268,12 +276,44 @@ void MixingWindow::readinputs(MixingProblem& problem, std::size_t number) const 
   stream.flow = inputs.flow->text().toStdString();
 }
 
+void MixingWindow::answer(const QString& words) { answer_->tell(words); }
+
 void MixingWindow::onchange(std::size_t number) {
+  answer_->tell({});
   readinputs(problem_, number);
   const Resolution resolution = resolvestream(problem_, number);
+  problem_.exactMixture = false;
   mixstreams(problem_);
   showproblem();
   shownotes(problem_, number, resolution);
+  shownotes();
+}
+
+/// Of the mixed stream, whose wet bulb comes from a search in tenths.
+void MixingWindow::shownotes() {
+  const bool exact = problem_.mixed.exact;
+  Remark remark;
+  if (exact) {
+    remark.words = "the mixed stream has its exact state";
+  } else if (problem_.savable) {
+    const auto& [one, two] = problem_.streams;
+    const double atm = problem_.pressure.atm;
+    remark = remarkOn(judgedMixture(one, two, problem_.mixed, atm), atm, true);
+  }
+  const bool offers = remark.exact.has_value();
+  const QString keys = QKeySequence(exactMixtureKeys).toString(QKeySequence::NativeText);
+  mixtureline_->tell(QString::fromStdString(remark.words),
+                     exact || remark.words.empty() ? BoxMark::none : BoxMark::note, offers,
+                     offers ? tr("Click to have the exact state in the column (%1).").arg(keys) : QString());
+}
+
+/// Until an input changes.
+void MixingWindow::useExactMixture() {
+  if (!mixtureline_->clickable()) return;
+  problem_.exactMixture = true;
+  mixstreams(problem_);
+  showproblem();
+  shownotes();
 }
 
 /// A text typed into a list leaves the columns as they are, but is told of.

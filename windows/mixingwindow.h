@@ -45,6 +45,9 @@ public:
   /// @param last outlives the window, which fills it in when asked to and leaves its own problem there
   MixingWindow(const SessionValues& session, MixingChart chart, LastStreams& last, QWidget* main);
 
+  /// What became of the data, until the next change.
+  void answer(const QString& words);
+
 Q_SIGNALS:
   /// "Save data": the block wants to be appended to the log, and the window stays open.
   void savechosen(const std::vector<std::string>& block);
@@ -77,6 +80,8 @@ private:
   void judge(std::size_t stream);
   void shownotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
   void useexact(std::size_t stream);
+  void shownotes();
+  void useExactMixture();
   void fill(const std::array<AirStream, 2>& streams);
   void remember();
   void onsave();
@@ -90,8 +95,10 @@ private:
   std::array<Readouts, 3> readouts_{};  ///< of the streams and the mixture
   QLabel* pressurecaption_ = nullptr;
   QPushButton* savebutton_ = nullptr;
+  TellingLine* answer_ = nullptr;
   std::array<StreamNotes, 2> notes_;
   std::array<TellingLine*, 2> noteslines_{};  ///< below the table
+  TellingLine* mixtureline_ = nullptr;        ///< below them, about the mixed stream
 };
 
 }  // namespace moistair

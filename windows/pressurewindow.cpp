@@ -25,6 +25,7 @@ constexpr Control entrybox{"Text1", "", "", {2, 1}, 1};
 constexpr Control entryunit{"Label4", "", "", {2, 2}, 5};
 constexpr Control rangehint{"Label11", "", "", {3, 1}, 13};
 constexpr Control entrynote{"note", "", "", {7, 0, 1, 3}, 15};
+constexpr Control waitingnote{"waiting", "", "", {9, 0, 1, 3}, 16};
 constexpr Control inhgcaption{"Label5", "Inches of Hg", "", {4, 0}, 7};
 constexpr Control inhgreadout{"Label8", "", "", {4, 1, 1, 2}, 10};
 constexpr Control psicaption{"Label6", "Pound/sq inch", "", {5, 0}, 8};
@@ -50,7 +51,7 @@ void keeproom(QLabel& label, const char* text) {
 
 }  // namespace
 
-PressureWindow::PressureWindow(QWidget* main)
+PressureWindow::PressureWindow(QWidget* main, const QString& waiting)
     : Dialog(main, QStringLiteral("Form2"), QStringLiteral("Change pressure")) {
   ControlMaker maker(*this);
   auto* grid = new QGridLayout(this);
@@ -65,6 +66,12 @@ PressureWindow::PressureWindow(QWidget* main)
   makeentry(maker, *grid);
   makereadouts(maker, *grid);
   note_ = maker.add<TellingLine>(*grid, entrynote);
+  if (!waiting.isEmpty()) {
+    auto* label = maker.add<QLabel>(*grid, waitingnote);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setText(waiting);
+  }
   auto* set = maker.add<QPushButton>(*grid, setbutton);
   auto* back = maker.add<QPushButton>(*grid, returnbutton);
   set->setDefault(true);

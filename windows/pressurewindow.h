@@ -25,7 +25,8 @@ class PressureWindow final : public Dialog {
   Q_OBJECT
 
 public:
-  explicit PressureWindow(QWidget* main);
+  /// @param waiting what else the user should know, as of a file that is opened afterwards; empty for nothing
+  explicit PressureWindow(QWidget* main, const QString& waiting = {});
 
 Q_SIGNALS:
   /// The pressure in force is to become this text [in Hg]. Told also of an entry that is then refused.

@@ -189,7 +189,7 @@ void ReadingLayer::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   for (std::size_t i = 0; i < dashes_.size(); ++i) {
-    painter.setPen(QPen(QColor::fromRgba(curvestyles[i].color), 0));
+    painter.setPen(QPen(QColor::fromRgba(curvestyles[i].color), 1));
     painter.drawLines(dashes_[i]);
   }
   if (shown_->moved) {

@@ -67,9 +67,10 @@ void SheetPreview::paintEvent(QPaintEvent*) {
     paintfitted(sheet_, page_, painter, rect().adjusted(margin, margin, -margin, -margin));
 }
 
-SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const SheetOptions& options)
+SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const SheetOptions& options, Write write)
     : QDialog(parent),
       content_(content),
+      write_(std::move(write)),
       options_(options),
       preview_(new SheetPreview),
       shownpage_(new QSpinBox),
@@ -109,6 +110,10 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
   show(options);
   follow();
   resize(parent->screen()->availableSize() * 0.75);
+}
+
+void SheetDialog::accept() {
+  if (write_(*this, options_)) QDialog::accept();
 }
 
 void SheetDialog::makelook(QFormLayout& form) {

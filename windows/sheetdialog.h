@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <functional>
 #include <optional>
 
 #include "paint/sheetpaint.h"
@@ -34,12 +35,18 @@ private:
   std::size_t page_ = 0;
 };
 
-/// Asks for the options of a sheet. What was chosen at one time is what it begins with at the next.
+/// Asks for the options of a sheet, and stays until it was written or the user gives up.
 class SheetDialog final : public QDialog {
   Q_OBJECT
 
 public:
-  SheetDialog(QWidget* parent, const SheetContent& content, const SheetOptions& options);
+  /// Writes a sheet with these options; false if none was written, as where the user gave no name.
+  /// @param above this dialog, for those that it opens
+  using Write = std::function<bool(QWidget& above, const SheetOptions& options)>;
+
+  SheetDialog(QWidget* parent, const SheetContent& content, const SheetOptions& options, Write write);
+
+  void accept() override;
 
   /// The options as they now are; those before for a page that cannot be.
   const SheetOptions& options() const { return options_; }
@@ -52,6 +59,7 @@ private:
   void follow();
 
   const SheetContent& content_;
+  Write write_;
   SheetOptions options_;
   ExtentFunction extents_ = sheetextents();
   QComboBox* page_ = nullptr;

@@ -45,7 +45,7 @@ void SheetView::bringuptodate() {
   SheetOptions options;
   options.page = {std::max(leastside, double(width())), std::max(leastside, double(height()))};
   options.margin = margin;
-  options.titleblock = options.table = false;
+  options.titleblock = options.table = options.notes = false;
   sheet_ = layoutsheet(content_, options, extents_);
   image_ = QImage();
 }

@@ -139,6 +139,16 @@ TEST(Reading, StepsByKeysWithinTheLimits) {
   }
 }
 
+TEST(Reading, KeysComeToAMarkAndGoOn) {
+  const std::vector<Place> marks = {{75, 0.0092932}};
+  EXPECT_TRUE(targetAt({75, 0.0092932}, marks));
+  EXPECT_FALSE(targetAt({75.1, 0.0092932}, marks)) << "a tenth of a degree away the air is another";
+  EXPECT_FALSE(targetAt({75, 0.0093}, marks));
+  EXPECT_EQ(caughtBy(marks, {75.4, 0.0095}, false), marks[0]) << "steps of a degree would pass it by";
+  const Place beyond = stepped(whole, marks[0], 1, 0, true);
+  EXPECT_EQ(caughtBy(marks, beyond, true), beyond) << "the next step leaves it";
+}
+
 TEST(Reading, CurvesRunThroughThePlaceAndKeepTheirProperty) {
   for (const double atm : {29.92126, 24.9, 5.0}) {
     const Reading reading = readingat(whole, atm, {80, 0.008});

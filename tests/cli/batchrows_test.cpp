@@ -12,10 +12,10 @@ namespace {
 /// A table of one header, resolved row by row.
 class Table {
 public:
-  explicit Table(std::string header) : header_(std::move(header)) {
+  explicit Table(std::string header, bool exact = false, bool strict = false) : header_(std::move(header)) {
     std::string_view rest = header_;
     takerecord(rest, record_);
-    plan_ = {.columns = columnsof(record_, "t.csv"), .finders = &openrangefinders()};
+    plan_ = {.columns = columnsof(record_, "t.csv"), .finders = &openrangefinders(), .exact = exact, .strict = strict};
   }
 
   BatchResult rows(const std::string& text) const { return resolverows(text, plan_); }
@@ -77,13 +77,51 @@ TEST(BatchRows, RowsGoThroughAndGetTheirState) {
   }
 }
 
+TEST(BatchRows, AStateThatMissesAGivenValueIsMarkedMadeExactOrRefused) {
+  const std::string header = "db,rh,w,h,dp,v";
+  const std::string missed = "1.04,51,,,,\n", noState = "100,,,,,13\n", wrong = ",,,13.68,27.65,\n";
+  const std::string notFound = "33,90,,,,\n", two = "40,,0.00205,,,\n", notChosen = ",,0.00205,11.8,,\n";
+  const struct {
+    const char* name;
+    std::string row;
+    bool exact, strict;
+    const char* db;  ///< of the state; empty if the row fails
+    const char* status;
+    bool marked;
+  } rows[] = {
+      {"a given value missed", missed, false, false, "1.0400000", "missed", true},
+      {"the same as an error", missed, false, true, "", "missed", true},
+      {"a volume that no air has", noState, false, false, "100.0000000", "missed", true},
+      {"no exact state in its place", noState, true, false, "",
+       "no state has both values: humidity ratio would not be above 0", false},
+      {"a dew point missed", wrong, false, false, "42.4687500", "missed", true},
+      {"the exact one", wrong, true, true, "43.1289323", "ok", false},
+      {"not found by the search", notFound, false, false, "", "\"the search found no state; exact: dry bulb 33.00",
+       false},
+      {"exact all the same", notFound, true, false, "33.0000000", "ok", false},
+      {"the nearest of two", two, true, false, "40.0000000", "nearest", false},
+      {"a state that misses nothing", "75,50,,,,\n", false, true, "75.0000000", "ok", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const BatchResult result = Table(header, row.exact, row.strict).rows(row.row);
+    const std::string behind = result.text.substr(row.row.size() - 1);
+    EXPECT_EQ(behind.substr(1, behind.find(',', 1) - 1), row.db) << result.text;
+    EXPECT_NE(behind.find(std::string(",") + row.status), std::string::npos) << result.text;
+    EXPECT_EQ(result.missed, row.marked ? 1U : 0U);
+    EXPECT_EQ(result.failed, *row.db == 0 ? 1U : 0U);
+    EXPECT_EQ(result.nearest, std::string(row.status) == "nearest" ? 1U : 0U);
+  }
+}
+
 /// No range of dry bulbs is found for the second row; on the range that the first one has found, the search would go on
 /// to a state.
 TEST(BatchRows, NothingIsLeftByAnEarlierRow) {
   const BatchResult result = Table("w,v").rows("0.025,15.08\n0.0299,15.306753\n");
   EXPECT_EQ(result.rows, 2U);
   EXPECT_EQ(result.failed, 1U);
-  EXPECT_TRUE(result.text.ends_with("0.0299,15.306753" + nostate + ",no such state: the search found none\n"))
+  EXPECT_TRUE(result.text.ends_with("0.0299,15.306753" + nostate +
+                                    ",\"the search found no state; exact: dry bulb 119.90, wet bulb 94.35\"\n"))
       << result.text;
 }
 

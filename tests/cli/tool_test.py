@@ -89,6 +89,56 @@ class State(ToolTest):
                 self.assertEqual(text.count("Exact answer"), len(answers))
                 self.assertIn(reason or "Exact answer", text)
 
+
+class Marks(ToolTest):
+    """States that miss a given value never leave the tool without a word."""
+    MISSED = "this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56"
+    POINT = ["--point", "h=13.68,dp=27.65,id=A"]
+    MIXTURE = ["--elevation", "5280", "--stream1", "db=94.5,wb=60.1,flow=250", "--stream2", "db=75,rh=45,flow=1000"]
+
+    def commands(self, *options):
+        return [["state", "h=13.68", "dp=27.65", *options], ["mix", *self.MIXTURE, *options],
+                ["mix", "--stream1", "h=13.68,dp=27.65,flow=1", "--stream2", "db=43,wb=37,flow=1", *options],
+                ["chart", "-o", "c.json", *self.POINT, *options], ["sheet", "-o", "s.svg", *self.POINT, *options]]
+
+    def test_every_command_warns_or_fails(self):
+        words = [self.MISSED, "the mixed stream has wet bulb 59.97 for 60.02", "stream 1: " + self.MISSED,
+                 "Point A: " + self.MISSED, "Point A: " + self.MISSED]
+        for name, option, code, begin in (("warned of", [], 0, "warning: "), ("an error", ["--strict"], 1, "")):
+            for command, word in zip(self.commands(*option), words, strict=True):
+                with self.subTest(name, command=command):
+                    self.assert_refused(self.run_tool(*command), code, "moistair-cli: " + begin + word)
+            self.assertEqual((self.folder / "c.json").exists(), code == 0)
+            for path in self.folder.iterdir():
+                path.unlink()
+
+    def test_exact_states_miss_nothing(self):
+        for command in self.commands("--exact", "--strict"):
+            with self.subTest(command=command):
+                self.output(*command)
+        self.assertIn("43.1289323", self.output("state", "h=13.68", "dp=27.65", "--exact"))
+        mixed = json.loads(self.output("mix", *self.MIXTURE, "--exact", "--format", "json"))["mixed"]
+        self.assertAlmostEqual(mixed["wb"], 60.022, 3)
+
+    def test_one_point_is_exact(self):
+        done = self.run_tool("chart", "-o", "x.moistair", "--point", "h=13.68,dp=27.65,id=A,exact", *self.POINT[:1],
+                             "h=13.68,dp=27.65,id=B")
+        self.assert_refused(done, 0, "warning: Point B: " + self.MISSED)
+        points = [e for e in json.loads((self.folder / "x.moistair").read_bytes())["entries"] if e["kind"] == "point"]
+        self.assertEqual([(p.get("exact"), p["state"]["db"]) for p in points], [(True, 43.1289323), (None, 42.46875)])
+        self.assert_refused(self.run_tool("chart", "--from", "x.moistair", "-o", "c.json"), 0, "Point B: ")
+        self.output("sheet", "--from", "x.moistair", "-o", "s.svg", "--exact")
+
+    def test_of_two_exact_states_the_nearest_or_none(self):
+        two = ["state", "db=40", "w=0.00205", "--exact"]
+        self.assert_refused(self.run_tool(*two), 0, "warning: 2 states have both values; taken is the one nearest to the "
+                            "search: dry bulb 40.00, wet bulb 31.64; not taken: dry bulb 40.00, wet bulb 32.10")
+        self.assert_refused(self.run_tool("state", "w=0.02", "v=13.4", "--exact"), 1,
+                            "no state has both values: above saturation")
+        self.assertIn("33.0000000", self.output("state", "db=33", "rh=90", "--exact"))
+        self.assert_refused(self.run_tool("state", "db=33", "rh=90"), 1, "the search found no state; exact: dry bulb 33.00")
+
+
 class Usage(ToolTest):
     def test_help_and_version_everywhere(self):
         for command in ([], ["state"], ["batch"], ["mix"], ["chart"]):
@@ -99,7 +149,7 @@ class Usage(ToolTest):
         stream = "db=75,wb=62.5,flow=1000"
         rows = [
             ("nothing", 2, "subcommand", []),
-            ("control characters", 2, "is no command", ["a\nb\x1b[31m"]),
+            ("control characters", 2, "unknown command", ["a\nb\x1b[31m"]),
             ("one property", 2, "not 1", ["state", "db=75"]),
             ("the same twice", 2, "db is given twice", ["state", "db=75", "db=76"]),
             ("unknown property", 2, '"temp" is none of', ["state", "temp=75", "wb=62.5"]),
@@ -107,8 +157,10 @@ class Usage(ToolTest):
             ("bytes that are no text", 2, "is no number", ["state", b"db=\xff\xfe", "wb=62.5"]),
             ("w with dp", 2, "fix no state", ["state", "w=0.01", "dp=50"]),
             ("unknown option", 2, "--frob", ["state", "db=75", "wb=62.5", "--frob"]),
-            ("unknown option before one that is missing", 2, "--frob is no option", ["chart", "--frob", "3"]),
-            ("unknown short option", 2, "-x is no option", ["-x"]),
+            ("unknown option before one that is missing", 2, "unknown option --frob", ["chart", "--frob", "3"]),
+            ("an option before its command", 2, "--inhg comes after the command: moistair-cli state --inhg",
+             ["--inhg", "29", "state", "db=75", "wb=62.5"]),
+            ("unknown short option", 2, "unknown option -x", ["-x"]),
             ("flows beyond all numbers", 1, "too large",
              ["mix", "--stream1", "db=75,wb=62.5,flow=1e308", "--stream2", "db=95,wb=75,flow=1.7e308"]),
             ("enthalpies beyond all numbers", 1, "too large",
@@ -165,7 +217,7 @@ class Batch(ToolTest):
         given = b"db,w,h,dp\n,,13.68,27.65\n40,0.00205,,\n75,x,,\n"
         rows = [row.split(",") for row in self.run_tool("batch", "--check", given=given).stdout.decode().splitlines()]
         self.assertEqual([row[12:] for row in rows],
-                         [["status", "residual1", "residual2", "answers"], ["ok", "0.0115411", "1.0711329", "1"],
+                         [["status", "residual1", "residual2", "answers"], ["missed", "0.0115411", "1.0711329", "1"],
                           ["ok", "0.0000000", "0.0000000", "2"], ["w is no number", "", "", ""]])
 
     def test_tables_that_are_none(self):
@@ -173,6 +225,8 @@ class Batch(ToolTest):
             ("empty", b"", "is empty"),
             ("no header", b"75,62.5\n75,60\n", "must name the columns"),
             ("binary", bytes(range(256)) * 100, "zero bytes"),
+            ("lines that end in carriage returns", b"db,wb\r75,62.5\r76,62\r", "carriage returns alone"),
+            ("the same with quotes", b'db,"wb"\r75,62.5\r', "carriage returns alone"),
         ]
         for name, given, words in rows:
             with self.subTest(name):
@@ -184,6 +238,7 @@ class Batch(ToolTest):
         long = "x" * (1 << 20)
         rows = [
             ("header without a line end", b"db,wb", 0),
+            ("a carriage return in a quoted name", b'"a\rb",db,wb\n,75,62.5\n', 1),
             ("byte order mark", b"\xef\xbb\xbfdb,wb\r\n75,62.5\r\n", 1),
             ("a line of 1 MB", f"note,db,wb\n{long},75,62.5\n,75,62.5\n".encode(), 2),
             ("a quoted field of 1 MB", f'note,db,wb\n"{long}\n{long}",75,62.5\n'.encode(), 1),
@@ -279,6 +334,18 @@ class Batch(ToolTest):
         self.assert_refused(done, 1, "standard output cannot be written")
 
 
+    def test_threads_and_memory_that_there_are_not(self):
+        """Words of the system alone would say nothing."""
+        def no_threads():
+            resource.setrlimit(resource.RLIMIT_AS, (1 << 28, 1 << 28))
+
+        self.assert_refused(self.run_tool("batch", "--jobs", "256", given=self.table(10), preexec_fn=no_threads), 1, "fewer --jobs")
+        many = b'{"kind":"line","property":"rh","value":"50","limits":[0,120,0,0.03]},' * 200_000
+        many = b'{"format":1,"pressure":{"unit":"standard","entry":"","inhg":29.92126},"entries":[%s]}' % many[:-1]
+        done = self.run_tool("chart", "--from", "-", "-o", "c.json", given=many, preexec_fn=no_threads)
+        self.assert_refused(done, 1, "not enough memory")
+
+
 class Mix(ToolTest):
     def mix(self, *streams):
         return self.run_tool("mix", "--stream1", streams[0], "--stream2", streams[1], "--format", "json")
@@ -294,7 +361,7 @@ class Mix(ToolTest):
     def test_the_first_stream_leaves_nothing_to_the_second(self):
         """No dry bulb is seen for the second one; over the range of the first the search would go on to a state."""
         done = self.mix("w=0.025,v=15.08,flow=1", "w=0.0299,v=15.306753,flow=1")
-        self.assert_refused(done, 1, "stream 2: no such state")
+        self.assert_refused(done, 1, "stream 2: the search found no state")
 
 
 class Chart(ToolTest):
@@ -326,6 +393,19 @@ class Chart(ToolTest):
         done = subprocess.run([alone, "chart", "-o", "c.svg"], cwd=self.folder, stderr=subprocess.PIPE)
         self.assert_refused(done, 1, "the part that paints cannot be loaded")
         self.assertFalse((self.folder / "c.svg").exists())
+        done = subprocess.run([alone, "chart", "-o", "c.gif"], cwd=self.folder, stderr=subprocess.PIPE)
+        self.assert_refused(done, 2, "the ending must be")
+
+    def test_a_fifo_in_place_of_the_part_that_paints_is_not_waited_for(self):
+        bin = self.folder / "bin"
+        bin.mkdir()
+        shutil.copy(TOOL, bin / "moistair-cli")
+        place = next(pathlib.Path(TOOL).parent.parent.glob("lib*/moistair/moistair-painter.so"))
+        fifo = self.folder / place.relative_to(pathlib.Path(TOOL).parent.parent)
+        fifo.parent.mkdir(parents=True)
+        os.mkfifo(fifo)
+        done = subprocess.run([bin / "moistair-cli", "chart", "-o", "c.svg"], cwd=self.folder, stderr=subprocess.PIPE, timeout=60)
+        self.assert_refused(done, 1, "is not a file")
 
     def test_files_of_every_kind(self):
         for ending, begins in ((".svg", b"<?xml"), (".pdf", b"%PDF"), (".png", b"\x89PNG"), (".BMP", b"BM")):
@@ -368,9 +448,14 @@ class Chart(ToolTest):
         (self.folder / "cut.moistair").write_bytes((self.folder / "x.moistair").read_bytes()[:150])
         (self.folder / "empty.moistair").write_text(
             '{"format":1,"pressure":{"unit":"inhg","entry":"30","inhg":30},"entries":[]}')
+        (self.folder / "nul.moistair").write_bytes((self.folder / "empty.moistair").read_bytes() + b"\n\n\n\0{")
+        with open(self.folder / "large.moistair", "wb") as large:
+            large.truncate((64 << 20) + 1)
         for name, code, words, arguments in [
                 ("cut off", 1, "cut.moistair: line 6, column ", ["--from", "cut.moistair"]),
                 ("not there", 2, "No such file", ["--from", "nowhere.moistair"]),
+                ("too large", 1, "larger than 64 MB", ["--from", "large.moistair"]),
+                ("a NUL byte and more", 1, "line 4, column 1: a NUL byte", ["--from", "nul.moistair"]),
                 ("a pressure beside it", 2, "stands for its own pressure", ["--from", "x.moistair", "--psi", "14"]),
                 ("nothing to add to", 1, "no chart to add it to", ["--from", "empty.moistair", "--rh", "50"]),
                 ("a point outside", 1, "out of chart limits",

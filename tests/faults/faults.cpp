@@ -16,10 +16,14 @@ namespace {
 
 std::string failing;
 int first = 0;
+int times = 0;
 int calls = 0;
 
 /// How many calls of this kind are left before it fails, negative for one that fails at once; large if it never does.
-int left(const char* call) { return first == 0 || failing != call ? 1000000 : first - ++calls; }
+int left(const char* call) {
+  const int left = first == 0 || failing != call ? 1000000 : first - ++calls;
+  return left <= -times ? 1000000 : left;
+}
 
 bool fails(const char* call, int error) {
   if (left(call) > 0) return false;
@@ -34,7 +38,8 @@ bool isplain(int file) {
 
 }  // namespace
 
-void failfrom(const std::string& call, int n) {
+void failfrom(const std::string& call, int n, int fortimes) {
+  times = fortimes;
   failing = call;
   first = n;
   calls = 0;
@@ -58,7 +63,7 @@ using namespace moistair::faults;
 
 extern "C" {
 
-int open(const char* name, int flags, ...) {
+int openat(int folder, const char* name, int flags, ...) {
   std::va_list further;
   va_start(further, flags);
   const bool makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
@@ -68,7 +73,19 @@ int open(const char* name, int flags, ...) {
     errno = EOPNOTSUPP;
     return -1;
   }
-  return static_cast<int>(::syscall(SYS_openat, AT_FDCWD, name, flags, mode));
+  struct stat named;
+  const bool follows = ::fstatat(folder, name, &named, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(named.st_mode);
+  if (follows && fails("follow", EACCES)) return -1;
+  return static_cast<int>(::syscall(SYS_openat, folder, name, flags, mode));
+}
+
+int open(const char* name, int flags, ...) {
+  std::va_list further;
+  va_start(further, flags);
+  const bool makes = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+  const unsigned mode = makes ? va_arg(further, unsigned) : 0;
+  va_end(further);
+  return openat(AT_FDCWD, name, flags, mode);
 }
 
 ssize_t write(int file, const void* bytes, size_t size) {
@@ -85,8 +102,12 @@ int fallocate(int file, int mode, off_t from, off_t size) {
   return fails("fallocate", ENOSPC) ? -1 : static_cast<int>(::syscall(SYS_fallocate, file, mode, from, size));
 }
 
-int rename(const char* from, const char* to) noexcept {
-  return fails("rename", EIO) ? -1 : static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+int ftruncate(int file, off_t size) noexcept {
+  return fails("ftruncate", EIO) ? -1 : static_cast<int>(::syscall(SYS_ftruncate, file, size));
+}
+
+int renameat(int fromfolder, const char* from, int tofolder, const char* to) noexcept {
+  return fails("rename", EIO) ? -1 : static_cast<int>(::syscall(SYS_renameat2, fromfolder, from, tofolder, to, 0));
 }
 
 int renameat2(int fromfolder, const char* from, int tofolder, const char* to, unsigned flags) noexcept {

@@ -8,8 +8,8 @@
 
 namespace moistair::faults {
 
-/// From the n-th call on, `call` fails as on a disk that is full or broken; the n-th write still takes half of its
-/// bytes. 0 for never.
-void failfrom(const std::string& call, int n);
+/// From the n-th call on, `call` fails as on a disk that is full or broken, so many times; the n-th write still takes
+/// half of its bytes. 0 for never.
+void failfrom(const std::string& call, int n, int times = 1000000);
 
 }  // namespace moistair::faults

@@ -85,11 +85,28 @@ TEST_F(SessionLogTest, FirstRecordOfASessionByteForByte) {
             "----------------------------\r\n");
 }
 
+TEST_F(SessionLogTest, IsForTheUserAlone) {
+  const auto mode = [&] { return fs::status(log.path()).permissions(); };
+  make(first, "");
+  fs::permissions(first, fs::perms(0644));
+  ASSERT_TRUE(log.newlog());
+  EXPECT_EQ(mode(), fs::perms(0600)) << "one that was there";
+  fs::remove(first);
+  ASSERT_TRUE(log.append({"a"}));
+  EXPECT_EQ(mode(), fs::perms(0600));
+}
+
+TEST_F(SessionLogTest, TooLargeALogIsNotShown) {
+  ASSERT_TRUE(log.newlog());
+  fs::resize_file(first, largestshown + 1);
+  EXPECT_EQ(log.read().fault, "It is larger than 8 MB, the limit.");
+}
+
 TEST_F(SessionLogTest, BlocksFollowEachOtherInOneByteACharacter) {
   ASSERT_TRUE(log.newlog());
   for (int i = 0; i < 2; ++i) ASSERT_TRUE(log.append({"K\u00FChler \u20AC", "a\r\nb"}));
   EXPECT_EQ(bytesof(log.path()), "\r\nK\xFChler ?\r\na  b\r\nK\xFChler ?\r\na  b\r\n");
-  EXPECT_EQ(log.read(), "\r\nK\u00FChler ?\r\na  b\r\nK\u00FChler ?\r\na  b\r\n");
+  EXPECT_EQ(log.read().bytes, "\r\nK\u00FChler ?\r\na  b\r\nK\u00FChler ?\r\na  b\r\n");
   ASSERT_TRUE(log.newlog());
   EXPECT_EQ(bytesof(log.path()), "\r\n") << "an earlier run's log is emptied";
 }
@@ -97,7 +114,7 @@ TEST_F(SessionLogTest, BlocksFollowEachOtherInOneByteACharacter) {
 TEST_F(SessionLogTest, AVanishedLogIsMadeAnewWithoutTheEmptyLine) {
   ASSERT_TRUE(log.newlog());
   fs::remove(log.path());
-  EXPECT_FALSE(log.read().has_value());
+  EXPECT_EQ(log.read().fault, "It is gone.");
   EXPECT_FALSE(log.copyto(folder / "copy.txt"));
   EXPECT_FALSE(fs::exists(folder / "copy.txt"));
   ASSERT_TRUE(log.append({"a"}));
@@ -159,7 +176,7 @@ TEST_F(SessionLogTest, WithoutAPlaceAllFailsQuietly) {
   SessionLog bad(LogPlaces{{folder / "nowhere"}, folder / "nowhere" / "sessions"});
   EXPECT_FALSE(bad.newlog());
   EXPECT_FALSE(bad.append({"a"}));
-  EXPECT_FALSE(bad.read().has_value());
+  EXPECT_EQ(bad.read().fault, "It is gone.");
   EXPECT_FALSE(bad.copyto(folder / "copy.txt"));
   EXPECT_TRUE(bad.end());
   ASSERT_TRUE(log.newlog());

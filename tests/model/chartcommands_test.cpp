@@ -216,7 +216,7 @@ TEST(Again, PutsTheChartBeforeOnTheNewOne) {
   desk.draw();
   desk.rhline("20");
   const Setting setting{{50, 100, 0, 0.02}, {desk.values.pressureentry, desk.lifecycle.atmpressure()}};
-  const Again result = again(desk.commands.history().chartbefore(), setting, window);
+  const Again result = again(desk.document().previous, setting, window);
   std::vector<std::string> captions;
   for (const Entry& entry : result.entries) captions.push_back(captionof(entry));
   EXPECT_EQ(captions, (std::vector<std::string>{"Relative humidity line 40", "Point A", "Mixture"}));
@@ -226,9 +226,102 @@ TEST(Again, PutsTheChartBeforeOnTheNewOne) {
   EXPECT_EQ(captionof(result.leftout[0].entry), "Point cold");
   EXPECT_EQ(result.leftout[0].reason, "The point as per input parameters is out of chart limits");
   EXPECT_EQ(result.leftout[1].reason, linenotfeasible);
-  desk.commands.change(additions(desk.document(), result.entries, againname), window);
+  desk.commands.change(takingover(desk.document(), againname, result.entries, result.leftout), window);
   expectsame(desk);
   EXPECT_EQ(desk.document().entries.size(), 5U);
+  EXPECT_EQ(desk.document().previous, result.leftout);
   desk.commands.undo(window);
   EXPECT_EQ(desk.document().entries.size(), 2U);
+  EXPECT_EQ(desk.document().previous.size(), 5U);
+}
+
+namespace {
+
+/// Puts what fits of the previous chart on the current one.
+bool takesover(Desk& desk) {
+  const Setting setting{*standinglimits(desk.document()), desk.document().pressure};
+  Again found = again(desk.document().previous, setting, window);
+  desk.commands.change(takingover(desk.document(), againname, found.entries, found.leftout), window);
+  return true;
+}
+Step removes(std::vector<std::size_t> places) {
+  return [=](Desk& desk) {
+    desk.commands.change(deletion(desk.document(), places), window);
+    return true;
+  };
+}
+bool undoes(Desk& desk) {
+  desk.commands.undo(window);
+  return true;
+}
+
+/// What is on the chart, and behind a bar what of the previous chart is not; a star for what nobody has tried to put
+/// on it.
+std::string contents(const Document& document) {
+  std::string text;
+  for (const Entry& entry : document.entries) text += captionof(entry) + " ";
+  text += "|";
+  for (const LeftOut& left : document.previous) text += " " + captionof(left.entry) + (left.reason.empty() ? "*" : "");
+  return text;
+}
+
+const std::vector<Step> four = {draws(), point("55", "50", "1"), point("45", "40", "2"), line(rh, "40")};
+
+struct PreviousCase {
+  const char* name;
+  std::vector<Step> steps;  ///< after a chart with four entries
+  const char* contents;
+};
+
+const PreviousCase previouscases[] = {
+    {"a new chart", {lists(narrow), draws()}, "Blank chart | Point 1* Point 2* Relative humidity line 40*"},
+    {"the canvas cleared and no type chosen",
+     {lists(narrow), leavesthechoice},
+     "| Point 1* Point 2* Relative humidity line 40*"},
+    {"a clearing", {clears, draws()}, "Blank chart | Point 1* Point 2* Relative humidity line 40*"},
+    {"a new pressure",
+     {sets(PressureUnit::elevation, "5000")},
+     "Pressure | Point 1* Point 2* Relative humidity line 40*"},
+    {"taken over, the rest stays",
+     {lists(narrow), draws(), takesover},
+     "Blank chart Point 1 Relative humidity line 40 | Point 2"},
+    {"narrowed and widened again, all are there",
+     {lists(narrow), draws(), takesover, lists(full), draws(), takesover},
+     "Blank chart Point 2 Point 1 Relative humidity line 40 |"},
+    {"two new charts in a row",
+     {lists(narrow), draws(), lists(full), draws()},
+     "Blank chart | Point 1* Point 2* Relative humidity line 40*"},
+    {"replaced by what a later chart held",
+     {lists(narrow), draws(), line(rh, "50"), lists(full), draws()},
+     "Blank chart | Relative humidity line 50*"},
+    {"one deleted", {lists(narrow), draws(), removes({2})}, "Blank chart | Point 1* Relative humidity line 40*"},
+    {"one of the chart and one that is not on it deleted",
+     {lists(narrow), draws(), line(rh, "50"), removes({1, 3})},
+     "Blank chart | Point 1* Relative humidity line 40*"},
+    {"undone",
+     {lists(narrow), draws(), takesover, undoes, undoes},
+     "Blank chart Point 1 Point 2 Relative humidity line 40 |"},
+    {"a picture kept stays on the chart",
+     {saves, line(rh, "50"), lists(narrow), draws()},
+     "Blank chart Point 1 Point 2 Relative humidity line 40 Blank chart | Relative humidity line 50*"},
+};
+
+}  // namespace
+
+TEST(PreviousChart, StaysInTheDocumentUntilItIsTakenOverDeletedOrReplaced) {
+  for (const PreviousCase& test : previouscases) {
+    SCOPED_TRACE(test.name);
+    Desk desk;
+    for (const Step& step : four) EXPECT_TRUE(step(desk));
+    const std::size_t before = filetext(desk.document()).find("previous");
+    EXPECT_EQ(before, std::string::npos) << "files without one stay as they were";
+    for (const Step& step : test.steps) EXPECT_TRUE(step(desk));
+    EXPECT_EQ(contents(desk.document()), test.contents);
+    expectsame(desk);
+    const std::string text = filetext(desk.document());
+    EXPECT_EQ(text.find("\"format\": 3") == 2, !desk.document().previous.empty());
+    EXPECT_EQ(readdocument(text).document->previous, desk.document().previous);
+    while (!desk.commands.history().undoname().empty()) desk.commands.undo(window);
+    EXPECT_TRUE(desk.document().previous.empty());
+  }
 }

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "engine/openfinders.h"
 #include "model/chartcommands.h"
 #include "model/documentfile.h"
 #include "model/marks.h"
@@ -66,6 +67,15 @@ struct Desk {
         input, [] { return true; }, lifecycle.atmpressure(), {}, fields);
     const PointReport report = fillreport(location.resolution.point, identification, values.pressureentry);
     return commands.markpoint(input, readreport(report), lists, identification, window);
+  }
+
+  /// Marks a point whose dew point the search misses.
+  bool missing(const char* identification) {
+    const PairInput input{PropertyKind::h, PropertyKind::dp, "13.68", "27.65"};
+    SolverFields fields;
+    const Resolution found = resolvepair(input.kind1, input.value1, input.kind2, input.value2, lifecycle.atmpressure(),
+                                         openrangefinders(), fields);
+    return commands.markpoint(input, readreport(fillreport(found.point, {}, {})), lists, identification, window);
   }
 
   bool mix(const char* db1 = "75", const char* wb1 = "62.5", const char* db2 = "95", const char* wb2 = "75") {

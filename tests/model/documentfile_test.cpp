@@ -7,7 +7,7 @@ using namespace moistair::test;
 
 namespace {
 
-/// A document with an entry of each kind.
+/// A document with an entry of each kind, one that is not on the chart, and a title block.
 std::string sample() {
   static const std::string text = [] {
     Desk desk;
@@ -17,7 +17,10 @@ std::string sample() {
     desk.point("75", "62.5", "A");
     desk.mix();
     desk.pin();
-    return filetext(desk.document());
+    Document document = desk.document();
+    document.previous = {{{{{50, 100, 0, 0.02}, document.pressure}, PropertyLine{LineKind::wetbulb, "99"}}, "too wet"}};
+    document.titleblock = TitleBlock{"Office", "Job 7", "A. B."};
+    return filetext(document);
   }();
   return text;
 }
@@ -38,23 +41,23 @@ struct Damage {
 constexpr std::string_view point = R"({"db":75,"wb":62.5,"rh":50.3032182,)";
 
 const Damage damages[] = {
-    {"a later format", "\"format\": 2", "\"format\": 3", "format: the file was written by a later version"},
-    {"no format of ours", "\"format\": 2", "\"format\": 0.5", "format: must be from 1 to 2"},
-    {"another file", "\"format\": 2", "\"form\": 2", "this is no chart of Moistair: \"format\" is missing"},
-    {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 15"},
+    {"a later format", "\"format\": 3", "\"format\": 4", "format: the file was written by a later version"},
+    {"no format of ours", "\"format\": 3", "\"format\": 0.5", "format: must be from 1 to 3"},
+    {"another file", "\"format\": 3", "\"form\": 2", "the document: \"format\" is missing"},
+    {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 19"},
     {"a number too large for any double", point, R"({"db":1e999,"wb":62.5,"rh":50.3032182,)",
-     "line 10, column 76: number overflow"},
-    {"no number", point, R"({"db":NaN,"wb":62.5,"rh":50.3032182,)", "line 10, column 72: syntax error"},
+     "line 11, column 76: number overflow"},
+    {"no number", point, R"({"db":NaN,"wb":62.5,"rh":50.3032182,)", "line 11, column 72: syntax error"},
     {"a number beyond its bound", point, R"({"db":1e300,"wb":62.5,"rh":50.3032182,)",
      "entry 4, state, db: must be above 0 and up to 120"},
     {"a wet bulb above the dry bulb", point, R"({"db":75,"wb":62.5,"rh":103,)", "entry 4, state, rh: must be"},
     {"a missing number", point, R"({"db":75,"rh":50.3032182,)", "entry 4, state: \"wb\" is missing"},
     {"a text for a number", point, R"({"db":"75","wb":62.5,"rh":50.3032182,)", "entry 4, state, db: must be a number"},
     {"a number for a text", R"("id":"A")", R"("id":7)", "entry 4, id: must be a text in quotes"},
-    {"a key that stands twice", R"("id":"A")", R"("id":"A","id":"B")", "entries, 4, id: this key stands twice"},
+    {"a key that stands twice", R"("id":"A")", R"("id":"A","id":"B")", "entries, 4, id: duplicate key"},
     {"a key that is not known", R"("id":"A")", R"("id":"A","color":"red")", "entry 4, color: this key is not known"},
-    {"no UTF-8", R"("id":"A")", "\"id\":\"\xff\"", "line 10, column 23: syntax error"},
-    {"a line break in a text", R"("id":"A")", "\"id\":\"\n\"", "line 10, column 23: syntax error"},
+    {"no UTF-8", R"("id":"A")", "\"id\":\"\xff\"", "line 11, column 23: syntax error"},
+    {"a line break in a text", R"("id":"A")", "\"id\":\"\n\"", "line 11, column 23: syntax error"},
     {"a kind of entry from elsewhere", R"("kind":"line")", R"("kind":"curve")", "entry 3, kind: must be one of header"},
     {"another property line", R"("property":"rh")", R"("property":"dp")",
      "entry 3, property: must be one of rh, wb, h, v"},
@@ -63,15 +66,27 @@ const Damage damages[] = {
     {"one property", R"("given":{"db":"75","wb":"62.5"})", R"("given":{"db":"75"})", "entry 4, given: must be two"},
     {"limits that no list offers", R"("limits":[0,120,0,0.03])", R"("limits":[0,125,0,0.03])",
      "entry 2: limits must be"},
-    {"three limits", R"("limits":[0,120,0,0.03])", R"("limits":[0,120,0])", "entry 2, limits: must be four numbers"},
+    {"three limits", R"("limits":[0,120,0,0.03])", R"("limits":[0,120,0])",
+     "entry 2, limits: must be a list of 4 numbers"},
     {"a point outside", R"("state":{"db":75,)", R"("limits":[80,120,0,0.03],"state":{"db":75,)",
      "entry 4: lies outside"},
+    {"a limit that is no number", R"("drawn": [0,120,0,0.03])", R"("drawn": [0,120,"0",0.03])",
+     "drawn, lowest humidity ratio: must be a number"},
+    {"a pressure beyond its range", R"("unit":"standard","entry":"29.92126","inhg":29.92126)",
+     R"("unit":"inhg","entry":"200","inhg":200)", "pressure, entry: must be within the range of its unit, (5.906"},
+    {"a pressure that is not its entry's", R"("unit":"standard","entry":"29.92126","inhg":29.92126)",
+     R"("unit":"elevation","entry":"5000","inhg":24)", "pressure, inhg: must be 24.8961078291965, the pressure of"},
+    {"a NUL byte at the end", "\n]\n}\n", std::string_view("\n]\n}\n\0x", 7), "line 19, column 1: a NUL byte"},
     {"an unknown unit", R"("unit":"standard")", R"("unit":"bar")", "pressure, unit: must be one of standard, inhg"},
     {"more in the background than there is", R"("background": 1)", R"("background": 7)", "background: must be a whole"},
     {"a readout of no air", R"("readout","state":{"db":80,)", R"("readout","state":{"db":180,)",
      "entry 6, state, db: must be above 0"},
     {"a readout outside", R"("readout","state":{"db":80,)", R"("readout","limits":[90,120,0,0.03],"state":{"db":80,)",
      "entry 6: lies outside"},
+    {"a chart that is not on the chart", R"({"kind":"line","property":"wb","value":"99","limits":[50,100,0,0.02]})",
+     R"({"kind":"chart","type":"blank","limits":[50,100,0,0.02]})", "previous entry 1, entry, kind: must be one of"},
+    {"no reason", R"("reason":"too wet")", R"("reason":1)", "previous entry 1, reason: must be a text"},
+    {"half a title block", R"("project":"Job 7",)", "", "titleblock: \"project\" is missing"},
     {"half a mixture", R"("mixed":)", R"("mixt":)", "entry 5, mixt: this key is not known"},
     {"a read-out that is none", R"("db":"75.0000000")", R"("db":"warm")",
      "entry 5, stream 1, shown, db: must be a number"},
@@ -139,6 +154,32 @@ TEST(DocumentFile, APointTooDryForSevenDecimalsIsReadAgain) {
   const PairInput input{PropertyKind::db, PropertyKind::rh, ".0000001", ".0000001"};
   ASSERT_TRUE(desk.commands.markpoint(input, shown, desk.lists, "", window));
   EXPECT_TRUE(readdocument(filetext(desk.document())).document) << readdocument(filetext(desk.document())).fault;
+}
+
+TEST(DocumentFile, WhatThePressureWindowLeavesBehindIsReadAgain) {
+  const struct {
+    const char* name;
+    PressureEntry set;    ///< and accepted
+    const char* refused;  ///< in force afterwards, empty for none
+  } rows[] = {
+      {"read leniently", {PressureUnit::inhg, "30abc"}, ""},
+      {"a bound", {PressureUnit::elevation, "38650"}, ""},
+      {"no unit", {std::nullopt, "bar"}, ""},
+      {"a refused value", {PressureUnit::psi, "14"}, "200"},
+      {"a refused one that is no number", {PressureUnit::psi, "14"}, "-5 abc"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    Desk desk;
+    desk.setpressure(row.set);
+    if (*row.refused != '\0') desk.values.pressure.settext(row.refused);
+    desk.draw();
+    desk.lookatpressure();
+    desk.rhline("40");
+    const ReadDocument read = readdocument(filetext(desk.document()));
+    ASSERT_TRUE(read.document) << read.fault;
+    EXPECT_EQ(filetext(*read.document), filetext(desk.document()));
+  }
 }
 
 TEST(DocumentFile, UnsavedWorkKnowsWhereItBelongs) {

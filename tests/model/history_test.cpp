@@ -26,7 +26,9 @@ public:
 
   void edit(History& history) {
     const Document& document = history.document();
-    switch (below(16)) {
+    switch (below(18)) {
+      case 16: return history.carryout(retitling(document, {"T" + std::to_string(below(100)), "", ""}));
+      case 17: return history.carryout(takingover(document, "again", {samples_[below(samples_.size())]}, {}));
       case 0: return history.carryout(drawing(document, chart()));
       case 1: return history.carryout(below(3) == 0 ? emptying(document) : clearing(document));
       case 2: return history.carryout(repressuring(document, {{PressureUnit::elevation, "5000"}, 24.9}));
@@ -52,7 +54,7 @@ private:
 
   std::vector<std::size_t> places(const Document& document) {
     std::vector<std::size_t> places;
-    for (std::size_t i = 0; i < document.entries.size(); ++i) {
+    for (std::size_t i = 0; i < document.entries.size() + document.previous.size(); ++i) {
       if (below(4) == 0) places.push_back(i);
     }
     return places;

@@ -1,4 +1,4 @@
-"""What people do with the program, from start to end: fifteen journeys through real windows.
+"""What people do with the program, from start to end: seventeen journeys through real windows.
 
 They look at what only a real window has: that windows come and go, take the keys or do not, and show what was drawn.
 Digits, texts and the order of messages are tested without a window.
@@ -11,6 +11,7 @@ import struct
 import subprocess
 
 from driver import BOX, BUTTON, LABEL, LIST, Role, colours, equal, expect, key, otherscreen, screenshot, wait, xdotool
+from keeping import offers, recovery
 from pointing import byhand, readings
 from session import (BLACK, BLUE, BOXTITLE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE,
                      RED, REPORT, SECONDVALUE, WHITE, logtext)
@@ -95,7 +96,7 @@ def point(session):
     savefile(session, "Save data in file", "Save Pont data in File", copy)
     equal(read(copy), wanted, "the copy")
     os.unlink(session.log)
-    session.told("View saved data", "The saved data cannot be shown: the log file cannot be read.")
+    session.told("View saved data", "The saved data cannot be shown: the log file cannot be read.\nIt is gone.")
 
 
 def chart(session):
@@ -236,7 +237,6 @@ def picture(session):
         wait(lambda: question[0] not in session.nodes(), "the question to go")
     dialog.gone()
     session.answer(SAVED + session.log)
-    session.answer("This file holds the saved data of this session. The chart was not saved.")
     session.backonchart()
     equal(session.logbytes(), logtext(""), "the log, which a picture must not replace")
 
@@ -294,6 +294,8 @@ def exports(session):
     session.backonchart()
     session.menu("Print...", "p")
     session.answer("What is to be printed?", "alt+s", "Print")
+    session.window("Title block").typein("Drawn by", "A. B.")
+    key("Return")
     dialog = session.window("Print")
     dialog.typein("Output file:", os.path.join(session.home, "t.pdf"))
     dialog.click("Print")
@@ -527,5 +529,5 @@ def read(path):
         return file.read()
 
 
-ALL = [pressure, point, chart, charttypebeside, mixing, nothingsilent, dialogs, picture, exports, document, readings, byhand,
-       smallscreen, scaledscreen, ends]
+ALL = [pressure, point, chart, charttypebeside, mixing, nothingsilent, dialogs, picture, exports, document, offers, recovery,
+       readings, byhand, smallscreen, scaledscreen, ends]

@@ -2,10 +2,12 @@
 // document on them.
 #include <algorithm>
 #include <array>
+#include <ctime>
+#include <map>
 
 #include "engine/saturation.h"
-#include "model/desk.h"
 #include "sheet/boundary.h"
+#include "sheet/cases.h"
 #include "sheet/curves.h"
 #include "sheet/geometry.h"
 #include "sheet/layout.h"
@@ -16,73 +18,6 @@ namespace {
 using namespace moistair;
 using namespace moistair::test;
 
-/// About what a sans serif font measures.
-TextExtent extentof(const std::string& text, double size, bool bold) {
-  std::size_t letters = 0;
-  for (const char c : text) letters += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
-  return {static_cast<double>(letters) * size * (bold ? 0.66 : 0.6), 0.76 * size, 0.22 * size};
-}
-
-struct Sheet {
-  const char* name;
-  LimitTexts limits;
-  PressureEntry pressure;
-  PageSize page;
-};
-
-constexpr PageSize letter{1056, 816};
-constexpr PageSize upright{816, 1056};
-constexpr PageSize a3{1587, 1123};
-constexpr PageSize small{640, 420};
-constexpr PageSize wide{1366, 560};
-const PressureEntry sea{PressureUnit::standard, defaultpressuretext};
-const PressureEntry mountain{PressureUnit::elevation, "5000"};
-const PressureEntry low{PressureUnit::inhg, "20"};
-const PressureEntry lowest{PressureUnit::inhg, "5.906"};
-const PressureEntry highest{PressureUnit::inhg, "147.65"};
-
-const Sheet sheets[] = {
-    {"whole", {"0", "120", "0", "0.030"}, sea, letter},
-    {"whole upright", {"0", "120", "0", "0.030"}, sea, upright},
-    {"mountain", {"40", "90", "0", "0.030"}, mountain, letter},
-    {"thin air", {"40", "90", "0", "0.030"}, low, upright},
-    {"thinnest air", {"0", "120", "0", "0.030"}, lowest, a3},
-    {"dense air", {"0", "120", "0", "0.010"}, highest, letter},
-    {"ten degrees", {"70", "80", "0", "0.030"}, sea, a3},
-    {"cold", {"0", "30", "0", "0.010"}, mountain, letter},
-    {"cold and high", {"0", "40", "0", "0.030"}, sea, wide},
-    {"all below saturation", {"80", "120", "0", "0.010"}, sea, letter},
-    {"from 0.010 up", {"0", "120", "0.010", "0.030"}, low, wide},
-    {"small", {"0", "120", "0", "0.030"}, mountain, small},
-    {"screen", {"0", "120", "0", "0.030"}, sea, wide},
-    {"a strip", {"0", "90", "0.020", "0.030"}, lowest, {3000, 300}},
-    {"a slip", {"10", "70", "0", "0.030"}, highest, {300, 1000}},
-    {"smallest", {"30", "70", "0.020", "0.030"}, mountain, {leastside, leastside}},
-    {"no air at all", {"0", "20", "0.020", "0.030"}, sea, letter},
-};
-
-/// A chart with what its limits let in: a crowd of points about a room, a mixture, two read-outs, a line of each kind.
-Document documentof(const Sheet& sheet, int crowd = 6) {
-  Desk desk;
-  desk.lists = sheet.limits;
-  desk.setpressure(sheet.pressure);
-  desk.draw(ChartType::standard);
-  desk.point("75", "62", "Room");
-  desk.point("56", "55", "Supply air behind the coil, as measured");
-  desk.point("28", "24", "");
-  desk.point("20", "12.3", "Zone");
-  desk.point("119.8", "83", "Zone");
-  for (int i = 0; i < crowd; ++i) desk.point(std::to_string(76 + i / 3).c_str(), "61.5", "Zone");
-  desk.mix("74", "60", "88", "71");
-  desk.pin();
-  desk.pin({58, 0.006});
-  desk.rhline("55");
-  desk.line(LineKind::wetbulb, "63");
-  desk.line(LineKind::enthalpy, "27");
-  desk.line(LineKind::specificvolume, "13.7");
-  return desk.document();
-}
-
 SheetDrawing laidout(const Document& document, const PageSize& page, bool lines = false) {
   SheetOptions options;
   options.page = page;
@@ -90,14 +25,6 @@ SheetDrawing laidout(const Document& document, const PageSize& page, bool lines 
   options.title = "A title that is longer than any title block has room for, on a page that is not a poster";
   options.project = options.drawnby = options.title;
   return layoutsheet(contentof(document), options, extentof);
-}
-
-std::vector<const SheetTextOperation*> textsof(const SheetPage& page) {
-  std::vector<const SheetTextOperation*> texts;
-  for (const SheetOperation& operation : page.operations) {
-    if (const auto* text = std::get_if<SheetTextOperation>(&operation)) texts.push_back(text);
-  }
-  return texts;
 }
 
 Box placeof(const SheetTextOperation& text) {
@@ -247,6 +174,58 @@ TEST(Sheet, TheTableGoesOnUntilItHasEveryState) {
   for (std::size_t number = 1; number <= states; ++number) EXPECT_EQ(seen[number], 1) << number;
 }
 
+TEST(Sheet, AStateThatMissesAGivenValueHasAMarkAndANote) {
+  Desk desk;
+  desk.draw(ChartType::standard);
+  desk.point("75", "62.5", "Room");
+  ASSERT_TRUE(desk.missing("Supply"));
+  const SheetContent content = contentof(desk.document());
+  const std::string note =
+      "* 2 Supply: this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56";
+  for (const bool table : {true, false}) {
+    SheetOptions options;
+    options.page = letter;
+    options.table = table;
+    const SheetDrawing sheet = layoutsheet(content, options, extentof);
+    std::map<std::string, int> seen;
+    for (const auto* text : textsof(sheet.pages[0])) ++seen[text->text];
+    EXPECT_EQ(seen["Supply*"], 1) << "on the chart";
+    EXPECT_EQ(seen["Room"], table ? 2 : 1) << "no mark";
+    EXPECT_EQ(seen["2*"], table ? 1 : 0) << "in the table";
+    EXPECT_EQ(seen[note], 1) << "under it";
+    EXPECT_EQ(faultsof(sheet, sheet.pages[0], {}), "");
+  }
+}
+
+TEST(Sheet, NotesGoOnUntilAllAreThere) {
+  Desk desk;
+  desk.draw(ChartType::standard);
+  for (int i = 0; i < 60; ++i) ASSERT_TRUE(desk.missing(("P" + std::to_string(i)).c_str()));
+  const SheetDrawing sheet = laidout(desk.document(), letter);
+  std::size_t notes = 0;
+  for (const SheetPage& page : sheet.pages) {
+    EXPECT_EQ(faultsof(sheet, page, {}), "");
+    for (const auto* text : textsof(page)) notes += text->text.starts_with("* ") ? 1U : 0U;
+  }
+  EXPECT_EQ(notes, 60U);
+}
+
+TEST(Sheet, SaysHowManyEntriesOfThePreviousChartAreNotOnIt) {
+  Document document = documentof(sheets[0]);
+  const std::size_t lines = contentof(document).lines.size();
+  for (const char* wanted : {"2 entries of the previous chart are not on this one",
+                             "1 entry of the previous chart is not on this one", ""}) {
+    const SheetDrawing sheet = laidout(document, letter);
+    std::string said;
+    for (const auto* text : textsof(sheet.pages.front())) {
+      if (text->text.find("previous chart") != std::string::npos) said = text->text;
+    }
+    EXPECT_EQ(said, wanted);
+    EXPECT_EQ(contentof(document).lines.size(), lines);
+    if (!document.previous.empty()) document.previous.pop_back();
+  }
+}
+
 TEST(Sheet, AMixtureTellsTheSharesOfItsStreams) {
   Desk desk;
   desk.draw(ChartType::standard);
@@ -282,6 +261,50 @@ TEST(Sheet, PagesByTheirNames) {
   };
   for (const auto& [text, portrait, size] : pages) {
     EXPECT_EQ(pagenamed(text, portrait).value_or(PageSize()), size) << text;
+  }
+}
+
+struct Cost {
+  double time;             ///< of the processor [s]
+  std::size_t operations;  ///< on the chart's page
+};
+
+/// What a sheet of so many entries takes.
+Cost costof(const Entry& entry, std::size_t count, double apart) {
+  Document document = documentof(sheets[0], 0);
+  for (std::size_t i = 0; i < count; ++i) {
+    document.entries.push_back(entry);
+    Content& content = document.entries.back().content;
+    const double shift = apart * static_cast<double>(i);
+    if (auto* point = std::get_if<MarkedPoint>(&content)) point->state.db += shift;
+    if (auto* line = std::get_if<PropertyLine>(&content)) line->value = numbertext(50 + shift);
+  }
+  const std::clock_t begin = std::clock();
+  const SheetDrawing sheet = layoutsheet(contentof(document), {}, extentof);
+  return {static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, sheet.pages.front().operations.size()};
+}
+
+TEST(Sheet, EqualAndStackedEntriesTakeTimeInProportion) {
+  const Document document = documentof(sheets[0], 0);
+  const auto holds = [&](auto content) {
+    return *std::find_if(document.entries.begin(), document.entries.end(),
+                         [&](const Entry& entry) { return std::holds_alternative<decltype(content)>(entry.content); });
+  };
+  const struct {
+    const char* name;
+    Entry entry;
+    double apart;  ///< [deg F]
+  } rows[] = {{"equal points", holds(MarkedPoint()), 0},      {"stacked points", holds(MarkedPoint()), 1e-5},
+              {"crowded points", holds(MarkedPoint()), 1e-3}, {"equal mixtures", holds(MixingLine()), 0},
+              {"equal lines", holds(PropertyLine()), 0},      {"stacked lines", holds(PropertyLine()), 1e-6},
+              {"equal read-outs", holds(PinnedReading()), 0}, {"equal charts", holds(DrawnChart()), 0}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const Cost few = costof(row.entry, 500, row.apart);
+    const Cost many = costof(row.entry, 8000, row.apart);
+    EXPECT_LT(many.time, 24 * (few.time + 0.01)) << "16 times as many";
+    if (row.apart > 0) continue;
+    EXPECT_EQ(many.operations, few.operations) << "what is covered is drawn once";
   }
 }
 

@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QTableView>
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include "paint/exports.h"
@@ -92,7 +93,7 @@ TEST(Files, ThatAreNoneAreToldAndChangeNothing) {
   const struct {
     const char *name, *content, *reason;
   } files[] = {{"empty", "", "line 1"},
-               {"later", "{\"format\": 3}", "format"},
+               {"later", "{\"format\": 4}", "format"},
                {"truncated", "{\"format\": 1,\n\"pressure\": {", "line 2"},
                {"missing", nullptr, "No such file"}};
   BoxAnswers answers(QMessageBox::Discard);
@@ -146,6 +147,27 @@ TEST(Files, OpenedLastAreOffered) {
   const QStringList names = listed();
   EXPECT_EQ(names.size(), 10);
   EXPECT_TRUE(names.first().endsWith(QStringLiteral("d&&10.moistair")));
+  QFile list(program.path("recent.txt"));
+  ASSERT_TRUE(list.resize((64 << 10) + 1));
+  const SaveAnswer save(program.path("after"));
+  action(program.window, "Save &as").trigger();
+  ASSERT_EQ(listed().size(), 1);
+  EXPECT_TRUE(listed().first().endsWith(QStringLiteral("recent.txt: It is larger than 64 KB, the limit.")));
+  EXPECT_EQ(list.size(), (64 << 10) + 1) << "the user decides what becomes of it";
+}
+
+TEST(UnsavedWork, IsNotWrittenThroughALink) {
+  Program program(Program::OnChart);
+  QFile other(program.path("other"));
+  ASSERT_TRUE(other.open(QFile::WriteOnly) && other.write("other") == 5);
+  other.close();
+  program.addlineandpoint();
+  ASSERT_TRUE(other.link(program.path(".temp-unsaved.moistair")));
+  keepnow(program.window);
+  EXPECT_EQ(other.size(), 5);
+  const auto work = std::filesystem::symlink_status(program.path(".temp-unsaved.moistair").toStdString());
+  EXPECT_EQ(work.type(), std::filesystem::file_type::regular);
+  EXPECT_EQ(work.permissions(), std::filesystem::perms(0600));
 }
 
 TEST(UnsavedWork, IsOfferedAfterAKill) {
@@ -171,6 +193,8 @@ TEST(UnsavedWork, IsOfferedAfterAKill) {
     }
     QTest::qWait(30);
     EXPECT_EQ(answers.count(), 1u);
+    EXPECT_NE(answers.lasttext().find("unsaved work on a chart without a file, last kept on 20"), std::string::npos)
+        << answers.lasttext();
     const auto& drawn = control<GraphView>(window, "graph").drawing().operations;
     EXPECT_EQ(drawn.size(), wanted ? killed.operations().size() : 1u);
     EXPECT_EQ(caption(window), wanted ? "Untitled *" : "Untitled");
@@ -258,6 +282,25 @@ TEST(Table, LiftsOutDeletesAndCopiesWhatIsSelected) {
   EXPECT_EQ(seen(), before) << "nothing is selected any more";
 }
 
+TEST(Table, MarksAStateThatMissesAValueAndTakesTheExactOne) {
+  WithTable program;
+  EXPECT_FALSE(action(program.window, "Ta&ke exact states").isEnabled());
+  select(program.window, "Combo1", 4);
+  select(program.window, "Combo2", 5);
+  program.typepoint("13.68", "27.65");
+  click(program.open("Command14", "Form3"), "Command1");
+  const auto missed = [&](int role) { return program.table().model()->index(3, 0).data(role); };
+  EXPECT_EQ(program.cell(3, 11), "dp 28.7211 for 27.65");
+  EXPECT_FALSE(missed(Qt::DecorationRole).isNull());
+  EXPECT_TRUE(missed(Qt::ToolTipRole).toString().startsWith(QStringLiteral("this state has dew point")));
+  action(program.window, "Ta&ke exact states").trigger();
+  EXPECT_EQ(program.cell(3, 3) + "|" + program.cell(3, 11), "43.1289323|");
+  EXPECT_TRUE(missed(Qt::DecorationRole).isNull());
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Exact state of Point A");
+  action(program.window, "&Undo").trigger();
+  EXPECT_EQ(program.cell(3, 11), "dp 28.7211 for 27.65");
+}
+
 TEST(Table, IsWrittenAsCsv) {
   WithTable program;
   const SaveAnswer save(program.path("all"));
@@ -265,6 +308,26 @@ TEST(Table, IsWrittenAsCsv) {
   const std::string csv = program.file("all.csv");
   EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 4);
   EXPECT_NE(csv.find("Point,A,29.92126"), std::string::npos) << csv;
+}
+
+TEST(Table, WritesTheRowsSelectedOrAll) {
+  for (const auto& [kind, lines] : {std::pair{0, 2}, {1, 4}}) {
+    WithTable program;
+    program.table().selectRow(1);
+    std::string kinds;
+    const Watch<QFileDialog> watch([&, kind = kind](QFileDialog& dialog) {
+      auto& list = control<QComboBox>(dialog, "fileTypeCombo");
+      kinds = (dialog.windowTitle() + u'|' + list.itemText(0) + u'|' + list.itemText(1)).toStdString();
+      list.setCurrentIndex(kind);
+      auto& name = control<QLineEdit>(dialog, "fileNameEdit");
+      name.setText(program.path("part"));
+      QTest::keyClick(&name, Qt::Key_Return);
+    });
+    action(program.window, "&Write as CSV").trigger();
+    EXPECT_EQ(kinds, "Write as CSV, 1 of 3 rows|1 of 3 rows (*.csv)|All 3 rows (*.csv)");
+    const std::string csv = program.file("part.csv");
+    EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), lines);
+  }
 }
 
 TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
@@ -276,11 +339,29 @@ TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
   const std::size_t bare = program.operations().size();
   BoxAnswers answers;
   ASSERT_TRUE(action(program.window, "&Again").isEnabled());
-  action(program.window, "&Again").trigger();
+  EXPECT_EQ(text(program.window, "offer"), "2 entries of the previous chart: put them on this one");
+  {
+    const SaveAnswer save(program.path("both"));
+    action(program.window, "Sa&ve").trigger();
+  }
+  action(program.window, "&New").trigger();
+  EXPECT_EQ(text(program.window, "offer"), "");
+  drop(program.window, program.path("both.moistair"));
+  click(program.window, "offer");
+  EXPECT_EQ(text(program.window, "offer"), "");
   EXPECT_GT(program.operations().size(), bare);
   EXPECT_NE(answers.lasttext().find("Point A: The point"), std::string::npos) << answers.lasttext();
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Again on this chart");
   EXPECT_FALSE(action(program.window, "&Again").isEnabled()) << "once is enough";
+  action(program.window, "&Points and lines").trigger();
+  QApplication::processEvents();
+  const QAbstractItemModel& table = *program.window.findChild<QTableView*>()->model();
+  const std::string note = table.index(2, table.columnCount() - 1).data().toString().toStdString();
+  EXPECT_EQ(note.substr(0, 33), "not on this chart: The point as p");
+  program.window.findChild<QTableView*>()->selectRow(2);
+  action(program.window, "&Delete").trigger();
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Delete Point A");
+  EXPECT_EQ(table.rowCount(), 2);
 }
 
 TEST(Fitted, FillsEveryPictureWithEvenMargins) {

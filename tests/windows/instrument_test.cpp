@@ -9,48 +9,6 @@
 namespace moistair::windowtest {
 namespace {
 
-/// A standard chart, with a point where it says so, and the pointer over it.
-struct Pointed : Program {
-  explicit Pointed(bool withpoint = false) : Program(OnChart) {
-    if (withpoint) addlineandpoint();
-  }
-
-  QPoint at(double db, double w) {
-    const QSize size = window.centralWidget()->size();
-    const PlotBox box =
-        plotbox(plotarea({0, 120, 0, 0.03}, {size.width() * twipsperpixel, size.height() * twipsperpixel}));
-    return QPointF(box.x(db), box.y(w)).toPoint();
-  }
-
-  void send(QEvent::Type type, QPoint place, Qt::MouseButton button = Qt::NoButton, Qt::MouseButtons buttons = {},
-            Qt::KeyboardModifiers modifiers = {}) {
-    QMouseEvent event(type, place, graph.mapToGlobal(place), button, buttons, modifiers);
-    QApplication::sendEvent(&graph, &event);
-  }
-  void point(double db, double w, Qt::KeyboardModifiers modifiers = {}) {
-    send(QEvent::MouseMove, at(db, w), Qt::NoButton, {}, modifiers);
-  }
-  void press(double db, double w) { send(QEvent::MouseButtonPress, at(db, w), Qt::LeftButton, Qt::LeftButton); }
-  void release(double db, double w) { send(QEvent::MouseButtonRelease, at(db, w), Qt::LeftButton); }
-  void drag(double db, double w, Qt::KeyboardModifiers modifiers = {}) {
-    send(QEvent::MouseMove, at(db, w), Qt::NoButton, Qt::LeftButton, modifiers);
-  }
-  void keys(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    QApplication::setActiveWindow(&window);
-    graph.setFocus();
-    QTest::keyClick(&graph, key, modifiers);
-  }
-
-  /// What who cannot see the chart is told.
-  std::string told() {
-    QTest::qWait(200);
-    return graph.accessibleDescription().toStdString();
-  }
-  std::string boxes() { return text(window, "Text4") + "|" + text(window, "Text5"); }
-
-  GraphView& graph = control<GraphView>(window, "graph");
-};
-
 TEST(Instrument, IsAboveTheDrawingAndNeverInIt) {
   Pointed program;
   const auto seen = [&] { return program.graph.grab().toImage(); };
@@ -163,6 +121,23 @@ TEST(Instrument, IsWorkedByKeysAlone) {
   type(program.window, "Text1", "50");
   pressreturn(program.window, "Text1");
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Relative humidity line 50");
+}
+
+TEST(Instrument, NamesAMarkOnlyWhereTheCrossHairIsOnIt) {
+  Pointed program(true);
+  program.point(75, 0.0092932);
+  EXPECT_TRUE(program.told().starts_with("Point A: DB 75.00 Deg F,")) << program.told();
+  program.keys(Qt::Key_Right, Qt::ShiftModifier);
+  EXPECT_TRUE(program.told().starts_with("DB 75.10 Deg F,")) << program.told();
+  program.keys(Qt::Key_Left, Qt::ShiftModifier);
+  EXPECT_TRUE(program.told().starts_with("Point A: DB 75.00 Deg F,")) << "and back on it";
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left}) program.keys(key);
+  EXPECT_EQ(program.told().find("Point A"), std::string::npos);
+  program.keys(Qt::Key_Down);
+  program.keys(Qt::Key_Right);
+  EXPECT_TRUE(program.told().starts_with("Point A: DB 75.00 Deg F,")) << "keys come onto it: " << program.told();
+  program.keys(Qt::Key_Delete);
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Delete Point A");
 }
 
 TEST(Instrument, OffersWhatCanBeDoneAtAPlace) {

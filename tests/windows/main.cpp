@@ -1,33 +1,13 @@
 // Window tests run on the offscreen platform, each test program in one application.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QFile>
-#include <QTemporaryDir>
-#include <cstdlib>
-
-namespace {
-
-/// A screen of 1366 x 768 pixels: the platform's own is too small for the program not to ask about it.
-void usescreen(const QTemporaryDir& folder) {
-  QFile file(folder.filePath(QStringLiteral("screen.json")));
-  if (!file.open(QIODevice::WriteOnly)) std::abort();
-  file.write(R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": false,
-                 "screens": [{"name": "s", "x": 0, "y": 0, "width": 1366, "height": 768,
-                              "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
-  setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + file.fileName().toStdString()).c_str(), 1);
-}
-
-}  // namespace
+#include "windows/screen.h"
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();  // the build lists the tests, where no platform need be there
   const QTemporaryDir folder;
-  usescreen(folder);
-  setenv("QT_STYLE_OVERRIDE", "Fusion", 1);
-  // Offscreen windows cannot be raised and have no hints to pass on; nobody needs to read that.
-  qputenv("QT_LOGGING_RULES", "qt.qpa.*=false;default.warning=false");
+  moistair::windowtest::usescreen(folder);
   QApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -216,10 +216,15 @@ TEST(EarlierSessions, AreListedAndRead) {
   click(program.dialog("Form4"), "Command1");
 
   BoxAnswers answers;
+  const std::string refused =
+      "The data of this session cannot be shown: its file cannot be read.\n" + file.string() + ": ";
   const auto listed = sessions();
+  std::filesystem::resize_file(file, (8 << 20) + 1);
+  listed.first()->trigger();
+  EXPECT_EQ(answers.lasttext(), refused + "It is larger than 8 MB, the limit.");
   std::filesystem::remove(file);
   listed.first()->trigger();
-  EXPECT_EQ(answers.lasttext(), "The data of this session cannot be shown: its file cannot be read.");
+  EXPECT_EQ(answers.lasttext(), refused + "No such file or directory");
 }
 
 TEST(Windows, AreLeftByTheirWayBack) {

@@ -63,6 +63,7 @@ TEST_F(MixingWindowTest, ReferenceCaseTypedSavedAndDrawn) {
 
   ASSERT_TRUE(savable());
   click(window, "Command3");
+  EXPECT_EQ(text(window, "answer"), "record 1 saved");
   const std::string once = program.file("temp.txt").substr(2);
   click(window, "Command3");
   EXPECT_EQ(program.file("temp.txt"), "\r\n" + once + once);
@@ -93,6 +94,25 @@ TEST_F(MixingWindowTest, ChangesReachTheirStreamAndTheMixtureOnly) {
   EXPECT_EQ(text(window, "Label24"), "75.0000000") << "typing into a list runs nothing";
   type(window, "Text2", "1001");
   EXPECT_EQ(text(window, "Label24"), "") << "no property of that name";
+}
+
+TEST_F(MixingWindowTest, OffersTheExactMixtureUntilAnInputChanges) {
+  typereference();
+  EXPECT_EQ(text(window, "note3"), "") << "nothing to be seen";
+  type(window, "Text4", "94.5");
+  type(window, "Text5", "60.1");
+  type(window, "Text2", "250");
+  type(window, "Text6", "75");
+  type(window, "Text7", "60");
+  type(window, "Text3", "1000");
+  const std::string found = text(window, "Label43");
+  EXPECT_TRUE(text(window, "note3").starts_with("the mixed stream has wet bulb ")) << text(window, "note3");
+  control<QAbstractButton>(window, "note3").click();
+  EXPECT_NE(text(window, "Label43"), found);
+  EXPECT_EQ(text(window, "note3"), "the mixed stream has its exact state");
+  type(window, "Text3", "1001");
+  type(window, "Text3", "1000");
+  EXPECT_EQ(text(window, "Label43"), found) << "the search's digits are what they were";
 }
 
 TEST_F(MixingWindowTest, NothingIsClippedOnASmallScreen) {

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -235,6 +236,48 @@ private:
     }
     return nullptr;
   }
+};
+
+/// A standard chart, with a point where it says so, and the pointer over it.
+struct Pointed : Program {
+  explicit Pointed(bool withpoint = false, Stand stand = OnChart) : Program(stand) {
+    if (withpoint) addlineandpoint();
+  }
+
+  QPoint at(double db, double w) {
+    const QSize size = window.centralWidget()->size();
+    const PlotBox box =
+        plotbox(plotarea({0, 120, 0, 0.03}, {size.width() * twipsperpixel, size.height() * twipsperpixel}));
+    return QPointF(box.x(db), box.y(w)).toPoint();
+  }
+
+  void send(QEvent::Type type, QPoint place, Qt::MouseButton button = Qt::NoButton, Qt::MouseButtons buttons = {},
+            Qt::KeyboardModifiers modifiers = {}) {
+    QMouseEvent event(type, place, graph.mapToGlobal(place), button, buttons, modifiers);
+    QApplication::sendEvent(&graph, &event);
+  }
+  void point(double db, double w, Qt::KeyboardModifiers modifiers = {}) {
+    send(QEvent::MouseMove, at(db, w), Qt::NoButton, {}, modifiers);
+  }
+  void press(double db, double w) { send(QEvent::MouseButtonPress, at(db, w), Qt::LeftButton, Qt::LeftButton); }
+  void release(double db, double w) { send(QEvent::MouseButtonRelease, at(db, w), Qt::LeftButton); }
+  void drag(double db, double w, Qt::KeyboardModifiers modifiers = {}) {
+    send(QEvent::MouseMove, at(db, w), Qt::NoButton, Qt::LeftButton, modifiers);
+  }
+  void keys(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QApplication::setActiveWindow(&window);
+    graph.setFocus();
+    QTest::keyClick(&graph, key, modifiers);
+  }
+
+  /// What who cannot see the chart is told.
+  std::string told() {
+    QTest::qWait(200);
+    return graph.accessibleDescription().toStdString();
+  }
+  std::string boxes() { return text(window, "Text4") + "|" + text(window, "Text5"); }
+
+  GraphView& graph = control<GraphView>(window, "graph");
 };
 
 }  // namespace moistair::windowtest

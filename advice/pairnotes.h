@@ -1,9 +1,9 @@
 /// \file
-/// What is said beside the boxes into which values are typed.
+/// The notes next to the boxes into which values are typed.
 ///
 /// The program reads some texts as far as they are numbers and others strictly, and refuses a pair without a word. That
-/// stays so; the windows show beside it what they get from here: a note at the box whose text counts as something else
-/// than it looks, a fault at the box that makes a pair fail, and one line of words.
+/// stays so; the windows show in addition what they get from here: a note at the box whose text counts as something
+/// else than it looks, a fault at the box that makes a pair fail, and one line of words.
 #pragma once
 
 #include <array>
@@ -24,17 +24,17 @@ struct BoxNote {
 };
 
 /// Of a box that is read leniently: nothing where all of its text is one number, or where there is no text.
-BoxNote lenientnote(std::string_view text);
+BoxNote lenientNote(std::string_view text);
 
 /// Of a box that is read strictly, and counts as 0 where its text is no number.
-BoxNote zeronote(std::string_view text);
+BoxNote zeroNote(std::string_view text);
 
-inline constexpr const char* nounitchosen = "no unit is chosen, no pressure will be set";
+inline constexpr const char* noUnitChosen = "no unit is chosen, no pressure will be set";
 
 /// Of the box of the pressure window. An elevation that is left empty counts as 0.
-BoxNote pressurenote(const PressureEntry& entry);
+BoxNote pressureNote(const PressureEntry& entry);
 
-inline constexpr const char* nopropertychosen = "no property is chosen";
+inline constexpr const char* noPropertyChosen = "no property is chosen";
 
 /// What is said of a pair.
 struct PairNotes {
@@ -45,10 +45,10 @@ struct PairNotes {
 };
 
 /// @param resolution of this input, or the input rule that it breaks. Boxes that are still empty are no fault.
-/// @param chartstands whether there is a chart for a search that keeps to one
-PairNotes pairnotes(const PairInput& input, double atm, const Resolution& resolution, bool chartstands = true);
+/// @param hasCurrentChart whether there is a chart for a search that keeps to one
+PairNotes pairNotes(const PairInput& input, double atm, const Resolution& resolution, bool hasCurrentChart = true);
 
 /// A pair with its resolution, the input rules tested first: what the live rows show.
-Resolution resolveinput(const PairInput& input, double atm, const RangeFinders& finders, SolverFields& fields);
+Resolution resolveInput(const PairInput& input, double atm, const RangeFinders& finders, SolverFields& fields);
 
 }  // namespace moistair

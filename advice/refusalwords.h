@@ -8,43 +8,43 @@
 #include <array>
 #include <string>
 
-#include "engine/answers.h"
+#include "engine/exactsolutions.h"
 #include "engine/resolver.h"
 
 namespace moistair {
 
 /// "dry bulb", "dew point": the property within a sentence.
-const char* propertyname(PropertyKind kind);
+const char* propertyName(PropertyKind kind);
 
 /// How somebody is spoken to.
 struct Wording {
   const char* (*name)(PropertyKind kind);
-  const char* mustbe;  ///< between a property and what is accepted
+  const char* mustBe;  ///< between a property and what is accepted
 };
 
-inline constexpr Wording toolwording{nameof, " must be "};
-inline constexpr Wording windowwording{propertyname, ": "};
+inline constexpr Wording toolWording{nameOf, " must be "};
+inline constexpr Wording windowWording{propertyName, ": "};
 
 /// "above 0 and up to 100"
-std::string rangewords(const Limits& limits);
+std::string rangeWords(const Range& range);
 
 /// "dry bulb would be above 120": a property beyond a bound, whatever it is called.
-std::string boundwords(const std::string& name, bool above, double bound);
+std::string boundWords(const std::string& name, bool above, double bound);
 
 /// Why a pair was not resolved: a text without commas and quotes.
-std::string whynot(const Resolution& resolution, const Wording& wording);
+std::string whyNot(const Resolution& resolution, const Wording& wording);
 
 /// What each value of a pair has to be where it is beyond its limits: "dry bulb: above 0 and up to 120". Empty for one
 /// that is within them, and for one that is no value.
-std::array<std::string, 2> rangefaults(const Given& first, const Given& second, const Wording& wording);
+std::array<std::string, 2> rangeFaults(const Given& first, const Given& second, const Wording& wording);
 
 /// Why no state has both values: "above saturation", "wet bulb would not be above 0". Empty if one has.
-std::string whynone(const Answers& answers);
+std::string whyNone(const ExactSolutions& solutions);
 
 /// "outside its range (0 - 38650)": of a pressure or an elevation.
-std::string outsiderange(const char* rangehint);
+std::string outsideRange(const char* rangeHint);
 
 /// "is no number"
-inline constexpr const char* isnonumber = " is no number";
+inline constexpr const char* notANumber = " is no number";
 
 }  // namespace moistair

@@ -1,9 +1,10 @@
 /// \file
-/// What is said beside the state that a search found: how far it is off, what else there is, why there is nothing.
+/// The remark on the state that a search found: how far it is off, what else there is, why there is nothing.
 ///
 /// The row, the report and the log show the state that the search has found, with the two values as they were given.
 /// Where that state has a visibly different value, where another state has both, or where there is none, the windows
-/// and the headless tool say so in the words of this file. It judges `resolvepair` by `answers` and changes neither.
+/// and the headless tool say so in the words of this file. It judges `resolvePair` by `exactSolutions` and changes
+/// neither.
 #pragma once
 
 #include <optional>
@@ -45,10 +46,10 @@ std::string stateWords(const std::vector<StatePoint>& states);
 /// - of no state: what each value has to be that is beyond its limits, else that the search found none, and the exact
 ///   answers; or the reason
 /// Nothing of a pair that the input rules refuse.
-/// @param chartstands whether there is a chart for a search that keeps to one
-Remark remarkon(Given first, Given second, double atm, const Resolution& resolution, bool chartstands = true);
+/// @param hasCurrentChart whether there is a chart for a search that keeps to one
+Remark remarkOn(Given first, Given second, double atm, const Resolution& resolution, bool hasCurrentChart = true);
 
 /// The same for what the lists and boxes of a window hold. A text that is no number gets no remark.
-Remark remarkon(const PairInput& input, double atm, const Resolution& resolution, bool chartstands = true);
+Remark remarkOn(const PairInput& input, double atm, const Resolution& resolution, bool hasCurrentChart = true);
 
 }  // namespace moistair

@@ -7,26 +7,26 @@ namespace {
 constexpr const char* airflow = "air flow";
 
 /// Read leniently; a mixture takes a flow above 0.
-BoxNote flownote(const std::string& flow) {
-  BoxNote note = lenientnote(flow);
-  if (flow.empty() || lenientnumber(flow) > 0) return note;
+BoxNote flowNote(const std::string& flow) {
+  BoxNote note = lenientNote(flow);
+  if (flow.empty() || lenientNumber(flow) > 0) return note;
   if (!note.empty()) note.words += ", ";
   return {note.words + "must be above 0", true};
 }
 
 }  // namespace
 
-std::string pressureremark(const MixingPressure& pressure) {
-  const auto set = pressurefor(pressure.entry).inhg;
-  if (!set || samepressure(lenientnumber(*set), pressure.atm)) return {};
-  return "calculated at " + inhgwords(pressure.atm) + ", not at " + entrywords({pressure.entry, lenientnumber(*set)});
+std::string pressureRemark(const MixingPressure& pressure) {
+  const auto set = pressureFor(pressure.entry).inhg;
+  if (!set || samePressure(lenientNumber(*set), pressure.atm)) return {};
+  return "calculated at " + inhgWords(pressure.atm) + ", not at " + entryWords({pressure.entry, lenientNumber(*set)});
 }
 
-StreamNotes streamnotes(const MixingProblem& problem, std::size_t number, const Resolution& resolution) {
+StreamNotes streamNotes(const MixingProblem& problem, std::size_t number, const Resolution& resolution) {
   const AirStream& stream = problem.streams[number];
   StreamNotes notes{
-      pairnotes({stream.kind1, stream.kind2, stream.value1, stream.value2}, problem.pressure.atm, resolution),
-      flownote(stream.flow)};
+      pairNotes({stream.kind1, stream.kind2, stream.value1, stream.value2}, problem.pressure.atm, resolution),
+      flowNote(stream.flow)};
   std::string& words = notes.pair.remark.words;
   if (!notes.flow.empty()) words = airflow + (": " + notes.flow.words) + (words.empty() ? "" : "; ") + words;
   notes.pair.refused = notes.pair.refused || notes.flow.fault;

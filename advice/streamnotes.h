@@ -1,5 +1,5 @@
 /// \file
-/// What is said beside the inputs of a stream.
+/// The notes on the inputs of a stream.
 #pragma once
 
 #include <cstddef>
@@ -15,10 +15,10 @@ struct StreamNotes {
   BoxNote flow;
 };
 
-/// @param resolution what `resolvestream` made of it
-StreamNotes streamnotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
+/// @param resolution what `resolveStream` made of it
+StreamNotes streamNotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
 
-/// "calculated at 29.92126 in Hg, not at 5000 ft", where the pressure that the columns show is not the one in force.
-std::string pressureremark(const MixingPressure& pressure);
+/// "calculated at 29.92126 in Hg, not at 5000 ft", where the pressure that the columns show is not the current one.
+std::string pressureRemark(const MixingPressure& pressure);
 
 }  // namespace moistair

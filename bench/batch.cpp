@@ -43,12 +43,12 @@ void batch(benchmark::State& state, const Pair& pair) {
   constexpr std::size_t rows = 1000;
   std::string_view names = pair.header;
   CsvRecord header;
-  takerecord(names, header);
-  const BatchPlan plan{.columns = columnsof(header, "bench"), .finders = &openrangefinders(), .full = pair.full};
+  takeRecord(names, header);
+  const BatchPlan plan{.columns = columnsOf(header, "bench"), .finders = &openRangeFinders(), .full = pair.full};
   const std::string text = block(pair, rows);
   std::size_t failed = 0;
   for (auto _ : state) {
-    const BatchResult result = resolverows(text, plan);
+    const BatchResult result = resolveRows(text, plan);
     failed = result.failed;
     benchmark::DoNotOptimize(result.text.data());
   }

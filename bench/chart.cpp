@@ -17,8 +17,8 @@ constexpr ChartLimits limits{0, 120, 0, 0.03};
 constexpr WindowSize inner{1366 * 15, 768 * 15};
 
 void draw(ChartCanvas& canvas) {
-  const PlotArea area{limits, plotframe(limits), inner};
-  drawchart({canvas, area, defaultpressure}, ChartType::standard, "Atmos. pr=29.92126 In Hg");
+  const PlotArea area{limits, plotFrame(limits), inner};
+  drawChart({canvas, area, defaultPressure}, ChartType::standard, "Atmos. pr=29.92126 In Hg");
 }
 
 void BM_DrawingList(benchmark::State& state) {
@@ -36,7 +36,7 @@ void BM_OnScreen(benchmark::State& state) {
   graph.show();
   if (!QTest::qWaitForWindowExposed(&graph)) state.SkipWithError("the window does not show");
   for (auto _ : state) {
-    graph.canvas().Cls();
+    graph.canvas().cls();
     draw(graph.canvas());
     graph.repaint();
   }

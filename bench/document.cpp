@@ -1,5 +1,5 @@
-// Documents: laid out anew for another window, as at every step while its edge is dragged; undone and redone; and, with
-// 10 000 points, written, read and the bytes that it takes.
+// Documents: laid out again for another window, as at every step while its edge is dragged; undone and redone; and,
+// with 10 000 points, written, read and the bytes that it takes.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -24,10 +24,10 @@ Entry point(int number) {
 Document chart(int lines, int points) {
   Document document;
   document.entries.push_back({setting, DrawnChart{ChartType::standard}});
-  const std::array<PropertyLine, 4> kinds = {{{LineKind::relativehumidity, "55"},
-                                              {LineKind::wetbulb, "65"},
+  const std::array<PropertyLine, 4> kinds = {{{LineKind::relativeHumidity, "55"},
+                                              {LineKind::wetBulb, "65"},
                                               {LineKind::enthalpy, "30"},
-                                              {LineKind::specificvolume, "14"}}};
+                                              {LineKind::specificVolume, "14"}}};
   for (int i = 0; i < lines; ++i) document.entries.push_back({setting, kinds[static_cast<std::size_t>(i) % 4]});
   for (int i = 0; i < points; ++i) document.entries.push_back(point(i));
   return document;
@@ -35,20 +35,20 @@ Document chart(int lines, int points) {
 
 void BM_LayOut(benchmark::State& state) {
   const Document document = chart(10, 20);
-  for (auto _ : state) benchmark::DoNotOptimize(drawingof(document, inner));
+  for (auto _ : state) benchmark::DoNotOptimize(drawingOf(document, inner));
 }
 BENCHMARK(BM_LayOut)->Unit(benchmark::kMillisecond);
 
 void BM_LayOutWithoutTheChart(benchmark::State& state) {
   Document document = chart(10, 20);
   document.entries.erase(document.entries.begin());
-  for (auto _ : state) benchmark::DoNotOptimize(drawingof(document, inner));
+  for (auto _ : state) benchmark::DoNotOptimize(drawingOf(document, inner));
 }
 BENCHMARK(BM_LayOutWithoutTheChart)->Unit(benchmark::kMillisecond);
 
 void BM_UndoAndRedo(benchmark::State& state) {
   History history(chart(0, 10000));
-  history.carryout(addition(history.document(), point(0)));
+  history.carryOut(addition(history.document(), point(0)));
   for (auto _ : state) {
     history.undo();
     history.redo();
@@ -67,13 +67,13 @@ BENCHMARK(BM_TenThousandPointsInMemory)->Unit(benchmark::kMillisecond);
 
 void BM_WriteTenThousandPoints(benchmark::State& state) {
   const Document document = chart(0, 10000);
-  for (auto _ : state) state.counters["bytes"] = static_cast<double>(filetext(document).size());
+  for (auto _ : state) state.counters["bytes"] = static_cast<double>(fileText(document).size());
 }
 BENCHMARK(BM_WriteTenThousandPoints)->Unit(benchmark::kMillisecond);
 
 void BM_ReadTenThousandPoints(benchmark::State& state) {
-  const std::string text = filetext(chart(0, 10000));
-  for (auto _ : state) benchmark::DoNotOptimize(readdocument(text)->document.entries.data());
+  const std::string text = fileText(chart(0, 10000));
+  for (auto _ : state) benchmark::DoNotOptimize(readDocument(text)->document.entries.data());
 }
 BENCHMARK(BM_ReadTenThousandPoints)->Unit(benchmark::kMillisecond);
 

@@ -36,7 +36,7 @@ void settle() {
   for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 10);
 }
 
-QWidget& toplevel(const char* name) {
+QWidget& topLevel(const char* name) {
   for (QWidget* widget : QApplication::topLevelWidgets()) {
     if (widget->objectName() == QLatin1String(name) && widget->isVisible()) return *widget;
   }
@@ -54,10 +54,10 @@ void move(QWidget& graph, QPointF place) {
 }
 
 /// A place of the plot's air, from one to the next as far as a quick hand goes.
-QPointF placeat(const QSize& area, int number) {
-  const double way = number / 1000.0;
-  return {area.width() * (0.55 + 0.3 * std::cos(40 * way) * (1 - 0.5 * way)),
-          area.height() * (0.62 + 0.12 * std::sin(57 * way))};
+QPointF placeAt(const QSize& area, int number) {
+  const double mode = number / 1000.0;
+  return {area.width() * (0.55 + 0.3 * std::cos(40 * mode) * (1 - 0.5 * mode)),
+          area.height() * (0.62 + 0.12 * std::sin(57 * mode))};
 }
 
 }  // namespace
@@ -67,14 +67,14 @@ int main(int argc, char** argv) {
   const QTemporaryDir folder;
   MainWindow window(LogPlaces{{folder.path().toStdString()}, folder.filePath(QStringLiteral("s")).toStdString()});
   window.start();
-  click(toplevel("Form2"), "Command2");
+  click(topLevel("Form2"), "Command2");
   click(window, "Command3");
-  click(toplevel("Form6"), "Command1");
+  click(topLevel("Form6"), "Command1");
   auto& graph = *window.findChild<GraphView*>();
   settle();
   std::vector<double> moves;
   for (int i = 0; i < 1000; ++i) {
-    moves.push_back(milliseconds([&] { move(graph, placeat(window.centralWidget()->size(), i)); }));
+    moves.push_back(milliseconds([&] { move(graph, placeAt(window.centralWidget()->size(), i)); }));
   }
   std::printf("window %d x %d, scale %g\n", window.width(), window.height(), window.devicePixelRatio());
   print("a move of the pointer", moves);
@@ -92,7 +92,7 @@ int main(int argc, char** argv) {
   };
   window.showNormal();
   settle();
-  move(graph, placeat(window.centralWidget()->size(), 3));
+  move(graph, placeAt(window.centralWidget()->size(), 3));
   resizes("a resize, reading on");
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(&graph, &leave);

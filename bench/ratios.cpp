@@ -24,7 +24,7 @@
 namespace moistair {
 namespace {
 
-using Work = std::function<void(Way)>;
+using Work = std::function<void(SearchMode)>;
 
 double microseconds() {
   timespec now{};
@@ -33,38 +33,39 @@ double microseconds() {
 }
 
 /// Time of one piece of work, from so many at a stretch.
-double timeof(const Work& work, Way way, int repeats) {
+double timeOf(const Work& work, SearchMode mode, int repeats) {
   const double start = microseconds();
-  for (int i = 0; i < repeats; ++i) work(way);
+  for (int i = 0; i < repeats; ++i) work(mode);
   return (microseconds() - start) / repeats;
 }
 
 void compare(const std::string& name, const Work& work) {
   constexpr double stretch = 2000;
   constexpr int rounds = 15;
-  const auto repeats = [&](Way way) {
-    return static_cast<int>(std::clamp(stretch / timeof(work, way, 1 + (way == Way::quick ? 20 : 0)), 1.0, 1e5));
+  const auto repeats = [&](SearchMode mode) {
+    return static_cast<int>(
+        std::clamp(stretch / timeOf(work, mode, 1 + (mode == SearchMode::accelerated ? 20 : 0)), 1.0, 1e5));
   };
-  const int atplain = repeats(Way::plain);
-  const int atquick = repeats(Way::quick);
-  double plain = 1e9, quick = 1e9;
+  const int inReferenceMode = repeats(SearchMode::reference);
+  const int inAcceleratedMode = repeats(SearchMode::accelerated);
+  double reference = 1e9, accelerated = 1e9;
   for (int i = 0; i < rounds; ++i) {
-    plain = std::min(plain, timeof(work, Way::plain, atplain));
-    quick = std::min(quick, timeof(work, Way::quick, atquick));
+    reference = std::min(reference, timeOf(work, SearchMode::reference, inReferenceMode));
+    accelerated = std::min(accelerated, timeOf(work, SearchMode::accelerated, inAcceleratedMode));
   }
-  std::printf("%-28s %10.3f %10.3f %7.1f\n", name.c_str(), plain, quick, plain / quick);
+  std::printf("%-28s %10.3f %10.3f %7.1f\n", name.c_str(), reference, accelerated, reference / accelerated);
 }
 
-void drawstandardchart(Way way) {
+void drawStandardChart(SearchMode mode) {
   constexpr ChartLimits limits{0, 120, 0, 0.03};
   RecordingCanvas canvas;
-  drawchart({canvas, plotarea(limits, {1366 * 15, 768 * 15}), defaultpressure, way}, ChartType::standard, "");
+  drawChart({canvas, plotArea(limits, {1366 * 15, 768 * 15}), defaultPressure, mode}, ChartType::standard, "");
 }
 
-/// A key press in one of two streams of the same pair.
+/// A keystroke in one of two streams of the same pair.
 Work keystroke(PropertyKind kind1, const std::string& value1, PropertyKind kind2, const std::string& value2) {
   MixingProblem problem;
-  problem.pressure = {defaultpressure, {}};
+  problem.pressure = {defaultPressure, {}};
   for (AirStream& stream : problem.streams) {
     stream.kind1 = kind1;
     stream.value1 = value1;
@@ -72,34 +73,35 @@ Work keystroke(PropertyKind kind1, const std::string& value1, PropertyKind kind2
     stream.value2 = value2;
     stream.flow = "1000";
   }
-  resolvestream(problem, 1);
-  return [=](Way way) mutable {
-    problem.way = way;
-    resolvestream(problem, 0);
-    mixstreams(problem);
+  resolveStream(problem, 1);
+  return [=](SearchMode mode) mutable {
+    problem.mode = mode;
+    resolveStream(problem, 0);
+    mixStreams(problem);
   };
 }
 
 /// The slowest of so many pairs of random values within their limits, timed again before it counts: what happens to
 /// stand in the way of a single one is not its own.
-void printslowest(int count) {
-  constexpr std::array<double, kindcount> ends = {120, 120, 100, 0.03, 62, 120, 78};
+void printsLowest(int count) {
+  constexpr std::array<double, kindCount> ends = {120, 120, 100, 0.03, 62, 120, 78};
   std::mt19937_64 random(1);
   const auto between = [&](double low, double high) {
     return std::uniform_real_distribution<double>(low, high)(random);
   };
   const auto given = [&](std::size_t kind) {
-    return Given{*kindat(static_cast<int>(kind)), between(kind == 5 ? -55 : 0, ends[kind])};
+    return Given{*kindAt(static_cast<int>(kind)), between(kind == 5 ? -55 : 0, ends[kind])};
   };
   double slowest = 0;
   for (int i = 0; i < count; ++i) {
-    const Given first = given(random() % kindcount);
-    const Given second = given(random() % kindcount);
+    const Given first = given(random() % kindCount);
+    const Given second = given(random() % kindCount);
     const double atm = i % 2 == 0 ? between(18, 32) : between(4, 150);
     SolverFields fields;
-    const Work resolve = [&](Way way) { resolvepair(first, second, atm, openrangefinders(way), fields); };
-    double time = timeof(resolve, Way::quick, 1);
-    for (int again = 0; again < 5 && time > slowest; ++again) time = std::min(time, timeof(resolve, Way::quick, 1));
+    const Work resolve = [&](SearchMode mode) { resolvePair(first, second, atm, openRangeFinders(mode), fields); };
+    double time = timeOf(resolve, SearchMode::accelerated, 1);
+    for (int again = 0; again < 5 && time > slowest; ++again)
+      time = std::min(time, timeOf(resolve, SearchMode::accelerated, 1));
     slowest = std::max(slowest, time);
   }
   std::printf("slowest of %d random %19.3f\n", count, slowest);
@@ -119,25 +121,25 @@ int main(int argc, char** argv) {
   };
 
   // A state that no search meets by luck at one of its first midpoints.
-  const double atm = defaultpressure;
-  const Given given[kindcount] = {{db, 77.3}, {wb, 62.4}, {rh, 0}, {w, 0}, {h, 0}, {dp, 0}, {v, 0}};
-  const char* names[kindcount] = {"db", "wb", "rh", "w", "h", "dp", "v"};
+  const double atm = defaultPressure;
+  const Given given[kindCount] = {{db, 77.3}, {wb, 62.4}, {rh, 0}, {w, 0}, {h, 0}, {dp, 0}, {v, 0}};
+  const char* names[kindCount] = {"db", "wb", "rh", "w", "h", "dp", "v"};
   SolverFields fields;
-  const StatePoint state = resolvepair(given[0], given[1], atm, openrangefinders(), fields).point;
+  const StatePoint state = resolvePair(given[0], given[1], atm, openRangeFinders(), fields).point;
   const auto resolve = [&](Given first, Given second) {
-    return [=, &fields](Way way) { resolvepair(first, second, atm, openrangefinders(way), fields); };
+    return [=, &fields](SearchMode mode) { resolvePair(first, second, atm, openRangeFinders(mode), fields); };
   };
-  for (int i = 0; i < kindcount; ++i) {
-    for (int j = i + 1; j < kindcount; ++j) {
-      const auto one = *kindat(i), two = *kindat(j);
+  for (int i = 0; i < kindCount; ++i) {
+    for (int j = i + 1; j < kindCount; ++j) {
+      const auto one = *kindAt(i), two = *kindAt(j);
       if (one == w && two == dp) continue;
       const std::string pair = std::string(names[i]) + "," + names[j];
       row("state " + pair, resolve({one, state.at(one)}, {two, state.at(two)}));
-      row("keystroke " + pair, keystroke(one, numbertext(state.at(one)), two, numbertext(state.at(two))));
+      row("keystroke " + pair, keystroke(one, numberText(state.at(one)), two, numberText(state.at(two))));
     }
   }
   row("state dp,v that none has", resolve({dp, 50}, {v, 78}));
   row("keystroke rh,v that none has", keystroke(rh, "75", v, "0.001"));
-  row("standard chart", drawstandardchart);
-  if (word.empty() || word == "slowest") printslowest(1'000'000);
+  row("standard chart", drawStandardChart);
+  if (word.empty() || word == "slowest") printsLowest(1'000'000);
 }

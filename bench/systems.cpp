@@ -45,7 +45,7 @@ void rows(benchmark::State& state, const char* columns) {
   constexpr int count = 1000;
   std::string_view names = "OA.db,OA.rh\n";
   CsvRecord header;
-  takerecord(names, header);
+  takeRecord(names, header);
   SystemText text = readSystem(tenSteps).text;
   ProcessPlan plan;
   plan.input = inputColumns(header, "bench", text.system);

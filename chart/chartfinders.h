@@ -13,13 +13,13 @@
 namespace moistair {
 
 /// Relative humidity [percent]: up from 1 deg F; from one degree below the first dry bulb on the plot to the last.
-std::optional<DryBulbRange> dbrangeofrh(double rh, double atm, const PlotArea& area);
-/// Enthalpy [Btu/lb]: down from highdb; from one degree below the last to two above the first.
-std::optional<DryBulbRange> dbrangeofh(double h, double atm, const PlotArea& area);
-/// Specific volume [cu ft/lb, above 0 and up to 78]: down from highdb; from the last to one degree above the first.
-std::optional<DryBulbRange> dbrangeofspvol(double v, double atm, const PlotArea& area);
+std::optional<DryBulbRange> dbRangeOfRh(double rh, double atm, const PlotArea& area);
+/// Enthalpy [Btu/lb]: down from highDb; from one degree below the last to two above the first.
+std::optional<DryBulbRange> dbRangeOfH(double h, double atm, const PlotArea& area);
+/// Specific volume [cu ft/lb, above 0 and up to 78]: down from highDb; from the last to one degree above the first.
+std::optional<DryBulbRange> dbRangeOfSpvol(double v, double atm, const PlotArea& area);
 
 /// All three. `area` is asked for the plot whenever one of them runs.
-RangeFinders chartrangefinders(std::function<PlotArea()> area);
+RangeFinders chartRangeFinders(std::function<PlotArea()> area);
 
 }  // namespace moistair

@@ -10,70 +10,70 @@ namespace {
 
 template <std::size_t size>
 bool offered(double limit, const std::array<const char*, size>& list) {
-  return std::any_of(list.begin(), list.end(), [&](const char* item) { return strictnumber(item) == limit; });
+  return std::any_of(list.begin(), list.end(), [&](const char* item) { return strictNumber(item) == limit; });
 }
 
 }  // namespace
 
-PlotFrame plotframe(const ChartLimits& limits) {
-  const double hrspan = limits.highhr - limits.lowhr;
-  const double dbspan = limits.highdb - limits.lowdb;
-  return {hrspan, dbspan, hrspan * 6000 / 4500, dbspan * 12 / 10};
+PlotFrame plotFrame(const ChartLimits& limits) {
+  const double hrSpan = limits.highHr - limits.lowHr;
+  const double dbSpan = limits.highDb - limits.lowDb;
+  return {hrSpan, dbSpan, hrSpan * 6000 / 4500, dbSpan * 12 / 10};
 }
 
-PlotArea plotarea(const ChartLimits& limits, const WindowSize& window) { return {limits, plotframe(limits), window}; }
+PlotArea plotArea(const ChartLimits& limits, const WindowSize& window) { return {limits, plotFrame(limits), window}; }
 
-double PlotArea::plotx(double db) const { return quotient(window.width * (db - limits.lowdb), frame.dbscale) + left(); }
+double PlotArea::plotX(double db) const { return quotient(window.width * (db - limits.lowDb), frame.dbScale) + left(); }
 
-double PlotArea::ploty(double hr) const {
-  return bottom() - quotient(window.height * (hr - limits.lowhr), frame.hrscale);
+double PlotArea::plotY(double w) const {
+  return bottom() - quotient(window.height * (w - limits.lowHr), frame.hrScale);
 }
 
-void readlimits(const LimitTexts& texts, ChartLimits& limits) {
-  assign(limits.lowdb, strictnumber(texts.lowdb));
-  assign(limits.highdb, strictnumber(texts.highdb));
-  assign(limits.lowhr, strictnumber(texts.lowhr));
-  assign(limits.highhr, strictnumber(texts.highhr));
+void readLimits(const LimitTexts& texts, ChartLimits& limits) {
+  assign(limits.lowDb, strictNumber(texts.lowDb));
+  assign(limits.highDb, strictNumber(texts.highDb));
+  assign(limits.lowHr, strictNumber(texts.lowHr));
+  assign(limits.highHr, strictNumber(texts.highHr));
 }
 
-const char* validatelimits(const LimitTexts& texts, ChartLimits& limits) {
-  assign(limits.lowdb, strictnumber(texts.lowdb));
-  if (!offered(limits.lowdb, drybulblimits)) {
+const char* validateLimits(const LimitTexts& texts, ChartLimits& limits) {
+  assign(limits.lowDb, strictNumber(texts.lowDb));
+  if (!offered(limits.lowDb, dryBulbLimits)) {
     return "Choose Lower Dry bulb temperature for chart only from the drop down menu";
   }
-  assign(limits.highdb, strictnumber(texts.highdb));
-  if (!offered(limits.highdb, drybulblimits)) {
+  assign(limits.highDb, strictNumber(texts.highDb));
+  if (!offered(limits.highDb, dryBulbLimits)) {
     return "Choose Higher Dry bulb temperature for chart only from the drop down menu";
   }
-  assign(limits.lowhr, strictnumber(texts.lowhr));
-  if (!offered(limits.lowhr, humidityratiolimits)) {
+  assign(limits.lowHr, strictNumber(texts.lowHr));
+  if (!offered(limits.lowHr, humidityRatioLimits)) {
     return "Choose Lower humidity ratio for chart only from the drop down menu";
   }
-  assign(limits.highhr, strictnumber(texts.highhr));
-  if (!offered(limits.highhr, humidityratiolimits)) {
+  assign(limits.highHr, strictNumber(texts.highHr));
+  if (!offered(limits.highHr, humidityRatioLimits)) {
     return "Choose Higher humidity ratio for chart only from the drop down menu";
   }
-  if (!(limits.highdb > limits.lowdb)) {
+  if (!(limits.highDb > limits.lowDb)) {
     return "Higher limit of dry bulb temperature must be greater than lower limit of dry bulb temperature";
   }
-  if (!(limits.highhr > limits.lowhr)) {
+  if (!(limits.highHr > limits.lowHr)) {
     return "Higher limit of humidity ratio must be greater than lower limit of humidity ratio";
   }
   return nullptr;
 }
 
-bool checkdrawn(const ChartLimits& limits, const DrawnLimits& drawn) {
+bool checkDrawn(const ChartLimits& limits, const DrawnLimits& drawn) {
   return limits ==
-         ChartLimits{drawn.lowdb.lenient(), drawn.highdb.lenient(), drawn.lowhr.lenient(), drawn.highhr.lenient()};
+         ChartLimits{drawn.lowDb.lenient(), drawn.highDb.lenient(), drawn.lowHr.lenient(), drawn.highHr.lenient()};
 }
 
-void rememberlimits(const ChartLimits& limits, DrawnLimits& drawn) {
-  drawn.lowdb.set(limits.lowdb);
-  drawn.highdb.set(limits.highdb);
-  drawn.lowhr.set(limits.lowhr);
-  drawn.highhr.set(limits.highhr);
+void rememberLimits(const ChartLimits& limits, DrawnLimits& drawn) {
+  drawn.lowDb.set(limits.lowDb);
+  drawn.highDb.set(limits.highDb);
+  drawn.lowHr.set(limits.lowHr);
+  drawn.highHr.set(limits.highHr);
 }
 
-void forgetlimits(DrawnLimits& drawn) { drawn.lowdb.set(121); }
+void forgetLimits(DrawnLimits& drawn) { drawn.lowDb.set(121); }
 
 }  // namespace moistair

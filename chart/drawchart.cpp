@@ -5,19 +5,19 @@
 
 namespace moistair {
 
-void drawchart(const Chart& chart, ChartType type, std::string_view header) {
-  drawgrid(chart);
+void drawChart(const Chart& chart, ChartType type, std::string_view header) {
+  drawGrid(chart);
   if (type == ChartType::standard) {
-    drawrhlines(chart);
-    drawwblines(chart);
-    drawvollines(chart);
+    drawRhLines(chart);
+    drawWbLines(chart);
+    drawVolLines(chart);
   } else {
-    drawsatline(chart);
+    drawSatLine(chart);
   }
-  drawdbscale(chart);
-  drawhrscale(chart);
-  drawtitles(chart, header);
-  drawvaporscale(chart);
+  drawDbScale(chart);
+  drawHrScale(chart);
+  drawTitles(chart, header);
+  drawVaporScale(chart);
 }
 
 }  // namespace moistair

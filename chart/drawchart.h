@@ -13,9 +13,9 @@ enum class ChartType {
   blank,     ///< the saturation line alone
 };
 
-/// Draws a chart for limits that have passed `validatelimits`, over whatever is on the canvas. The order sets what lies
+/// Draws a chart for limits that have passed `validateLimits`, over whatever is on the canvas. The order sets what lies
 /// over what: the fine grid under the property lines, the major lines and the numbers over them.
 /// @param header the line that states the pressure
-void drawchart(const Chart& chart, ChartType type, std::string_view header);
+void drawChart(const Chart& chart, ChartType type, std::string_view header);
 
 }  // namespace moistair

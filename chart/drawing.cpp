@@ -20,63 +20,63 @@ bool drawable(std::initializer_list<double> coordinates) {
 
 }  // namespace
 
-void RecordingCanvas::Line(double x1, double y1, double x2, double y2, std::optional<Color> color) {
+void RecordingCanvas::line(double x1, double y1, double x2, double y2, std::optional<Color> color) {
   if (!drawable({x1, y1, x2, y2})) return;
-  MoveTo(x2, y2);
+  moveTo(x2, y2);
   drawing_.operations.emplace_back(LineOperation{single(x1), single(y1), single(x2), single(y2), color});
-  tell();
+  notify();
 }
 
-void RecordingCanvas::Circle(double x, double y, double radius, Color color) {
+void RecordingCanvas::circle(double x, double y, double radius, Color color) {
   if (!drawable({x, y, radius})) return;
-  MoveTo(x, y);
+  moveTo(x, y);
   drawing_.operations.emplace_back(CircleOperation{single(x), single(y), single(radius), color});
-  tell();
+  notify();
 }
 
-void RecordingCanvas::Print(std::string_view text) {
-  drawing_.operations.emplace_back(TextOperation{currentx_, currenty_, std::string(text)});
-  currentx_ = 0;
-  currenty_ += lineheight;
-  tell();
+void RecordingCanvas::print(std::string_view text) {
+  drawing_.operations.emplace_back(TextOperation{currentX_, currentY_, std::string(text)});
+  currentX_ = 0;
+  currentY_ += lineHeight;
+  notify();
 }
 
-void RecordingCanvas::MoveTo(double x, double y) {
+void RecordingCanvas::moveTo(double x, double y) {
   if (!drawable({x, y})) return;
-  currentx_ = single(x);
-  currenty_ = single(y);
+  currentX_ = single(x);
+  currentY_ = single(y);
 }
 
-void RecordingCanvas::Cls() {
+void RecordingCanvas::cls() {
   drawing_.operations.erase(drawing_.operations.begin() + static_cast<std::ptrdiff_t>(drawing_.background),
                             drawing_.operations.end());
-  currentx_ = 0;
-  currenty_ = 0;
-  tell();
+  currentX_ = 0;
+  currentY_ = 0;
+  notify();
 }
 
-void RecordingCanvas::Refresh() {
+void RecordingCanvas::refresh() {
   if (refreshed) refreshed();
 }
 
-void RecordingCanvas::KeepPicture() { drawing_.background = drawing_.operations.size(); }
+void RecordingCanvas::keepPicture() { drawing_.background = drawing_.operations.size(); }
 
-void RecordingCanvas::DropPicture() {
+void RecordingCanvas::dropPicture() {
   const auto first = drawing_.operations.begin();
   drawing_.operations.erase(first, first + static_cast<std::ptrdiff_t>(drawing_.background));
   drawing_.background = 0;
-  tell();
+  notify();
 }
 
 /// Whoever paints what is new finds first that all is gone, even if the new drawing has as many operations.
 void RecordingCanvas::show(Drawing drawing) {
   drawing_ = {};
-  tell();
+  notify();
   drawing_ = std::move(drawing);
-  tell();
+  notify();
 }
 
-void RecordingCanvas::tell() const {
+void RecordingCanvas::notify() const {
   if (changed) changed();
 }
 

@@ -16,7 +16,7 @@
 namespace moistair {
 
 /// The kinds of picture that a drawing can be written to, by the ending of the file's name: vector files first.
-inline constexpr std::array<const char*, 4> pictureendings = {".svg", ".pdf", ".png", ".bmp"};
+inline constexpr std::array<const char*, 4> pictureEndings = {".svg", ".pdf", ".png", ".bmp"};
 
 struct LineOperation {
   float x1, y1, x2, y2;
@@ -32,7 +32,7 @@ struct CircleOperation {
   bool operator==(const CircleOperation&) const = default;
 };
 
-/// A text with its top left corner at (x, y), in the foreground colour.
+/// A text with its top left corner at (x, y), in the foreground color.
 struct TextOperation {
   float x, y;
   std::string text;
@@ -49,9 +49,9 @@ struct Drawing {
   bool operator==(const Drawing&) const = default;
 };
 
-/// Height of a printed line [twips]: how far Print moves the pen down. Every label sets the pen anew, so nothing on the
-/// chart depends on the font's true height.
-inline constexpr float lineheight = 195;
+/// Height of a printed line [twips]: how far Print moves the pen down. Every label sets the pen again, so nothing on
+/// the chart depends on the font's true height.
+inline constexpr float lineHeight = 195;
 
 /// A canvas that records. Whoever shows the drawing hears of it through the two functions.
 class RecordingCanvas final : public ChartCanvas {
@@ -61,24 +61,24 @@ public:
 
   const Drawing& drawing() const { return drawing_; }
 
-  void Line(double x1, double y1, double x2, double y2, std::optional<Color> color = foreground) override;
-  void Circle(double x, double y, double radius, Color color) override;
-  void Print(std::string_view text) override;
-  void MoveTo(double x, double y) override;
-  void Cls() override;
-  void Refresh() override;
-  void KeepPicture() override;
-  void DropPicture() override;
+  void line(double x1, double y1, double x2, double y2, std::optional<Color> color = foreground) override;
+  void circle(double x, double y, double radius, Color color) override;
+  void print(std::string_view text) override;
+  void moveTo(double x, double y) override;
+  void cls() override;
+  void refresh() override;
+  void keepPicture() override;
+  void dropPicture() override;
 
-  /// Another drawing in place of this one, told as one change.
+  /// Another drawing in place of this one, reported as one change.
   void show(Drawing drawing);
 
 private:
-  void tell() const;
+  void notify() const;
 
   Drawing drawing_;
-  float currentx_ = 0;
-  float currenty_ = 0;
+  float currentX_ = 0;
+  float currentY_ = 0;
 };
 
 }  // namespace moistair

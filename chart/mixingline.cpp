@@ -17,9 +17,9 @@ struct Candidate {
   const char* message;  ///< when it is rejected
   double x = 0, y = 0;  ///< where it goes [twips]
 
-  double db() const { return lenientnumber(stream.db); }
-  double w() const { return lenientnumber(stream.w); }
-  double rh() const { return lenientnumber(stream.rh); }
+  double db() const { return lenientNumber(stream.db); }
+  double w() const { return lenientNumber(stream.w); }
+  double rh() const { return lenientNumber(stream.rh); }
 };
 
 bool accepted(const Candidate& point, const ChartLimits& limits) {
@@ -28,22 +28,22 @@ bool accepted(const Candidate& point, const ChartLimits& limits) {
 
 }  // namespace
 
-const char* drawmixingline(ChartCanvas& canvas, const MixingProblem& problem, const PlotArea& area) {
+const char* drawMixingLine(ChartCanvas& canvas, const MixingProblem& problem, const PlotArea& area) {
   std::array<Candidate, 3> points = {{
-      {problem.streams[0], "St1", pointmarkradius, "The stream1 point as per input parameters is out of chart limits"},
-      {problem.mixed, "Mix", 2 * pointmarkradius,
+      {problem.streams[0], "St1", pointMarkRadius, "The stream1 point as per input parameters is out of chart limits"},
+      {problem.mixed, "Mix", 2 * pointMarkRadius,
        "The mixed stream point as per input parameters is out of chart limits"},
-      {problem.streams[1], "St2", pointmarkradius, "The stream2 point as per input parameters is out of chart limits"},
+      {problem.streams[1], "St2", pointMarkRadius, "The stream2 point as per input parameters is out of chart limits"},
   }};
   for (Candidate& point : points) {
     if (!accepted(point, area.limits)) return point.message;
-    assign(point.x, area.plotx(point.db()));
-    assign(point.y, area.ploty(point.w()));
+    assign(point.x, area.plotX(point.db()));
+    assign(point.y, area.plotY(point.w()));
   }
-  for (const Candidate& point : points) drawpointmark(canvas, point.x, point.y, point.radius, point.label);
+  for (const Candidate& point : points) drawPointMark(canvas, point.x, point.y, point.radius, point.label);
   const auto& [one, mixed, two] = points;
-  canvas.Line(one.x, one.y, mixed.x, mixed.y);
-  canvas.Line(two.x, two.y, mixed.x, mixed.y);
+  canvas.line(one.x, one.y, mixed.x, mixed.y);
+  canvas.line(two.x, two.y, mixed.x, mixed.y);
   return nullptr;
 }
 

@@ -10,11 +10,11 @@
 
 namespace moistair {
 
-/// Where a label stands from its cross.
-enum class Corner { upperleft, upperright, lowerleft, lowerright };
+/// Where a label is placed from its cross.
+enum class LabelCorner { upperLeft, upperRight, lowerLeft, lowerRight };
 
-inline constexpr std::array<Corner, 4> corners = {Corner::upperleft, Corner::upperright, Corner::lowerleft,
-                                                  Corner::lowerright};
+inline constexpr std::array<LabelCorner, 4> corners = {LabelCorner::upperLeft, LabelCorner::upperRight,
+                                                       LabelCorner::lowerLeft, LabelCorner::lowerRight};
 
 /// What a label covers [twips].
 struct LabelBox {
@@ -28,11 +28,11 @@ struct LabelBox {
 };
 
 /// The label of a state, on the other side of its cross where the plot ends.
-LabelBox labelbox(const StatePoint& shown, Corner corner, const PlotArea& area);
+LabelBox labelBox(const StatePoint& shown, LabelCorner corner, const PlotArea& area);
 
 /// Draws cross and label, on a white ground of its own so that the lines of the chart do not run through its texts.
 /// Outside the limits it draws nothing and returns false.
-/// @param shown the state as a report shows it, `readreport`
-bool pinreading(ChartCanvas& canvas, const StatePoint& shown, Corner corner, const PlotArea& area);
+/// @param shown the state as a report shows it, `readReport`
+bool pinReading(ChartCanvas& canvas, const StatePoint& shown, LabelCorner corner, const PlotArea& area);
 
 }  // namespace moistair

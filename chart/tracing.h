@@ -8,24 +8,24 @@
 namespace moistair {
 
 /// A point of the canvas [twips]; (0, 0) before the first point of a line.
-struct Position {
+struct TracedPoint {
   double x = 0;
   double y = 0;
 };
 
 /// Tracers step through the dry bulbs of the limits, so they are kept to the range of the lists.
-inline bool traceable(const PlotArea& area) { return area.limits.lowdb >= 0 && area.limits.highdb <= 120; }
+inline bool traceable(const PlotArea& area) { return area.limits.lowDb >= 0 && area.limits.highDb <= 120; }
 
 /// Where a state lies; a coordinate without a value keeps that of `last`.
-inline Position positionof(const PlotArea& area, double db, double w, Position last) {
-  assign(last.x, area.plotx(db));
-  assign(last.y, area.ploty(w));
+inline TracedPoint tracedPoint(const PlotArea& area, double db, double w, TracedPoint last) {
+  assign(last.x, area.plotX(db));
+  assign(last.y, area.plotY(w));
   return last;
 }
 
 /// Whether a line that runs from right to left has a segment from `last` to `here`: it ends by itself at saturation,
 /// and skips the right end where it runs below a humidity ratio of 0.
-inline bool issegment(const ChartLimits& limits, double db, double w, double rh, Position last, Position here) {
+inline bool isSegment(const ChartLimits& limits, double db, double w, double rh, TracedPoint last, TracedPoint here) {
   return limits.contain(db, w) && here.y != last.y && w > 0 && last.x > 0 && rh <= 100;
 }
 

@@ -3,16 +3,16 @@
 
 namespace moistair {
 
-bool drawline(const Chart& chart, LineKind kind, std::string_view value) {
+bool drawLine(const Chart& chart, LineKind kind, std::string_view value) {
   double number = 0;
-  assign(number, strictnumber(value));
+  assign(number, strictNumber(value));
   switch (kind) {
-    case LineKind::relativehumidity: return drawrhline(chart, number);
-    case LineKind::wetbulb: return drawwbline(chart, number);
-    case LineKind::enthalpy: return traceenthline(chart, number);
-    case LineKind::specificvolume: break;
+    case LineKind::relativeHumidity: return drawRhLine(chart, number);
+    case LineKind::wetBulb: return drawWbLine(chart, number);
+    case LineKind::enthalpy: return traceEnthLine(chart, number);
+    case LineKind::specificVolume: break;
   }
-  return tracevolline(chart, number);
+  return traceVolLine(chart, number);
 }
 
 }  // namespace moistair

@@ -8,7 +8,7 @@ namespace moistair {
 namespace {
 
 /// Step between the lines of the family, by the volume of the first.
-double familystep(double first) {
+double familyStep(double first) {
   if (first > 50) return 2;
   if (first > 20) return 1;
   if (first > 10) return 0.5;
@@ -16,57 +16,57 @@ double familystep(double first) {
   return 0.1;
 }
 
-Position exactposition(const Chart& chart, double db, double v, Position near) {
-  const SearchResult wb = wbwithdbandspvol(db, v, chart.atmpressure, chart.way);
-  return positionof(chart.area, db, psychro_w(db, wb.x, chart.atmpressure), near);
+TracedPoint exactPoint(const Chart& chart, double db, double v, TracedPoint near) {
+  const SearchResult wb = wbWithDbAndV(db, v, chart.atmPressure, chart.mode);
+  return tracedPoint(chart.area, db, psychro_w(db, wb.x, chart.atmPressure), near);
 }
 
 }  // namespace
 
-bool tracevolline(const Chart& chart, double v) {
+bool traceVolLine(const Chart& chart, double v) {
   if (!(v > 0 && v <= 78) || !traceable(chart.area)) return false;
   const ChartLimits& limits = chart.area.limits;
   bool drawn = false;
-  double db = limits.highdb;
+  double db = limits.highDb;
   double w = 0;
   double rh = 0;
-  Position last;
-  double lastdb = db;
-  bool lastnear = false;  // only about there, since nothing is drawn from there
+  TracedPoint last;
+  double lastDb = db;
+  bool lastNear = false;  // only about there, since nothing is drawn from there
   do {
     db -= 0.1;
-    const auto [wb, near] = wbofairwithdbandspvol(db, v, chart.atmpressure, chart.way);
+    const auto [wb, near] = wbOfAirWithDbAndV(db, v, chart.atmPressure, chart.mode);
     if (wb.iterations > 0 && !wb.failed()) {
-      const double pv = psychro_pv1(db, wb.x, chart.atmpressure);
-      assign(w, ratioof(pv, chart.atmpressure));
-      assign(rh, humidityof(pv, psychro_pvs(db)));
-      const Position here = positionof(chart.area, db, w, last);
-      if (issegment(limits, db, w, rh, last, here)) {
-        if (lastnear) last = exactposition(chart, lastdb, v, last);
-        chart.canvas.Line(last.x, last.y, here.x, here.y, colors::specificvolume);
-        if (!drawn) chart.canvas.Print("v=" + printednumber(v));
+      const double pv = psychro_pv1(db, wb.x, chart.atmPressure);
+      assign(w, ratioOf(pv, chart.atmPressure));
+      assign(rh, humidityOf(pv, psychro_pvs(db)));
+      const TracedPoint here = tracedPoint(chart.area, db, w, last);
+      if (isSegment(limits, db, w, rh, last, here)) {
+        if (lastNear) last = exactPoint(chart, lastDb, v, last);
+        chart.canvas.line(last.x, last.y, here.x, here.y, colors::specificVolume);
+        if (!drawn) chart.canvas.print("v=" + printedNumber(v));
         drawn = true;
-        chart.canvas.Refresh();
+        chart.canvas.refresh();
       }
       last = here;
-      lastdb = db;
-      lastnear = near;
+      lastDb = db;
+      lastNear = near;
     }
     if (last.x > 0 && last.y > 0 && wb.failed()) break;
-  } while (db >= limits.lowdb);
+  } while (db >= limits.lowDb);
   return drawn;
 }
 
 /// No line lies above 78 cu ft/lb, so from a huge largest volume the family starts at its first value that can be
 /// drawn.
-void drawvollines(const Chart& chart) {
+void drawVolLines(const Chart& chart) {
   constexpr double highest = 78;
   const double largest =
-      spvolwithdbandhr(chart.area.limits.highdb, chart.area.limits.highhr, chart.atmpressure, chart.way);
+      spvolWithDbAndHr(chart.area.limits.highDb, chart.area.limits.highHr, chart.atmPressure, chart.mode);
   double v = std::nearbyint(largest) + 1;
-  const double step = familystep(v);
+  const double step = familyStep(v);
   if (v > highest) v -= std::ceil((v - highest) / step) * step;
-  for (; v >= 0.5; v -= step) tracevolline(chart, v);
+  for (; v >= 0.5; v -= step) traceVolLine(chart, v);
 }
 
 }  // namespace moistair

@@ -30,13 +30,13 @@ struct BatchOptions {
 };
 
 /// One character, or "\t" as it is typed where a tab cannot be.
-char delimiterof(const std::string& text) {
+char delimiterOf(const std::string& text) {
   const std::string character = text == "\\t" ? "\t" : text;
   const bool one = character.size() == 1 && (character[0] == '\t' || (character[0] >= ' ' && character[0] <= '~'));
-  constexpr std::string_view innumbers = "+-.";
+  constexpr std::string_view inNumbers = "+-.";
   if (!one || character == "\"" || std::isalnum(static_cast<unsigned char>(character[0])) != 0 ||
-      innumbers.find(character[0]) != std::string_view::npos) {
-    throw badusage(
+      inNumbers.find(character[0]) != std::string_view::npos) {
+    throw badUsage(
         "delimiter must be one character that is no quote and no part of a number or a name such as ; or \\t");
   }
   return character[0];
@@ -44,9 +44,9 @@ char delimiterof(const std::string& text) {
 
 /// What a user should know of a table that is read all the same.
 void warnOfColumns(const BatchColumns& columns, const std::string& name) {
-  if (columns.takennames.empty()) return;
+  if (columns.takenNames.empty()) return;
   std::string names;
-  for (const std::string& taken : columns.takennames) names += (names.empty() ? "" : ", ") + taken;
+  for (const std::string& taken : columns.takenNames) names += (names.empty() ? "" : ", ") + taken;
   warn(name + " has columns of the result already: " + names);
 }
 
@@ -63,17 +63,17 @@ void warnOfStates(const RowCounts& counts, bool strict) {
   }
 }
 
-void runbatch(const BatchOptions& options) {
+void runBatch(const BatchOptions& options) {
   const unsigned jobs = jobsOf(options.jobs);
-  const char delimiter = delimiterof(options.delimiter);
-  const double atm = pressureof(options.pressure).atm;
-  const RangeFinders finders = findersof(options.limits);
+  const char delimiter = delimiterOf(options.delimiter);
+  const double atm = pressureOf(options.pressure).atm;
+  const RangeFinders finders = findersOf(options.limits);
   Input input(options.input);
   TableReader table(input, delimiter);
   const CsvRecord header = table.header();
-  const BatchPlan plan{.columns = columnsof(header, input.name(), delimiter, options.check),
+  const BatchPlan plan{.columns = columnsOf(header, input.name(), delimiter, options.check),
                        .delimiter = delimiter,
-                       .lineend = header.lineend.starts_with('\r') ? "\r\n" : "\n",
+                       .lineEnd = header.lineEnd.starts_with('\r') ? "\r\n" : "\n",
                        .atm = atm,
                        .finders = &finders,
                        .full = options.full,
@@ -82,33 +82,33 @@ void runbatch(const BatchOptions& options) {
                        .strict = options.exact.strict};
   Output output(options.output, &input);
   warnOfColumns(plan.columns, input.name());
-  output.write(headerline(header, plan));
+  output.write(headerLine(header, plan));
   const RowCounts counts = table.run(
-      plan.columns.selection.columns, [&](const std::string& block) { return resolverows(block, plan); }, output, jobs);
+      plan.columns.selection.columns, [&](const std::string& block) { return resolveRows(block, plan); }, output, jobs);
   warnOfStates(counts, plan.strict);
   checkRows(counts, plan.strict ? "their state misses a given value" : "");
 }
 
 }  // namespace
 
-void addbatchcommand(CLI::App& app) {
+void addBatchCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("batch", "Find the state for every row of a CSV table");
   const auto options = std::make_shared<BatchOptions>();
   command->add_option("input", options->input, "the table; standard input if not given, and for -")->type_name("FILE");
   command->add_option("-o,--output", options->output, "where to write it; standard output if not given, and for -")
       ->type_name("FILE");
-  addpressure(*command, options->pressure);
-  addlimits(*command, options->limits, "find pairs without a temperature on the chart with these limits only");
+  addPressure(*command, options->pressure);
+  addLimits(*command, options->limits, "find pairs without a temperature on the chart with these limits only");
   command
       ->add_option("--delimiter", options->delimiter, "what separates the fields; a comma if not given, \\t for a tab")
       ->type_name("CHARACTER");
   command->add_flag("--full", options->full, "write numbers in full instead of with seven decimals");
   command->add_flag("--check", options->check,
                     "add how far the state misses the given values, and the number of exact answers");
-  addexact(*command, options->exact);
-  addstrict(*command, options->exact);
+  addExact(*command, options->exact);
+  addStrict(*command, options->exact);
   command->add_option("--jobs", options->jobs, "threads to work on, 1 to 256; 1 if not given")->type_name("N");
-  command->callback([options] { runbatch(*options); });
+  command->callback([options] { runBatch(*options); });
 }
 
 }  // namespace moistair

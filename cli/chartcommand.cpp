@@ -23,7 +23,7 @@ namespace {
 struct ChartOptions {
   std::string output;
   ChartDocumentOptions document;
-  std::string size = std::to_string(defaultwidth) + "x" + std::to_string(defaultheight);
+  std::string size = std::to_string(defaultWidth) + "x" + std::to_string(defaultHeight);
   std::string scale = "1";
 };
 
@@ -33,28 +33,28 @@ struct TextFormat {
   std::string (*text)(const Document&, const Drawing&, const WindowSize&);
 };
 
-constexpr std::array<TextFormat, 2> textformats = {{
+constexpr std::array<TextFormat, 2> textFormats = {{
     {".json",
-     [](const Document&, const Drawing& drawing, const WindowSize& size) { return drawingjson(drawing, size); }},
-    {documentending, [](const Document& document, const Drawing&, const WindowSize&) { return filetext(document); }},
+     [](const Document&, const Drawing& drawing, const WindowSize& size) { return drawingJson(drawing, size); }},
+    {documentEnding, [](const Document& document, const Drawing&, const WindowSize&) { return fileText(document); }},
 }};
 
-/// The kind of a file, told by the ending of its name: a picture or a text.
+/// The kind of a file by the ending of its name: a picture or a text.
 struct OutputFormat {
   std::optional<Painter> picture;
   const TextFormat* text = nullptr;
 };
 
-OutputFormat formatof(const std::string& path) {
-  for (const TextFormat& text : textformats) {
+OutputFormat formatOf(const std::string& path) {
+  for (const TextFormat& text : textFormats) {
     if (lowercase(path).ends_with(text.ending)) return {std::nullopt, &text};
   }
-  const Painter painter = painterofname(path);
+  const Painter painter = painterOfName(path);
   if (painter.format != nullptr) return {painter, nullptr};
-  throw badusage(path + ": the ending must be .svg .pdf .png .bmp .json or .moistair");
+  throw badUsage(path + ": the ending must be .svg .pdf .png .bmp .json or .moistair");
 }
 
-WindowSize windowof(PictureSize size) { return {size.width * twipsperpixel, size.height * twipsperpixel}; }
+WindowSize windowOf(PictureSize size) { return {size.width * twipsPerPixel, size.height * twipsPerPixel}; }
 
 std::string picture(const Painter& painter, const Drawing& drawing, PictureSize size, double scale) {
   std::string contents = painter.contents(*painter.format, drawing, size, scale);
@@ -62,17 +62,17 @@ std::string picture(const Painter& painter, const Drawing& drawing, PictureSize 
   return contents;
 }
 
-void runchart(const CLI::App& command, const ChartOptions& options) {
-  const PictureSize size = pixelsof(options.size);
-  const WindowSize window = windowof(size);
-  ChartDocument begun = begundocument(options.document);
+void runChart(const CLI::App& command, const ChartOptions& options) {
+  const PictureSize size = pixelsOf(options.size);
+  const WindowSize window = windowOf(size);
+  ChartDocument begun = begunDocument(options.document);
   RecordingCanvas canvas;
   constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
   // What paints is loaded meanwhile: that takes about as long as to trace the chart.
-  auto drawn = std::async(either, [&] { return drawfitting(begun.document, canvas, window); });
-  const OutputFormat format = formatof(options.output);
-  const double scale = scaleof(options.scale, format.picture && format.picture->pixels, size.width, size.height);
-  completedocument(begun, drawn.get(), canvas, window, command, options.document);
+  auto drawn = std::async(either, [&] { return drawFitting(begun.document, canvas, window); });
+  const OutputFormat format = formatOf(options.output);
+  const double scale = scaleOf(options.scale, format.picture && format.picture->pixels, size.width, size.height);
+  completeDocument(begun, drawn.get(), canvas, window, command, options.document);
   const std::string bytes = format.text != nullptr ? format.text->text(begun.document, canvas.drawing(), window)
                                                    : picture(*format.picture, canvas.drawing(), size, scale);
   Output output(options.output, begun.input.get());
@@ -82,7 +82,7 @@ void runchart(const CLI::App& command, const ChartOptions& options) {
 
 }  // namespace
 
-void addchartcommand(CLI::App& app) {
+void addChartCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("chart", "Draw a psychrometric chart into a file");
   const auto options = std::make_shared<ChartOptions>();
   command
@@ -90,11 +90,11 @@ void addchartcommand(CLI::App& app) {
                    "the file; .svg .pdf .png .bmp, .json for the drawing as data, or .moistair to go on with")
       ->required()
       ->type_name("FILE");
-  addchartdocument(*command, options->document);
+  addChartDocument(*command, options->document);
   command->add_option("--size", options->size, "in pixels of 15 twips, 1366x768 if not given")
       ->type_name("WIDTHxHEIGHT");
   command->add_option("--scale", options->scale, "picture pixels to the pixel, for .png and .bmp")->type_name("NUMBER");
-  command->callback([options, command] { runchart(*command, *options); });
+  command->callback([options, command] { runChart(*command, *options); });
 }
 
 }  // namespace moistair

@@ -1,5 +1,5 @@
 /// \file
-/// The options that say what stands on a chart, and the document that they make: for the chart and for the sheet.
+/// The options that say what is on a chart, and the document that they make: for the chart and for the sheet.
 #pragma once
 
 #include <map>
@@ -17,9 +17,9 @@ namespace moistair {
 
 struct ChartDocumentOptions {
   std::string from;
-  CLI::Option* fromoption = nullptr;
+  CLI::Option* fromOption = nullptr;
   ChartType type = ChartType::standard;
-  CLI::Option* typeoption = nullptr;
+  CLI::Option* typeOption = nullptr;
   LimitsOption limits;
   PressureOption pressure;
   ExactOptions exact;
@@ -27,7 +27,7 @@ struct ChartDocumentOptions {
 };
 
 /// Adds --from, --type, --limits, what can be added to a chart, the pressure, --exact and --strict.
-void addchartdocument(CLI::App& command, ChartDocumentOptions& options);
+void addChartDocument(CLI::App& command, ChartDocumentOptions& options);
 
 /// A document and the file that it was read from, if it was.
 struct ChartDocument {
@@ -36,19 +36,19 @@ struct ChartDocument {
 };
 
 /// A new chart, or what a file holds, on the limits and with the type that the options ask for.
-ChartDocument begundocument(const ChartDocumentOptions& options);
+ChartDocument begunDocument(const ChartDocumentOptions& options);
 
-/// Adds what was asked for beyond that, in the order of the command line, draws it over what is there, tells of what
+/// Adds what was asked for beyond that, in the order of the command line, draws it over what is there, reports what
 /// the limits have left out, and warns of states that visibly miss something; a failure if that is to be one.
-void completedocument(ChartDocument& begun, const std::vector<LeftOut>& leftout, ChartCanvas& canvas, WindowSize window,
+void completeDocument(ChartDocument& begun, const std::vector<LeftOut>& leftOut, ChartCanvas& canvas, WindowSize window,
                       const CLI::App& command, const ChartDocumentOptions& options);
 
 /// "1366x768" [pixels].
 struct PictureSize;
-PictureSize pixelsof(const std::string& text);
+PictureSize pixelsOf(const std::string& text);
 
 /// Picture pixels to the pixel. Bad usage for a kind of file that has no pixels, and for a picture that would have too
 /// many or none.
-double scaleof(const std::string& text, bool pixels, double width, double height);
+double scaleOf(const std::string& text, bool pixels, double width, double height);
 
 }  // namespace moistair

@@ -14,7 +14,7 @@ namespace moistair {
 /// One option of the chart command that may be given any number of times.
 struct EntryOption {
   const char* option;
-  const char* valuename;
+  const char* valueName;
   const char* description;
   /// The entry for a value as typed. Bad usage for a value that makes no sense, a failure for a point or a mixture that
   /// is none.
@@ -22,6 +22,6 @@ struct EntryOption {
   const char* outside;  ///< the failure of an entry that draws nothing; null for that of the window
 };
 
-extern const std::array<EntryOption, 6> entryoptions;
+extern const std::array<EntryOption, 6> entryOptions;
 
 }  // namespace moistair

@@ -1,7 +1,7 @@
 /// \file
 /// What `--check` adds to a state: how far it misses the two given values, and every state that truly has both.
 ///
-/// The two values stand in the order of the kinds, in whatever order they were given.
+/// The two values are in the order of the kinds, in whatever order they were given.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 #include <string>
 
 #include "cli/properties.h"
-#include "engine/answers.h"
+#include "engine/exactsolutions.h"
 #include "model/jsonnode.h"
 
 namespace moistair {
@@ -18,22 +18,22 @@ struct Check {
   std::array<Given, 2> given;
   double atm;                                      ///< [in Hg]
   std::optional<std::array<double, 2>> residuals;  ///< found less given, of a state that was found
-  Answers answers;
+  ExactSolutions solutions;
 };
 
-Check checkof(const GivenPair& pair, double atm, const Resolution& resolution);
+Check checkOf(const GivenPair& pair, double atm, const Resolution& resolution);
 
 /// Two tables to read: the values as given and as found, and the answers side by side or why there is none.
-std::string checktable(const Check& check);
+std::string checkTable(const Check& check);
 
 /// {"residuals":{"h":0.01,"dp":1.07},"answers":[{"db":...,"pv":...}],"reason":null}
-Json checkjson(const Check& check);
+Json checkJson(const Check& check);
 
 /// {"db":75,...,"pv":0.44}
-Json statejson(const StatePoint& point, double atm);
+Json stateJson(const StatePoint& point, double atm);
 
 /// The columns behind a row of a table, and the cells of a row: two residuals and the number of answers.
-inline constexpr std::array<const char*, 3> checkcolumns = {"residual1", "residual2", "answers"};
-void appendcells(std::string& out, const Check& check, void (*append)(std::string&, double), char delimiter = ',');
+inline constexpr std::array<const char*, 3> checkColumns = {"residual1", "residual2", "answers"};
+void appendCells(std::string& out, const Check& check, void (*append)(std::string&, double), char delimiter = ',');
 
 }  // namespace moistair

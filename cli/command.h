@@ -9,11 +9,11 @@ class App;
 
 namespace moistair {
 
-void addstatecommand(CLI::App& app);    ///< the whole state of one point
-void addbatchcommand(CLI::App& app);    ///< a state for every row of a table
-void addmixcommand(CLI::App& app);      ///< two streams and their mixture
+void addStateCommand(CLI::App& app);    ///< the whole state of one point
+void addBatchCommand(CLI::App& app);    ///< a state for every row of a table
+void addMixCommand(CLI::App& app);      ///< two streams and their mixture
 void addProcessCommand(CLI::App& app);  ///< a system of air-handling processes
-void addchartcommand(CLI::App& app);    ///< a chart as a file
-void addsheetcommand(CLI::App& app);    ///< a sheet to hand in
+void addChartCommand(CLI::App& app);    ///< a chart as a file
+void addSheetCommand(CLI::App& app);    ///< a sheet for submission
 
 }  // namespace moistair

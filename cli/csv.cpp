@@ -8,27 +8,27 @@
 namespace moistair {
 
 bool RecordScanner::advance(char c) {
-  switch (place_) {
-    case Place::quoted:
-      if (c == '"') place_ = Place::quoteinquoted;
+  switch (state_) {
+    case ScanState::quoted:
+      if (c == '"') state_ = ScanState::quoteInQuoted;
       return false;
-    case Place::quoteinquoted:
-    case Place::fieldstart:
+    case ScanState::quoteInQuoted:
+    case ScanState::fieldStart:
       if (c == '"') {
-        place_ = Place::quoted;
+        state_ = ScanState::quoted;
         return false;
       }
       break;
-    case Place::plain: break;
+    case ScanState::plain: break;
   }
-  place_ = c == delimiter_ || c == '\n' ? Place::fieldstart : Place::plain;
+  state_ = c == delimiter_ || c == '\n' ? ScanState::fieldStart : ScanState::plain;
   return c == '\n';
 }
 
-std::size_t RecordScanner::lastend(std::string_view text) {
+std::size_t RecordScanner::lastEnd(std::string_view text) {
   if (text.empty()) return 0;
-  const bool inquotes = place_ == Place::quoted || place_ == Place::quoteinquoted;
-  if (!inquotes && text.find('"') == std::string_view::npos) {
+  const bool inQuotes = state_ == ScanState::quoted || state_ == ScanState::quoteInQuoted;
+  if (!inQuotes && text.find('"') == std::string_view::npos) {
     advance(text.back());
     const std::size_t end = text.rfind('\n');
     return end == std::string_view::npos ? 0 : end + 1;
@@ -43,11 +43,11 @@ std::size_t RecordScanner::lastend(std::string_view text) {
 std::optional<std::string> BlockReader::next() {
   while (!ended_) {
     const std::size_t known = pending_.size();
-    ended_ = !input_.read(pending_, readsize);
-    const std::size_t end = scanner_.lastend(std::string_view(pending_).substr(known));
+    ended_ = !input_.read(pending_, readSize);
+    const std::size_t end = scanner_.lastEnd(std::string_view(pending_).substr(known));
     if (end == 0) {
-      if (pending_.size() <= longestrecord) continue;
-      gaveup_ = ended_ = true;
+      if (pending_.size() <= longestRecord) continue;
+      gaveUp_ = ended_ = true;
       pending_.clear();
       return std::nullopt;
     }
@@ -63,13 +63,13 @@ std::optional<std::string> BlockReader::next() {
 namespace {
 
 /// Where the field that begins at `from` ends: at a delimiter, at a line end or at the end of the text.
-std::size_t fieldend(std::string_view text, std::size_t from, char delimiter, bool& quoteopen) {
+std::size_t fieldEnd(std::string_view text, std::size_t from, char delimiter, bool& quoteOpen) {
   std::size_t at = from;
   if (at < text.size() && text[at] == '"') {
     do {
       at = text.find('"', at + 1);
       if (at == std::string_view::npos) {
-        quoteopen = true;
+        quoteOpen = true;
         return text.size();
       }
       ++at;
@@ -81,47 +81,47 @@ std::size_t fieldend(std::string_view text, std::size_t from, char delimiter, bo
 
 }  // namespace
 
-bool takerecord(std::string_view& text, CsvRecord& record, char delimiter, const CsvSelection& selection) {
+bool takeRecord(std::string_view& text, CsvRecord& record, char delimiter, const CsvSelection& selection) {
   if (text.empty()) return false;
   record.fields.clear();
   record.count = 0;
-  record.quoteopen = false;
+  record.quoteOpen = false;
   auto wanted = selection.wanted.begin();
   std::size_t begin = 0;
   std::size_t end = 0;
-  std::size_t columnsend = std::string_view::npos;
+  std::size_t columnsEnd = std::string_view::npos;
   for (;; begin = end + 1) {
-    end = fieldend(text, begin, delimiter, record.quoteopen);
+    end = fieldEnd(text, begin, delimiter, record.quoteOpen);
     if (wanted != selection.wanted.end() && *wanted == record.count) {
       record.fields.push_back(text.substr(begin, end - begin));
       ++wanted;
     }
-    if (++record.count == selection.columns) columnsend = end;
+    if (++record.count == selection.columns) columnsEnd = end;
     if (end == text.size() || text[end] == '\n') break;
   }
   const std::size_t next = std::min(end + 1, text.size());
-  const bool carriagereturn = end > 0 && text[end - 1] == '\r' && !record.quoteopen;
-  if (carriagereturn) {
+  const bool carriageReturn = end > 0 && text[end - 1] == '\r' && !record.quoteOpen;
+  if (carriageReturn) {
     --end;
-    const bool lastwanted = !record.fields.empty() && selection.wanted[record.fields.size() - 1] + 1 == record.count;
-    if (lastwanted) record.fields.back().remove_suffix(1);
+    const bool lastWanted = !record.fields.empty() && selection.wanted[record.fields.size() - 1] + 1 == record.count;
+    if (lastWanted) record.fields.back().remove_suffix(1);
   }
   record.raw = text.substr(0, end);
-  record.columns = record.raw.substr(0, columnsend);
-  record.lineend = text.substr(end, next - end);
+  record.columns = record.raw.substr(0, columnsEnd);
+  record.lineEnd = text.substr(end, next - end);
   text.remove_prefix(next);
   return true;
 }
 
-void eachfield(std::string_view raw, char delimiter, const std::function<void(std::string_view field)>& see) {
+void eachField(std::string_view raw, char delimiter, const std::function<void(std::string_view field)>& see) {
   for (std::size_t begin = 0, end = 0; begin <= raw.size(); begin = end + 1) {
     bool ignored = false;
-    end = fieldend(raw, begin, delimiter, ignored);
+    end = fieldEnd(raw, begin, delimiter, ignored);
     see(raw.substr(begin, end - begin));
   }
 }
 
-std::string_view fieldtext(std::string_view field, std::string& scratch) {
+std::string_view fieldText(std::string_view field, std::string& scratch) {
   if (!field.starts_with('"')) return field;
   const std::string_view inside = field.substr(1);
   const std::size_t quote = inside.find('"');

@@ -2,7 +2,7 @@
 /// Tables as comma-separated values (RFC 4180), read in constant memory and without losing a byte.
 ///
 /// Fields are separated by commas or another character, records by line ends; a field that begins with a quote may hold
-/// both, and a doubled quote stands for one. Beyond the standard, a quote inside an unquoted field is an ordinary
+/// both, and a doubled quote means one. Beyond the standard, a quote inside an unquoted field is an ordinary
 /// character, and what follows a closing quote belongs to its field. Records are cut out first, in blocks of whole
 /// records, and taken apart later, which may happen on another thread.
 #pragma once
@@ -24,12 +24,12 @@ public:
   explicit RecordScanner(char delimiter = ',') : delimiter_(delimiter) {}
 
   /// One past the last line end of the text that is no part of a quoted field; 0 if there is none.
-  std::size_t lastend(std::string_view text);
+  std::size_t lastEnd(std::string_view text);
 
 private:
-  enum class Place { fieldstart, plain, quoted, quoteinquoted };
+  enum class ScanState { fieldStart, plain, quoted, quoteInQuoted };
   char delimiter_;
-  Place place_ = Place::fieldstart;
+  ScanState state_ = ScanState::fieldStart;
 
   bool advance(char c);
 };
@@ -38,7 +38,7 @@ private:
 class BlockReader {
 public:
   /// As long as a record may be [bytes]; beyond it a quote was most likely left open.
-  static constexpr std::size_t longestrecord = 8u << 20;
+  static constexpr std::size_t longestRecord = 8u << 20;
 
   explicit BlockReader(Input& input, char delimiter = ',') : input_(input), scanner_(delimiter) {}
 
@@ -47,16 +47,16 @@ public:
   std::optional<std::string> next();
 
   /// Whether a record that is too long has ended the reading.
-  bool gaveup() const { return gaveup_; }
+  bool gaveUp() const { return gaveUp_; }
 
 private:
-  static constexpr std::size_t readsize = 16u << 10;
+  static constexpr std::size_t readSize = 16u << 10;
 
   Input& input_;
   RecordScanner scanner_;
   std::string pending_;  ///< read and not yet handed out, without a record end
   bool ended_ = false;
-  bool gaveup_ = false;
+  bool gaveUp_ = false;
 };
 
 /// Which fields of the records are to be kept; all others are only counted, however many there are.
@@ -71,19 +71,19 @@ struct CsvRecord {
   std::string_view columns;              ///< the same without the fields that are too many
   std::vector<std::string_view> fields;  ///< those wanted, each as read, with its quotes
   std::size_t count = 0;                 ///< of all fields
-  std::string_view lineend;              ///< "\n", "\r\n", or empty at the end of the input
-  bool quoteopen = false;                ///< the input ended within a quoted field
+  std::string_view lineEnd;              ///< "\n", "\r\n", or empty at the end of the input
+  bool quoteOpen = false;                ///< the input ended within a quoted field
 
   bool blank() const { return raw.empty(); }
 };
 
 /// Takes the first record off the text; false if nothing is left.
-bool takerecord(std::string_view& text, CsvRecord& record, char delimiter = ',', const CsvSelection& selection = {});
+bool takeRecord(std::string_view& text, CsvRecord& record, char delimiter = ',', const CsvSelection& selection = {});
 
 /// Calls `see` with each field of a record, as read.
-void eachfield(std::string_view raw, char delimiter, const std::function<void(std::string_view field)>& see);
+void eachField(std::string_view raw, char delimiter, const std::function<void(std::string_view field)>& see);
 
 /// What a field says, without its quotes. `scratch` holds the text where a doubled quote had to go.
-std::string_view fieldtext(std::string_view field, std::string& scratch);
+std::string_view fieldText(std::string_view field, std::string& scratch);
 
 }  // namespace moistair

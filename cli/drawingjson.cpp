@@ -35,12 +35,12 @@ struct OperationWriter {
     out += R"({"op":"text")";
     number("x", text.x);
     number("y", text.y);
-    out += R"(,"text":)" + jsontext(text.text);
+    out += R"(,"text":)" + jsonText(text.text);
   }
 
   void number(std::string_view name, float coordinate) const {
     out.append(",\"").append(name).append("\":");
-    appendroundtrip(out, static_cast<double>(coordinate));
+    appendRoundTrip(out, static_cast<double>(coordinate));
   }
 
   void color(const Color& color) const { out.append(R"(,"color":")").append(hexOf(color)).append("\""); }
@@ -48,11 +48,11 @@ struct OperationWriter {
 
 }  // namespace
 
-std::string drawingjson(const Drawing& drawing, const WindowSize& size) {
+std::string drawingJson(const Drawing& drawing, const WindowSize& size) {
   std::string out = R"({"unit":"twip","width":)";
-  appendroundtrip(out, size.width);
+  appendRoundTrip(out, size.width);
   out += R"(,"height":)";
-  appendroundtrip(out, size.height);
+  appendRoundTrip(out, size.height);
   out += R"(,"ops":[)";
   const char* separator = "\n";
   for (const Operation& operation : drawing.operations) {

@@ -10,7 +10,7 @@
 namespace moistair {
 
 /// {"unit":"twip","width":W,"height":H,"ops":[...]}: every operation in its order, coordinates as round-trip numbers,
-/// no "color" for the foreground colour. Texts must be UTF-8.
-std::string drawingjson(const Drawing& drawing, const WindowSize& size);
+/// no "color" for the foreground color. Texts must be UTF-8.
+std::string drawingJson(const Drawing& drawing, const WindowSize& size);
 
 }  // namespace moistair

@@ -13,7 +13,7 @@ namespace moistair {
 enum class ExitCode {
   success = 0,
   failure = 1,   ///< no such state, rows that failed, a file that cannot be read or written to its end
-  badusage = 2,  ///< a command line, or a table's header, that makes no sense
+  badUsage = 2,  ///< a command line, or a table's header, that makes no sense
 };
 
 class Fault : public std::runtime_error {
@@ -29,7 +29,7 @@ private:
 /// One line on standard error, whatever was typed that it repeats.
 void say(std::string text);
 
-inline Fault badusage(const std::string& text) { return {ExitCode::badusage, text}; }
+inline Fault badUsage(const std::string& text) { return {ExitCode::badUsage, text}; }
 inline Fault failure(const std::string& text) { return {ExitCode::failure, text}; }
 
 }  // namespace moistair

@@ -6,7 +6,7 @@
 
 namespace moistair {
 
-void addformat(CLI::App& command, Format& format) {
+void addFormat(CLI::App& command, Format& format) {
   static const std::map<std::string, Format> names = {
       {"text", Format::text}, {"json", Format::json}, {"csv", Format::csv}};
   const auto choose = [&format](const std::string& name) { format = names.at(name); };
@@ -15,23 +15,23 @@ void addformat(CLI::App& command, Format& format) {
       ->type_name("FORMAT");
 }
 
-void appendaligned(std::string& out, const std::string& text, std::size_t column) {
+void appendAligned(std::string& out, const std::string& text, std::size_t column) {
   const std::size_t before = std::min(text.find('.'), text.size());
   out.append(column > before ? column - before : 1, ' ');
   out += text;
 }
 
-void appendpadded(std::string& out, const std::string& text, std::size_t width) {
+void appendPadded(std::string& out, const std::string& text, std::size_t width) {
   out += text;
   if (text.size() < width) out.append(width - text.size(), ' ');
 }
 
-void appendcolumns(std::string& out, const std::string& caption, const std::vector<std::string>& cells) {
-  constexpr std::size_t captionwidth = 30;
-  constexpr std::size_t columnwidth = 18;
+void appendColumns(std::string& out, const std::string& caption, const std::vector<std::string>& cells) {
+  constexpr std::size_t captionWidth = 30;
+  constexpr std::size_t columnWidth = 18;
   std::string line;
-  appendpadded(line, caption, captionwidth);
-  for (const std::string& cell : cells) appendpadded(line, cell, columnwidth);
+  appendPadded(line, caption, captionWidth);
+  for (const std::string& cell : cells) appendPadded(line, cell, columnWidth);
   out.append(line, 0, line.find_last_not_of(' ') + 1);
   out += '\n';
 }

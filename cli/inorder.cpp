@@ -40,7 +40,7 @@ public:
   }
 
   void work() {
-    while (const auto piece = nextwaiting()) {
+    while (const auto piece = nextWaiting()) {
       BatchResult result = steps_.work(piece->block);
       const std::lock_guard lock(mutex_);
       piece->result = std::move(result);
@@ -50,7 +50,7 @@ public:
   }
 
   void write() {
-    while (const auto piece = nextdone()) steps_.write(piece->result);
+    while (const auto piece = nextDone()) steps_.write(piece->result);
   }
 
   /// Runs a side of the pipeline; if it throws, all the others stop where they are.
@@ -59,7 +59,7 @@ public:
     try {
       side();
     } catch (...) {
-      keepfault();
+      keepFault();
       const std::lock_guard lock(mutex_);
       stopped_ = true;
       changed_.notify_all();
@@ -72,7 +72,7 @@ public:
     try {
       side();
     } catch (...) {
-      keepfault();
+      keepFault();
     }
     const std::lock_guard lock(mutex_);
     ended_ = true;
@@ -84,12 +84,12 @@ public:
   }
 
 private:
-  void keepfault() {
+  void keepFault() {
     const std::lock_guard lock(mutex_);
     if (!fault_) fault_ = std::current_exception();
   }
 
-  std::shared_ptr<Piece> nextwaiting() {
+  std::shared_ptr<Piece> nextWaiting() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [&] { return stopped_ || ended_ || !waiting_.empty(); });
     if (stopped_ || waiting_.empty()) return nullptr;
@@ -98,7 +98,7 @@ private:
     return piece;
   }
 
-  std::shared_ptr<Piece> nextdone() {
+  std::shared_ptr<Piece> nextDone() {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [&] { return stopped_ || (unwritten_.empty() ? ended_ : unwritten_.front()->done); });
     if (stopped_ || unwritten_.empty()) return nullptr;
@@ -121,7 +121,7 @@ private:
 
 }  // namespace
 
-void runinorder(const BatchSteps& steps, unsigned jobs) {
+void runInOrder(const BatchSteps& steps, unsigned jobs) {
   if (jobs <= 1) {
     while (const auto block = steps.read()) steps.write(steps.work(*block));
     return;

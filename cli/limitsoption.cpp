@@ -9,32 +9,32 @@
 
 namespace moistair {
 
-void addlimits(CLI::App& command, LimitsOption& option, const std::string& description) {
+void addLimits(CLI::App& command, LimitsOption& option, const std::string& description) {
   option.option = command.add_option("--limits", option.text, description)->type_name("LOWDB,HIGHDB,LOWHR,HIGHHR");
 }
 
-ChartLimits limitsof(const LimitsOption& option) {
+ChartLimits limitsOf(const LimitsOption& option) {
   if (option.option->count() == 0) return wholeChart;
-  const auto parts = splitat(option.text, ',');
-  if (parts.size() != 4) throw badusage("limits must be four numbers such as 0,120,0,0.030");
-  for (const std::string_view part : parts) numberof(part, "limits");
+  const auto parts = splitAt(option.text, ',');
+  if (parts.size() != 4) throw badUsage("limits must be four numbers such as 0,120,0,0.030");
+  for (const std::string_view part : parts) numberOf(part, "limits");
   const LimitTexts texts{std::string(parts[0]), std::string(parts[1]), std::string(parts[2]), std::string(parts[3])};
   ChartLimits limits;
-  if (validatelimits(texts, limits) != nullptr) {
-    throw badusage(
+  if (validateLimits(texts, limits) != nullptr) {
+    throw badUsage(
         "limits must be dry bulbs from 0 to 120 in tens and humidity ratios of 0 0.010 0.020 or 0.030, each "
         "pair rising");
   }
   return limits;
 }
 
-RangeFinders findersof(const PlotArea& area) {
-  return chartrangefinders([area] { return area; });
+RangeFinders findersOf(const PlotArea& area) {
+  return chartRangeFinders([area] { return area; });
 }
 
-RangeFinders findersof(const LimitsOption& option) {
-  if (option.option->count() == 0) return openrangefinders();
-  return findersof(plotarea(limitsof(option), {defaultwidth * twipsperpixel, defaultheight * twipsperpixel}));
+RangeFinders findersOf(const LimitsOption& option) {
+  if (option.option->count() == 0) return openRangeFinders();
+  return findersOf(plotArea(limitsOf(option), {defaultWidth * twipsPerPixel, defaultHeight * twipsPerPixel}));
 }
 
 }  // namespace moistair

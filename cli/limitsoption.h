@@ -15,8 +15,8 @@ class Option;
 namespace moistair {
 
 /// The window that a chart is drawn for if no size is given [pixels].
-inline constexpr int defaultwidth = 1366;
-inline constexpr int defaultheight = 768;
+inline constexpr int defaultWidth = 1366;
+inline constexpr int defaultHeight = 768;
 
 struct LimitsOption {
   std::string text;
@@ -24,16 +24,16 @@ struct LimitsOption {
 };
 
 /// Adds --limits.
-void addlimits(CLI::App& command, LimitsOption& option, const std::string& description);
+void addLimits(CLI::App& command, LimitsOption& option, const std::string& description);
 
 /// The four limits; all that there is, from 0 to 120 and from 0 to 0.030, if none were given. Bad usage for limits that
 /// no chart can be drawn with.
-ChartLimits limitsof(const LimitsOption& option);
+ChartLimits limitsOf(const LimitsOption& option);
 
 /// Range finders that keep to a plot, as in the main window. They know nothing else and may be called from any thread.
-RangeFinders findersof(const PlotArea& area);
+RangeFinders findersOf(const PlotArea& area);
 
 /// Range finders that know no chart, or those of the default window's chart if limits were given.
-RangeFinders findersof(const LimitsOption& option);
+RangeFinders findersOf(const LimitsOption& option);
 
 }  // namespace moistair

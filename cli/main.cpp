@@ -26,37 +26,37 @@ int ended(ExitCode code, const std::string& text) {
 }
 
 /// Occupies those of the standard three that are closed, so that no file opened later is taken for one of them.
-void holdstandard() {
+void holdStandard() {
   for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(number, F_GETFD) < 0) ::open("/dev/null", number == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
 }
 
 /// Bad usage for a first word that is no command; the parser would only say that one is missing.
-void checkcommand(const CLI::App& app, int argc, char** argv) {
+void checkCommand(const CLI::App& app, int argc, char** argv) {
   if (argc < 2 || argv[1][0] == '-') return;
   const auto named = [&](const CLI::App* command) { return command->get_name() == argv[1]; };
   if (!app.get_subcommands(named).empty()) return;
-  throw badusage("unknown command \"" + std::string(argv[1]) + "\" (see moistair-cli --help)");
+  throw badUsage("unknown command \"" + std::string(argv[1]) + "\" (see moistair-cli --help)");
 }
 
 /// Bad usage for an option in front of the command that takes it.
-void checkplace(const CLI::App& app, int argc, char** argv) {
+void checkPlace(const CLI::App& app, int argc, char** argv) {
   const std::vector<std::string> words(argv + 1, argv + argc);
   for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
     const auto named = std::find(words.begin(), words.end(), command->get_name());
     for (auto word = words.begin(); named != words.end() && word != named; ++word) {
       const std::string option = word->substr(0, word->find('='));
       if (!option.starts_with('-') || command->get_option_no_throw(option) == nullptr) continue;
-      throw badusage(option + " comes after the command: moistair-cli " + command->get_name() + " " + option);
+      throw badUsage(option + " comes after the command: moistair-cli " + command->get_name() + " " + option);
     }
   }
 }
 
 /// Bad usage for an option that there is not; the parser would first say which others are missing.
-void checkoptions(const CLI::App& app) {
+void checkOptions(const CLI::App& app) {
   for (const std::string& word : app.remaining(true)) {
-    if (word.size() > 1 && word.front() == '-') throw badusage("unknown option " + word + " (see moistair-cli --help)");
+    if (word.size() > 1 && word.front() == '-') throw badUsage("unknown option " + word + " (see moistair-cli --help)");
   }
 }
 
@@ -71,26 +71,26 @@ int printed(const CLI::App& app, const CLI::ParseError& request) {
 int run(int argc, char** argv) {
   CLI::App app("Moist-air states, tables, mixtures and charts in English units", "moistair-cli");
   app.require_subcommand(1);
-  addstatecommand(app);
-  addbatchcommand(app);
-  addmixcommand(app);
+  addStateCommand(app);
+  addBatchCommand(app);
+  addMixCommand(app);
   addProcessCommand(app);
-  addchartcommand(app);
-  addsheetcommand(app);
+  addChartCommand(app);
+  addSheetCommand(app);
   const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;
   app.set_version_flag("--version", version, "Print the version and exit");
   for (CLI::App* command : app.get_subcommands({})) {
     command->set_version_flag("--version", version, "Print the version and exit");
   }
-  checkcommand(app, argc, argv);
+  checkCommand(app, argc, argv);
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& request) {
     return printed(app, request);
   } catch (const CLI::ParseError& error) {
-    checkplace(app, argc, argv);
-    checkoptions(app);
-    return ended(ExitCode::badusage, std::string(error.what()) + " (see moistair-cli --help)");
+    checkPlace(app, argc, argv);
+    checkOptions(app);
+    return ended(ExitCode::badUsage, std::string(error.what()) + " (see moistair-cli --help)");
   }
   return static_cast<int>(ExitCode::success);
 }
@@ -100,8 +100,8 @@ int run(int argc, char** argv) {
 }  // namespace moistair
 
 int main(int argc, char** argv) {
-  moistair::holdstandard();
-  // A closed pipe and a file that may grow no further are errors of the write, to be told as such.
+  moistair::holdStandard();
+  // A closed pipe and a file that may grow no further are errors of the write, to be reported as such.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
   try {

@@ -26,57 +26,57 @@ struct MixOptions {
   Format format = Format::text;
 };
 
-constexpr std::array<const char*, 3> columntitles = {"Stream 1", "Stream 2", "Mixed stream"};
-constexpr std::array<const char*, 3> columnnames = {"stream1", "stream2", "mixed"};
+constexpr std::array<const char*, 3> columnTitles = {"Stream 1", "Stream 2", "Mixed stream"};
+constexpr std::array<const char*, 3> columnNames = {"stream1", "stream2", "mixed"};
 
 using Columns = std::array<const AirStream*, 3>;
 
-Columns columnsof(const MixingProblem& problem) { return {&problem.streams[0], &problem.streams[1], &problem.mixed}; }
+Columns columnsOf(const MixingProblem& problem) { return {&problem.streams[0], &problem.streams[1], &problem.mixed}; }
 
-std::string astable(const MixingProblem& problem) {
+std::string asTable(const MixingProblem& problem) {
   std::string out;
   std::vector<std::string> cells;
-  for (const char* title : columntitles) cells.push_back(std::string("    ") + title);
-  appendcolumns(out, "", cells);
-  for (std::size_t row = 0; row < shownreadouts; ++row) {
+  for (const char* title : columnTitles) cells.push_back(std::string("    ") + title);
+  appendColumns(out, "", cells);
+  for (std::size_t row = 0; row < shownReadouts; ++row) {
     cells.clear();
-    for (const AirStream* column : columnsof(problem)) {
-      appendaligned(cells.emplace_back(), column->*readoutrows[row].text, pointcolumn);
+    for (const AirStream* column : columnsOf(problem)) {
+      appendAligned(cells.emplace_back(), column->*readoutRows[row].text, pointColumn);
     }
-    appendcolumns(out, captionof(readoutrows[row], problem), cells);
+    appendColumns(out, captionOf(readoutRows[row], problem), cells);
   }
   return out;
 }
 
-std::string asjson(const MixingProblem& problem) {
+std::string asJson(const MixingProblem& problem) {
   Json json;
-  const Columns columns = columnsof(problem);
+  const Columns columns = columnsOf(problem);
   for (std::size_t column = 0; column < columns.size(); ++column) {
-    Json& stream = json[columnnames[column]];
-    for (std::size_t row = 0; row < shownreadouts; ++row) {
-      const std::string& readout = columns[column]->*readoutrows[row].text;
-      stream[readoutrows[row].key] = readout.empty() ? Json() : jsonnumber(lenientnumber(readout));
+    Json& stream = json[columnNames[column]];
+    for (std::size_t row = 0; row < shownReadouts; ++row) {
+      const std::string& readout = columns[column]->*readoutRows[row].text;
+      stream[readoutRows[row].key] = readout.empty() ? Json() : jsonNumber(lenientNumber(readout));
     }
   }
-  return jsontext(json) + "\n";
+  return jsonText(json) + "\n";
 }
 
 /// A read-out as a number; nothing for a blank one.
-void appendnumber(std::string& out, const std::string& readout, void (*append)(std::string&, double)) {
-  if (!readout.empty()) append(out, lenientnumber(readout));
+void appendNumber(std::string& out, const std::string& readout, void (*append)(std::string&, double)) {
+  if (!readout.empty()) append(out, lenientNumber(readout));
 }
 
-std::string ascsv(const MixingProblem& problem) {
+std::string asCsv(const MixingProblem& problem) {
   std::string out = "stream";
-  for (std::size_t row = 0; row < shownreadouts; ++row) out += std::string(",") + readoutrows[row].key;
+  for (std::size_t row = 0; row < shownReadouts; ++row) out += std::string(",") + readoutRows[row].key;
   out += '\n';
-  const Columns columns = columnsof(problem);
+  const Columns columns = columnsOf(problem);
   for (std::size_t column = 0; column < columns.size(); ++column) {
-    out += columnnames[column];
-    for (std::size_t row = 0; row < shownreadouts; ++row) {
+    out += columnNames[column];
+    for (std::size_t row = 0; row < shownReadouts; ++row) {
       out += ',';
-      const bool entered = row < enteredreadouts;
-      appendnumber(out, columns[column]->*readoutrows[row].text, entered ? appendroundtrip : appendsevendecimals);
+      const bool entered = row < enteredReadouts;
+      appendNumber(out, columns[column]->*readoutRows[row].text, entered ? appendRoundTrip : appendSevenDecimals);
     }
     out += '\n';
   }
@@ -94,20 +94,20 @@ void judge(const MixingProblem& problem, const ExactOptions& options) {
   warnOrFail("", remarkOn(judgedMixture(one, two, problem.mixed, atm), atm, true).words, options);
 }
 
-void runmix(const MixOptions& options) {
+void runMix(const MixOptions& options) {
   const MixingProblem problem =
-      solvedmixing(options.streams[0], options.streams[1], pressureof(options.pressure), options.exact.exact);
+      solvedMixing(options.streams[0], options.streams[1], pressureOf(options.pressure), options.exact.exact);
   judge(problem, options.exact);
   switch (options.format) {
-    case Format::text: writeresult(astable(problem)); break;
-    case Format::json: writeresult(asjson(problem)); break;
-    case Format::csv: writeresult(ascsv(problem)); break;
+    case Format::text: writeResult(asTable(problem)); break;
+    case Format::json: writeResult(asJson(problem)); break;
+    case Format::csv: writeResult(asCsv(problem)); break;
   }
 }
 
 }  // namespace
 
-void addmixcommand(CLI::App& app) {
+void addMixCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("mix", "Mix two streams of moist air");
   const auto options = std::make_shared<MixOptions>();
   for (std::size_t i = 0; i < options->streams.size(); ++i) {
@@ -117,11 +117,11 @@ void addmixcommand(CLI::App& app) {
         ->required()
         ->type_name("KIND=VALUE,KIND=VALUE,flow=VALUE");
   }
-  addpressure(*command, options->pressure);
-  addexact(*command, options->exact);
-  addstrict(*command, options->exact);
-  addformat(*command, options->format);
-  command->callback([options] { runmix(*options); });
+  addPressure(*command, options->pressure);
+  addExact(*command, options->exact);
+  addStrict(*command, options->exact);
+  addFormat(*command, options->format);
+  command->callback([options] { runMix(*options); });
 }
 
 }  // namespace moistair

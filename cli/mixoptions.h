@@ -12,7 +12,7 @@ namespace moistair {
 /// Solves the problem as the mixing window does, or with exact states. Bad usage for a stream that is no pair with a
 /// flow above 0; a failure for one that has no such state, and where so little or so much flows that there is no
 /// mixture to speak of.
-MixingProblem solvedmixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure,
+MixingProblem solvedMixing(const std::string& stream1, const std::string& stream2, const Pressure& pressure,
                            bool exact);
 
 }  // namespace moistair

@@ -32,7 +32,7 @@ public:
     qInstallMessageHandler(quiet);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication::setDesktopSettingsAware(false);
-    preparefonts(texts);
+    prepareFonts(texts);
     application_.emplace(count_, arguments_.data());
   }
 
@@ -53,11 +53,11 @@ std::string contents(const FileFormat& format, const Drawing& drawing, PictureSi
 }
 
 std::string sheet(const FileFormat& format, const SheetContent& content, const SheetOptions& options, double scale) {
-  std::vector<std::string> texts = typedtexts(content);
-  texts.insert(texts.end(), {options.title, options.project, options.drawnby, options.date});
+  std::vector<std::string> texts = typedTexts(content);
+  texts.insert(texts.end(), {options.title, options.project, options.drawnBy, options.date});
   const Application application(texts);
-  const SheetDrawing drawing = layoutsheet(content, options, sheetextents());
-  return sheetcontent(format.ending, drawing, options.title, scale).toStdString();
+  const SheetDrawing drawing = layoutSheet(content, options, sheetExtents());
+  return sheetContent(format.ending, drawing, options.title, scale).toStdString();
 }
 
 }  // namespace
@@ -65,7 +65,7 @@ std::string sheet(const FileFormat& format, const SheetContent& content, const S
 }  // namespace moistair
 
 extern "C" Q_DECL_EXPORT moistair::Painter moistair_painterofname(std::string_view name) {
-  const moistair::FileFormat* format = moistair::formatofname(name);
+  const moistair::FileFormat* format = moistair::formatOfName(name);
   return format == nullptr ? moistair::Painter{}
                            : moistair::Painter{format, format->pixels, moistair::contents, moistair::sheet};
 }

@@ -64,18 +64,18 @@ std::string oneFolder(const std::string& folder, FcConfig* other) {
 }
 
 /// The chart's font; null if a configuration has not got it.
-Pattern canvaspattern(FcConfig* config) {
-  const Pattern wanted(FcPatternBuild(nullptr, FC_FAMILY, FcTypeString, canvasfamily, nullptr));
+Pattern canvasPattern(FcConfig* config) {
+  const Pattern wanted(FcPatternBuild(nullptr, FC_FAMILY, FcTypeString, canvasFamily, nullptr));
   FcDefaultSubstitute(wanted.get());
   FcResult result = FcResultNoMatch;
   Pattern found(FcFontMatch(config, wanted.get(), &result));
   FcChar8* family = nullptr;
   const bool right = found && FcPatternGetString(found.get(), FC_FAMILY, 0, &family) == FcResultMatch &&
-                     textOf(family) == canvasfamily;
+                     textOf(family) == canvasFamily;
   return right ? std::move(found) : nullptr;
 }
 
-bool hasletters(const FcCharSet* letters, const std::string& text) {
+bool hasLetters(const FcCharSet* letters, const std::string& text) {
   const auto characters = QString::fromStdString(text).toUcs4();
   return std::all_of(characters.begin(), characters.end(),
                      [&](uint c) { return FcCharSetHasChar(letters, c) == FcTrue; });
@@ -83,21 +83,21 @@ bool hasletters(const FcCharSet* letters, const std::string& text) {
 
 }  // namespace
 
-void preparefonts(const std::vector<std::string>& texts) {
+void prepareFonts(const std::vector<std::string>& texts) {
   const Config system = configOf(systemFolders());
-  const Pattern font = system ? canvaspattern(system.get()) : nullptr;
+  const Pattern font = system ? canvasPattern(system.get()) : nullptr;
   FcChar8* file = nullptr;
   FcCharSet* letters = nullptr;
   if (!font || FcPatternGetString(font.get(), FC_FILE, 0, &file) != FcResultMatch ||
       FcPatternGetCharSet(font.get(), FC_CHARSET, 0, &letters) != FcResultMatch) {
     return;
   }
-  if (!std::all_of(texts.begin(), texts.end(), [&](const std::string& text) { return hasletters(letters, text); })) {
+  if (!std::all_of(texts.begin(), texts.end(), [&](const std::string& text) { return hasLetters(letters, text); })) {
     return;
   }
   const Text folder(FcStrDirname(file));
   const Config config = configOf(oneFolder(textOf(folder.get()), system.get()));
-  if (config && canvaspattern(config.get())) FcConfigSetCurrent(config.get());  // which takes a reference of its own
+  if (config && canvasPattern(config.get())) FcConfigSetCurrent(config.get());  // which takes a reference of its own
 }
 
 }  // namespace moistair

@@ -15,6 +15,6 @@ namespace moistair {
 /// Sets up what some texts need; to be called before the toolkit starts, once in a process. Where no
 /// folder that the configuration itself names has the chart's font, or that lacks a letter, all of the configuration is
 /// used.
-void preparefonts(const std::vector<std::string>& texts);
+void prepareFonts(const std::vector<std::string>& texts);
 
 }  // namespace moistair

@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The file of this program. Where nothing is mounted on /proc, the name that it was started by has to do.
-fs::path ownfile() {
+fs::path ownFile() {
   std::error_code none;
   const fs::path own = fs::read_symlink("/proc/self/exe", none);
   if (!none) return own;
@@ -24,9 +24,9 @@ fs::path ownfile() {
   return name == nullptr ? fs::path() : fs::canonical(name, none);
 }
 
-bool ispicture(std::string_view name) {
+bool isPicture(std::string_view name) {
   const std::string lower = lowercase(std::string(name));
-  return std::any_of(pictureendings.begin(), pictureendings.end(),
+  return std::any_of(pictureEndings.begin(), pictureEndings.end(),
                      [&](const char* ending) { return lower.ends_with(ending); });
 }
 
@@ -35,15 +35,15 @@ Fault unloadable(const std::string& reason) { return failure("the part that pain
 
 }  // namespace
 
-Painter painterofname(std::string_view name) {
-  if (!ispicture(name)) return {};
-  const fs::path folder = ownfile().parent_path();
+Painter painterOfName(std::string_view name) {
+  if (!isPicture(name)) return {};
+  const fs::path folder = ownFile().parent_path();
   if (!folder.is_absolute()) throw unloadable("the program cannot find its own file");
   const fs::path place = folder / MOISTAIR_PAINTER;
   std::error_code ignored;
   if (!fs::is_regular_file(place, ignored)) throw unloadable(place.lexically_normal().string() + " is not a file");
   void* module = ::dlopen(place.c_str(), RTLD_NOW | RTLD_LOCAL);  // once loaded it stays
-  void* function = module == nullptr ? nullptr : ::dlsym(module, painterfunction);
+  void* function = module == nullptr ? nullptr : ::dlsym(module, painterFunction);
   if (function == nullptr) throw unloadable(::dlerror());
   return reinterpret_cast<PainterFunction>(function)(name);
 }

@@ -33,10 +33,10 @@ struct Painter {
 
 /// What the module exports: a painter by the ending of a file's name.
 using PainterFunction = Painter (*)(std::string_view name);
-inline constexpr const char* painterfunction = "moistair_painterofname";
+inline constexpr const char* painterFunction = "moistair_painterofname";
 
 /// Asks the module; one without a format for a name of another ending. A failure if the module is not next to the tool
 /// as it was built or installed.
-Painter painterofname(std::string_view name);
+Painter painterOfName(std::string_view name);
 
 }  // namespace moistair

@@ -25,7 +25,7 @@ struct PressureName {
   const char* description;
 };
 
-inline constexpr std::array<PressureName, 3> pressurenames = {{
+inline constexpr std::array<PressureName, 3> pressureNames = {{
     {"inhg", PressureUnit::inhg, "atmospheric pressure in inches of mercury"},
     {"psi", PressureUnit::psi, "atmospheric pressure in pounds/sq inch"},
     {"elevation", PressureUnit::elevation, "site elevation in feet"},
@@ -34,18 +34,18 @@ inline constexpr std::array<PressureName, 3> pressurenames = {{
 /// Pressure [in Hg], or why a text gives none.
 using PressureOrReason = std::variant<double, std::string>;
 
-PressureOrReason pressureof(const PressureName& name, std::string_view text);
+PressureOrReason pressureOf(const PressureName& name, std::string_view text);
 
 /// The options as typed.
 struct PressureOption {
-  std::array<std::string, pressurenames.size()> texts;
-  std::array<CLI::Option*, pressurenames.size()> options{};
+  std::array<std::string, pressureNames.size()> texts;
+  std::array<CLI::Option*, pressureNames.size()> options{};
 };
 
 /// Adds --inhg, --psi and --elevation, of which a command line may have one.
-void addpressure(CLI::App& command, PressureOption& option);
+void addPressure(CLI::App& command, PressureOption& option);
 
 /// Bad usage for a text that is no number and for a value outside the range of its unit.
-Pressure pressureof(const PressureOption& option);
+Pressure pressureOf(const PressureOption& option);
 
 }  // namespace moistair

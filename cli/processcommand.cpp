@@ -74,8 +74,8 @@ SystemText readText(const ProcessOptions& options) {
     const Outcome outcome = readLine(options.steps[i], 0, read.text);
     if (!outcome) mistakes.push_back(outcome.error().within("step " + std::to_string(i + 1)).text());
   }
-  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badusage);
-  if (read.text.system.steps.empty()) throw badusage("there are no steps, such as --step \"OA: air db=95,wb=75\"");
+  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badUsage);
+  if (read.text.system.steps.empty()) throw badUsage("there are no steps, such as --step \"OA: air db=95,wb=75\"");
   return std::move(read.text);
 }
 
@@ -85,7 +85,7 @@ CompiledSystem compiled(const SystemText& text, const ProcessOptions& options) {
   std::vector<std::string> mistakes;
   addMistakes(mistakes, compilation.errors, nameOfFile(options));
   addMistakes(mistakes, checkGoals(text), nameOfFile(options));
-  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badusage);
+  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badUsage);
   return std::move(compilation.system);
 }
 
@@ -103,7 +103,7 @@ GoalProblem problemOf(const CompiledSystem& system, const SystemText& text, cons
   GoalPreparation preparation = prepare(system, text.goals);
   std::vector<std::string> mistakes;
   addMistakes(mistakes, preparation.errors, nameOfFile(options));
-  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badusage);
+  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::badUsage);
   return std::move(preparation.problem);
 }
 
@@ -123,7 +123,7 @@ ProcessReport solved(const SystemText& text, const CompiledSystem& system, const
 }
 
 void runOnce(const ProcessOptions& options) {
-  const Pressure pressure = pressureof(options.pressure);
+  const Pressure pressure = pressureOf(options.pressure);
   const SystemText text = readText(options);
   const CompiledSystem system = compiled(text, options);
   const ProcessReport report = solved(text, system, pressure, options);
@@ -139,8 +139,8 @@ void runOnce(const ProcessOptions& options) {
 
 void runRows(const ProcessOptions& options) {
   const unsigned jobs = jobsOf(options.jobs);
-  const double atm = pressureof(options.pressure).atm;
-  if (options.file == "-" && options.rows == "-") throw badusage("steps and rows cannot both be standard input");
+  const double atm = pressureOf(options.pressure).atm;
+  if (options.file == "-" && options.rows == "-") throw badUsage("steps and rows cannot both be standard input");
   SystemText text = readText(options);
   Input input(options.rows);
   TableReader table(input, ',');
@@ -154,7 +154,7 @@ void runRows(const ProcessOptions& options) {
   dropGiven(plan.system.unknowns, plan.input);
   if (!isForward(plan.system, text)) plan.goals = problemOf(plan.system, text, options);
   plan.shape.selection = plan.input.selection;
-  plan.shape.lineEnd = header.lineend.starts_with('\r') ? "\r\n" : "\n";
+  plan.shape.lineEnd = header.lineEnd.starts_with('\r') ? "\r\n" : "\n";
   plan.shape.results = plan.results.size();
   Output output(options.output, &input);
   output.write(headerLine(header, plan));
@@ -166,13 +166,13 @@ void runRows(const ProcessOptions& options) {
 void runProcess(const ProcessOptions& options) {
   if (options.rowsOption->count() == 0) {
     for (const CLI::Option* option : options.rowsOptions) {
-      if (option->count() > 0) throw badusage(option->get_name() + " is for a table of --rows");
+      if (option->count() > 0) throw badUsage(option->get_name() + " is for a table of --rows");
     }
     runOnce(options);
     return;
   }
   if (options.formatOption->count() > 0 && options.format != Format::csv) {
-    throw badusage("--rows writes a table as CSV; --format is for a system that runs once");
+    throw badUsage("--rows writes a table as CSV; --format is for a system that runs once");
   }
   runRows(options);
 }
@@ -190,8 +190,8 @@ void addProcessCommand(CLI::App& app) {
       ->take_all()
       ->allow_extra_args(false)
       ->type_name("TEXT");
-  addpressure(*command, options->pressure);
-  addformat(*command, options->format);
+  addPressure(*command, options->pressure);
+  addFormat(*command, options->format);
   options->formatOption = command->get_option("--format");
   command->add_option("-o,--output", options->output, "where to write it; standard output if not given, and for -")
       ->type_name("FILE");

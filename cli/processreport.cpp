@@ -23,8 +23,8 @@ void addRoomRatios(std::vector<std::string>& remarks, const ProcessReport& repor
   for (const RoomRatios& ratios : report.rooms) {
     if (ratios.room != step || ratios.coil < 0) continue;
     const std::string coil = report.written.steps[static_cast<std::size_t>(ratios.coil)].name;
-    if (hasvalue(ratios.grandShr)) remarks.push_back("grand SHR " + figure(ratios.grandShr) + ", of " + coil);
-    if (hasvalue(ratios.effectiveShr)) {
+    if (hasValue(ratios.grandShr)) remarks.push_back("grand SHR " + figure(ratios.grandShr) + ", of " + coil);
+    if (hasValue(ratios.effectiveShr)) {
       remarks.push_back("effective SHR " + figure(ratios.effectiveShr) + ", with what of the outdoor air bypasses " +
                         coil);
     }
@@ -39,10 +39,10 @@ void addAmounts(std::vector<std::string>& remarks, StepKind kind, const StepResu
   if (kind == StepKind::coil && known && result.condensate > 0) {
     remarks.push_back("condensate " + figure(result.condensateGpm()) + " gpm");
   }
-  if (known && hasvalue(result.waterGpm)) remarks.push_back("water through it " + figure(result.waterGpm) + " gpm");
-  if (hasvalue(result.effectiveness)) remarks.push_back("effectiveness " + figure(result.effectiveness));
-  if (kind == StepKind::part && hasvalue(result.share)) remarks.push_back("share " + figure(result.share));
-  if (kind == StepKind::mix && hasvalue(result.share)) {
+  if (known && hasValue(result.waterGpm)) remarks.push_back("water through it " + figure(result.waterGpm) + " gpm");
+  if (hasValue(result.effectiveness)) remarks.push_back("effectiveness " + figure(result.effectiveness));
+  if (kind == StepKind::part && hasValue(result.share)) remarks.push_back("share " + figure(result.share));
+  if (kind == StepKind::mix && hasValue(result.share)) {
     remarks.push_back("share of the first stream " + figure(result.share));
   }
 }
@@ -106,7 +106,7 @@ std::vector<std::string> remarksOf(const ProcessReport& report, std::size_t step
 namespace {
 
 /// A number, without the sign of a zero; null for no value.
-Json jsonValue(double number) { return hasvalue(number) ? jsonnumber(number == 0 ? 0 : number) : Json(); }
+Json jsonValue(double number) { return hasValue(number) ? jsonNumber(number == 0 ? 0 : number) : Json(); }
 
 Json statesJson(const ProcessReport& report) {
   Json states = Json::array();
@@ -138,8 +138,8 @@ Json processesJson(const ProcessReport& report) {
     process["kind"] = nameOf(kind);
     process["from"] = report.written.steps[step].sources;
     for (std::size_t i = 0; i < stepValues.size(); ++i) {
-      const double value = report.solution.solved(step) ? result.*stepValues[i].value : novalue;
-      if (i < loadValues || hasvalue(value)) process[stepValues[i].name] = jsonValue(value);
+      const double value = report.solution.solved(step) ? result.*stepValues[i].value : noValue;
+      if (i < loadValues || hasValue(value)) process[stepValues[i].name] = jsonValue(value);
     }
     process["notes"] = remarksOf(report, step);
     processes.push_back(std::move(process));
@@ -157,7 +157,7 @@ Json unknownsJson(const std::vector<UnknownValue>& unknowns) {
 
 std::string asJson(const ProcessReport& report) {
   Json json;
-  json["pressure"] = jsonnumber(report.pressure.atm);
+  json["pressure"] = jsonNumber(report.pressure.atm);
   if (!report.unknowns.empty()) json["unknowns"] = unknownsJson(report.unknowns);
   for (const auto& other : report.others) json["others"].push_back(unknownsJson(other));
   json["states"] = statesJson(report);
@@ -166,12 +166,12 @@ std::string asJson(const ProcessReport& report) {
   Balances all;
   if (report.solution.complete) all = balancesOf(report.system, report.site, report.solution);
   const auto add = [&](const char* name, const Balance& balance) {
-    balances[name] = report.solution.complete ? jsonnumber(balance.error()) : Json();
+    balances[name] = report.solution.complete ? jsonNumber(balance.error()) : Json();
   };
   add("air", all.air);
   add("water", all.water);
   add("energy", all.energy);
-  return jsontext(json) + "\n";
+  return jsonText(json) + "\n";
 }
 
 namespace {
@@ -192,21 +192,21 @@ std::string asCsv(const ProcessReport& report) {
   for (std::size_t stream = 0; stream < report.system.names.size(); ++stream) {
     if (report.system.names[stream].empty()) continue;
     const std::size_t step = stream / 2;
-    appendfield(out, report.system.names[stream]);
+    appendField(out, report.system.names[stream]);
     out += std::string(",") + nameOf(report.system.steps[step].kind) + ",";
-    appendfield(out, joined(report.written.steps[step].sources, " "));
+    appendField(out, joined(report.written.steps[step].sources, " "));
     const StreamReadout readout = readoutOf(report.solution.streams[stream], report.site);
     for (const StreamValue& value : streamValues) {
       out += ',';
-      appendsevendecimals(out, readout.*value.value);
+      appendSevenDecimals(out, readout.*value.value);
     }
     const bool loads = stream == mainStream(step) && isProcess(report.system.steps[step].kind);
     for (const StepValue& value : stepValues) {
       out += ',';
-      if (loads && report.solution.solved(step)) appendsevendecimals(out, report.solution.results[step].*value.value);
+      if (loads && report.solution.solved(step)) appendSevenDecimals(out, report.solution.results[step].*value.value);
     }
     out += ',';
-    if (stream == mainStream(step)) appendfield(out, joined(remarksOf(report, step), "; "));
+    if (stream == mainStream(step)) appendField(out, joined(remarksOf(report, step), "; "));
     out += '\n';
   }
   return out;

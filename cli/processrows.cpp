@@ -40,11 +40,11 @@ std::optional<std::pair<std::size_t, Parameter>> parameterOf(const std::string& 
     if (!known) return std::nullopt;
     ClosestWord closest(parts->step);
     for (const ProcessStep& other : system.steps) closest.offer(other.name);
-    throw badusage("column " + name + ": no step is named " + inQuotes(parts->step) + closest.question());
+    throw badUsage("column " + name + ": no step is named " + inQuotes(parts->step) + closest.question());
   }
   const Result<Parameter> parameter = readParameter(parts->parameter, rowOf(system.steps[*step].kind).accepted);
-  if (!parameter) throw badusage("column " + name + ": " + parameter.error().words);
-  if (!isNumber(*parameter)) throw badusage("column " + name + ": only numbers can change from row to row");
+  if (!parameter) throw badUsage("column " + name + ": " + parameter.error().words);
+  if (!isNumber(*parameter)) throw badUsage("column " + name + ": only numbers can change from row to row");
   return std::pair(*step, *parameter);
 }
 
@@ -57,9 +57,9 @@ std::optional<double> makeUnknown(ProcessStep& step, Parameter parameter) {
     return std::nullopt;
   }
   const double typed = found->value;
-  found->value = novalue;
+  found->value = noValue;
   found->unknown = true;
-  return hasvalue(typed) ? std::optional(typed) : std::nullopt;
+  return hasValue(typed) ? std::optional(typed) : std::nullopt;
 }
 
 }  // namespace
@@ -73,14 +73,14 @@ InputColumns inputColumns(const CsvRecord& header, const std::string& filename, 
     const auto [step, parameter] = *found;
     const auto same = [&](const ParameterColumn& other) { return other.step == step && other.parameter == parameter; };
     if (std::any_of(columns.parameters.begin(), columns.parameters.end(), same)) {
-      throw badusage("the first line names the column " + name + " twice");
+      throw badUsage("the first line names the column " + name + " twice");
     }
     columns.parameters.push_back(
         {name, step, parameter, makeUnknown(system.steps[step], parameter), columns.selection.wanted.size()});
     columns.selection.wanted.push_back(place);
   });
   if (columns.parameters.empty() && !columns.pressures.any()) {
-    throw badusage(filename +
+    throw badUsage(filename +
                    ": the first line must name the columns, separated by commas, with a parameter of a step "
                    "among them, such as OA.db");
   }
@@ -96,7 +96,7 @@ ResultColumn resultColumn(const std::string& name, const CompiledSystem& system)
   if (parts.step.empty() || found == system.names.end()) {
     ClosestWord closest(parts.step);
     for (const std::string& other : system.names) closest.offer(other);
-    throw badusage("--columns: no stream is named " + inQuotes(parts.step) + closest.question());
+    throw badUsage("--columns: no stream is named " + inQuotes(parts.step) + closest.question());
   }
   const auto stream = static_cast<std::size_t>(found - system.names.begin());
   const std::string key = lowercase(parts.parameter);
@@ -113,7 +113,7 @@ ResultColumn resultColumn(const std::string& name, const CompiledSystem& system)
     closest.offer(value.name);
     all += std::string(" ") + value.name;
   }
-  throw badusage("--columns: " + std::string(parts.step) + " has no " + inQuotes(parts.parameter) + closest.question() +
+  throw badUsage("--columns: " + std::string(parts.step) + " has no " + inQuotes(parts.parameter) + closest.question() +
                  "; it has " + all);
 }
 
@@ -130,7 +130,7 @@ void dropGiven(std::vector<Unknown>& unknowns, const InputColumns& input) {
 std::vector<ResultColumn> resultColumns(std::string_view list, const CompiledSystem& system) {
   std::vector<ResultColumn> columns;
   if (!list.empty()) {
-    for (const std::string_view name : splitat(list, ',')) {
+    for (const std::string_view name : splitAt(list, ',')) {
       columns.push_back(resultColumn(std::string(trimmed(name)), system));
     }
     return columns;
@@ -152,7 +152,7 @@ std::string headerLine(const CsvRecord& header, const ProcessPlan& plan) {
   std::string out(header.raw);
   for (const ResultColumn& column : plan.results) {
     out += ',';
-    appendfield(out, column.name);
+    appendField(out, column.name);
   }
   out += ",status";
   out += plan.shape.lineEnd;
@@ -224,7 +224,7 @@ std::string appendRow(std::string& out, RowCells& cells, const ProcessPlan& plan
       value = readout.*column.ofStream;
     }
     out += ',';
-    (plan.full ? appendroundtrip : appendsevendecimals)(out, value);
+    (plan.full ? appendRoundTrip : appendSevenDecimals)(out, value);
   }
   return {};
 }

@@ -47,7 +47,7 @@ struct ProcessPlan {
   InputColumns input;
   std::vector<ResultColumn> results;
   TableShape shape;
-  double atm = defaultpressure;  ///< [in Hg], where a row gives none
+  double atm = defaultPressure;  ///< [in Hg], where a row gives none
   bool full = false;             ///< round-trip numbers instead of seven decimals
 };
 

@@ -22,7 +22,7 @@ void appendRight(std::string& out, const std::string& text, std::size_t width) {
 
 /// A number with so many decimals, and no point behind a whole one; a dash for no value.
 std::string decimalText(double number, int decimals) {
-  std::string text = hasvalue(number) ? fixeddecimals(number, decimals) : "-";
+  std::string text = hasValue(number) ? fixedDecimals(number, decimals) : "-";
   if (text.ends_with('.')) text.pop_back();
   return text;
 }
@@ -36,7 +36,7 @@ void appendNumber(std::string& out, double number, int decimals, std::size_t wid
 
 /// Appends a name and blanks behind it. A long one gets a line of its own.
 void appendName(std::string& out, const std::string& name, std::size_t width = nameWidth) {
-  appendpadded(out, name, width);
+  appendPadded(out, name, width);
   if (name.size() >= width) out += "\n" + std::string(width, ' ');
 }
 
@@ -82,7 +82,7 @@ constexpr std::array<StateColumn, 9> stateColumns = {{
 }};
 constexpr std::size_t flowColumns = 2;  ///< the last ones
 
-bool hasFlow(const StepResult& result) { return result.leaving.flowKnown() && hasvalue(result.leaving.flow); }
+bool hasFlow(const StepResult& result) { return result.leaving.flowKnown() && hasValue(result.leaving.flow); }
 
 bool anyFlow(const ProcessReport& report) {
   return std::any_of(report.solution.results.begin(), report.solution.results.end(), hasFlow);
@@ -119,20 +119,20 @@ void appendProcess(std::string& out, const ProcessReport& report, std::size_t st
     sources += (sources.empty() ? "" : " ") + source;
   }
   appendName(out, report.written.steps[step].name);
-  appendpadded(out, nameOf(report.system.steps[step].kind), kindWidth);
+  appendPadded(out, nameOf(report.system.steps[step].kind), kindWidth);
   if (sources.size() >= fromWidth) remarks.push_back("from " + sources);
-  appendpadded(out, sources.size() < fromWidth ? sources : "", fromWidth);
+  appendPadded(out, sources.size() < fromWidth ? sources : "", fromWidth);
   const bool solved = report.solution.solved(step);
   const bool known = result.leaving.flowKnown();
   for (std::size_t i = 0; i < loadValues; ++i) {
     const bool water = stepValues[i].value == &StepResult::water;
     const int decimals = known ? (water ? 2 : 0) : (water ? 5 : 3);
-    appendNumber(out, solved ? result.*stepValues[i].value : novalue, decimals, loadWidths[i]);
+    appendNumber(out, solved ? result.*stepValues[i].value : noValue, decimals, loadWidths[i]);
   }
   out += '\n';
   for (std::size_t i = loadValues; solved && i < stepValues.size(); ++i) {
     const double value = result.*stepValues[i].value;
-    if (!hasvalue(value)) continue;
+    if (!hasValue(value)) continue;
     const char* unit = "";
     if (stepValues[i].value == &StepResult::adp) unit = " deg F";
     if (stepValues[i].value == &StepResult::power) unit = known ? " hp" : " hp per lb/h";
@@ -148,8 +148,8 @@ void appendProcesses(std::string& out, const ProcessReport& report) {
   const bool known = anyFlow(report);
   std::string heads;
   appendName(heads, "Process");
-  appendpadded(heads, "kind", kindWidth);
-  appendpadded(heads, "from", fromWidth);
+  appendPadded(heads, "kind", kindWidth);
+  appendPadded(heads, "from", fromWidth);
   std::string units(heads.size(), ' ');
   for (std::size_t i = 0; i < loadValues; ++i) {
     const bool water = stepValues[i].value == &StepResult::water;
@@ -175,7 +175,7 @@ void appendBalances(std::string& out, const ProcessReport& report) {
   out += '\n';
   const auto add = [&](const char* name, const char* unit, const Balance& balance, int decimals) {
     appendName(out, name);
-    appendpadded(out, unit, unitWidth);
+    appendPadded(out, unit, unitWidth);
     for (const double term : {balance.entering, balance.added, balance.leaving}) {
       appendNumber(out, term, decimals, termWidth);
     }
@@ -208,17 +208,17 @@ void appendUnknowns(std::string& out, const ProcessReport& report) {
 
 void appendFactors(std::string& out, const ProcessReport& report) {
   const ClassicFactors factors = classicFactors(report.site);
-  out += "\nClassic factors at this pressure (dry air of 70 deg F): " + fixeddecimals(factors.sensible, 3) +
+  out += "\nClassic factors at this pressure (dry air of 70 deg F): " + fixedDecimals(factors.sensible, 3) +
          " sensible,\n" + std::string(nameWidth, ' ') + decimalText(factors.latent, 0) + " latent, " +
-         fixeddecimals(factors.total, 3) + " total\n";
+         fixedDecimals(factors.total, 3) + " total\n";
 }
 
 }  // namespace
 
 std::string asTable(const ProcessReport& report) {
-  std::string out = "Pressure " + inhgwords(report.pressure.atm);
-  const std::string entered = entrywords(report.pressure);
-  if (entered != inhgwords(report.pressure.atm)) out += " (" + entered + ")";
+  std::string out = "Pressure " + inhgWords(report.pressure.atm);
+  const std::string entered = entryWords(report.pressure);
+  if (entered != inhgWords(report.pressure.atm)) out += " (" + entered + ")";
   out += "\n\n";
   appendStates(out, report);
   appendProcesses(out, report);

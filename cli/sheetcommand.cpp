@@ -1,5 +1,5 @@
 /// \file
-/// `moistair-cli sheet -o report.pdf`: a chart laid out for print, with what stands on it, its states in a table and a
+/// `moistair-cli sheet -o report.pdf`: a chart laid out for print, with everything on it, its states in a table and a
 /// title block.
 #include <CLI/CLI.hpp>
 #include <ctime>
@@ -21,7 +21,7 @@ namespace moistair {
 
 namespace {
 
-constexpr double pixelsperpoint = pixelsperinch / 72;
+constexpr double pixelsPerPoint = pixelsPerInch / 72;
 
 struct SheetCommandOptions {
   std::string output;
@@ -29,7 +29,7 @@ struct SheetCommandOptions {
   std::string page = "letter";
   bool portrait = false;
   std::string size;
-  std::string lettersize;
+  std::string letterSize;
   std::string scale = "1";
   SheetOptions sheet;
 };
@@ -42,17 +42,17 @@ std::string today() {
   return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d", &local)};
 }
 
-SheetOptions sheetof(const SheetCommandOptions& options) {
+SheetOptions sheetOf(const SheetCommandOptions& options) {
   SheetOptions sheet = options.sheet;
-  const auto page = pagenamed(options.size.empty() ? options.page : options.size, options.portrait);
-  if (!page) throw badusage("a page is letter, a4, tabloid, a3, or " + sizeinwords());
+  const auto page = pageNamed(options.size.empty() ? options.page : options.size, options.portrait);
+  if (!page) throw badUsage("a page is letter, a4, tabloid, a3, or " + sizeInWords());
   sheet.page = *page;
-  if (!options.lettersize.empty()) sheet.lettersize = numberof(options.lettersize, "font size") * pixelsperpoint;
-  if (!options.lettersize.empty() && !(sheet.lettersize >= leastletters && sheet.lettersize <= mostletters)) {
-    throw badusage("font size must be from 3.75 to 30 points");
+  if (!options.letterSize.empty()) sheet.letterSize = numberOf(options.letterSize, "font size") * pixelsPerPoint;
+  if (!options.letterSize.empty() && !(sheet.letterSize >= leastLetters && sheet.letterSize <= mostLetters)) {
+    throw badUsage("font size must be from 3.75 to 30 points");
   }
-  for (const std::string* text : {&sheet.title, &sheet.project, &sheet.drawnby, &sheet.date}) {
-    if (!isutf8(*text)) throw badusage("texts must be in UTF-8");
+  for (const std::string* text : {&sheet.title, &sheet.project, &sheet.drawnBy, &sheet.date}) {
+    if (!isUtf8(*text)) throw badUsage("texts must be in UTF-8");
   }
   if (sheet.date.empty()) sheet.date = today();
   sheet.program = std::string("Moistair ") + MOISTAIR_VERSION;
@@ -60,30 +60,30 @@ SheetOptions sheetof(const SheetCommandOptions& options) {
 }
 
 /// What the document's own title block says, where no option says otherwise.
-void taketitles(SheetOptions& sheet, const std::optional<TitleBlock>& block, const CLI::App& command) {
+void takeTitles(SheetOptions& sheet, const std::optional<TitleBlock>& block, const CLI::App& command) {
   if (!block) return;
   const auto take = [&](const char* option, std::string& text, const std::string& own) {
     if (command.get_option(option)->count() == 0) text = own;
   };
   take("--title", sheet.title, block->title);
   take("--project", sheet.project, block->project);
-  take("--drawn-by", sheet.drawnby, block->drawnby);
+  take("--drawn-by", sheet.drawnBy, block->drawnBy);
 }
 
-void runsheet(const CLI::App& command, const SheetCommandOptions& options) {
-  constexpr WindowSize window{defaultwidth * twipsperpixel, defaultheight * twipsperpixel};
-  SheetOptions sheet = sheetof(options);
-  ChartDocument begun = begundocument(options.document);
-  taketitles(sheet, begun.document.titleblock, command);
+void runSheet(const CLI::App& command, const SheetCommandOptions& options) {
+  constexpr WindowSize window{defaultWidth * twipsPerPixel, defaultHeight * twipsPerPixel};
+  SheetOptions sheet = sheetOf(options);
+  ChartDocument begun = begunDocument(options.document);
+  takeTitles(sheet, begun.document.titleBlock, command);
   RecordingCanvas canvas;
   constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
   // What is out of the limits is found while what paints is loaded.
-  auto drawn = std::async(either, [&] { return leaveout(begun.document, window); });
-  const Painter painter = painterofname(options.output);
-  if (painter.format == nullptr) throw badusage(options.output + ": the ending must be .pdf .svg .png or .bmp");
-  const double scale = scaleof(options.scale, painter.pixels, sheet.page.width, sheet.page.height);
-  completedocument(begun, drawn.get(), canvas, window, command, options.document);
-  const std::string bytes = painter.sheet(*painter.format, contentof(begun.document), sheet, scale);
+  auto drawn = std::async(either, [&] { return leaveOut(begun.document, window); });
+  const Painter painter = painterOfName(options.output);
+  if (painter.format == nullptr) throw badUsage(options.output + ": the ending must be .pdf .svg .png or .bmp");
+  const double scale = scaleOf(options.scale, painter.pixels, sheet.page.width, sheet.page.height);
+  completeDocument(begun, drawn.get(), canvas, window, command, options.document);
+  const std::string bytes = painter.sheet(*painter.format, contentOf(begun.document), sheet, scale);
   if (bytes.empty()) throw failure("there is not enough memory for the picture");
   Output output(options.output, begun.input.get());
   output.write(bytes);
@@ -92,7 +92,7 @@ void runsheet(const CLI::App& command, const SheetCommandOptions& options) {
 
 /// An option that is one of some words.
 template <std::size_t count, class Choice>
-void addchoice(CLI::App& command, const char* name, const std::array<const char*, count>& words, Choice& choice,
+void addChoice(CLI::App& command, const char* name, const std::array<const char*, count>& words, Choice& choice,
                const char* description) {
   std::map<std::string, Choice> choices;
   for (std::size_t i = 0; i < count; ++i) choices[words[i]] = static_cast<Choice>(i);
@@ -103,7 +103,7 @@ void addchoice(CLI::App& command, const char* name, const std::array<const char*
       ->type_name("WORD");
 }
 
-void addlook(CLI::App& command, SheetCommandOptions& options) {
+void addLook(CLI::App& command, SheetCommandOptions& options) {
   SheetOptions& sheet = options.sheet;
   CLI::Option* page = command.add_option("--page", options.page,
                                          "letter, a4, tabloid or a3, or two sides such as 1200x800 in pixels of 1/96 "
@@ -113,46 +113,46 @@ void addlook(CLI::App& command, SheetCommandOptions& options) {
       ->type_name("WIDTHxHEIGHT")
       ->excludes(page);
   command.add_flag("--portrait", options.portrait, "a named page stands on its short side");
-  addchoice(command, "--colors", colornames, sheet.colors, "color, grey or dark; color if not given");
+  addChoice(command, "--colors", colorNames, sheet.colors, "color, grey or dark; color if not given");
   command
-      .add_option("--font-size", options.lettersize,
+      .add_option("--font-size", options.letterSize,
                   "of the numbers on the scales, all else in proportion; what suits the page, 7.5 points on a letter, "
                   "if not given")
       ->type_name("POINTS");
   command.add_option("--scale", options.scale, "picture pixels to the pixel, for .png and .bmp")->type_name("NUMBER");
   constexpr std::array<const char*, 2> labels = {"names", "numbers"};
-  addchoice(command, "--labels", labels, sheet.labels, "what points are called; names if they have any");
-  command.add_flag("--enthalpy-lines", sheet.enthalpylines, "draw lines of constant enthalpy through the chart");
+  addChoice(command, "--labels", labels, sheet.labels, "what points are called; names if they have any");
+  command.add_flag("--enthalpy-lines", sheet.enthalpyLines, "draw lines of constant enthalpy through the chart");
   const auto without = [&](const char* name, bool& part, const char* description) {
     command.add_flag_callback(
         name, [&part] { part = false; }, description);
   };
   without("--no-protractor", sheet.protractor, "leave the protractor of sensible heat ratios out");
   without("--no-table", sheet.table, "leave the table of states out");
-  without("--no-title-block", sheet.titleblock, "leave the title block out");
+  without("--no-title-block", sheet.titleBlock, "leave the title block out");
 }
 
-void addtexts(CLI::App& command, SheetOptions& sheet) {
+void addTexts(CLI::App& command, SheetOptions& sheet) {
   const auto text = [&](const char* name, std::string& value, const char* description) {
     command.add_option(name, value, description)->type_name("TEXT")->group("Title block");
   };
   text("--title", sheet.title, "what the sheet shows");
   text("--project", sheet.project, "what it is for");
-  text("--drawn-by", sheet.drawnby, "who has made it");
+  text("--drawn-by", sheet.drawnBy, "who has made it");
   text("--date", sheet.date, "when; today if not given");
 }
 
 }  // namespace
 
-void addsheetcommand(CLI::App& app) {
+void addSheetCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("sheet", "Lay a chart out for print, with table and title block");
   const auto options = std::make_shared<SheetCommandOptions>();
   options->sheet.title = "Psychrometric chart";
   command->add_option("-o,--output", options->output, "the file; .pdf .svg .png .bmp")->required()->type_name("FILE");
-  addchartdocument(*command, options->document);
-  addlook(*command, *options);
-  addtexts(*command, options->sheet);
-  command->callback([options, command] { runsheet(*command, *options); });
+  addChartDocument(*command, options->document);
+  addLook(*command, *options);
+  addTexts(*command, options->sheet);
+  command->callback([options, command] { runSheet(*command, *options); });
 }
 
 }  // namespace moistair

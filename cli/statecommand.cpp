@@ -34,33 +34,33 @@ struct StateOptions {
   ExactOptions exact;
 };
 
-void appendline(std::string& out, const std::string& caption, const std::string& value) {
+void appendLine(std::string& out, const std::string& caption, const std::string& value) {
   std::string cell;
-  appendaligned(cell, value, pointcolumn);
-  appendcolumns(out, caption, {cell});
+  appendAligned(cell, value, pointColumn);
+  appendColumns(out, caption, {cell});
 }
 
-std::string astable(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
+std::string asTable(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
   std::string out;
-  appendline(out, pressurecaption(pressure.entry), pressure.entry.text);
+  appendLine(out, pressureCaption(pressure.entry), pressure.entry.text);
   for (const Property& property : propertyTable) {
     if (!resolution.resolved()) break;
-    appendline(out, property.caption, tableValue(valueOf(property, resolution.point, pressure.atm)));
+    appendLine(out, property.caption, tableValue(valueOf(property, resolution.point, pressure.atm)));
   }
-  return check ? out + checktable(*check) : out;
+  return check ? out + checkTable(*check) : out;
 }
 
-std::string asjson(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
+std::string asJson(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
   Json json;
   if (resolution.resolved()) {
-    json = statejson(resolution.point, pressure.atm);
+    json = stateJson(resolution.point, pressure.atm);
     json["iterations"] = resolution.iterations;
   }
-  if (check) json["check"] = checkjson(*check);
-  return jsontext(json) + "\n";
+  if (check) json["check"] = checkJson(*check);
+  return jsonText(json) + "\n";
 }
 
-std::string ascsv(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
+std::string asCsv(const Resolution& resolution, const std::optional<Check>& check, const Pressure& pressure) {
   std::string names;
   std::string values;
   for (const Property& property : propertyTable) {
@@ -69,55 +69,55 @@ std::string ascsv(const Resolution& resolution, const std::optional<Check>& chec
       values += ',';
     }
     names += property.key;
-    if (resolution.resolved()) appendsevendecimals(values, valueOf(property, resolution.point, pressure.atm));
+    if (resolution.resolved()) appendSevenDecimals(values, valueOf(property, resolution.point, pressure.atm));
   }
   if (check) {
-    for (const char* name : checkcolumns) names += std::string(",") + name;
-    appendcells(values, *check, appendsevendecimals);
+    for (const char* name : checkColumns) names += std::string(",") + name;
+    appendCells(values, *check, appendSevenDecimals);
   }
   return names + "\n" + values + "\n";
 }
 
-void runstate(const StateOptions& options) {
+void runState(const StateOptions& options) {
   std::vector<TypedValue> assignments;
-  std::transform(options.pair.begin(), options.pair.end(), std::back_inserter(assignments), assignmentof);
-  const GivenPair pair = pairof(assignments);
-  const Pressure pressure = pressureof(options.pressure);
+  std::transform(options.pair.begin(), options.pair.end(), std::back_inserter(assignments), assignmentOf);
+  const GivenPair pair = pairOf(assignments);
+  const Pressure pressure = pressureOf(options.pressure);
   const PairOfGiven given{pair.first, pair.second};
-  Resolution resolution = resolve(pair, pressure.atm, findersof(options.limits));
+  Resolution resolution = resolve(pair, pressure.atm, findersOf(options.limits));
   if (options.exact.exact) {
     resolution = exactResolution("", given, pressure.atm, resolution);
   } else if (resolution.resolved()) {
     warnOrFail("", remarkOn(judged(given, resolution.point, pressure.atm), pressure.atm).words, options.exact);
   }
   std::optional<Check> check;
-  if (options.check) check = checkof(pair, pressure.atm, resolution);
+  if (options.check) check = checkOf(pair, pressure.atm, resolution);
   if (resolution.resolved() || check) {
     switch (options.format) {
-      case Format::text: writeresult(astable(resolution, check, pressure)); break;
-      case Format::json: writeresult(asjson(resolution, check, pressure)); break;
-      case Format::csv: writeresult(ascsv(resolution, check, pressure)); break;
+      case Format::text: writeResult(asTable(resolution, check, pressure)); break;
+      case Format::json: writeResult(asJson(resolution, check, pressure)); break;
+      case Format::csv: writeResult(asCsv(resolution, check, pressure)); break;
     }
   }
-  if (!resolution.resolved()) throw failure(whynot(given, pressure.atm, resolution));
+  if (!resolution.resolved()) throw failure(whyNot(given, pressure.atm, resolution));
 }
 
 }  // namespace
 
-void addstatecommand(CLI::App& app) {
+void addStateCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("state", "Print the whole state of moist air from any two of its properties");
   const auto options = std::make_shared<StateOptions>();
-  command->add_option("pair", options->pair, "two of " + kindnamelist + ", such as db=75 wb=62.5")
+  command->add_option("pair", options->pair, "two of " + kindNameList + ", such as db=75 wb=62.5")
       ->required()
       ->type_name("KIND=VALUE");
-  addpressure(*command, options->pressure);
-  addlimits(*command, options->limits, "find pairs without a temperature on the chart with these limits only");
-  addformat(*command, options->format);
+  addPressure(*command, options->pressure);
+  addLimits(*command, options->limits, "find pairs without a temperature on the chart with these limits only");
+  addFormat(*command, options->format);
   command->add_flag("--check", options->check,
                     "tell by how much the state misses the given values, and every exact answer or why there is none");
-  addexact(*command, options->exact);
-  addstrict(*command, options->exact);
-  command->callback([options] { runstate(*options); });
+  addExact(*command, options->exact);
+  addStrict(*command, options->exact);
+  command->callback([options] { runState(*options); });
 }
 
 }  // namespace moistair

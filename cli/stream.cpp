@@ -13,29 +13,29 @@ namespace moistair {
 
 namespace {
 
-bool isstandard(const std::string& path) { return path.empty() || path == "-"; }
+bool isStandard(const std::string& path) { return path.empty() || path == "-"; }
 
 std::string because() { return std::string(": ") + std::strerror(errno); }
 
 int opened(const std::string& path) {
   const int number = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (number < 0) throw badusage(path + because());
+  if (number < 0) throw badUsage(path + because());
   return number;
 }
 
 /// Whether a file to write is the one that is read; pipes and terminals may be shared.
-bool samefile(const struct stat& written, const Input& reading) {
+bool sameFile(const struct stat& written, const Input& reading) {
   struct stat read;
   return ::fstat(reading.descriptor(), &read) == 0 && S_ISREG(read.st_mode) && read.st_dev == written.st_dev &&
          read.st_ino == written.st_ino;
 }
 
-OutputFile openedforwriting(const std::string& path, const Input* reading) {
-  const bool standard = isstandard(path);
+OutputFile openedForWriting(const std::string& path, const Input* reading) {
+  const bool standard = isStandard(path);
   struct stat written;
   const bool exists = (standard ? ::fstat(STDOUT_FILENO, &written) : ::stat(path.c_str(), &written)) == 0;
-  if (reading != nullptr && exists && samefile(written, *reading)) {
-    throw badusage(reading->name() + " is read and cannot be written at the same time");
+  if (reading != nullptr && exists && sameFile(written, *reading)) {
+    throw badUsage(reading->name() + " is read and cannot be written at the same time");
   }
   return standard ? OutputFile::through(STDOUT_FILENO) : OutputFile(path);
 }
@@ -43,7 +43,7 @@ OutputFile openedforwriting(const std::string& path, const Input* reading) {
 }  // namespace
 
 Input::Input(const std::string& path)
-    : name_(isstandard(path) ? "standard input" : path), descriptor_(isstandard(path) ? STDIN_FILENO : opened(path)) {}
+    : name_(isStandard(path) ? "standard input" : path), descriptor_(isStandard(path) ? STDIN_FILENO : opened(path)) {}
 
 bool Input::read(std::string& to, std::size_t size) {
   const std::size_t before = to.size();
@@ -58,22 +58,22 @@ bool Input::read(std::string& to, std::size_t size) {
 }
 
 std::string Input::content(std::size_t longest) {
-  constexpr std::size_t readsize = 64u << 10;
+  constexpr std::size_t readSize = 64u << 10;
   std::string content;
-  while (content.size() <= longest && read(content, readsize)) {
+  while (content.size() <= longest && read(content, readSize)) {
   }
   return content;
 }
 
 Output::Output(const std::string& path, const Input* reading)
-    : name_(isstandard(path) ? "standard output" : path), file_(openedforwriting(path, reading)) {
+    : name_(isStandard(path) ? "standard output" : path), file_(openedForWriting(path, reading)) {
   check();
 }
 
 void Output::check() const {
   if (file_.outcome()) return;
   const Error& error = file_.outcome().error();
-  if (error.code == ErrorCode::notOpened) throw badusage(name_ + ": " + error.words);
+  if (error.code == ErrorCode::notOpened) throw badUsage(name_ + ": " + error.words);
   if (error.code == ErrorCode::readerGone) throw failure(name_ + " was closed by its reader before all was written");
   throw failure(name_ + " cannot be written: " + error.words);
 }
@@ -88,9 +88,9 @@ void Output::close() {
   check();
 }
 
-bool Output::isterminal() const { return ::isatty(file_.descriptor()) == 1; }
+bool Output::isTerminal() const { return ::isatty(file_.descriptor()) == 1; }
 
-void writeresult(std::string_view text) {
+void writeResult(std::string_view text) {
   Output out("");
   out.write(text);
   out.close();

@@ -45,7 +45,7 @@ public:
   /// The last chance to hear of a failure; writes nothing.
   void close();
 
-  bool isterminal() const;
+  bool isTerminal() const;
 
 private:
   /// Throws for what has gone wrong with the file.
@@ -56,6 +56,6 @@ private:
 };
 
 /// The whole of a short result to standard output.
-void writeresult(std::string_view text);
+void writeResult(std::string_view text);
 
 }  // namespace moistair

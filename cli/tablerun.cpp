@@ -30,7 +30,7 @@ public:
     counts_.failed += result.failed;
     counts_.missed += result.missed;
     counts_.nearest += result.nearest;
-    counts_.openQuote = result.openquote;
+    counts_.openQuote = result.openQuote;
     const auto now = Clock::now();
     if (!visible_ || now - shown_ < std::chrono::milliseconds(200)) return;
     shown_ = now;
@@ -66,13 +66,13 @@ private:
 void appendRecord(std::string& out, const CsvRecord& record, const TableShape& shape) {
   out += record.columns;
   const std::size_t columns = shape.selection.columns;
-  if (record.quoteopen && record.count <= columns) out += '"';
+  if (record.quoteOpen && record.count <= columns) out += '"';
   if (record.count < columns) out.append(columns - record.count, shape.delimiter);
 }
 
 /// Why a record is no row of the table; empty if it is one.
 std::string wrongRecord(const CsvRecord& record, const TableShape& shape) {
-  if (record.quoteopen) return "a quote was left open";
+  if (record.quoteOpen) return "a quote was left open";
   const std::size_t columns = shape.selection.columns;
   if (record.count == columns) return {};
   return std::to_string(record.count) + " fields where there are " + std::to_string(columns) + " columns";
@@ -99,9 +99,9 @@ void checkRows(const RowCounts& counts, const std::string& ofMissed) {
 
 unsigned jobsOf(const std::string& text) {
   constexpr double most = 256;
-  const double jobs = numberof(text, "jobs");
+  const double jobs = numberOf(text, "jobs");
   if (!(jobs >= 1 && jobs <= most && jobs == std::floor(jobs)))
-    throw badusage("jobs must be a whole number from 1 to 256");
+    throw badUsage("jobs must be a whole number from 1 to 256");
   return static_cast<unsigned>(jobs);
 }
 
@@ -111,40 +111,40 @@ namespace {
 void checkLineEnd(std::string_view field, const std::string& filename) {
   const std::string_view plain = field.starts_with('"') ? field.substr(field.rfind('"')) : field;
   if (plain.find('\r') == std::string_view::npos) return;
-  throw badusage(filename + ": the lines end in carriage returns alone; save the table with line feeds");
+  throw badUsage(filename + ": the lines end in carriage returns alone; save the table with line feeds");
 }
 
 }  // namespace
 
 std::size_t eachColumn(const CsvRecord& header, const std::string& filename, char delimiter,
                        const std::function<void(const std::string& name, std::size_t place)>& see) {
-  if (header.quoteopen) throw badusage(filename + ": the first line leaves a quote open");
+  if (header.quoteOpen) throw badUsage(filename + ": the first line leaves a quote open");
   if (header.raw.find('\0') != std::string_view::npos) {
-    throw badusage(filename + ": the first line holds zero bytes, so this is no table in UTF-8");
+    throw badUsage(filename + ": the first line holds zero bytes, so this is no table in UTF-8");
   }
   std::size_t place = 0;
   std::string scratch;
-  eachfield(header.raw, delimiter, [&](std::string_view field) {
+  eachField(header.raw, delimiter, [&](std::string_view field) {
     checkLineEnd(field, filename);
     if (place == 0 && field.starts_with(byteOrderMark)) field.remove_prefix(byteOrderMark.size());
-    see(std::string(trimmed(fieldtext(field, scratch))), place);
+    see(std::string(trimmed(fieldText(field, scratch))), place);
     ++place;
   });
   return place;
 }
 
-std::string_view RowCells::at(std::size_t place) { return trimmed(fieldtext(record_.fields[place], scratch_)); }
+std::string_view RowCells::at(std::size_t place) { return trimmed(fieldText(record_.fields[place], scratch_)); }
 
 void takeColumn(std::optional<std::size_t>& taken, CsvSelection& selection, const std::string& name,
                 std::size_t place) {
-  if (taken) throw badusage("the first line names the column " + name + " twice");
+  if (taken) throw badUsage("the first line names the column " + name + " twice");
   taken = selection.wanted.size();
   selection.wanted.push_back(place);
 }
 
 bool PressureColumns::take(const std::string& name, CsvSelection& selection, std::size_t place) {
-  for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
-    if (lowercase(name) != pressurenames[unit].name) continue;
+  for (std::size_t unit = 0; unit < pressureNames.size(); ++unit) {
+    if (lowercase(name) != pressureNames[unit].name) continue;
     takeColumn(cells_[unit], selection, name, place);
     return true;
   }
@@ -158,13 +158,13 @@ bool PressureColumns::any() const {
 PressureOrReason PressureColumns::pressureOf(RowCells& cells, double ofAll) const {
   PressureOrReason pressure = ofAll;
   bool given = false;
-  for (std::size_t unit = 0; unit < pressurenames.size(); ++unit) {
+  for (std::size_t unit = 0; unit < pressureNames.size(); ++unit) {
     if (!cells_[unit]) continue;
     const std::string_view cell = cells.at(*cells_[unit]);
     if (cell.empty()) continue;
     if (given) return "the pressure is given twice";
     given = true;
-    pressure = moistair::pressureof(pressurenames[unit], cell);
+    pressure = moistair::pressureOf(pressureNames[unit], cell);
   }
   return pressure;
 }
@@ -173,12 +173,12 @@ BatchResult fillRows(std::string_view block, const TableShape& shape, const Fill
   BatchResult result;
   CsvRecord record;
   std::string further;
-  while (takerecord(block, record, shape.delimiter, shape.selection)) {
+  while (takeRecord(block, record, shape.delimiter, shape.selection)) {
     if (record.blank()) continue;
     ++result.rows;
-    if (record.quoteopen) {
+    if (record.quoteOpen) {
       const std::string_view lines = record.raw.substr(0, record.raw.size() - (record.raw.ends_with('\n') ? 1 : 0));
-      result.openquote = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
+      result.openQuote = static_cast<std::size_t>(std::count(lines.begin(), lines.end(), '\n'));
     }
     appendRecord(result.text, record, shape);
     const std::size_t begin = result.text.size();
@@ -196,7 +196,7 @@ BatchResult fillRows(std::string_view block, const TableShape& shape, const Fill
       result.text.append(shape.results, shape.delimiter);
     }
     result.text += shape.delimiter;
-    appendfield(result.text, row.status, shape.delimiter);
+    appendField(result.text, row.status, shape.delimiter);
     result.text += further;
     result.text += shape.lineEnd;
   }
@@ -206,19 +206,19 @@ BatchResult fillRows(std::string_view block, const TableShape& shape, const Fill
 CsvRecord TableReader::header() {
   CsvRecord header;
   while (fetch()) {
-    while (takerecord(rest_, header, delimiter_)) {
+    while (takeRecord(rest_, header, delimiter_)) {
       if (!header.blank()) return header;
     }
   }
-  throw badusage(reader_.gaveup() ? input_.name() + ": the first line is longer than 8 MB; lines must end in line feeds"
+  throw badUsage(reader_.gaveUp() ? input_.name() + ": the first line is longer than 8 MB; lines must end in line feeds"
                                   : input_.name() + " is empty");
 }
 
 RowCounts TableReader::run(std::size_t columns, const std::function<BatchResult(const std::string& block)>& work,
                            Output& output, unsigned jobs) {
   columns_ = columns;
-  Progress progress(::isatty(STDERR_FILENO) == 1 && !output.isterminal());
-  runinorder({.read = [&] { return next(); },
+  Progress progress(::isatty(STDERR_FILENO) == 1 && !output.isTerminal());
+  runInOrder({.read = [&] { return next(); },
               .work = work,
               .write =
                   [&](const BatchResult& result) {
@@ -226,7 +226,7 @@ RowCounts TableReader::run(std::size_t columns, const std::function<BatchResult(
                     progress.add(result);
                   }},
              jobs);
-  if (reader_.gaveup()) {
+  if (reader_.gaveUp()) {
     throw failure(input_.name() + ", row " + std::to_string(progress.counts().rows + 1) +
                   ": more than 8 MB without the end of the row; a quote may have been left open");
   }
@@ -243,7 +243,7 @@ std::optional<std::string> TableReader::next() {
     rest_ = {};
   } else {
     CsvRecord record;
-    for (std::size_t i = 0; i < rows; ++i) takerecord(rest_, record, delimiter_);
+    for (std::size_t i = 0; i < rows; ++i) takeRecord(rest_, record, delimiter_);
     piece.remove_suffix(rest_.size());
   }
   return std::string(piece);

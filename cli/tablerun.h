@@ -61,7 +61,7 @@ public:
   PressureOrReason pressureOf(RowCells& cells, double ofAll) const;
 
 private:
-  std::array<std::optional<std::size_t>, pressurenames.size()> cells_;
+  std::array<std::optional<std::size_t>, pressureNames.size()> cells_;
 };
 
 /// Adds a column to a selection; bad usage if it is `taken` already.

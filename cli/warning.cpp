@@ -15,12 +15,12 @@ std::string of(const std::string& what, const std::string& words) { return what.
 
 void warn(std::string_view text) { say("warning: " + std::string(text)); }
 
-void addexact(CLI::App& command, ExactOptions& options) {
+void addExact(CLI::App& command, ExactOptions& options) {
   command.add_flag("--exact", options.exact,
                    "take the exact state in place of the search's; of several the one nearest to it");
 }
 
-void addstrict(CLI::App& command, ExactOptions& options) {
+void addStrict(CLI::App& command, ExactOptions& options) {
   command.add_flag("--strict", options.strict, "fail where a state visibly misses a given value");
 }
 

@@ -23,8 +23,8 @@ struct ExactOptions {
   bool strict = false;  ///< a state that visibly misses a given value is an error
 };
 
-void addexact(CLI::App& command, ExactOptions& options);
-void addstrict(CLI::App& command, ExactOptions& options);
+void addExact(CLI::App& command, ExactOptions& options);
+void addStrict(CLI::App& command, ExactOptions& options);
 
 /// Warns of a state that misses something, or throws it as a failure if that was asked for.
 /// @param what the state is of, such as "Point A"; empty where there is one only

@@ -38,7 +38,7 @@ double crossing(const F& f, double a, double fa, double b, double fb) {
     t = 0.5;
     if (phi * phi < xi && (1 - phi) * (1 - phi) < 1 - xi) {
       const double guess = fa / (fb - fa) * fc / (fb - fc) + (c - a) / (b - a) * fa / (fc - fa) * fb / (fc - fb);
-      if (hasvalue(guess)) t = std::clamp(guess, finest, 1 - finest);
+      if (hasValue(guess)) t = std::clamp(guess, finest, 1 - finest);
     }
   }
   return a;

@@ -10,7 +10,7 @@ std::vector<Miss> missedBy(const PairOfGiven& pair, const StatePoint& found, dou
   std::vector<Miss> missed;
   for (const Given& given : pair) {
     const double off = residual(given, found, atm);
-    if (canbeseen(given.kind, off)) missed.push_back({given.kind, given.value, given.value + off});
+    if (canBeSeen(given.kind, off)) missed.push_back({given.kind, given.value, given.value + off});
   }
   return missed;
 }
@@ -18,7 +18,7 @@ std::vector<Miss> missedBy(const PairOfGiven& pair, const StatePoint& found, dou
 Missed judged(const PairOfGiven& pair, const StatePoint& found, double atm) {
   Missed missed{missedBy(pair, found, atm), {}};
   if (!missed.any()) return missed;
-  missed.exact = answers(pair[0], pair[1], atm);
+  missed.exact = exactSolutions(pair[0], pair[1], atm);
   sortNearestFirst(missed.exact.states, found);
   return missed;
 }
@@ -38,7 +38,7 @@ Resolution resolutionOf(const StatePoint& state) {
 }
 
 ExactChoice exactChoice(const PairOfGiven& pair, double atm, const Resolution& resolution) {
-  ExactChoice choice{std::nullopt, answers(pair[0], pair[1], atm)};
+  ExactChoice choice{std::nullopt, exactSolutions(pair[0], pair[1], atm)};
   std::vector<StatePoint>& states = choice.all.states;
   if (resolution.resolved()) sortNearestFirst(states, resolution.point);
   if (states.size() == 1 || (!states.empty() && resolution.resolved())) choice.state = states.front();

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-#include "engine/answers.h"
+#include "engine/exactsolutions.h"
 #include "engine/resolver.h"
 
 namespace moistair {
@@ -32,7 +32,7 @@ std::vector<Miss> missedBy(const PairOfGiven& pair, const StatePoint& found, dou
 /// What a state visibly misses, and what there is in its place.
 struct Missed {
   std::vector<Miss> values;
-  Answers exact;  ///< the nearest to the found state first; looked for only where a value is missed
+  ExactSolutions exact;  ///< the nearest to the found state first; looked for only where a value is missed
 
   bool any() const { return !values.empty(); }
 };
@@ -45,7 +45,7 @@ void sortNearestFirst(std::vector<StatePoint>& states, const StatePoint& found);
 /// The exact state in place of what a search found.
 struct ExactChoice {
   std::optional<StatePoint> state;  ///< the only one, or the nearest; none of several where the search found nothing
-  Answers all;                      ///< the nearest first if the search found a state
+  ExactSolutions all;               ///< the nearest first if the search found a state
 };
 
 /// A state as if a search had found it.

@@ -3,14 +3,14 @@
 ///
 /// Pure functions, the bottom of the program: the searches, the chart, the mixing balance and the pressure window all
 /// call them. A state is given by dry bulb, wet bulb and atmospheric pressure, and every other property is a function
-/// of those three; `psychro_wrh` alone starts from the relative humidity and `psychro_dp` from the vapour pressure.
+/// of those three; `psychro_wrh` alone starts from the relative humidity and `psychro_dp` from the vapor pressure.
 ///
 /// Units: temperatures in deg F, pressures in in Hg, relative humidity in percent, humidity ratio in lb of water per lb
 /// of dry air, enthalpy in Btu per lb of dry air, specific volume in cu ft per lb of dry air, elevation in ft.
 ///
 /// The constants are part of the product: what an engineer reads off the chart depends on each digit of them, also
-/// where one stands a little beside its ideal (0.555556 for 5/9). Results are not clamped: a wet bulb far below the dry
-/// bulb gives a negative vapour pressure, and the searches rely on it. Where a function has no value it returns NaN
+/// where one is a little off its ideal (0.555556 for 5/9). Results are not clamped: a wet bulb far below the dry
+/// bulb gives a negative vapor pressure, and the searches rely on it. Where a function has no value it returns NaN
 /// (value.h).
 #pragma once
 
@@ -19,26 +19,26 @@
 namespace moistair {
 
 /// The atmospheric pressure that the program starts with [in Hg].
-inline constexpr double defaultpressure = 29.92126;
+inline constexpr double defaultPressure = 29.92126;
 
 /// No state that the program shows has a higher humidity ratio, and no chart goes beyond it [lb/lb].
 inline constexpr double greatestRatio = 0.03;
 
 /// Absolute zero [deg F]: no temperature at or below it has a saturation pressure.
-inline constexpr double absolutezero = -459.67;
+inline constexpr double absoluteZero = -459.67;
 
 /// Base-10 logarithm, as ln(number) / ln(10). No value unless number is above 0.
 double log10(double number);
 
-/// Saturation vapour pressure over ice or water [in Hg].
+/// Saturation vapor pressure over ice or water [in Hg].
 /// @param temp temperature [deg F]. No value at absolute zero (-459.67) and below, nor where the pressure overflows.
 /// Source: Hyland and Wexler (1983), constant term shifted by ln 1000 for kPa; over ice below 273.15 K.
 double psychro_pvs(double temp);
 
 /// Slope of the logarithm of that pressure by the temperature [1/deg F]. No value at absolute zero and below.
-double lnsaturationslope(double temp);
+double lnSaturationSlope(double temp);
 
-/// Vapour pressure of a state [in Hg], negative where the wet bulb lies far below the dry bulb.
+/// Vapor pressure of a state [in Hg], negative where the wet bulb lies far below the dry bulb.
 /// @param db dry bulb [deg F]
 /// @param wb wet bulb [deg F]; up to 32 the psychrometer equation over ice holds, above it the adiabatic balance.
 /// @param atm atmospheric pressure [in Hg]. No value where it equals the saturation pressure at wb, wb above 32.
@@ -46,10 +46,10 @@ double lnsaturationslope(double temp);
 /// Psychrometrics: humidity ratio from the wet bulb, with the constants of steam tables in Btu/lb.
 double psychro_pv1(double db, double wb, double atm);
 
-/// Dew point of a vapour pressure [deg F]. No value unless this_pv [in Hg] is above 0.
-/// The two forms do not meet: at 0.18036 in Hg the result jumps from 31.996 to 32.214, and no vapour pressure has a dew
+/// Dew point of a vapor pressure [deg F]. No value unless this_pv [in Hg] is above 0.
+/// The two forms do not meet: at 0.18036 in Hg the result jumps from 31.996 to 32.214, and no vapor pressure has a dew
 /// point between those.
-/// Source: ASHRAE Handbook, Fundamentals (1977): quadratic in the logarithm of the vapour pressure, below and above 32
+/// Source: ASHRAE Handbook, Fundamentals (1977): quadratic in the logarithm of the vapor pressure, below and above 32
 /// F.
 double psychro_dp(double this_pv);
 
@@ -65,13 +65,13 @@ double psychro_rh(double db, double wb, double atm);
 /// Source: perfect gas, 0.754 (t + 459.7) (1 + 7000 W / 4360) / p.
 double psychro_v(double db, double wb, double atm);
 
-/// Humidity ratio of a state [lb/lb of dry air]. No value where the vapour pressure equals atm.
+/// Humidity ratio of a state [lb/lb of dry air]. No value where the vapor pressure equals atm.
 /// Source: perfect gases, W = 0.62198 pv / (p - pv).
 double psychro_w(double db, double wb, double atm);
 
 /// Humidity ratio of a dry bulb [deg F] and a relative humidity [percent], worked in standard atmospheres.
 /// It does not go through the wet bulb and so differs a little from psychro_w of the same state.
-/// No value where the vapour pressure equals atm [in Hg].
+/// No value where the vapor pressure equals atm [in Hg].
 double psychro_wrh(double db, double rh, double atm);
 
 /// Atmospheric pressure at an elevation [ft], in in Hg. No value from about 145446 ft up, where the base goes negative.
@@ -86,10 +86,10 @@ double psychro_atm(double elev);
 inline constexpr double kelvinsPerDegree = 0.555556;
 
 /// Molar mass of water over that of dry air.
-inline constexpr double massratio = 0.62198;
+inline constexpr double massRatio = 0.62198;
 
 /// The wet bulb up to which the psychrometer equation over ice holds [deg F].
-inline constexpr double icewetbulb = 32;
+inline constexpr double iceWetBulb = 32;
 
 /// Of the psychrometer equation over ice, per kelvin of what the wet bulb lies below the dry bulb.
 inline constexpr double psychrometerTerm = 0.0005704;
@@ -119,45 +119,45 @@ inline constexpr double atmospheresPerInHg = 0.03342105;
 
 /// \name The same equations in steps
 /// For whoever has a term at hand already: a search the saturation pressure of a temperature that stays, a whole state
-/// its vapour pressure. Each function above is made of these, so they give the same digits.
+/// its vapor pressure. Each function above is made of these, so they give the same digits.
 /// \{
 
-/// Vapour pressure of a humidity ratio w: psychro_w run backwards.
-inline double pressureofratio(double w, double atm) { return valueof(atm * quotient(w, massratio + w)); }
+/// Vapor pressure of a humidity ratio w: psychro_w run backward.
+inline double pressureOfRatio(double w, double atm) { return valueOf(atm * quotient(w, massRatio + w)); }
 
 /// psychro_pv1 by the saturation pressure ps [in Hg] at the wet bulb.
-inline double vaporpressureof(double db, double wb, double atm, double ps) {
-  if (wb <= icewetbulb) return valueof(ps - (psychrometerTerm * atm * (db - wb)) / degreesPerKelvin);
-  const double ws = quotient(ps, atm - ps) * massratio;
+inline double vaporPressureOf(double db, double wb, double atm, double ps) {
+  if (wb <= iceWetBulb) return valueOf(ps - (psychrometerTerm * atm * (db - wb)) / degreesPerKelvin);
+  const double ws = quotient(ps, atm - ps) * massRatio;
   const double c = dryAirHeat + balanceVaporHeat * ws;
   const double d = balanceHeat + balanceVaporHeat * (db - wb);
-  return pressureofratio(ws - quotient(c * (db - wb), d), atm);
+  return pressureOfRatio(ws - quotient(c * (db - wb), d), atm);
 }
 
-/// psychro_rh by the vapour pressure pv and the saturation pressure ps at the dry bulb [in Hg].
-inline double humidityof(double pv, double ps) { return quotient(100 * pv, ps); }
+/// psychro_rh by the vapor pressure pv and the saturation pressure ps at the dry bulb [in Hg].
+inline double humidityOf(double pv, double ps) { return quotient(100 * pv, ps); }
 
-/// psychro_w by the vapour pressure pv [in Hg].
-inline double ratioof(double pv, double atm) { return quotient(massratio * pv, atm - pv); }
+/// psychro_w by the vapor pressure pv [in Hg].
+inline double ratioOf(double pv, double atm) { return quotient(massRatio * pv, atm - pv); }
 
-/// Enthalpy of the vapour in it by the dry bulb [Btu/lb].
+/// Enthalpy of the vapor in it by the dry bulb [Btu/lb].
 inline double vaporEnthalpy(double db) { return vaporEnthalpyAtZero + vaporHeat * db; }
 
 /// Heat that warms air with so much water by a degree [Btu/lb of dry air to the deg F].
 inline double sensibleHeat(double w) { return dryAirHeat + vaporHeat * w; }
 
 /// psychro_h by the humidity ratio w.
-inline double enthalpyof(double db, double w) { return valueof(dryAirHeat * db + vaporEnthalpy(db) * w); }
+inline double enthalpyOf(double db, double w) { return valueOf(dryAirHeat * db + vaporEnthalpy(db) * w); }
 
 /// psychro_v by the humidity ratio w; its first factor follows from the dry bulb alone.
-inline double volumefactor(double db) { return dryAirConstant * (db - volumeZero); }
+inline double volumeFactor(double db) { return dryAirConstant * (db - volumeZero); }
 inline double roominess(double w) { return 1 + (grainsPerPound * w) / grainsAsRoomy; }
-inline double volumeof(double factor, double w, double atm) { return quotient(factor * roominess(w), atm); }
+inline double volumeOf(double factor, double w, double atm) { return quotient(factor * roominess(w), atm); }
 
 /// psychro_wrh by the saturation pressure ps [in Hg] at the dry bulb.
-inline double ratioofrh(double ps, double rh, double atm) {
+inline double ratioOfRh(double ps, double rh, double atm) {
   const double d = (ps * atmospheresPerInHg * rh) / 100;
-  return quotient(d * massratio, atm * atmospheresPerInHg - d);
+  return quotient(d * massRatio, atm * atmospheresPerInHg - d);
 }
 /// \}
 

@@ -13,9 +13,9 @@ namespace moistair {
 
 /// How an inner solver completes a dry bulb and the given property to a state.
 enum class Completion {
-  rhsearch,  ///< searches the wet bulb that gives the relative humidity
-  hwalk,     ///< walks to the wet bulb of the enthalpy, in steps of 0.1
-  vsearch,   ///< searches the wet bulb that gives the specific volume
+  rhSearch,  ///< searches the wet bulb that gives the relative humidity
+  hWalk,     ///< walks to the wet bulb of the enthalpy, in steps of 0.1
+  vSearch,   ///< searches the wet bulb that gives the specific volume
 };
 
 /// One nested row of the pair table, as data.
@@ -27,19 +27,19 @@ struct NestedSearch {
   PropertyKind target;
   double tolerance;
   bool rises;                   ///< whether the returned property rises with the dry bulb
-  bool acceptedwithin = false;  ///< judged by its last value lying within 0.5 of the target, not by the iterations
-  bool wetbulbofh = false;      ///< wet bulb walked anew from the enthalpy; if not, that of the last inner solver
+  bool acceptedWithin = false;  ///< judged by its last value lying within 0.5 of the target, not by the iterations
+  bool wetBulbOfH = false;      ///< wet bulb walked again from the enthalpy; if not, that of the last inner solver
 };
 
 struct NestedResult {
   int iterations = 0;
   bool failed = false;
-  bool rangefound = false;  ///< whether the finder saw the line; if not, the search ran on the range of an earlier one
+  bool rangeFound = false;  ///< whether the finder saw the line; if not, the search ran on the range of an earlier one
 };
 
-/// Finds db and wb of a state whose two properties stand in `point`. Without a range finder, and on a range of 0 to 0,
+/// Finds db and wb of a state whose two properties are in `point`. Without a range finder, and on a range of 0 to 0,
 /// the search sits at a dry bulb of 0 for its 100 iterations and fails.
-NestedResult nestedsearch(const NestedSearch& search, StatePoint& point, double atm, const RangeFinders& finders,
+NestedResult nestedSearch(const NestedSearch& search, StatePoint& point, double atm, const RangeFinders& finders,
                           SolverFields& fields);
 
 }  // namespace moistair

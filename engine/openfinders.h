@@ -11,6 +11,6 @@ namespace moistair {
 /// - relative humidity: up from 1; the range runs from one degree below the first dry bulb that counts to the last
 /// - enthalpy: down from 119; from one degree below the last that counts to two above the first
 /// - specific volume, 0 < v <= 78: down from 119; from the last that counts to one above the first
-const RangeFinders& openrangefinders(Way way = Way::quick);
+const RangeFinders& openRangeFinders(SearchMode mode = SearchMode::accelerated);
 
 }  // namespace moistair

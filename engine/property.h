@@ -24,7 +24,7 @@ namespace moistair {
 /// In the order of the drop-down lists, of files and of the tool's columns.
 enum class PropertyKind { db, wb, rh, w, h, dp, v, pv };
 
-inline constexpr int kindcount = 7;          ///< so many of them, from the first, can fix a state
+inline constexpr int kindCount = 7;          ///< so many of them, from the first, can fix a state
 inline constexpr std::size_t heldCount = 8;  ///< so many a state holds; what is behind them is worked out
 
 /// One state of moist air, in the units of moistair.h. `pv` [in Hg] follows from the rest.
@@ -45,11 +45,11 @@ struct StateTexts {
 };
 
 /// What a value may be: above the first and up to the second.
-struct Limits {
+struct Range {
   double above;
-  double upto;
+  double upTo;
 
-  bool accept(double value) const { return value > above && value <= upto; }
+  bool accept(double value) const { return value > above && value <= upTo; }
 };
 
 inline constexpr double unbounded = std::numeric_limits<double>::infinity();
@@ -70,7 +70,7 @@ struct Property {
   const char* sheetUnit;          ///< below that
   int sheetDecimals;              ///< that an engineer reads
   double visible;                 ///< what of it can be seen on a chart
-  Limits bound;                   ///< of a state, whatever pair it was found from
+  Range bound;                    ///< of a state, whatever pair it was found from
   double StatePoint::*value;      ///< null for a property that is worked out
   std::string StateTexts::*text;  ///< null for a property that is worked out
   double (*workedOut)(const StatePoint& state, double atm) = nullptr;  ///< null for a property that a state holds
@@ -157,22 +157,22 @@ constexpr std::size_t columnOf(PropertyKind kind) {
 }
 
 /// The texts of the drop-down lists; a kind's index in the list is its value.
-inline constexpr std::array<const char*, kindcount> kindtexts = [] {
-  std::array<const char*, kindcount> texts{};
+inline constexpr std::array<const char*, kindCount> kindTexts = [] {
+  std::array<const char*, kindCount> texts{};
   for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = propertyTable[i].listText;
   return texts;
 }();
 
 /// The kind at an index of the drop-down lists, none for -1.
-std::optional<PropertyKind> kindat(int index);
+std::optional<PropertyKind> kindAt(int index);
 
 /// The kind of a key among those that can fix a state.
-std::optional<PropertyKind> kindnamed(std::string_view key);
+std::optional<PropertyKind> kindNamed(std::string_view key);
 
-constexpr const char* nameof(PropertyKind kind) { return propertyOf(kind).key; }
+constexpr const char* nameOf(PropertyKind kind) { return propertyOf(kind).key; }
 
 /// The bound on a kind's values in a state; the dew point and the vapor pressure have none.
-constexpr Limits boundof(PropertyKind kind) { return propertyOf(kind).bound; }
+constexpr Range boundOf(PropertyKind kind) { return propertyOf(kind).bound; }
 
 /// The keys of the kinds that can fix a state, for who has to type one: "db wb rh w h dp v".
 std::string keysOfKinds();

@@ -14,19 +14,19 @@ SaturationTable::SaturationTable() {
     const double change = temp == 32  // the step lies a hair below it
                               ? 4 * psychro_pvs(temp + reach) - psychro_pvs(temp + 2 * reach) - 3 * entry.pvs
                               : psychro_pvs(temp + reach) - psychro_pvs(temp - reach);
-    entry.rise = change / (2 * reach * perdegree);
-    temp += 1 / perdegree;
+    entry.rise = change / (2 * reach * perDegree);
+    temp += 1 / perDegree;
   }
 }
 
 const SaturationTable saturations;
 
-const FreezingStep& freezingstep() {
+const FreezingStep& freezingStep() {
   static const FreezingStep step = [] {
-    FreezingStep found{31.99, icewetbulb};
+    FreezingStep found{31.99, iceWetBulb};
     while (std::nextafter(found.before, found.after) < found.after) {
       const double middle = found.before + (found.after - found.before) / 2;
-      (kelvinof(middle) < icepoint ? found.before : found.after) = middle;
+      (kelvinOf(middle) < icePoint ? found.before : found.after) = middle;
     }
     return found;
   }();

@@ -2,16 +2,16 @@
 
 namespace moistair {
 
-Limits boundof(PropertyKind kind, const StateBounds& bounds) {
+Range boundOf(PropertyKind kind, const StateBounds& bounds) {
   for (const StateBound& bound : bounds) {
-    if (bound.kind == kind) return bound.limits;
+    if (bound.kind == kind) return bound.range;
   }
   return {-unbounded, unbounded};
 }
 
-std::optional<StateBound> brokenbound(const StatePoint& point, const StateBounds& bounds) {
+std::optional<StateBound> violatedBound(const StatePoint& point, const StateBounds& bounds) {
   for (const StateBound& bound : bounds) {
-    if (!bound.limits.accept(point.at(bound.kind))) return bound;
+    if (!bound.range.accept(point.at(bound.kind))) return bound;
   }
   return std::nullopt;
 }

@@ -23,26 +23,26 @@ struct Given {
 /// A bound that a state has to keep, whatever pair it was found from.
 struct StateBound {
   PropertyKind kind;
-  Limits limits;
+  Range range;
 };
 
 /// Bounds of a state, those that tell most coming first: a wet bulb above the dry bulb shows in the relative humidity.
 using StateBounds = std::array<StateBound, 6>;
 
 /// What can be found from a pair and shown on the chart.
-inline constexpr StateBounds chartbounds = [] {
+inline constexpr StateBounds chartBounds = [] {
   using enum PropertyKind;
   StateBounds bounds{};
   std::size_t place = 0;
-  for (const PropertyKind kind : {rh, w, db, wb, h, v}) bounds[place++] = {kind, boundof(kind)};
+  for (const PropertyKind kind : {rh, w, db, wb, h, v}) bounds[place++] = {kind, boundOf(kind)};
   return bounds;
 }();
 
 /// The bound on a kind's values among these; the dew point has none.
-Limits boundof(PropertyKind kind, const StateBounds& bounds);
+Range boundOf(PropertyKind kind, const StateBounds& bounds);
 
 /// The first bound that a state breaks; none for a state that can be shown.
-std::optional<StateBound> brokenbound(const StatePoint& point, const StateBounds& bounds = chartbounds);
+std::optional<StateBound> violatedBound(const StatePoint& point, const StateBounds& bounds = chartBounds);
 
 /// A range of dry bulbs [deg F].
 struct DryBulbRange {
@@ -56,18 +56,18 @@ using RangeFinder = std::function<std::optional<DryBulbRange>(double line, doubl
 
 /// How a search is carried out. Both ways give the same bits and the same count of iterations; the plain one is the
 /// definition, and what the quick one falls back to and is compared with.
-enum class Way {
-  quick,  ///< halvings whose outcome can be told beforehand are not evaluated
-  plain,  ///< each step is
+enum class SearchMode {
+  accelerated,  ///< halvings whose outcome is known beforehand are not evaluated
+  reference,    ///< each step is
 };
 
 /// What a caller brings along for a pair: where to look for the dry bulb of a nested search, and the way of all
 /// searches.
 struct RangeFinders {
-  RangeFinder dbrangeofrh;
-  RangeFinder dbrangeofh;
-  RangeFinder dbrangeofspvol;
-  Way way = Way::quick;
+  RangeFinder dbRangeOfRh;
+  RangeFinder dbRangeOfH;
+  RangeFinder dbRangeOfSpvol;
+  SearchMode mode = SearchMode::accelerated;
 };
 
 /// What the steps of a nested search hand to each other, each rounded to 15 significant digits. A window owns one set
@@ -76,7 +76,7 @@ struct SolverFields {
   NumberText candidate;  ///< dry bulb under test; while the finder of relative humidity runs, that relative humidity
   NumberText given;      ///< the given property that completes a candidate to a state
   NumberText returned;   ///< the other given property, as the completed state has it
-  NumberText wetbulb;    ///< wet bulb of the completed state
+  NumberText wetBulb;    ///< wet bulb of the completed state
   NumberText low, high;  ///< ends of the dry-bulb range, 0 until a finder has found one
 };
 

@@ -1,9 +1,9 @@
 /// \file
-/// The equations of moistair.h in terms of dry bulb and vapour pressure, run backwards.
+/// The equations of moistair.h in terms of dry bulb and vapor pressure, run backward.
 ///
-/// All properties but the wet bulb follow from the dry bulb and the vapour pressure alone, by the steps at the end of
-/// moistair.h. `answers` solves these for what is not given. Units are those of moistair.h; there is no value for a
-/// division by zero.
+/// All properties but the wet bulb follow from the dry bulb and the vapor pressure alone, by the steps at the end of
+/// moistair.h. `exactSolutions` solves these for what is not given. Units are those of moistair.h; there is no value
+/// for a division by zero.
 #pragma once
 
 #include <cmath>
@@ -14,20 +14,20 @@
 namespace moistair {
 
 /// Temperature as the saturation pressure takes it [K], and where its equation changes from ice to water.
-inline double kelvinof(double temp) { return (temp - absolutezero) * kelvinsPerDegree; }
-inline constexpr double icepoint = 273.15;
+inline double kelvinOf(double temp) { return (temp - absoluteZero) * kelvinsPerDegree; }
+inline constexpr double icePoint = 273.15;
 
-inline double ratioofenthalpy(double db, double h) { return quotient(h - dryAirHeat * db, vaporEnthalpy(db)); }
-inline double drybulbofenthalpy(double h, double w) { return quotient(h - vaporEnthalpyAtZero * w, sensibleHeat(w)); }
+inline double ratioOfEnthalpy(double db, double h) { return quotient(h - dryAirHeat * db, vaporEnthalpy(db)); }
+inline double dryBulbOfEnthalpy(double h, double w) { return quotient(h - vaporEnthalpyAtZero * w, sensibleHeat(w)); }
 
-inline double ratioofvolume(double db, double v, double atm) {
-  return quotient((v * atm - volumefactor(db)) * grainsAsRoomy, volumefactor(db) * grainsPerPound);
+inline double ratioOfVolume(double db, double v, double atm) {
+  return quotient((v * atm - volumeFactor(db)) * grainsAsRoomy, volumeFactor(db) * grainsPerPound);
 }
-inline double drybulbofvolume(double v, double w, double atm) {
-  return valueof(quotient(v * atm, dryAirConstant * roominess(w)) + volumeZero);
+inline double dryBulbOfVolume(double v, double w, double atm) {
+  return valueOf(quotient(v * atm, dryAirConstant * roominess(w)) + volumeZero);
 }
 
-/// One of the two forms of the dew point, a quadratic in the logarithm a of the vapour pressure.
+/// One of the two forms of the dew point, a quadratic in the logarithm a of the vapor pressure.
 struct DewPointForm {
   double constant, linear, square;
 
@@ -35,23 +35,23 @@ struct DewPointForm {
   /// Where it turns: no dew point is below the one there.
   double turn() const { return -linear / (2 * square); }
   /// The a of a dew point, on the side on which the dew point rises. No value below the turn.
-  double of(double dewpoint) const {
-    return quotient(std::sqrt(linear * linear - 4 * square * (constant - dewpoint)) - linear, 2 * square);
+  double of(double dewPoint) const {
+    return quotient(std::sqrt(linear * linear - 4 * square * (constant - dewPoint)) - linear, 2 * square);
   }
 };
 
-inline constexpr DewPointForm frostpoint{71.98, 24.873, 0.8927};
-inline constexpr DewPointForm waterpoint{79.047, 30.579, 1.8893};
+inline constexpr DewPointForm frostPoint{71.98, 24.873, 0.8927};
+inline constexpr DewPointForm waterPoint{79.047, 30.579, 1.8893};
 
-/// The vapour pressure from which on the second form holds [in Hg].
-inline constexpr double formsmeet = 0.18036;
+/// The vapor pressure from which on the second form holds [in Hg].
+inline constexpr double formsMeet = 0.18036;
 
-/// The last dew point of the first form and the first of the second [deg F]; no vapour pressure has one between them.
+/// The last dew point of the first form and the first of the second [deg F]; no vapor pressure has one between them.
 struct DewPointGap {
-  double before = psychro_dp(std::nextafter(formsmeet, 0.0));
-  double after = psychro_dp(formsmeet);
+  double before = psychro_dp(std::nextafter(formsMeet, 0.0));
+  double after = psychro_dp(formsMeet);
 
-  bool holds(double dewpoint) const { return dewpoint > before && dewpoint < after; }
+  bool holds(double dewPoint) const { return dewPoint > before && dewPoint < after; }
 };
 
 inline const DewPointGap& dewPointGap() {
@@ -59,10 +59,10 @@ inline const DewPointGap& dewPointGap() {
   return gap;
 }
 
-/// Vapour pressure of a dew point [in Hg]: psychro_dp run backwards, and where the forms meet for one in the gap.
-inline double pressureOfDewPoint(double dewpoint) {
-  if (dewPointGap().holds(dewpoint)) return formsmeet;
-  return std::exp((dewpoint < dewPointGap().after ? frostpoint : waterpoint).of(dewpoint));
+/// Vapor pressure of a dew point [in Hg]: psychro_dp run backward, and where the forms meet for one in the gap.
+inline double pressureOfDewPoint(double dewPoint) {
+  if (dewPointGap().holds(dewPoint)) return formsMeet;
+  return std::exp((dewPoint < dewPointGap().after ? frostPoint : waterPoint).of(dewPoint));
 }
 
 }  // namespace moistair

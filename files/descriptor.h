@@ -24,7 +24,7 @@ public:
   }
 
   int number() const { return number_; }
-  bool isopen() const { return number_ >= 0; }
+  bool isOpen() const { return number_ >= 0; }
   int release() { return std::exchange(number_, -1); }
 
 private:

@@ -66,16 +66,16 @@ public:
 private:
   OutputFile() = default;
   void open(Reader reader);
-  bool opennew();
-  bool openspecial(const struct stat& found, int number, Reader reader);
-  bool findplace(const Descriptor& found, const struct stat& former);
-  bool openbeside(const struct stat* former);
-  bool openspool();
-  bool openformer();
+  bool openNew();
+  bool openSpecial(const struct stat& found, int number, Reader reader);
+  bool findPlace(const Descriptor& found, const struct stat& former);
+  bool openTemporary(const struct stat* former);
+  bool openSpool();
+  bool openFormer();
   bool replace();
-  bool givename();
-  bool copyover();
-  void dropname();
+  bool giveName();
+  bool copyOver();
+  void dropName();
   bool fail(int error, std::string words = {});
 
   std::filesystem::path name_;  ///< as given
@@ -91,12 +91,12 @@ private:
 };
 
 /// A whole file at once, never waiting for a reader.
-Outcome writefile(const std::filesystem::path& name, std::string_view bytes);
+Outcome writeFile(const std::filesystem::path& name, std::string_view bytes);
 
 /// The same at a name of the program's own.
-Outcome writeownfile(const std::filesystem::path& name, std::string_view bytes);
+Outcome writeOwnFile(const std::filesystem::path& name, std::string_view bytes);
 
 /// Removes what processes of this user that are gone have left in a folder while they wrote files.
-void removeabandoned(const std::filesystem::path& folder);
+void removeAbandoned(const std::filesystem::path& folder);
 
 }  // namespace moistair

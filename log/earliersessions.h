@@ -14,24 +14,24 @@
 
 namespace moistair {
 
-inline constexpr std::size_t keptsessions = 10;
-inline constexpr std::string_view logending = ".txt";
+inline constexpr std::size_t keptSessions = 10;
+inline constexpr std::string_view logEnding = ".txt";
 
 struct EarlierSession {
   std::filesystem::path file;
-  std::time_t lastsaved;
+  std::time_t lastSaved;
 };
 
 /// The latest first; what is no file of that ending in that folder is left out.
-std::vector<EarlierSession> earliersessions(const std::filesystem::path& folder, std::string_view ending = logending);
+std::vector<EarlierSession> earlierSessions(const std::filesystem::path& folder, std::string_view ending = logEnding);
 
 /// Takes a log away: into the folder, or, if it holds nothing but the empty line, altogether. The oldest beyond ten go.
 /// False if it could not be kept; it then stays where it is.
-bool keepsession(const std::filesystem::path& log, const std::filesystem::path& folder);
+bool keepSession(const std::filesystem::path& log, const std::filesystem::path& folder);
 
 /// Takes unsaved work away in the same manner, and returns where it is now; empty if there is none or it could not be
 /// kept.
-std::filesystem::path keepwork(const std::filesystem::path& work, const std::filesystem::path& folder,
+std::filesystem::path keepWork(const std::filesystem::path& work, const std::filesystem::path& folder,
                                std::string_view ending);
 
 }  // namespace moistair

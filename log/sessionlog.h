@@ -1,15 +1,15 @@
 /// \file
 /// The record of what the user chose to keep in one run: a text file that grows by one block at each "Save data".
 ///
-/// Nothing of the log is held in memory: each operation looks for the file anew, so it may vanish or become unwritable
-/// between any two of them. No operation throws, and each says whether it worked; the window that asked for it tells
+/// Nothing of the log is held in memory: each operation looks for the file again, so it may vanish or become unwritable
+/// between any two of them. No operation throws, and each says whether it worked; the window that asked for it informs
 /// the user. The file holds one byte a character (singlebyte.h) and ends every line with carriage return and line feed.
 /// It lives as long as the session: new at start, gone at exit; what it held is then among the earlier sessions.
 ///
 /// The file is locked while its session lasts, so that a second copy of the program neither empties nor removes it but
-/// takes a name of its own, temp-2.txt and so on. A log without a lock has been left behind by a run that could not end
-/// in order, and is kept before anything else happens to it. What is not a plain file (a FIFO, a folder, a link) is not
-/// touched.
+/// takes a name of its own, temp-2.txt and so on. A log without a lock has been left behind by a run that could not
+/// close normally, and is kept before anything else happens to it. What is not a plain file (a FIFO, a folder, a link)
+/// is not touched.
 #pragma once
 
 #include <filesystem>
@@ -31,14 +31,14 @@ public:
   explicit SessionLog(LogPlaces places);
 
   const std::filesystem::path& path() const { return path_; }
-  bool isopen() const { return file_.isopen(); }  ///< whether the file of that path is this session's
+  bool isOpen() const { return file_.isOpen(); }  ///< whether the file of that path is this session's
   const LogPlaces& places() const { return places_; }
   const std::filesystem::path& sessions() const { return places_.sessions; }
 
   /// Makes the file, with one empty line in it. What earlier runs have left behind is kept first.
-  bool newlog();
+  bool newLog();
 
-  /// Appends a block, in one go. A file that is gone is made anew, without the empty first line. When the block cannot
+  /// Appends a block, in one go. A file that is gone is made again, without the empty first line. When the block cannot
   /// be written whole, the file is left as it was.
   /// @param lines UTF-8, without line ends
   bool append(const std::vector<std::string>& lines);
@@ -50,11 +50,11 @@ public:
   Result<std::string> read();
 
   /// Whether the log is the file of this path, by whatever name.
-  bool isat(const std::filesystem::path& other) const;
+  bool isAt(const std::filesystem::path& other) const;
 
   /// Writes a copy, replacing a file of that name. Copying the log onto itself changes nothing. A log
   /// that cannot be read leaves the target alone.
-  bool copyto(const std::filesystem::path& target);
+  bool copyTo(const std::filesystem::path& target);
 
   /// The end of the session: the file goes, and what it held is kept. A file that cannot be kept stays, for the next
   /// start to try again. Also true if the file is gone already.
@@ -63,7 +63,7 @@ public:
 private:
   bool hold();
   bool claim();
-  void keepleftbehind() const;
+  void keepLeftBehind() const;
 
   LogPlaces places_;
   std::filesystem::path path_;
@@ -72,9 +72,9 @@ private:
 };
 
 /// The bytes of a log; none if it is no plain file or cannot be read.
-std::optional<std::string> readlogbytes(const std::filesystem::path& log);
+std::optional<std::string> readLogBytes(const std::filesystem::path& log);
 
 /// The same as UTF-8, every line with its line end, or why it cannot be shown.
-Result<std::string> readlog(const std::filesystem::path& log);
+Result<std::string> readLog(const std::filesystem::path& log);
 
 }  // namespace moistair

@@ -1,9 +1,10 @@
 /// \file
 /// The commands of the main window that change the chart, each recorded as it is carried out.
 ///
-/// They draw and refuse exactly as `ChartLifecycle`, `markpoint` and `drawmixingline` do, and what they have drawn is
+/// They draw and refuse exactly as `ChartLifecycle`, `markPoint` and `drawMixingLine` do, and what they have drawn is
 /// then an entry of the document. Undo, redo, the changes of the table of entries and an opened document draw all of it
-/// anew. The main window owns one and hands in the lists' texts and its size at each command; no widget is needed here.
+/// again. The main window owns one and hands in the lists' texts and its size at each command; no widget is needed
+/// here.
 #pragma once
 
 #include <functional>
@@ -29,39 +30,39 @@ public:
   const Document& document() const { return history_.document(); }
   const History& history() const { return history_; }
 
-  /// The header line of start-up, which states the pressure in force as a number. Nothing to undo.
+  /// The header line of start-up, which states the current pressure as a number. Nothing to undo.
   void start(WindowSize window);
 
-  std::optional<Refusal> startdraw(const LimitTexts& texts);  ///< the first half of drawing, as in ChartLifecycle
-  void drawchart(WindowSize window);                          ///< the second, for limits that have passed the tests
-  void clearchart();
+  std::optional<Refusal> startDraw(const LimitTexts& texts);  ///< the first half of drawing, as in ChartLifecycle
+  void drawChart(WindowSize window);                          ///< the second, for limits that have passed the tests
+  void clearChart();
 
-  /// A new pressure, which is in force already: the canvas is cleared for its header line.
-  void changepressure(const PressureEntry& entry, WindowSize window);
+  /// A new pressure, which is already the current one: the canvas is cleared for its header line.
+  void changePressure(const PressureEntry& entry, WindowSize window);
 
-  /// Puts the pressure that the header states in force again, where it is not.
-  void takeheaderpressure();
+  /// Makes the pressure that the header states the current one again.
+  void adoptFilePressure();
 
-  std::optional<Refusal> drawline(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window);
+  std::optional<Refusal> drawLine(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window);
 
   /// Marks the point of a report; false, and nothing drawn, outside the limits of the lists.
   /// @param input what it was located by
-  /// @param shown the state of the report, `readreport`
-  bool markpoint(const PairInput& input, const StatePoint& shown, const LimitTexts& texts,
+  /// @param shown the state of the report, `readReport`
+  bool markPoint(const PairInput& input, const StatePoint& shown, const LimitTexts& texts,
                  std::string_view identification, WindowSize window);
 
   /// Draws the mixing line of a problem, or answers with the message of what was rejected.
   /// @param limits those of the lists, as the mixing window reads them
-  const char* drawmixture(const MixingProblem& problem, const ChartLimits& limits, WindowSize window);
+  const char* drawMixture(const MixingProblem& problem, const ChartLimits& limits, WindowSize window);
 
   /// Draws an entry that is complete, with the limits and the pressure that it has, or answers with the message of what
   /// refuses it.
   const char* add(Entry entry, WindowSize window);
 
   /// "Save chart": all that is drawn becomes the background picture.
-  void keeppicture();
+  void keepPicture();
 
-  /// Draws all of the document anew, for a window of another size; the canvas hears of it once it is whole.
+  /// Draws all of the document again, for a window of another size; the canvas hears of it once it is whole.
   void layout(WindowSize window);
 
   void undo(WindowSize window);
@@ -70,21 +71,21 @@ public:
   /// A change made from the document as it is now: a deletion, a renaming, entries put on the chart again.
   void change(Change change, WindowSize window);
 
-  /// Another document in place of this one, with nothing to undo. Its pressure comes in force; limits and type for the
-  /// lists are the caller's to take from it.
+  /// Another document in place of this one, with nothing to undo. Its pressure becomes the current one; limits and type
+  /// for the lists are the caller's to take from it.
   void open(Document document, WindowSize window);
 
   /// Another title block of the sheet, which nothing of the chart shows.
-  void retitle(TitleBlock titleblock);
+  void retitle(TitleBlock titleBlock);
 
-  void marksaved();
-  void markunsaved();
+  void markSaved();
+  void markUnsaved();
 
 private:
   Setting setting() const;
   void record(Change change);
-  void bringback(const Pressure& earlier, WindowSize window);
-  void tell() const;
+  void bringBack(const Pressure& earlier, WindowSize window);
+  void notify() const;
 
   RecordingCanvas& canvas_;
   SessionValues& values_;

@@ -7,52 +7,52 @@ namespace moistair {
 
 namespace {
 
-constexpr const char* chartstandsalready =
+constexpr const char* alreadyDrawn =
     "Do one of the followings to draw new chart - 1) Change chart ranges 2) Reset atmos. pressure 3) Clear graph ";
 
 }  // namespace
 
-std::optional<Refusal> ChartLifecycle::testlimits(const LimitTexts& texts) {
-  if (const char* fault = validatelimits(texts, limits_)) return Refusal{fault, true};
+std::optional<Refusal> ChartLifecycle::testLimits(const LimitTexts& texts) {
+  if (const char* fault = validateLimits(texts, limits_)) return Refusal{fault, true};
   return std::nullopt;
 }
 
-std::optional<Refusal> ChartLifecycle::startdraw(const LimitTexts& texts) {
-  if (const auto refusal = testlimits(texts)) return refusal;
-  if (chartstands()) return Refusal{chartstandsalready};
-  canvas_.Cls();
+std::optional<Refusal> ChartLifecycle::startDraw(const LimitTexts& texts) {
+  if (const auto refusal = testLimits(texts)) return refusal;
+  if (hasCurrentChart()) return Refusal{alreadyDrawn};
+  canvas_.cls();
   return std::nullopt;
 }
 
-void ChartLifecycle::drawchart(WindowSize window) {
-  canvas_.Cls();
-  frame_ = plotframe(limits_);
-  moistair::drawchart(chart(window), values_.charttype, headerline(values_.pressureentry));
-  rememberlimits(limits_, values_.drawn);
+void ChartLifecycle::drawChart(WindowSize window) {
+  canvas_.cls();
+  frame_ = plotFrame(limits_);
+  moistair::drawChart(chart(window), values_.chartType, headerLine(values_.pressureEntry));
+  rememberLimits(limits_, values_.drawn);
 }
 
-void ChartLifecycle::clearchart() {
-  canvas_.Cls();
-  canvas_.DropPicture();
-  forgetlimits(values_.drawn);
+void ChartLifecycle::clearChart() {
+  canvas_.cls();
+  canvas_.dropPicture();
+  forgetLimits(values_.drawn);
 }
 
 void ChartLifecycle::restart(WindowSize window) {
-  clearchart();
-  printheader(canvas_, window, headerline(values_.pressureentry));
+  clearChart();
+  printHeader(canvas_, window, headerLine(values_.pressureEntry));
 }
 
-std::optional<Refusal> ChartLifecycle::drawline(LineKind kind, const LimitTexts& texts, std::string_view value,
+std::optional<Refusal> ChartLifecycle::drawLine(LineKind kind, const LimitTexts& texts, std::string_view value,
                                                 WindowSize window) {
-  readlimits(texts);
-  if (!chartstands()) return Refusal{drawaxisfirst, true};
-  if (!moistair::drawline(chart(window), kind, value)) return Refusal{linenotfeasible};
+  readLimits(texts);
+  if (!hasCurrentChart()) return Refusal{drawAxisFirst, true};
+  if (!moistair::drawLine(chart(window), kind, value)) return Refusal{lineNotFeasible};
   return std::nullopt;
 }
 
-void ChartLifecycle::restore(const ChartStand& stand) {
-  values_.drawn = stand.drawn;
-  frame_ = stand.frame;
+void ChartLifecycle::restore(const ChartState& chartState) {
+  values_.drawn = chartState.drawn;
+  frame_ = chartState.frame;
 }
 
 }  // namespace moistair

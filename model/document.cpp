@@ -19,37 +19,37 @@ struct EntryDrawer {
   WindowSize window;
   const Setting& setting;
 
-  PlotArea area() const { return plotarea(setting.limits, window); }
+  PlotArea area() const { return plotArea(setting.limits, window); }
   Chart chart() const { return {canvas, area(), setting.pressure.atm}; }
-  std::string header() const { return headerline(setting.pressure.entry); }
+  std::string header() const { return headerLine(setting.pressure.entry); }
 
   const char* operator()(const HeaderLine&) const {
-    printheader(canvas, window, header());
+    printHeader(canvas, window, header());
     return nullptr;
   }
 
   const char* operator()(const DrawnChart& drawn) const {
-    drawchart(chart(), drawn.type, header());
+    drawChart(chart(), drawn.type, header());
     return nullptr;
   }
 
   const char* operator()(const PropertyLine& line) const {
-    return drawline(chart(), line.kind, line.value) ? nullptr : linenotfeasible;
+    return drawLine(chart(), line.kind, line.value) ? nullptr : lineNotFeasible;
   }
 
   const char* operator()(const MarkedPoint& point) const {
-    return markpoint(canvas, point.state, area(), point.identification) ? nullptr : pointoutoflimits;
+    return markPoint(canvas, point.state, area(), point.identification) ? nullptr : pointOutOfLimits;
   }
 
   const char* operator()(const MixingLine& line) const {
     MixingProblem problem;
     problem.streams = {line.columns.at(0), line.columns.at(1)};
     problem.mixed = line.columns.at(2);
-    return drawmixingline(canvas, problem, area());
+    return drawMixingLine(canvas, problem, area());
   }
 
   const char* operator()(const PinnedReading& pinned) const {
-    return pinreading(canvas, pinned.state, pinned.corner, area()) ? nullptr : pointoutoflimits;
+    return pinReading(canvas, pinned.state, pinned.corner, area()) ? nullptr : pointOutOfLimits;
   }
 };
 
@@ -59,24 +59,24 @@ struct EntryCaption {
     return drawn.type == ChartType::standard ? "Standard chart" : "Blank chart";
   }
   std::string operator()(const PropertyLine& line) const {
-    return std::string(captionof(line.kind)) + (line.value.empty() ? "" : " ") + line.value;
+    return std::string(captionOf(line.kind)) + (line.value.empty() ? "" : " ") + line.value;
   }
   std::string operator()(const MarkedPoint& point) const {
     return point.identification.empty() ? "Point" : "Point " + point.identification;
   }
   std::string operator()(const MixingLine&) const { return "Mixture"; }
   std::string operator()(const PinnedReading& pinned) const {
-    const Place place{pinned.state.db, pinned.state.w};
-    return "Read-out " + drybulbtext(place) + ", " + ratiotext(place);
+    const ChartCoordinates place{pinned.state.db, pinned.state.w};
+    return "Read-out " + dryBulbText(place) + ", " + ratioText(place);
   }
 };
 
 /// Clears the canvas and draws all, the background picture kept as such.
 /// @param after called with each entry, and with the message if it has drawn nothing
 template <class After>
-void drawentries(const Document& document, ChartCanvas& canvas, WindowSize window, const After& after) {
-  canvas.DropPicture();
-  canvas.Cls();
+void drawEntries(const Document& document, ChartCanvas& canvas, WindowSize window, const After& after) {
+  canvas.dropPicture();
+  canvas.cls();
   const Entry* before = nullptr;
   std::size_t drawn = 0;
   for (const Entry& entry : document.entries) {
@@ -84,18 +84,18 @@ void drawentries(const Document& document, ChartCanvas& canvas, WindowSize windo
     const bool covers = before != nullptr && std::holds_alternative<DrawnChart>(entry.content) && entry == *before;
     after(entry, covers ? nullptr : draw(entry, canvas, window));
     before = &entry;
-    if (++drawn == document.background) canvas.KeepPicture();
+    if (++drawn == document.background) canvas.keepPicture();
   }
 }
 
 /// Takes the entries with a message out of a document.
 std::vector<LeftOut> takeout(Document& document, const std::vector<const char*>& messages) {
   std::vector<Entry> kept;
-  std::vector<LeftOut> leftout;
+  std::vector<LeftOut> leftOut;
   std::size_t background = 0;
   for (std::size_t i = 0; i < messages.size(); ++i) {
     if (messages[i] != nullptr) {
-      leftout.push_back({std::move(document.entries[i]), messages[i]});
+      leftOut.push_back({std::move(document.entries[i]), messages[i]});
     } else {
       kept.push_back(std::move(document.entries[i]));
       if (i < document.background) ++background;
@@ -103,7 +103,7 @@ std::vector<LeftOut> takeout(Document& document, const std::vector<const char*>&
   }
   document.entries = std::move(kept);
   document.background = background;
-  return leftout;
+  return leftOut;
 }
 
 }  // namespace
@@ -113,17 +113,17 @@ const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window) {
 }
 
 void draw(const Document& document, ChartCanvas& canvas, WindowSize window) {
-  drawentries(document, canvas, window, [](const Entry&, const char*) {});
+  drawEntries(document, canvas, window, [](const Entry&, const char*) {});
 }
 
-std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window) {
+std::vector<LeftOut> drawFitting(Document& document, ChartCanvas& canvas, WindowSize window) {
   std::vector<const char*> messages;
   messages.reserve(document.entries.size());
-  drawentries(document, canvas, window, [&](const Entry&, const char* message) { messages.push_back(message); });
+  drawEntries(document, canvas, window, [&](const Entry&, const char* message) { messages.push_back(message); });
   return takeout(document, messages);
 }
 
-std::vector<LeftOut> leaveout(Document& document, WindowSize window) {
+std::vector<LeftOut> leaveOut(Document& document, WindowSize window) {
   std::vector<const char*> messages;
   messages.reserve(document.entries.size());
   for (std::size_t i = 0; i < document.entries.size(); ++i) {
@@ -137,64 +137,64 @@ std::vector<LeftOut> leaveout(Document& document, WindowSize window) {
   return takeout(document, messages);
 }
 
-Drawing drawingof(const Document& document, WindowSize window) {
+Drawing drawingOf(const Document& document, WindowSize window) {
   RecordingCanvas canvas;
   draw(document, canvas, window);
   return canvas.drawing();
 }
 
-std::optional<ChartLimits> standinglimits(const Document& document) {
-  const DrawnLimits& drawn = document.stand.drawn;
-  const ChartLimits limits{drawn.lowdb.lenient(), drawn.highdb.lenient(), drawn.lowhr.lenient(),
-                           drawn.highhr.lenient()};
-  if (!(limits.lowdb < limits.highdb && limits.lowhr < limits.highhr)) return std::nullopt;
+std::optional<ChartLimits> currentLimits(const Document& document) {
+  const DrawnLimits& drawn = document.chartState.drawn;
+  const ChartLimits limits{drawn.lowDb.lenient(), drawn.highDb.lenient(), drawn.lowHr.lenient(),
+                           drawn.highHr.lenient()};
+  if (!(limits.lowDb < limits.highDb && limits.lowHr < limits.highHr)) return std::nullopt;
   return limits;
 }
 
-std::size_t untriedcount(const Document& document) {
-  if (!standinglimits(document)) return 0;
+std::size_t untriedCount(const Document& document) {
+  if (!currentLimits(document)) return 0;
   const auto untried = [](const LeftOut& left) { return left.reason.empty(); };
   const auto count = std::count_if(document.previous.begin(), document.previous.end(), untried);
   return static_cast<std::size_t>(count);
 }
 
-const Entry* lastchart(const Document& document) {
-  const auto ischart = [](const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); };
-  const auto last = std::find_if(document.entries.rbegin(), document.entries.rend(), ischart);
+const Entry* lastChart(const Document& document) {
+  const auto isChart = [](const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); };
+  const auto last = std::find_if(document.entries.rbegin(), document.entries.rend(), isChart);
   return last == document.entries.rend() ? nullptr : &*last;
 }
 
-void relimit(Document& document, const ChartLimits& limits) {
+void changeLimits(Document& document, const ChartLimits& limits) {
   for (Entry& entry : document.entries) {
     if (!std::holds_alternative<HeaderLine>(entry.content)) entry.setting.limits = limits;
   }
-  if (standinglimits(document)) document.stand = standof(limits);
+  if (currentLimits(document)) document.chartState = chartStateOf(limits);
 }
 
-Document newdocument(const Pressure& pressure) {
+Document newDocument(const Pressure& pressure) {
   Document document;
   document.entries.push_back({{{}, pressure}, HeaderLine{}});
   document.pressure = pressure;
   return document;
 }
 
-ChartStand standof(const ChartLimits& limits) {
-  ChartStand stand;
-  rememberlimits(limits, stand.drawn);
-  stand.frame = plotframe(limits);
-  return stand;
+ChartState chartStateOf(const ChartLimits& limits) {
+  ChartState chartState;
+  rememberLimits(limits, chartState.drawn);
+  chartState.frame = plotFrame(limits);
+  return chartState;
 }
 
-const char* captionof(LineKind kind) {
+const char* captionOf(LineKind kind) {
   switch (kind) {
-    case LineKind::relativehumidity: return "Relative humidity line";
-    case LineKind::wetbulb: return "Wet bulb line";
+    case LineKind::relativeHumidity: return "Relative humidity line";
+    case LineKind::wetBulb: return "Wet bulb line";
     case LineKind::enthalpy: return "Enthalpy line";
-    case LineKind::specificvolume: break;
+    case LineKind::specificVolume: break;
   }
   return "Specific volume line";
 }
 
-std::string captionof(const Entry& entry) { return std::visit(EntryCaption{}, entry.content); }
+std::string captionOf(const Entry& entry) { return std::visit(EntryCaption{}, entry.content); }
 
 }  // namespace moistair

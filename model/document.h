@@ -1,10 +1,10 @@
 /// \file
-/// What stands on the chart, as data.
+/// What is on the chart, as data.
 ///
 /// The canvas shows what was drawn; a `Document` says what was done to it: the list of charts, lines, points and
-/// mixtures that stand, in their order, each as a plain value with the limits and the pressure that it was drawn with.
+/// mixtures on it, in their order, each as a plain value with the limits and the pressure that it was drawn with.
 /// Drawn by `draw` on a canvas of the window's size it gives, operation for operation, what the commands drew one by
-/// one; on any other size it is laid out anew. The size itself is no part of it. What a command refuses never enters a
+/// one; on any other size it is laid out again. The size itself is no part of it. What a command refuses never enters a
 /// document, and what the canvas loses leaves it.
 ///
 /// The main window changes its document through `ChartCommands` (chartcommands.h), the headless tool builds one from
@@ -26,7 +26,7 @@
 
 namespace moistair {
 
-/// What an entry was drawn with. The pressure in force can differ from the one that the chart's header states, the
+/// What an entry was drawn with. The current pressure can differ from the one that the chart's header states, the
 /// limits in the lists from those of the chart.
 struct Setting {
   ChartLimits limits;
@@ -35,7 +35,7 @@ struct Setting {
   bool operator==(const Setting&) const = default;
 };
 
-/// The line that states the pressure, alone: what stands after start-up and after a change of pressure.
+/// The line that states the pressure, alone: what is shown after start-up and after a change of pressure.
 struct HeaderLine {
   bool operator==(const HeaderLine&) const = default;
 };
@@ -48,7 +48,7 @@ struct DrawnChart {
 
 /// A line by value, as typed: a text that is no number counts as 0.
 struct PropertyLine {
-  LineKind kind = LineKind::relativehumidity;
+  LineKind kind = LineKind::relativeHumidity;
   std::string value;
 
   bool operator==(const PropertyLine&) const = default;
@@ -61,7 +61,7 @@ struct TypedProperty {
   bool operator==(const TypedProperty&) const = default;
 };
 
-/// A point as it was marked: its state is what the report showed, rounded as it stood there.
+/// A point as it was marked: its state is what the report showed, rounded as shown there.
 struct MarkedPoint {
   std::array<TypedProperty, 2> given;
   StatePoint state;
@@ -81,7 +81,7 @@ struct MixingLine {
 /// A reading kept on the chart, as a report would show it.
 struct PinnedReading {
   StatePoint state;
-  Corner corner = Corner::upperleft;  ///< where its label stands
+  LabelCorner corner = LabelCorner::upperLeft;  ///< where its label is
 
   bool operator==(const PinnedReading&) const = default;
 };
@@ -105,20 +105,21 @@ struct LeftOut {
 
 /// What the title block of a sheet says of its author and its subject.
 struct TitleBlock {
-  std::string title, project, drawnby;
+  std::string title, project, drawnBy;
 
   bool operator==(const TitleBlock&) const = default;
 };
 
 /// A new chart, a clearing and a new pressure take what was on the chart off it. That stays in the document as
-/// `previous`, inactive, until it is put on the new chart (again.h), deleted, or replaced by what a later chart held.
+/// `previous`, inactive, until it is put on the new chart (carryover.h), deleted, or replaced by what a later chart
+/// held.
 struct Document {
   std::vector<Entry> entries;              ///< in the order in which they lie over each other
   std::vector<LeftOut> previous{};         ///< entries of the previous chart that are not on this one
   std::size_t background = 0;              ///< so many of the entries, from the first, are in the background picture
   Pressure pressure;                       ///< last set, not necessarily that of any entry
-  ChartStand stand;                        ///< the current chart, which decides what may be added
-  std::optional<TitleBlock> titleblock{};  ///< none before anything was entered
+  ChartState chartState;                   ///< the current chart, which decides what may be added
+  std::optional<TitleBlock> titleBlock{};  ///< none before anything was entered
 };
 
 /// Draws one entry over what is on the canvas and returns nullptr, or draws nothing and returns the message with which
@@ -129,36 +130,36 @@ const char* draw(const Entry& entry, ChartCanvas& canvas, WindowSize window);
 void draw(const Document& document, ChartCanvas& canvas, WindowSize window);
 
 /// The same, and takes out of the document what draws nothing with its limits and its pressure. Returns what it took.
-std::vector<LeftOut> drawfitting(Document& document, ChartCanvas& canvas, WindowSize window);
+std::vector<LeftOut> drawFitting(Document& document, ChartCanvas& canvas, WindowSize window);
 
 /// Takes the same out without drawing the rest, for who draws in another way.
-std::vector<LeftOut> leaveout(Document& document, WindowSize window);
+std::vector<LeftOut> leaveOut(Document& document, WindowSize window);
 
 /// All of a document as a list of operations.
-Drawing drawingof(const Document& document, WindowSize window);
+Drawing drawingOf(const Document& document, WindowSize window);
 
-/// The limits of the chart that counts as standing; none before the first and after a clearing.
-std::optional<ChartLimits> standinglimits(const Document& document);
+/// The limits of the current chart; none before the first and after a clearing.
+std::optional<ChartLimits> currentLimits(const Document& document);
 
 /// How many entries of the previous chart nobody has tried to put on this one; 0 while there is no chart.
-std::size_t untriedcount(const Document& document);
+std::size_t untriedCount(const Document& document);
 
 /// The last chart in the list; null if there is none.
-const Entry* lastchart(const Document& document);
+const Entry* lastChart(const Document& document);
 
 /// All of a document on a chart with other limits. What lies outside them is still in it, and draws nothing.
-void relimit(Document& document, const ChartLimits& limits);
+void changeLimits(Document& document, const ChartLimits& limits);
 
 /// A document after a change of pressure: the header line alone.
-Document newdocument(const Pressure& pressure);
+Document newDocument(const Pressure& pressure);
 
-/// What counts as standing once a chart with these limits has been drawn.
-ChartStand standof(const ChartLimits& limits);
+/// The state once a chart with these limits has been drawn.
+ChartState chartStateOf(const ChartLimits& limits);
 
 /// "Relative humidity line", as the user reads it.
-const char* captionof(LineKind kind);
+const char* captionOf(LineKind kind);
 
 /// An entry in a few words: "Relative humidity line 50", "Point A", "Mixture".
-std::string captionof(const Entry& entry);
+std::string captionOf(const Entry& entry);
 
 }  // namespace moistair

@@ -13,25 +13,25 @@ namespace moistair {
 
 namespace {
 
-Json jsonof(const Pressure& pressure) {
+Json jsonOf(const Pressure& pressure) {
   const auto& [entry, atm] = pressure;
-  return {{"unit", entry.unit ? Json(nameof(unitnames, *entry.unit)) : Json()},
+  return {{"unit", entry.unit ? Json(nameOf(unitNames, *entry.unit)) : Json()},
           {"entry", entry.text},
-          {"inhg", jsonnumber(atm)}};
+          {"inhg", jsonNumber(atm)}};
 }
 
-Json jsonof(const ChartLimits& limits) {
+Json jsonOf(const ChartLimits& limits) {
   return Json::array(
-      {jsonnumber(limits.lowdb), jsonnumber(limits.highdb), jsonnumber(limits.lowhr), jsonnumber(limits.highhr)});
+      {jsonNumber(limits.lowDb), jsonNumber(limits.highDb), jsonNumber(limits.lowHr), jsonNumber(limits.highHr)});
 }
 
-Json givenof(PropertyKind kind1, const std::string& value1, PropertyKind kind2, const std::string& value2) {
-  return {{nameof(kind1), value1}, {nameof(kind2), value2}};
+Json givenOf(PropertyKind kind1, const std::string& value1, PropertyKind kind2, const std::string& value2) {
+  return {{nameOf(kind1), value1}, {nameOf(kind2), value2}};
 }
 
-Json columnof(const AirStream& column) {
+Json columnOf(const AirStream& column) {
   Json json = Json::object();
-  for (const auto& [text, name] : columnnames) json[name] = column.*text;
+  for (const auto& [text, name] : columnNames) json[name] = column.*text;
   return json;
 }
 
@@ -40,17 +40,17 @@ Json withExact(Json json, bool exact) {
   return json;
 }
 
-Json streamof(const AirStream& stream) {
-  const Json json = {{"given", givenof(stream.kind1.value_or(PropertyKind::db), stream.value1,
+Json streamOf(const AirStream& stream) {
+  const Json json = {{"given", givenOf(stream.kind1.value_or(PropertyKind::db), stream.value1,
                                        stream.kind2.value_or(PropertyKind::db), stream.value2)},
                      {"flow", stream.flow},
-                     {"shown", columnof(stream)}};
+                     {"shown", columnOf(stream)}};
   return withExact(json, stream.exact);
 }
 
-Json jsonof(const StatePoint& point) {
+Json jsonOf(const StatePoint& point) {
   Json state = Json::object();
-  for (const Property& property : heldProperties) state[property.key] = jsonnumber(point.*property.value);
+  for (const Property& property : heldProperties) state[property.key] = jsonNumber(point.*property.value);
   return state;
 }
 
@@ -62,12 +62,12 @@ struct ContentWriter {
 
   void operator()(const DrawnChart& chart) const {
     json["kind"] = "chart";
-    json["type"] = nameof(typenames, chart.type);
+    json["type"] = nameOf(typeNames, chart.type);
   }
 
   void operator()(const PropertyLine& line) const {
     json["kind"] = "line";
-    json["property"] = nameof(linenames, line.kind);
+    json["property"] = nameOf(lineNames, line.kind);
     json["value"] = line.value;
   }
 
@@ -75,43 +75,43 @@ struct ContentWriter {
     const auto& [one, two] = point.given;
     json["kind"] = "point";
     json["id"] = point.identification;
-    json["given"] = givenof(one.kind, one.value, two.kind, two.value);
-    json["state"] = jsonof(point.state);
+    json["given"] = givenOf(one.kind, one.value, two.kind, two.value);
+    json["state"] = jsonOf(point.state);
     json = withExact(std::move(json), point.exact);
   }
 
   void operator()(const PinnedReading& pinned) const {
     json["kind"] = "readout";
-    json["state"] = jsonof(pinned.state);
-    json["label"] = nameof(cornernames, pinned.corner);
+    json["state"] = jsonOf(pinned.state);
+    json["label"] = nameOf(labelCornerNames, pinned.corner);
   }
 
   void operator()(const MixingLine& line) const {
     json["kind"] = "mixture";
-    json["streams"] = Json::array({streamof(line.columns[0]), streamof(line.columns[1])});
+    json["streams"] = Json::array({streamOf(line.columns[0]), streamOf(line.columns[1])});
     const AirStream& mixed = line.columns[2];
-    json["mixed"] = withExact({{"flow", mixed.flow}, {"shown", columnof(mixed)}}, mixed.exact);
+    json["mixed"] = withExact({{"flow", mixed.flow}, {"shown", columnOf(mixed)}}, mixed.exact);
   }
 };
 
 /// @param before setting of the entry before, which becomes that of this one
-Json jsonof(const Entry& entry, Setting& before) {
+Json jsonOf(const Entry& entry, Setting& before) {
   Json json = Json::object();
   std::visit(ContentWriter{json}, entry.content);
-  if (haslimits(entry) && entry.setting.limits != before.limits) {
+  if (hasLimits(entry) && entry.setting.limits != before.limits) {
     before.limits = entry.setting.limits;
-    json["limits"] = jsonof(before.limits);
+    json["limits"] = jsonOf(before.limits);
   }
   if (entry.setting.pressure != before.pressure) {
     before.pressure = entry.setting.pressure;
-    json["pressure"] = jsonof(before.pressure);
+    json["pressure"] = jsonOf(before.pressure);
   }
   return json;
 }
 
 /// A path as text, or byte for byte where it is none.
-Json jsonofpath(std::string_view path) {
-  if (isutf8(path)) return std::string(path);
+Json jsonOfPath(std::string_view path) {
+  if (isUtf8(path)) return std::string(path);
   Json bytes = Json::array();
   for (const char c : path) bytes.push_back(static_cast<unsigned char>(c));
   return bytes;
@@ -132,49 +132,49 @@ struct FormatFinder {
 };
 
 /// The first format that can hold a document.
-int formatfor(const Document& document) {
-  int format = document.previous.empty() && !document.titleblock ? 1 : documentformat;
+int formatFor(const Document& document) {
+  int format = document.previous.empty() && !document.titleBlock ? 1 : documentFormat;
   for (const Entry& entry : document.entries) format = std::max(format, std::visit(FormatFinder{}, entry.content));
   return format;
 }
 
 /// @param head members of the whole behind its format
 std::string written(const Document& document, const Json& head) {
-  std::string text = "{\n\"format\": " + std::to_string(formatfor(document));
-  for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + jsontext(value);
+  std::string text = "{\n\"format\": " + std::to_string(formatFor(document));
+  for (const auto& [key, value] : head.items()) text += ",\n\"" + key + "\": " + jsonText(value);
   const auto list = [&](const char* name, const auto& elements, const auto& json) {
     text += std::string(",\n\"") + name + "\": [";
     Setting before{{}, document.pressure};
     const char* separator = "\n";
-    for (const auto& element : elements) text += std::exchange(separator, ",\n") + jsontext(json(element, before));
+    for (const auto& element : elements) text += std::exchange(separator, ",\n") + jsonText(json(element, before));
     text += "\n]";
   };
-  list("entries", document.entries, [](const Entry& entry, Setting& before) { return jsonof(entry, before); });
+  list("entries", document.entries, [](const Entry& entry, Setting& before) { return jsonOf(entry, before); });
   if (!document.previous.empty()) {
     list("previous", document.previous, [](const LeftOut& left, Setting& before) {
-      return Json{{"entry", jsonof(left.entry, before)}, {"reason", left.reason}};
+      return Json{{"entry", jsonOf(left.entry, before)}, {"reason", left.reason}};
     });
   }
   return text + "\n}\n";
 }
 
-Json headof(const Document& document) {
-  Json head = {{"pressure", jsonof(document.pressure)}};
-  if (const auto limits = standinglimits(document)) head["drawn"] = jsonof(*limits);
+Json headOf(const Document& document) {
+  Json head = {{"pressure", jsonOf(document.pressure)}};
+  if (const auto limits = currentLimits(document)) head["drawn"] = jsonOf(*limits);
   if (document.background > 0) head["background"] = document.background;
-  if (const auto& block = document.titleblock) {
-    head["titleblock"] = {{"title", block->title}, {"project", block->project}, {"drawnby", block->drawnby}};
+  if (const auto& block = document.titleBlock) {
+    head["titleblock"] = {{"title", block->title}, {"project", block->project}, {"drawnby", block->drawnBy}};
   }
   return head;
 }
 
 }  // namespace
 
-std::string filetext(const Document& document) { return written(document, headof(document)); }
+std::string fileText(const Document& document) { return written(document, headOf(document)); }
 
-std::string recoverytext(const Document& document, std::string_view file) {
-  Json head = headof(document);
-  head["file"] = jsonofpath(file);
+std::string recoveryText(const Document& document, std::string_view file) {
+  Json head = headOf(document);
+  head["file"] = jsonOfPath(file);
   return written(document, head);
 }
 

@@ -2,7 +2,7 @@
 /// A document as text: the content of a file.
 ///
 /// The file is JSON that a person can read, one entry a line, with `format` at its top (documented in the manual,
-/// document.html). Texts are kept as typed and states as they were shown; nothing is computed anew, so what is read
+/// document.html). Texts are kept as typed and states as they were shown; nothing is computed again, so what is read
 /// draws as what was written, and writing what was read gives the same text. An entry names its limits and its pressure
 /// only where they differ from those of the entry before.
 ///
@@ -17,7 +17,7 @@
 
 namespace moistair {
 
-inline constexpr const char* documentending = ".moistair";
+inline constexpr const char* documentEnding = ".moistair";
 
 /// A file that is larger is no document of ours, and would take its time to be read [bytes].
 inline constexpr std::size_t largestdocument = std::size_t{64} << 20;
@@ -25,13 +25,13 @@ inline constexpr std::size_t largestdocument = std::size_t{64} << 20;
 /// The latest format. Beyond the first, the second has read-outs, the third exact states, entries of the previous chart
 /// and a title block. A document is written in the first that can hold it, so that earlier versions of the program read
 /// what they know; all are read.
-inline constexpr int documentformat = 3;
+inline constexpr int documentFormat = 3;
 
-std::string filetext(const Document& document);
+std::string fileText(const Document& document);
 
-/// The same for a file of unsaved work, which also tells where the document belongs.
+/// The same for a file of unsaved work, which also says where the document belongs.
 /// @param file path, any bytes; empty for a document without a file
-std::string recoverytext(const Document& document, std::string_view file);
+std::string recoveryText(const Document& document, std::string_view file);
 
 struct ReadDocument {
   Document document;
@@ -39,6 +39,6 @@ struct ReadDocument {
 };
 
 /// The error has the place and the reason: "entry 3, state, db: must be ...".
-Result<ReadDocument> readdocument(std::string_view text);
+Result<ReadDocument> readDocument(std::string_view text);
 
 }  // namespace moistair

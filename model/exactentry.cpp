@@ -39,11 +39,11 @@ struct ExactMaker {
     for (const std::size_t number : {std::size_t{0}, std::size_t{1}}) {
       AirStream& stream = problem.streams[number] = line.columns.at(number);
       stream.exact = true;
-      if (resolvestream(problem, number).resolved()) continue;
+      if (resolveStream(problem, number).resolved()) continue;
       stream = line.columns.at(number);
     }
     problem.exactMixture = true;
-    mixstreams(problem);
+    mixStreams(problem);
     if (!problem.savable) return false;
     line.columns = {problem.streams[0], problem.streams[1], problem.mixed};
     return true;
@@ -59,7 +59,7 @@ struct ExactMaker {
 
 PairOfGiven givenOf(const MarkedPoint& point) {
   PairOfGiven pair{{{point.given[0].kind, 0}, {point.given[1].kind, 0}}};
-  for (std::size_t i = 0; i < pair.size(); ++i) assign(pair[i].value, strictnumber(point.given[i].value));
+  for (std::size_t i = 0; i < pair.size(); ++i) assign(pair[i].value, strictNumber(point.given[i].value));
   return pair;
 }
 
@@ -89,6 +89,6 @@ std::vector<std::pair<std::size_t, Entry>> exactEntries(const Document& document
   return entries;
 }
 
-StatePoint asReported(const StatePoint& state) { return readreport(fillreport(state, {}, {})); }
+StatePoint asReported(const StatePoint& state) { return readReport(fillReport(state, {}, {})); }
 
 }  // namespace moistair

@@ -10,28 +10,28 @@ namespace moistair {
 namespace {
 
 /// A change that changes nothing yet.
-Change nochange(const Document& document, std::string name) {
+Change noChange(const Document& document, std::string name) {
   Change change;
   change.name = std::move(name);
   change.at = document.entries.size();
   change.background = document.background;
   change.pressure = document.pressure;
-  change.stand = document.stand;
-  change.titleblock = document.titleblock;
+  change.chartState = document.chartState;
+  change.titleBlock = document.titleBlock;
   return change;
 }
 
-bool ischart(const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); }
+bool isChart(const Entry& entry) { return std::holds_alternative<DrawnChart>(entry.content); }
 
 /// Whether it can be put on another chart.
-bool islasting(const Entry& entry) { return !ischart(entry) && !std::holds_alternative<HeaderLine>(entry.content); }
+bool isLasting(const Entry& entry) { return !isChart(entry) && !std::holds_alternative<HeaderLine>(entry.content); }
 
 /// Entries of the previous chart once all from a place on is taken off this one. What could not be put on this one
 /// belongs to it; what nobody has tried to put on it is given up for entries of its own, and else waits for the next.
-std::vector<LeftOut> previousafter(const Document& document, std::size_t from) {
+std::vector<LeftOut> previousAfter(const Document& document, std::size_t from) {
   std::vector<LeftOut> removed;
   for (std::size_t i = from; i < document.entries.size(); ++i) {
-    if (islasting(document.entries[i])) removed.push_back({document.entries[i], {}});
+    if (isLasting(document.entries[i])) removed.push_back({document.entries[i], {}});
   }
   std::vector<LeftOut> previous;
   for (const LeftOut& left : document.previous) {
@@ -43,10 +43,10 @@ std::vector<LeftOut> previousafter(const Document& document, std::size_t from) {
 
 /// Everything from a place on is removed.
 Change removal(const Document& document, std::string name, std::size_t from) {
-  Change change = nochange(document, std::move(name));
+  Change change = noChange(document, std::move(name));
   change.at = from;
   change.count = document.entries.size() - from;
-  if (auto previous = previousafter(document, from); previous != document.previous) {
+  if (auto previous = previousAfter(document, from); previous != document.previous) {
     change.previous = std::move(previous);
   }
   return change;
@@ -54,25 +54,25 @@ Change removal(const Document& document, std::string name, std::size_t from) {
 
 /// One entry in place of another.
 Change replacement(const Document& document, std::string name, std::size_t place, Entry entry) {
-  Change change = nochange(document, std::move(name));
+  Change change = noChange(document, std::move(name));
   change.at = place;
   change.count = 1;
   change.entries.push_back(std::move(entry));
   return change;
 }
 
-const Entry& entryat(const Document& document, std::size_t place) {
+const Entry& entryAt(const Document& document, std::size_t place) {
   const std::size_t active = document.entries.size();
   return place < active ? document.entries[place] : document.previous[place - active].entry;
 }
 
-std::string deletionname(const Document& document, const std::vector<std::size_t>& places) {
+std::string deletionName(const Document& document, const std::vector<std::size_t>& places) {
   if (places.size() != 1) return "Delete " + std::to_string(places.size()) + " entries";
-  return "Delete " + captionof(entryat(document, places.front()));
+  return "Delete " + captionOf(entryAt(document, places.front()));
 }
 
 /// Without those at some places, which count from the first of the entries.
-std::vector<LeftOut> previouswithout(const Document& document, const std::vector<std::size_t>& places) {
+std::vector<LeftOut> previousWithout(const Document& document, const std::vector<std::size_t>& places) {
   std::vector<LeftOut> previous;
   for (std::size_t i = 0; i < document.previous.size(); ++i) {
     const bool stays = !std::binary_search(places.begin(), places.end(), document.entries.size() + i);
@@ -84,44 +84,44 @@ std::vector<LeftOut> previouswithout(const Document& document, const std::vector
 }  // namespace
 
 Change addition(const Document& document, Entry entry) {
-  Change change = nochange(document, captionof(entry));
+  Change change = noChange(document, captionOf(entry));
   change.entries.push_back(std::move(entry));
   return change;
 }
 
-Change takingover(const Document& document, std::string name, std::vector<Entry> entries, std::vector<LeftOut> rest) {
-  Change change = nochange(document, std::move(name));
+Change takingOver(const Document& document, std::string name, std::vector<Entry> entries, std::vector<LeftOut> rest) {
+  Change change = noChange(document, std::move(name));
   change.entries = std::move(entries);
   change.previous = std::move(rest);
   return change;
 }
 
-Change retitling(const Document& document, TitleBlock titleblock) {
-  Change change = nochange(document, "Title block");
-  change.titleblock = std::move(titleblock);
+Change retitling(const Document& document, TitleBlock titleBlock) {
+  Change change = noChange(document, "Title block");
+  change.titleBlock = std::move(titleBlock);
   return change;
 }
 
-Change clearing(const Document& document) { return removal(document, drawname, document.background); }
+Change clearing(const Document& document) { return removal(document, drawName, document.background); }
 
 Change drawing(const Document& document, Entry chart) {
   Change change = clearing(document);
-  change.stand = standof(chart.setting.limits);
+  change.chartState = chartStateOf(chart.setting.limits);
   change.entries.push_back(std::move(chart));
   return change;
 }
 
 Change emptying(const Document& document) {
-  Change change = removal(document, clearname, 0);
+  Change change = removal(document, clearName, 0);
   change.background = 0;
-  forgetlimits(change.stand.drawn);
+  forgetLimits(change.chartState.drawn);
   return change;
 }
 
-Change repressuring(const Document& document, const Pressure& pressure) {
+Change pressureChange(const Document& document, const Pressure& pressure) {
   Change change = emptying(document);
-  change.name = pressurename;
-  change.entries = newdocument(pressure).entries;
+  change.name = pressureName;
+  change.entries = newDocument(pressure).entries;
   change.pressure = pressure;
   return change;
 }
@@ -129,9 +129,9 @@ Change repressuring(const Document& document, const Pressure& pressure) {
 Change deletion(const Document& document, std::vector<std::size_t> places) {
   std::sort(places.begin(), places.end());
   places.erase(std::unique(places.begin(), places.end()), places.end());
-  Change change = nochange(document, deletionname(document, places));
+  Change change = noChange(document, deletionName(document, places));
   const auto active = std::lower_bound(places.begin(), places.end(), document.entries.size());
-  if (active != places.end()) change.previous = previouswithout(document, places);
+  if (active != places.end()) change.previous = previousWithout(document, places);
   places.erase(active, places.end());
   if (places.empty()) return change;
   change.at = places.front();
@@ -142,21 +142,21 @@ Change deletion(const Document& document, std::vector<std::size_t> places) {
   }
   change.background -=
       static_cast<std::size_t>(std::lower_bound(places.begin(), places.end(), document.background) - places.begin());
-  const Entry* last = lastchart(document);
+  const Entry* last = lastChart(document);
   const auto deleted = [&](std::size_t place) { return &document.entries[place] == last; };
-  if (std::any_of(places.begin(), places.end(), deleted)) forgetlimits(change.stand.drawn);
+  if (std::any_of(places.begin(), places.end(), deleted)) forgetLimits(change.chartState.drawn);
   return change;
 }
 
 Change renaming(const Document& document, std::size_t place, std::string identification) {
   Entry entry = document.entries[place];
-  const std::string name = "Rename " + captionof(entry);
+  const std::string name = "Rename " + captionOf(entry);
   std::get<MarkedPoint>(entry.content).identification = std::move(identification);
   return replacement(document, name, place, std::move(entry));
 }
 
 Change moving(const Document& document, std::size_t place, Entry moved) {
-  const std::string name = "Move " + captionof(moved);
+  const std::string name = "Move " + captionOf(moved);
   return replacement(document, name, place, std::move(moved));
 }
 
@@ -164,7 +164,7 @@ Change exchanging(const Document& document, const std::vector<std::pair<std::siz
                   std::string name) {
   const auto [first, last] = std::minmax_element(
       entries.begin(), entries.end(), [](const auto& one, const auto& other) { return one.first < other.first; });
-  Change change = nochange(document, std::move(name));
+  Change change = noChange(document, std::move(name));
   change.at = first->first;
   change.count = last->first - first->first + 1;
   const auto from = document.entries.begin() + static_cast<std::ptrdiff_t>(change.at);
@@ -173,7 +173,7 @@ Change exchanging(const Document& document, const std::vector<std::pair<std::siz
   return change;
 }
 
-void carryout(Change& change, Document& document) {
+void carryOut(Change& change, Document& document) {
   std::vector<Entry>& entries = document.entries;
   const auto first = entries.begin() + static_cast<std::ptrdiff_t>(change.at);
   const auto last = first + static_cast<std::ptrdiff_t>(change.count);
@@ -185,15 +185,15 @@ void carryout(Change& change, Document& document) {
   change.entries = std::move(removed);
   std::swap(change.background, document.background);
   std::swap(change.pressure, document.pressure);
-  std::swap(change.stand, document.stand);
-  std::swap(change.titleblock, document.titleblock);
+  std::swap(change.chartState, document.chartState);
+  std::swap(change.titleBlock, document.titleBlock);
   if (change.previous) std::swap(*change.previous, document.previous);
 }
 
-void History::carryout(Change change) {
-  forgetredo();
-  const bool joins = joinslast(change);
-  moistair::carryout(change, document_);
+void History::carryOut(Change change) {
+  forgetRedo();
+  const bool joins = joinsLast(change);
+  moistair::carryOut(change, document_);
   if (joins) {
     Change& last = changes_.back();
     last.count += change.count;
@@ -206,40 +206,40 @@ void History::carryout(Change change) {
 }
 
 /// Whether it is the second half of drawing a chart, right behind the first.
-bool History::joinslast(const Change& change) const {
-  if (changes_.empty() || change.name != drawname || change.count > 0) return false;
+bool History::joinsLast(const Change& change) const {
+  if (changes_.empty() || change.name != drawName || change.count > 0) return false;
   const Change& last = changes_.back();
-  return last.name == drawname && last.count == 0 && last.at == change.at;
+  return last.name == drawName && last.count == 0 && last.at == change.at;
 }
 
-void History::forgetredo() {
+void History::forgetRedo() {
   changes_.resize(done_);
   if (saved_ > done_) saved_ = std::nullopt;
 }
 
-void History::keeppicture() {
+void History::keepPicture() {
   if (document_.background == document_.entries.size()) return;
-  forgetredo();
+  forgetRedo();
   document_.background = document_.entries.size();
   saved_ = std::nullopt;
 }
 
-const std::string& History::undoname() const {
+const std::string& History::undoName() const {
   static const std::string none;
   return done_ > 0 ? changes_[done_ - 1].name : none;
 }
 
-const std::string& History::redoname() const {
+const std::string& History::redoName() const {
   static const std::string none;
   return done_ < changes_.size() ? changes_[done_].name : none;
 }
 
 void History::undo() {
-  if (done_ > 0) moistair::carryout(changes_[--done_], document_);
+  if (done_ > 0) moistair::carryOut(changes_[--done_], document_);
 }
 
 void History::redo() {
-  if (done_ < changes_.size()) moistair::carryout(changes_[done_++], document_);
+  if (done_ < changes_.size()) moistair::carryOut(changes_[done_++], document_);
 }
 
 }  // namespace moistair

@@ -15,7 +15,7 @@
 
 namespace moistair {
 
-/// In place of `count` entries from `at` on come others. Of the rest of a document it holds what is in force with it.
+/// In place of `count` entries from `at` on come others. Of the rest of a document it holds what goes with it.
 struct Change {
   std::string name;  ///< for the user: "Relative humidity line 50", "Clear chart"
   std::size_t at = 0;
@@ -23,14 +23,14 @@ struct Change {
   std::vector<Entry> entries;
   std::size_t background = 0;
   Pressure pressure;
-  ChartStand stand;
-  std::optional<TitleBlock> titleblock;
+  ChartState chartState;
+  std::optional<TitleBlock> titleBlock;
   std::optional<std::vector<LeftOut>> previous;  ///< none where the entries of the previous chart stay as they are
 };
 
-inline constexpr const char* drawname = "Draw chart";
-inline constexpr const char* clearname = "Clear chart";
-inline constexpr const char* pressurename = "New pressure";
+inline constexpr const char* drawName = "Draw chart";
+inline constexpr const char* clearName = "Clear chart";
+inline constexpr const char* pressureName = "New pressure";
 
 /// A change that adds an entry.
 Change addition(const Document& document, Entry entry);
@@ -45,8 +45,8 @@ Change drawing(const Document& document, Entry chart);
 /// Everything goes, the background picture too.
 Change emptying(const Document& document);
 
-/// Everything goes, and the header line of a new pressure stands alone.
-Change repressuring(const Document& document, const Pressure& pressure);
+/// Everything goes, and only the header line of a new pressure is shown.
+Change pressureChange(const Document& document, const Pressure& pressure);
 
 /// Entries deleted by their places in the list; a chart deleted is no longer current.
 /// @param places in any order; those of the previous chart's entries follow on those of the entries
@@ -55,7 +55,7 @@ Change deletion(const Document& document, std::vector<std::size_t> places);
 /// A point under another identification. The entry must be a point.
 Change renaming(const Document& document, std::size_t place, std::string identification);
 
-/// A point put elsewhere: `moved` in its place, from `movedto` (marks.h).
+/// A point put elsewhere: `moved` in its place, from `movedTo` (marks.h).
 Change moving(const Document& document, std::size_t place, Entry moved);
 
 /// Entries in place of others, in one go.
@@ -64,13 +64,13 @@ Change exchanging(const Document& document, const std::vector<std::pair<std::siz
                   std::string name);
 
 /// Entries of the previous chart put on this one, and what of it is not.
-Change takingover(const Document& document, std::string name, std::vector<Entry> entries, std::vector<LeftOut> rest);
+Change takingOver(const Document& document, std::string name, std::vector<Entry> entries, std::vector<LeftOut> rest);
 
 /// Another title block.
-Change retitling(const Document& document, TitleBlock titleblock);
+Change retitling(const Document& document, TitleBlock titleBlock);
 
 /// Carries a change out and leaves in it the way back.
-void carryout(Change& change, Document& document);
+void carryOut(Change& change, Document& document);
 
 /// A document with the changes that led to it.
 class History {
@@ -82,28 +82,28 @@ public:
 
   /// Carries a change out; what could be redone is gone. A chart drawn on the canvas that was cleared for it is one
   /// change with that clearing.
-  void carryout(Change change);
+  void carryOut(Change change);
 
-  /// Makes all that stands the background picture. No step of its own, since nothing is seen of it: it goes with the
-  /// change before.
-  void keeppicture();
+  /// Makes everything on the chart the background picture. No step of its own, since nothing is seen of it: it goes
+  /// with the change before.
+  void keepPicture();
 
   /// Name of what the next undo or redo concerns; empty if there is none.
-  const std::string& undoname() const;
-  const std::string& redoname() const;
+  const std::string& undoName() const;
+  const std::string& redoName() const;
 
   void undo();  ///< nothing if there is none
   void redo();
 
   /// Whether the document differs from what was last marked as saved; a new one does not.
   bool changed() const { return saved_ != done_; }
-  void marksaved() { saved_ = done_; }
+  void markSaved() { saved_ = done_; }
   /// An opened document that was not written so, as one recovered after a crash.
-  void markunsaved() { saved_ = std::nullopt; }
+  void markUnsaved() { saved_ = std::nullopt; }
 
 private:
-  bool joinslast(const Change& change) const;
-  void forgetredo();
+  bool joinsLast(const Change& change) const;
+  void forgetRedo();
 
   Document document_;
   std::vector<Change> changes_;

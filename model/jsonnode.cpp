@@ -10,7 +10,7 @@ namespace moistair {
 
 namespace {
 
-constexpr std::size_t longestreason = 120;
+constexpr std::size_t longestReason = 120;
 
 /// A part of the text as a message may repeat it.
 std::string repeated(std::string_view name) {
@@ -22,16 +22,16 @@ std::string repeated(std::string_view name) {
   return text;
 }
 
-/// The place of a byte in a text, as an editor tells it.
-std::string placeofbyte(std::string_view text, std::size_t position) {
+/// The place of a byte in a text, as an editor shows it.
+std::string placeOfByte(std::string_view text, std::size_t position) {
   const std::string_view before = text.substr(0, position > 0 ? position - 1 : 0);
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-  const std::size_t linestart = before.rfind('\n') + 1;  // npos + 1 is 0
-  return "line " + std::to_string(line) + ", column " + std::to_string(before.size() - linestart + 1);
+  const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
+  return "line " + std::to_string(line) + ", column " + std::to_string(before.size() - lineStart + 1);
 }
 
 /// What the library says, without its own prefix, place, and copy of what was read.
-std::string reasonof(const nlohmann::detail::exception& error) {
+std::string reasonOf(const nlohmann::detail::exception& error) {
   std::string reason = error.what();
   for (const std::string_view before : {"] ", "column "}) {
     if (const std::size_t at = reason.find(before); at != std::string::npos) reason.erase(0, at + before.size());
@@ -39,7 +39,7 @@ std::string reasonof(const nlohmann::detail::exception& error) {
   // the column's number
   reason.erase(0, std::min(reason.find_first_not_of("0123456789"), reason.size()));
   if (reason.starts_with(": ")) reason.erase(0, 2);
-  return reason.substr(0, std::min(reason.find("; last read"), longestreason));
+  return reason.substr(0, std::min(reason.find("; last read"), longestReason));
 }
 
 /// Looks at all of a text before anything is built of it.
@@ -70,13 +70,13 @@ public:
   }
 
   bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception& error) override {
-    throw JsonFault(placeofbyte(text_, position), reasonof(error));
+    throw JsonFault(placeOfByte(text_, position), reasonOf(error));
   }
 
   /// More than the text takes as values and as a document [bytes].
   std::size_t needed() const {
-    constexpr std::size_t ofvalue = 200, ofobject = 1500, ofbyte = 4;
-    return values_ * ofvalue + objects_ * ofobject + text_.size() * ofbyte;
+    constexpr std::size_t ofValue = 200, ofObject = 1500, ofByte = 4;
+    return values_ * ofValue + objects_ * ofObject + text_.size() * ofByte;
   }
 
 private:
@@ -107,13 +107,13 @@ private:
   }
 
   std::string place() const {
-    constexpr std::size_t told = 5;  // no document has more, and a message is to be read
+    constexpr std::size_t mostShown = 5;  // no document has more, and a message is to be read
     std::string place;
-    for (const Level& level : std::span(levels_).first(std::min(told, levels_.size()))) {
+    for (const Level& level : std::span(levels_).first(std::min(mostShown, levels_.size()))) {
       if (!place.empty()) place += ", ";
       place += level.name.empty() ? std::to_string(level.element) : repeated(level.name);
     }
-    if (levels_.size() > told) place += ", ...";
+    if (levels_.size() > mostShown) place += ", ...";
     return place;
   }
 
@@ -123,21 +123,21 @@ private:
 };
 
 /// Throws where there is not so much memory. The library's values need some to go, and end the program without it.
-void trymemory(std::size_t bytes) {
+void tryMemory(std::size_t bytes) {
   const auto room = std::make_unique_for_overwrite<char[]>(bytes);
   *static_cast<volatile char*>(room.get()) = 0;
 }
 
 }  // namespace
 
-Json parsedjson(std::string_view text) {
+Json parsedJson(std::string_view text) {
   // The library takes it for the end of the text.
   if (const std::size_t nul = text.find('\0'); nul != std::string_view::npos) {
-    throw JsonFault(placeofbyte(text, nul + 1), "a NUL byte, which no text holds");
+    throw JsonFault(placeOfByte(text, nul + 1), "a NUL byte, which no text holds");
   }
   Checker checker(text);
   Json::sax_parse(text, &checker);
-  trymemory(checker.needed());
+  tryMemory(checker.needed());
   return Json::parse(text);
 }
 
@@ -145,7 +145,7 @@ void JsonNode::fail(const std::string& reason) const {
   throw JsonFault(place_.empty() ? "the document" : place_, reason);
 }
 
-std::string JsonNode::placeof(std::string_view name) const {
+std::string JsonNode::placeOf(std::string_view name) const {
   return (place_.empty() ? "" : place_ + ", ") + repeated(name);
 }
 
@@ -158,10 +158,10 @@ std::optional<JsonNode> JsonNode::find(const char* key) const {
   if (!json_.is_object()) fail("must be an object in braces");
   const auto found = json_.find(key);
   if (found == json_.end()) return std::nullopt;
-  return JsonNode(*found, placeof(key));
+  return JsonNode(*found, placeOf(key));
 }
 
-void JsonNode::onlykeys(const std::vector<const char*>& keys) const {
+void JsonNode::onlyKeys(const std::vector<const char*>& keys) const {
   for (const Member& member : members()) {
     const auto same = [&](const char* key) { return member.key == key; };
     if (std::none_of(keys.begin(), keys.end(), same)) member.node.fail("this key is not known here");
@@ -171,7 +171,7 @@ void JsonNode::onlykeys(const std::vector<const char*>& keys) const {
 std::vector<JsonNode::Member> JsonNode::members() const {
   if (!json_.is_object()) fail("must be an object in braces");
   std::vector<Member> members;
-  for (const auto& [key, value] : json_.items()) members.push_back({key, JsonNode(value, placeof(key))});
+  for (const auto& [key, value] : json_.items()) members.push_back({key, JsonNode(value, placeOf(key))});
   return members;
 }
 
@@ -189,7 +189,7 @@ std::vector<double> JsonNode::numbers(std::initializer_list<const char*> names) 
   if (!json_.is_array() || json_.size() != names.size())
     fail("must be a list of " + std::to_string(names.size()) + " numbers");
   std::vector<double> numbers;
-  for (const char* name : names) numbers.push_back(JsonNode(json_[numbers.size()], placeof(name)).number());
+  for (const char* name : names) numbers.push_back(JsonNode(json_[numbers.size()], placeOf(name)).number());
   return numbers;
 }
 
@@ -208,12 +208,12 @@ double JsonNode::number() const {
   return json_.get<double>();
 }
 
-Json jsonnumber(double number) {
+Json jsonNumber(double number) {
   constexpr double exact = 9007199254740992;  // 2^53: up to here every whole number has its double
   const bool whole = number == std::floor(number) && std::abs(number) < exact && !(number == 0 && std::signbit(number));
   return whole ? Json(static_cast<std::int64_t>(number)) : Json(number);
 }
 
-std::string jsontext(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
+std::string jsonText(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 }  // namespace moistair

@@ -29,9 +29,9 @@ private:
   Error error_;
 };
 
-/// The whole of a text. A fault, with line and column, for what is no JSON, and for keys that stand twice, more levels
+/// The whole of a text. A fault, with line and column, for what is no JSON, and for duplicate keys, more levels
 /// than any document has and numbers that no double holds.
-Json parsedjson(std::string_view text);
+Json parsedJson(std::string_view text);
 
 /// A value within a text that outlives it.
 class JsonNode {
@@ -44,7 +44,7 @@ public:
   JsonNode at(const char* key) const;
   std::optional<JsonNode> find(const char* key) const;
   /// Fails for something that is no object and for a key that is none of these.
-  void onlykeys(const std::vector<const char*>& keys) const;
+  void onlyKeys(const std::vector<const char*>& keys) const;
 
   struct Member;
   std::vector<Member> members() const;  ///< of an object, in the order of the text
@@ -57,11 +57,11 @@ public:
   const std::string& text() const;
   double number() const;
   bool flag() const;  ///< true or false
-  bool isnull() const { return json_.is_null(); }
-  bool isarray() const { return json_.is_array(); }
+  bool isNull() const { return json_.is_null(); }
+  bool isArray() const { return json_.is_array(); }
 
 private:
-  std::string placeof(std::string_view name) const;
+  std::string placeOf(std::string_view name) const;
 
   const Json& json_;
   std::string place_;
@@ -73,9 +73,9 @@ struct JsonNode::Member {
 };
 
 /// A number to be written: without a decimal point if it is whole.
-Json jsonnumber(double number);
+Json jsonNumber(double number);
 
 /// A value in one line. A byte that is no UTF-8 must not keep a file from being written, and is replaced.
-std::string jsontext(const Json& json);
+std::string jsonText(const Json& json);
 
 }  // namespace moistair

@@ -7,11 +7,11 @@ namespace moistair {
 namespace {
 
 /// The answer to a pair without a state.
-const char* messageof(Unresolved reason) {
+const char* messageOf(Unresolved reason) {
   switch (reason) {
-    case Unresolved::samekind: return "Two parameters must be diffrent";
-    case Unresolved::humidityratiowithdewpoint: return "combination of Humidity ration and dew point not feasible";
-    case Unresolved::blankvalue: return "None of the two data input boxes can not be blank for locating point";
+    case Unresolved::sameKind: return "Two parameters must be diffrent";
+    case Unresolved::humidityRatioWithDewPoint: return "combination of Humidity ration and dew point not feasible";
+    case Unresolved::blankValue: return "None of the two data input boxes can not be blank for locating point";
     default: break;
   }
   return "The point as per input parameters are either out of chart limits or the such point is not feasible";
@@ -19,19 +19,19 @@ const char* messageof(Unresolved reason) {
 
 }  // namespace
 
-Location locatepoint(const PairInput& input, const std::function<bool()>& chartstands, double atm,
+Location locatePoint(const PairInput& input, const std::function<bool()>& hasCurrentChart, double atm,
                      const RangeFinders& finders, SolverFields& fields) {
   Location location;
   Resolution& resolution = location.resolution;
-  resolution.reason = inputfault(input.kind1, input.kind2, input.value1, input.value2);
+  resolution.reason = inputFault(input.kind1, input.kind2, input.value1, input.value2);
   if (resolution.resolved()) {
-    if (!chartstands()) {
-      location.refusal = Refusal{drawaxisfirst, true};
+    if (!hasCurrentChart()) {
+      location.refusal = Refusal{drawAxisFirst, true};
       return location;
     }
-    resolution = resolvepair(input.kind1, input.value1, input.kind2, input.value2, atm, finders, fields);
+    resolution = resolvePair(input.kind1, input.value1, input.kind2, input.value2, atm, finders, fields);
   }
-  if (!resolution.resolved()) location.refusal = Refusal{messageof(resolution.reason)};
+  if (!resolution.resolved()) location.refusal = Refusal{messageOf(resolution.reason)};
   return location;
 }
 

@@ -2,8 +2,8 @@
 /// Locating a point: the resolution of a pair with every refusal explained.
 ///
 /// The live row resolves while the user types and says nothing; the button "Locate point" runs the same resolution and
-/// answers each refusal with a message. It also wants a chart to stand, since the point is meant for it. The main
-/// window calls `locatepoint`, shows the message of a fault or fills the point report.
+/// answers each refusal with a message. It also needs a current chart, since the point is meant for it. The main
+/// window calls `locatePoint`, shows the message of a fault or fills the point report.
 #pragma once
 
 #include <functional>
@@ -25,13 +25,14 @@ struct PairInput {
 
 struct Location {
   Resolution resolution;           ///< as computed; its texts are rounded in the report
-  std::optional<Refusal> refusal;  ///< what the user is told instead of the report
+  std::optional<Refusal> refusal;  ///< the message instead of the report
 };
 
-/// @param chartstands tells whether the chart on the canvas is the one of the limits in the lists. Asked only of input
-///   that the rules let pass, since asking reads the limits anew.
+/// @param hasCurrentChart says whether the chart on the canvas is the one of the limits in the lists. Asked only of
+/// input
+///   that the rules let pass, since asking reads the limits again.
 /// @param atm atmospheric pressure [in Hg]
-Location locatepoint(const PairInput& input, const std::function<bool()>& chartstands, double atm,
+Location locatePoint(const PairInput& input, const std::function<bool()>& hasCurrentChart, double atm,
                      const RangeFinders& finders, SolverFields& fields);
 
 }  // namespace moistair

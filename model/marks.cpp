@@ -12,7 +12,7 @@ namespace moistair {
 namespace {
 
 /// Whether a chart's axes show the two as one.
-bool samespot(const StatePoint& one, const Place& other) {
+bool sameCoordinates(const StatePoint& one, const ChartCoordinates& other) {
   return std::abs(one.db - other.db) < 0.005 && std::abs(one.w - other.w) < 5e-06;
 }
 
@@ -24,7 +24,7 @@ struct Marker {
   void operator()(const MarkedPoint& point) const { marks.push_back({{point.state.db, point.state.w}, entry}); }
   void operator()(const MixingLine& line) const {
     for (const AirStream& column : line.columns) {
-      marks.push_back({{lenientnumber(column.db), lenientnumber(column.w)}, entry});
+      marks.push_back({{lenientNumber(column.db), lenientNumber(column.w)}, entry});
     }
   }
   void operator()(const PinnedReading& pinned) const { marks.push_back({{pinned.state.db, pinned.state.w}, entry}); }
@@ -34,16 +34,16 @@ struct Marker {
 
 }  // namespace
 
-std::optional<Setting> standingchart(const Document& document) {
-  const auto limits = standinglimits(document);
-  const Entry* chart = lastchart(document);
+std::optional<Setting> currentChart(const Document& document) {
+  const auto limits = currentLimits(document);
+  const Entry* chart = lastChart(document);
   if (!limits || chart == nullptr || chart->setting.limits != *limits) return std::nullopt;
   return chart->setting;
 }
 
-std::vector<Mark> marksof(const Document& document) {
+std::vector<Mark> marksOf(const Document& document) {
   std::vector<Mark> marks;
-  const auto chart = standingchart(document);
+  const auto chart = currentChart(document);
   for (std::size_t i = 0; chart && i < document.entries.size(); ++i) {
     const Entry& entry = document.entries[i];
     if (entry.setting.limits == chart->limits) std::visit(Marker{marks, i}, entry.content);
@@ -51,55 +51,55 @@ std::vector<Mark> marksof(const Document& document) {
   return marks;
 }
 
-std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& place) {
-  const Reading reading = readingat(chart.limits, chart.pressure.atm, place);
+std::optional<PinnedReading> readingToKeep(const Setting& chart, const ChartCoordinates& place) {
+  const Reading reading = readingAt(chart.limits, chart.pressure.atm, place);
   if (!reading.state) return std::nullopt;
   return PinnedReading{asReported(*reading.state)};
 }
 
-Corner freecorner(const Document& document, const PinnedReading& pinned, WindowSize window) {
-  const auto chart = standingchart(document);
+LabelCorner freeCorner(const Document& document, const PinnedReading& pinned, WindowSize window) {
+  const auto chart = currentChart(document);
   if (!chart) return corners.front();
-  const PlotArea area = plotarea(chart->limits, window);
-  constexpr double markroom = 2 * pointmarkradius;
+  const PlotArea area = plotArea(chart->limits, window);
+  constexpr double markRoom = 2 * pointMarkRadius;
   std::vector<LabelBox> taken;
-  for (const Mark& mark : marksof(document)) {
-    const double x = area.plotx(mark.place.db);
-    const double y = area.ploty(mark.place.w);
-    taken.push_back({x - markroom, y - markroom, x + markroom, y + markroom});
+  for (const Mark& mark : marksOf(document)) {
+    const double x = area.plotX(mark.place.db);
+    const double y = area.plotY(mark.place.w);
+    taken.push_back({x - markRoom, y - markRoom, x + markRoom, y + markRoom});
     const auto* other = std::get_if<PinnedReading>(&document.entries[mark.entry].content);
-    if (other != nullptr) taken.push_back(labelbox(other->state, other->corner, area));
+    if (other != nullptr) taken.push_back(labelBox(other->state, other->corner, area));
   }
-  const auto covered = [&](Corner corner) {
-    const LabelBox label = labelbox(pinned.state, corner, area);
+  const auto covered = [&](LabelCorner corner) {
+    const LabelBox label = labelBox(pinned.state, corner, area);
     double sum = 0;
     for (const LabelBox& box : taken) sum += label.covered(box);
     return sum;
   };
   return *std::min_element(corners.begin(), corners.end(),
-                           [&](Corner one, Corner other) { return covered(one) < covered(other); });
+                           [&](LabelCorner one, LabelCorner other) { return covered(one) < covered(other); });
 }
 
-bool ispoint(const Entry& entry) { return std::holds_alternative<MarkedPoint>(entry.content); }
+bool isPoint(const Entry& entry) { return std::holds_alternative<MarkedPoint>(entry.content); }
 
-std::optional<Entry> movedto(const Entry& point, const Place& place, WindowSize window) {
+std::optional<Entry> movedTo(const Entry& point, const ChartCoordinates& place, WindowSize window) {
   const Setting& setting = point.setting;
-  const Reading reading = readingat(setting.limits, setting.pressure.atm, place);
+  const Reading reading = readingAt(setting.limits, setting.pressure.atm, place);
   if (!reading.state) return std::nullopt;
   Entry entry = point;
   auto& moved = std::get<MarkedPoint>(entry.content);
   moved.state = asReported(*reading.state);
-  for (TypedProperty& given : moved.given) given.value = numbertext(moved.state.at(given.kind));
-  const PlotArea area = plotarea(setting.limits, window);
+  for (TypedProperty& given : moved.given) given.value = numberText(moved.state.at(given.kind));
+  const PlotArea area = plotArea(setting.limits, window);
   SolverFields fields;
   const auto& [one, two] = moved.given;
-  Resolution again = resolvepair(one.kind, one.value, two.kind, two.value, setting.pressure.atm,
-                                 chartrangefinders([area] { return area; }), fields);
+  Resolution again = resolvePair(one.kind, one.value, two.kind, two.value, setting.pressure.atm,
+                                 chartRangeFinders([area] { return area; }), fields);
   if (moved.exact) {
     const auto exact = exactChoice(givenOf(moved), setting.pressure.atm, resolutionOf(moved.state)).state;
     if (exact) again = resolutionOf(*exact);
   }
-  if (again.resolved() && samespot(again.point, place)) moved.state = asReported(again.point);
+  if (again.resolved() && sameCoordinates(again.point, place)) moved.state = asReported(again.point);
   RecordingCanvas scratch;
   if (draw(entry, scratch, window) != nullptr) return std::nullopt;
   return entry;

@@ -10,31 +10,31 @@
 
 namespace moistair {
 
-/// Limits and pressure of the chart that counts as standing and can be seen; none while there is none.
-std::optional<Setting> standingchart(const Document& document);
+/// Limits and pressure of the current chart if it can be seen; none while there is none.
+std::optional<Setting> currentChart(const Document& document);
 
 /// A mark: a point, one of the three of a mixture, or a reading that was kept.
 struct Mark {
-  Place place;
+  ChartCoordinates place;
   std::size_t entry = 0;  ///< its place in the document
 };
 
-/// Marks that stand where the axes of the chart say so: those that were made with its limits.
-std::vector<Mark> marksof(const Document& document);
+/// Marks whose place the axes of the chart give: those that were made with its limits.
+std::vector<Mark> marksOf(const Document& document);
 
 /// The reading at a place of a chart, to be kept on it; none where there is no air.
-std::optional<PinnedReading> readingtokeep(const Setting& chart, const Place& place);
+std::optional<PinnedReading> readingToKeep(const Setting& chart, const ChartCoordinates& place);
 
 /// The corner of a place where a label covers no mark of the document and no label of another reading; the first if
 /// there is none.
-Corner freecorner(const Document& document, const PinnedReading& pinned, WindowSize window);
+LabelCorner freeCorner(const Document& document, const PinnedReading& pinned, WindowSize window);
 
 /// Whether an entry is a point, which can be put elsewhere.
-bool ispoint(const Entry& entry);
+bool isPoint(const Entry& entry);
 
 /// A point put at another place. It keeps its identification, its pressure and the two kinds of property that it was
 /// given by, whose values become those of the new place; its state is what these two then resolve to, as if they had
 /// been typed. None where there is no air at that place and at its pressure.
-std::optional<Entry> movedto(const Entry& point, const Place& place, WindowSize window);
+std::optional<Entry> movedTo(const Entry& point, const ChartCoordinates& place, WindowSize window);
 
 }  // namespace moistair

@@ -17,21 +17,21 @@ namespace moistair {
 
 struct PointReport : StateTexts {
   std::string identification;   ///< as typed; "Nil" if nothing was
-  std::string pressurecaption;  ///< by the unit in which the pressure was set; empty for none of them
+  std::string pressureCaption;  ///< by the unit in which the pressure was set; empty for none of them
   std::string pressure;         ///< pressure or elevation as entered
 };
 
-inline constexpr const char* identificationcaption = "Point Id";
-inline constexpr const char* reporttitle = "Properties of the specified point are as below:";
+inline constexpr const char* identificationCaption = "Point Id";
+inline constexpr const char* reportTitle = "Properties of the specified point are as below:";
 
 /// The report of a state. The pressure's text is empty if it reads as exactly -1.
 /// @param pressure the pressure last set; not necessarily the one that the state was computed at
-PointReport fillreport(const StatePoint& point, std::string_view identification, const PressureEntry& pressure);
+PointReport fillReport(const StatePoint& point, std::string_view identification, const PressureEntry& pressure);
 
-/// The state that the report shows, rounded as it stands there; an empty text counts as 0.
-StatePoint readreport(const PointReport& report);
+/// The state that the report shows, rounded as shown there; an empty text counts as 0.
+StatePoint readReport(const PointReport& report);
 
 /// The 12 lines of the report's record in the log, without line ends.
-std::vector<std::string> pointrecord(const PointReport& report);
+std::vector<std::string> pointRecord(const PointReport& report);
 
 }  // namespace moistair

@@ -7,7 +7,7 @@ namespace moistair {
 /// Why, in the words for the user.
 struct Refusal {
   const char* text;
-  bool withcancel = false;  ///< buttons OK and Cancel, whose answer means nothing, instead of OK
+  bool withCancel = false;  ///< buttons OK and Cancel, whose answer means nothing, instead of OK
 };
 
 }  // namespace moistair

@@ -1,8 +1,8 @@
 /// \file
 /// The values that outlive a dialog.
 ///
-/// Dialogs are made new at each opening, so what has to survive one stands here. Numbers are kept as the texts in which
-/// they were typed or stored: every operation reads the pressure in force at its head, from its text.
+/// Dialogs are made new at each opening, so what has to survive one is kept here. Numbers are kept as the texts in
+/// which they were typed or stored: every operation first reads the current pressure from its text.
 #pragma once
 
 #include "chart/chartframe.h"
@@ -13,11 +13,11 @@
 namespace moistair {
 
 struct SessionValues {
-  NumberText pressure;          ///< atmospheric pressure in force [in Hg]; what every calculation reads, leniently
-  PressureEntry pressureentry;  ///< the pressure last set, as the user gave it
+  NumberText pressure;          ///< atmospheric current pressure [in Hg]; what every calculation reads, leniently
+  PressureEntry pressureEntry;  ///< the pressure last set, as the user gave it
   DrawnLimits drawn;            ///< limits of the chart on the canvas
-  ChartType charttype = ChartType::standard;  ///< as last chosen
-  SolverFields solverfields;                  ///< scratch of the nested searches
+  ChartType chartType = ChartType::standard;  ///< as last chosen
+  SolverFields solverFields;                  ///< scratch of the nested searches
 };
 
 }  // namespace moistair

@@ -12,9 +12,9 @@ namespace moistair {
 
 namespace {
 
-constexpr std::size_t firstproperty = 3;
-constexpr std::array<const char*, firstproperty> firstheads = {"Kind", "Identification", "Atmos. pr (in Hg)"};
-constexpr std::array<const char*, 3> mixingmarks = {"St1", "Mix", "St2"};
+constexpr std::size_t firstProperty = 3;
+constexpr std::array<const char*, firstProperty> firstHeads = {"Kind", "Identification", "Atmos. pr (in Hg)"};
+constexpr std::array<const char*, 3> mixingMarks = {"St1", "Mix", "St2"};
 
 /// Appends the rows of an entry.
 struct RowWriter {
@@ -32,16 +32,16 @@ struct RowWriter {
 
   void operator()(const DrawnChart&) {
     const ChartLimits& limits = setting.limits;
-    row.identification = numbertext(limits.lowdb) + " to " + numbertext(limits.highdb) + ", " +
-                         numbertext(limits.lowhr) + " to " + fixeddecimals(limits.highhr, 3);
+    row.identification = numberText(limits.lowDb) + " to " + numberText(limits.highDb) + ", " +
+                         numberText(limits.lowHr) + " to " + fixedDecimals(limits.highHr, 3);
     rows.push_back(row);
   }
 
   void operator()(const PropertyLine& line) {
     double value = 0;
-    assign(value, strictnumber(line.value));
-    row.kind = captionof(line.kind);
-    row.properties[columnOf(propertyof(line.kind))] = value;
+    assign(value, strictNumber(line.value));
+    row.kind = captionOf(line.kind);
+    row.properties[columnOf(propertyOf(line.kind))] = value;
     rows.push_back(row);
   }
 
@@ -66,7 +66,7 @@ struct RowWriter {
     constexpr std::array<std::size_t, 3> order = {0, 2, 1};
     for (std::size_t i = 0; i < order.size(); ++i) {
       const AirStream& column = line.columns.at(order[i]);
-      row.identification = mixingmarks[i];
+      row.identification = mixingMarks[i];
       take(shownState(column));
       judge(line, order[i]);
       rows.push_back(row);
@@ -90,8 +90,8 @@ std::string missedText(const std::vector<Miss>& values) {
   const auto rounded = [](double number) { return atMostDecimals(number, 4); };
   std::string text;
   for (const Miss& miss : values) {
-    text += std::string(text.empty() ? "" : "; ") + nameof(miss.kind) + ' ' +
-            (hasvalue(miss.found) ? rounded(miss.found) : "none") + " for " + rounded(miss.wanted);
+    text += std::string(text.empty() ? "" : "; ") + nameOf(miss.kind) + ' ' +
+            (hasValue(miss.found) ? rounded(miss.found) : "none") + " for " + rounded(miss.wanted);
   }
   return text;
 }
@@ -99,27 +99,27 @@ std::string missedText(const std::vector<Miss>& values) {
 void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t place, std::string note) {
   TableRow row;
   row.entry = place;
-  row.kind = captionof(entry);
+  row.kind = captionOf(entry);
   row.pressure = entry.setting.pressure.atm;
-  row.properties.fill(novalue);
+  row.properties.fill(noValue);
   row.note = std::move(note);
   std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
 }
 
 }  // namespace
 
-const char* tablehead(std::size_t column) {
+const char* tableHead(std::size_t column) {
   if (column == missedColumn) return "Missed";
-  if (column == notecolumn) return "Note";
-  return column < firstproperty ? firstheads[column] : propertyOf(columnOrder[column - firstproperty]).caption;
+  if (column == noteColumn) return "Note";
+  return column < firstProperty ? firstHeads[column] : propertyOf(columnOrder[column - firstProperty]).caption;
 }
 
-std::size_t columncount(const std::vector<TableRow>& rows) {
+std::size_t tableColumnCount(const std::vector<TableRow>& rows) {
   const auto noted = [](const TableRow& row) { return !row.note.empty(); };
-  return std::any_of(rows.begin(), rows.end(), noted) ? notecolumn + 1 : notecolumn;
+  return std::any_of(rows.begin(), rows.end(), noted) ? noteColumn + 1 : noteColumn;
 }
 
-std::vector<TableRow> tablerows(const Document& document) {
+std::vector<TableRow> tableRows(const Document& document) {
   std::vector<TableRow> rows;
   std::size_t place = 0;
   for (const Entry& entry : document.entries) appendRows(rows, entry, place++, {});
@@ -136,33 +136,33 @@ bool missesAny(const Entry& entry) {
   return std::any_of(rows.begin(), rows.end(), [](const TableRow& row) { return row.missed.any(); });
 }
 
-std::string celltext(const TableRow& row, std::size_t column) {
+std::string cellText(const TableRow& row, std::size_t column) {
   switch (column) {
     case 0: return row.kind;
     case 1: return row.identification;
     case 2: return atMostDecimals(row.pressure, 7);
     case missedColumn: return missedText(row.missed.values);
-    case notecolumn: return row.note;
+    case noteColumn: return row.note;
     default: break;
   }
   std::string text;
-  const double value = row.properties[column - firstproperty];
-  appendsevendecimals(text, value);
+  const double value = row.properties[column - firstProperty];
+  appendSevenDecimals(text, value);
   return text;
 }
 
-std::string tabletext(const std::vector<TableRow>& rows, char separator) {
-  const std::size_t columns = columncount(rows);
+std::string tableText(const std::vector<TableRow>& rows, char separator) {
+  const std::size_t columns = tableColumnCount(rows);
   std::string text;
-  const auto appendline = [&](const auto& cell) {
+  const auto appendLine = [&](const auto& cell) {
     for (std::size_t column = 0; column < columns; ++column) {
       if (column > 0) text += separator;
-      appendfield(text, cell(column), separator);
+      appendField(text, cell(column), separator);
     }
     text += '\n';
   };
-  appendline([](std::size_t column) { return std::string(tablehead(column)); });
-  for (const TableRow& row : rows) appendline([&](std::size_t column) { return celltext(row, column); });
+  appendLine([](std::size_t column) { return std::string(tableHead(column)); });
+  for (const TableRow& row : rows) appendLine([&](std::size_t column) { return cellText(row, column); });
   return text;
 }
 

@@ -1,5 +1,5 @@
 /// \file
-/// All that stands on the chart as a table of states.
+/// Everything on the chart as a table of states.
 #pragma once
 
 #include <array>
@@ -27,23 +27,23 @@ struct TableRow {
 /// Heads of the columns: kind, identification, pressure, the properties in their order, what the state misses, and last
 /// the note.
 inline constexpr std::size_t missedColumn = 3 + propertyCount;
-inline constexpr std::size_t notecolumn = missedColumn + 1;
-const char* tablehead(std::size_t column);
+inline constexpr std::size_t noteColumn = missedColumn + 1;
+const char* tableHead(std::size_t column);
 
 /// How many columns there are: that of the notes only where a row has one.
-std::size_t columncount(const std::vector<TableRow>& rows);
+std::size_t tableColumnCount(const std::vector<TableRow>& rows);
 
 /// Every row but for the header line alone, in the order in which things were drawn; then what is not on the chart.
-std::vector<TableRow> tablerows(const Document& document);
+std::vector<TableRow> tableRows(const Document& document);
 
 /// Whether a state of an entry visibly misses anything.
 bool missesAny(const Entry& entry);
 
-/// What stands in a column of a row: seven decimals for the properties, with a zero before the point; at last what is
+/// The text of a column of a row: seven decimals for the properties, with a zero before the point; at last what is
 /// missed, as "dp 28.7211 for 27.65".
-std::string celltext(const TableRow& row, std::size_t column);
+std::string cellText(const TableRow& row, std::size_t column);
 
 /// Heads and rows, each ended by a line feed, for a file (comma) or a spreadsheet to paste (tab).
-std::string tabletext(const std::vector<TableRow>& rows, char separator);
+std::string tableText(const std::vector<TableRow>& rows, char separator);
 
 }  // namespace moistair

@@ -14,24 +14,24 @@ namespace moistair {
 
 namespace {
 
-QByteArray bmpofdrawing(const Drawing& drawing, QSize size, double scale) {
-  return bmpcontent(drawingimage(drawing, size, scale));
+QByteArray bmpOfDrawing(const Drawing& drawing, QSize size, double scale) {
+  return bmpContent(drawingImage(drawing, size, scale));
 }
 
-QByteArray pngofdrawing(const Drawing& drawing, QSize size, double scale) {
-  return pngcontent(drawingimage(drawing, size, scale));
+QByteArray pngOfDrawing(const Drawing& drawing, QSize size, double scale) {
+  return pngContent(drawingImage(drawing, size, scale));
 }
 
-QByteArray svgofdrawing(const Drawing& drawing, QSize size, double) { return svgcontent(drawing, size); }
+QByteArray svgOfDrawing(const Drawing& drawing, QSize size, double) { return svgContent(drawing, size); }
 
-QByteArray pdfofdrawing(const Drawing& drawing, QSize size, double) {
-  return pdfcontent(size, QStringLiteral("Psychrometric chart"),
+QByteArray pdfOfDrawing(const Drawing& drawing, QSize size, double) {
+  return pdfContent(size, QStringLiteral("Psychrometric chart"),
                     [&](QPainter& painter, QPdfWriter&) { replay(drawing, painter, size); });
 }
 
 }  // namespace
 
-QImage drawingimage(const Drawing& drawing, QSize size, double scale) {
+QImage drawingImage(const Drawing& drawing, QSize size, double scale) {
   QImage image(size * scale, QImage::Format_RGB32);
   if (image.isNull()) return image;
   image.fill(Qt::white);
@@ -41,7 +41,7 @@ QImage drawingimage(const Drawing& drawing, QSize size, double scale) {
   return image;
 }
 
-QByteArray bmpcontent(const QImage& picture) {
+QByteArray bmpContent(const QImage& picture) {
   QByteArray content;
   QBuffer buffer(&content);
   const bool made =
@@ -50,7 +50,7 @@ QByteArray bmpcontent(const QImage& picture) {
 }
 
 /// Qt's own writer tries five filters on every row, which takes longer than all else and gains a quarter of the size.
-QByteArray pngcontent(const QImage& image) {
+QByteArray pngContent(const QImage& image) {
   const QImage picture = image.convertToFormat(QImage::Format_RGB888);
   if (picture.isNull()) return {};
   png_image png{};
@@ -67,7 +67,7 @@ QByteArray pngcontent(const QImage& image) {
   return content;
 }
 
-QByteArray pdfcontent(QSizeF size, const QString& title, const std::function<void(QPainter&, QPdfWriter&)>& paint) {
+QByteArray pdfContent(QSizeF size, const QString& title, const std::function<void(QPainter&, QPdfWriter&)>& paint) {
   QByteArray content;
   QBuffer buffer(&content);
   if (!buffer.open(QIODevice::WriteOnly)) return {};
@@ -84,25 +84,25 @@ QByteArray pdfcontent(QSizeF size, const QString& title, const std::function<voi
   return painter.end() ? content : QByteArray();
 }
 
-const std::array<FileFormat, 4> fileformats = {{
-    {pictureendings[0], "SVG drawing (*.svg)", false, svgofdrawing},
-    {pictureendings[1], "PDF document (*.pdf)", false, pdfofdrawing},
-    {pictureendings[2], "PNG picture (*.png)", true, pngofdrawing},
-    {pictureendings[3], "BMP picture (*.bmp)", true, bmpofdrawing},
+const std::array<FileFormat, 4> fileFormats = {{
+    {pictureEndings[0], "SVG drawing (*.svg)", false, svgOfDrawing},
+    {pictureEndings[1], "PDF document (*.pdf)", false, pdfOfDrawing},
+    {pictureEndings[2], "PNG picture (*.png)", true, pngOfDrawing},
+    {pictureEndings[3], "BMP picture (*.bmp)", true, bmpOfDrawing},
 }};
 
-const FileFormat* formatofname(std::string_view name) {
-  const auto samecharacter = [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b - 'A' + 'a' : b); };
-  for (const FileFormat& format : fileformats) {
+const FileFormat* formatOfName(std::string_view name) {
+  const auto sameCharacter = [](char a, char b) { return a == (b >= 'A' && b <= 'Z' ? b - 'A' + 'a' : b); };
+  for (const FileFormat& format : fileFormats) {
     const std::string_view ending = format.ending;
     if (name.size() < ending.size()) continue;
     const std::string_view tail = name.substr(name.size() - ending.size());
-    if (std::equal(ending.begin(), ending.end(), tail.begin(), samecharacter)) return &format;
+    if (std::equal(ending.begin(), ending.end(), tail.begin(), sameCharacter)) return &format;
   }
   return nullptr;
 }
 
-void paintfitted(const Drawing& drawing, QSize size, QPainter& painter, const QRectF& page) {
+void paintFitted(const Drawing& drawing, QSize size, QPainter& painter, const QRectF& page) {
   const double scale = std::min(page.width() / size.width(), page.height() / size.height());
   painter.save();
   painter.translate(page.center() - QPointF(size.width(), size.height()) * scale / 2);

@@ -23,17 +23,17 @@ class QPdfWriter;
 namespace moistair {
 
 /// The drawing on white ground, `scale` picture pixels to the logical pixel.
-QImage drawingimage(const Drawing& drawing, QSize size, double scale = 1);
+QImage drawingImage(const Drawing& drawing, QSize size, double scale = 1);
 
 /// A 24-bit Windows bitmap of any picture.
-QByteArray bmpcontent(const QImage& picture);
+QByteArray bmpContent(const QImage& picture);
 
 /// A PNG picture, without transparency.
-QByteArray pngcontent(const QImage& picture);
+QByteArray pngContent(const QImage& picture);
 
 /// A PDF document with a page of so many pixels of 1/96 inch, in which the painter works; the writer begins further
 /// pages.
-QByteArray pdfcontent(QSizeF size, const QString& title, const std::function<void(QPainter&, QPdfWriter&)>& paint);
+QByteArray pdfContent(QSizeF size, const QString& title, const std::function<void(QPainter&, QPdfWriter&)>& paint);
 
 /// A kind of file that a drawing can be written to.
 struct FileFormat {
@@ -45,12 +45,12 @@ struct FileFormat {
 
 /// Vector files first: in them text stays text, a line is 1/96 inch wide and the page is the drawing's size at 96 to
 /// the inch.
-extern const std::array<FileFormat, 4> fileformats;
+extern const std::array<FileFormat, 4> fileFormats;
 
 /// The format by the ending of a name, in capitals or not; null for any other.
-const FileFormat* formatofname(std::string_view name);
+const FileFormat* formatOfName(std::string_view name);
 
-/// Paints the drawing as large as it fits into `page` [device units of the painter], centred, its proportions kept.
-void paintfitted(const Drawing& drawing, QSize size, QPainter& painter, const QRectF& page);
+/// Paints the drawing as large as it fits into `page` [device units of the painter], centered, its proportions kept.
+void paintFitted(const Drawing& drawing, QSize size, QPainter& painter, const QRectF& page);
 
 }  // namespace moistair

@@ -22,8 +22,8 @@ namespace moistair {
 QPointF pixels(float x, float y);
 
 /// Font of all text on the chart, and the name that its files have.
-inline constexpr const char* canvasfamily = "DejaVu Sans";
-QFont canvasfont();
+inline constexpr const char* canvasFamily = "DejaVu Sans";
+QFont canvasFont();
 
 /// A text as one line that every font can show: control characters, line breaks among them, become blanks, and what no
 /// XML file may hold the replacement character.
@@ -31,7 +31,7 @@ QString printable(QString text);
 
 /// Whether a painting that begins with this operation would begin within a curve, so that its edges get two coats
 /// there.
-bool cutscurve(const Drawing& drawing, std::size_t first);
+bool cutsCurve(const Drawing& drawing, std::size_t first);
 
 /// A text as it is painted [logical pixels].
 struct PaintedText {
@@ -42,7 +42,7 @@ struct PaintedText {
 
 /// Where a text goes. A short one that would run over the right edge of `ground`, the part that can be seen, is moved
 /// to end there: the titles are placed for a narrower font than most screens have.
-PaintedText paintedtext(const TextOperation& text, const QFontMetricsF& metrics, QSizeF ground);
+PaintedText paintedText(const TextOperation& text, const QFontMetricsF& metrics, QSizeF ground);
 
 /// Paints the operations from index `first` on, in black on whatever is there. Returns the rectangle touched [logical
 /// pixels], empty if nothing was painted.

@@ -17,26 +17,26 @@
 namespace moistair {
 
 /// What texts take in the font of the charts.
-ExtentFunction sheetextents();
+ExtentFunction sheetExtents();
 
-QPolygonF polygonof(const std::vector<SheetPoint>& points);
+QPolygonF polygonOf(const std::vector<SheetPoint>& points);
 
 /// Paints a page in pixels of 1/96 inch, its ground included.
-void paintpage(const SheetDrawing& sheet, std::size_t page, QPainter& painter);
+void paintPage(const SheetDrawing& sheet, std::size_t page, QPainter& painter);
 
-/// Paints a page as large as it fits into a rectangle [device units of the painter], centred.
-void paintfitted(const SheetDrawing& sheet, std::size_t page, QPainter& painter, const QRectF& room);
+/// Paints a page as large as it fits into a rectangle [device units of the painter], centered.
+void paintFitted(const SheetDrawing& sheet, std::size_t page, QPainter& painter, const QRectF& room);
 
-/// Paints every page so; `nextpage` is called between two and tells whether it could begin another.
-bool paintpages(const SheetDrawing& sheet, QPainter& painter, const QRectF& room,
-                const std::function<bool()>& nextpage);
+/// Paints every page so; `nextPage` is called between two and says whether it could begin another.
+bool paintPages(const SheetDrawing& sheet, QPainter& painter, const QRectF& room,
+                const std::function<bool()>& nextPage);
 
 /// All pages one under the other, `scale` picture pixels to the pixel; a null image without enough memory.
-QImage sheetimage(const SheetDrawing& sheet, double scale);
+QImage sheetImage(const SheetDrawing& sheet, double scale);
 
-QByteArray sheetsvg(const SheetDrawing& sheet, std::string_view title);
+QByteArray sheetSvg(const SheetDrawing& sheet, std::string_view title);
 
-/// The contents of a file of a sheet by the format's ending, as in `fileformats`; empty if they could not be made.
-QByteArray sheetcontent(std::string_view ending, const SheetDrawing& sheet, std::string_view title, double scale);
+/// The contents of a file of a sheet by the format's ending, as in `fileFormats`; empty if they could not be made.
+QByteArray sheetContent(std::string_view ending, const SheetDrawing& sheet, std::string_view title, double scale);
 
 }  // namespace moistair

@@ -12,18 +12,18 @@ namespace {
 struct DrawingWriter {
   SvgWriter& svg;
   QSizeF ground;
-  QFontMetricsF metrics{canvasfont()};
+  QFontMetricsF metrics{canvasFont()};
 
   void operator()(const LineOperation& line) const {
     svg.line({line.color.value_or(Color{0, 0, 0})}, pixels(line.x1, line.y1), pixels(line.x2, line.y2));
   }
 
   void operator()(const CircleOperation& circle) const {
-    svg.circle(circle.color, pixels(circle.x, circle.y), static_cast<double>(circle.radius) / twipsperpixel);
+    svg.circle(circle.color, pixels(circle.x, circle.y), static_cast<double>(circle.radius) / twipsPerPixel);
   }
 
   void operator()(const TextOperation& operation) const {
-    const PaintedText text = paintedtext(operation, metrics, ground);
+    const PaintedText text = paintedText(operation, metrics, ground);
     if (!text.characters.isEmpty()) svg.text({text.characters, text.baseline});
   }
 };
@@ -49,21 +49,21 @@ struct SheetWriter {
 
 }  // namespace
 
-QByteArray svgcontent(const Drawing& drawing, QSize size) {
-  const QFont font = canvasfont();
+QByteArray svgContent(const Drawing& drawing, QSize size) {
+  const QFont font = canvasFont();
   SvgWriter svg(size.width(), size.height(), QStringLiteral("Psychrometric chart"), {255, 255, 255});
-  svg.begin({.linejoin = "bevel", .family = font.family().toStdString(), .size = font.pixelSize()});
+  svg.begin({.lineJoin = "bevel", .family = font.family().toStdString(), .size = font.pixelSize()});
   const DrawingWriter writer{svg, size};
   for (const Operation& operation : drawing.operations) std::visit(writer, operation);
   return QByteArray::fromStdString(svg.finished());
 }
 
-QByteArray sheetsvg(const SheetDrawing& sheet, std::string_view title) {
+QByteArray sheetSvg(const SheetDrawing& sheet, std::string_view title) {
   const auto words = QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
   SvgWriter svg(sheet.width, sheet.height * static_cast<double>(sheet.pages.size()), printable(words), sheet.paper);
   double top = 0;
   for (const SheetPage& page : sheet.pages) {
-    svg.begin({.linejoin = "round", .family = canvasfamily, .top = top});
+    svg.begin({.lineJoin = "round", .family = canvasFamily, .top = top});
     for (const SheetOperation& operation : page.operations) std::visit(SheetWriter{svg}, operation);
     top += sheet.height;
   }

@@ -2,7 +2,7 @@
 /// A drawing as SVG text.
 ///
 /// The one file that is not painted: a painter writes every line as an element of its own and takes ten times as long.
-/// Lines that follow each other in one colour are one path here, and text is text, placed as `replay` places it.
+/// Lines that follow each other in one color are one path here, and text is text, placed as `replay` places it.
 #pragma once
 
 #include <QByteArray>
@@ -13,6 +13,6 @@
 namespace moistair {
 
 /// The file's content, for an area of so many logical pixels of 1/96 inch.
-QByteArray svgcontent(const Drawing& drawing, QSize size);
+QByteArray svgContent(const Drawing& drawing, QSize size);
 
 }  // namespace moistair

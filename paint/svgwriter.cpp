@@ -37,8 +37,8 @@ SvgWriter::SvgWriter(double width, double height, const QString& title, const Co
 }
 
 void SvgWriter::begin(const Group& group) {
-  closegroup();
-  out_ += "<g fill=\"none\" stroke-linecap=\"square\"" + attribute("stroke-linejoin", group.linejoin) +
+  closeGroup();
+  out_ += "<g fill=\"none\" stroke-linecap=\"square\"" + attribute("stroke-linejoin", group.lineJoin) +
           " xml:space=\"preserve\"" + attribute("font-family", group.family);
   if (group.size) out_ += attribute("font-size", *group.size);
   if (group.top) out_ += attribute("transform", "translate(0 " + numberOf(*group.top) + ")");
@@ -47,9 +47,9 @@ void SvgWriter::begin(const Group& group) {
 }
 
 void SvgWriter::line(const SvgStroke& stroke, QPointF from, QPointF to) {
-  const bool goeson = path_ == stroke && end_ && end_->x() == from.x() && end_->y() == from.y();
-  openpath(stroke);
-  if (goeson) {
+  const bool goesOn = path_ == stroke && end_ && end_->x() == from.x() && end_->y() == from.y();
+  openPath(stroke);
+  if (goesOn) {
     out_ += ' ';
   } else {
     out_ += 'M';
@@ -61,25 +61,25 @@ void SvgWriter::line(const SvgStroke& stroke, QPointF from, QPointF to) {
 }
 
 void SvgWriter::polyline(const SvgStroke& stroke, const std::vector<SheetPoint>& line) {
-  openpath(stroke);
+  openPath(stroke);
   points(line);
 }
 
 void SvgWriter::area(const Color& color, const std::vector<SheetPoint>& outline) {
-  closepath();
+  closePath();
   out_ += "<path" + attribute("fill", color) + " d=\"";
   points(outline);
   out_ += "z\"/>\n";
 }
 
-void SvgWriter::circle(const Color& color, QPointF centre, double radius) {
-  closepath();
-  out_ += "<circle" + attribute("cx", centre.x()) + attribute("cy", centre.y()) + attribute("r", radius) +
+void SvgWriter::circle(const Color& color, QPointF center, double radius) {
+  closePath();
+  out_ += "<circle" + attribute("cx", center.x()) + attribute("cy", center.y()) + attribute("r", radius) +
           attribute("stroke", color) + "/>\n";
 }
 
 void SvgWriter::text(const SvgText& text) {
-  closepath();
+  closePath();
   out_ += "<text" + attribute("fill", text.color);
   if (text.size) out_ += attribute("font-size", *text.size);
   if (text.bold) out_ += attribute("font-weight", "bold");
@@ -94,13 +94,13 @@ void SvgWriter::text(const SvgText& text) {
 }
 
 std::string SvgWriter::finished() {
-  closegroup();
+  closeGroup();
   return std::move(out_) + "</svg>\n";
 }
 
-void SvgWriter::openpath(const SvgStroke& stroke) {
+void SvgWriter::openPath(const SvgStroke& stroke) {
   if (path_ == stroke) return;
-  closepath();
+  closePath();
   out_ += "<path" + attribute("stroke", stroke.color);
   if (stroke.width) out_ += attribute("stroke-width", *stroke.width);
   if (stroke.dash != Dash::solid) {
@@ -111,14 +111,14 @@ void SvgWriter::openpath(const SvgStroke& stroke) {
   path_ = stroke;
 }
 
-void SvgWriter::closepath() {
+void SvgWriter::closePath() {
   if (path_) out_ += "\"/>\n";
   path_.reset();
   end_.reset();
 }
 
-void SvgWriter::closegroup() {
-  closepath();
+void SvgWriter::closeGroup() {
+  closePath();
   if (grouped_) out_ += "</g>\n";
   grouped_ = false;
 }

@@ -40,7 +40,7 @@ public:
 
   /// What follows, until the next group: how corners of lines look, and the font.
   struct Group {
-    const char* linejoin;
+    const char* lineJoin;
     std::string family;
     std::optional<double> size = std::nullopt;  ///< of texts [pixels]
     std::optional<double> top = std::nullopt;   ///< where it is put [pixels]
@@ -51,16 +51,16 @@ public:
   void line(const SvgStroke& stroke, QPointF from, QPointF to);
   void polyline(const SvgStroke& stroke, const std::vector<SheetPoint>& points);
   void area(const Color& color, const std::vector<SheetPoint>& outline);
-  void circle(const Color& color, QPointF centre, double radius);
+  void circle(const Color& color, QPointF center, double radius);
   void text(const SvgText& text);
 
   /// The whole of the file; nothing can be added after it.
   std::string finished();
 
 private:
-  void openpath(const SvgStroke& stroke);
-  void closepath();
-  void closegroup();
+  void openPath(const SvgStroke& stroke);
+  void closePath();
+  void closeGroup();
   void points(const std::vector<SheetPoint>& points);
 
   std::string out_;

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "engine/answers.h"
 #include "engine/crossing.h"
+#include "engine/exactsolutions.h"
 #include "engine/saturation.h"
 #include "engine/vaporterms.h"
 #include "process/words.h"
@@ -44,10 +44,10 @@ double newton(double x, double low, double high, const Step& step) {
 
 /// The temperature of a saturation pressure; within the step that before it.
 double temperatureOfSaturation(double pvs) {
-  const auto& [before, after] = freezingstep();
+  const auto& [before, after] = freezingStep();
   static const double ice = psychro_pvs(before);
   static const double water = psychro_pvs(after);
-  if (!(pvs > 0) || !hasvalue(pvs)) return novalue;
+  if (!(pvs > 0) || !hasValue(pvs)) return noValue;
   if (pvs >= ice && pvs < water) return before;
   constexpr double coldest = -400;
   const bool overWater = pvs >= water;
@@ -56,49 +56,49 @@ double temperatureOfSaturation(double pvs) {
   const double low = overWater ? after : coldest;
   const double high = overWater ? 1000 : before;
   return newton(std::clamp(guess, low, high), low, high,
-                [&](double x) { return (std::log(psychro_pvs(x)) - target) / lnsaturationslope(x); });
+                [&](double x) { return (std::log(psychro_pvs(x)) - target) / lnSaturationSlope(x); });
 }
 
 double saturationRatioOf(double db, double atm) {
   const double ps = psychro_pvs(db);
-  return ps < atm ? ratioof(ps, atm) : infinite;
+  return ps < atm ? ratioOf(ps, atm) : infinite;
 }
 
 double saturationSlopeOf(double db, double atm) {
   const double ps = psychro_pvs(db);
-  return ps < atm ? massratio * atm / ((atm - ps) * (atm - ps)) * ps * lnsaturationslope(db) : infinite;
+  return ps < atm ? massRatio * atm / ((atm - ps) * (atm - ps)) * ps * lnSaturationSlope(db) : infinite;
 }
 
 double saturationTemperatureOf(double ratio, double atm) {
-  return temperatureOfSaturation(pressureofratio(ratio, atm));
+  return temperatureOfSaturation(pressureOfRatio(ratio, atm));
 }
 
 double relativeHumidityOf(double db, double ratio, double atm) {
-  return humidityof(pressureofratio(ratio, atm), psychro_pvs(db));
+  return humidityOf(pressureOfRatio(ratio, atm), psychro_pvs(db));
 }
 
 double ratioOfHumidityAt(double db, double humidity, double atm) {
   const double pv = humidity / 100 * psychro_pvs(db);
-  return pv < atm ? ratioof(pv, atm) : infinite;
+  return pv < atm ? ratioOf(pv, atm) : infinite;
 }
 
 double dryBulbOfHumidityAt(double humidity, double ratio, double atm) {
-  const double pvs = quotient(100 * pressureofratio(ratio, atm), humidity);
+  const double pvs = quotient(100 * pressureOfRatio(ratio, atm), humidity);
   const double temp = temperatureOfSaturation(pvs);
-  return std::abs(psychro_pvs(temp) - pvs) <= 1e-9 * pvs ? temp : novalue;
+  return std::abs(psychro_pvs(temp) - pvs) <= 1e-9 * pvs ? temp : noValue;
 }
 
-double volumeOfState(double db, double ratio, double atm) { return volumeof(volumefactor(db), ratio, atm); }
+double volumeOfState(double db, double ratio, double atm) { return volumeOf(volumeFactor(db), ratio, atm); }
 
-double dewPointOf(double ratio, double atm) { return psychro_dp(pressureofratio(ratio, atm)); }
+double dewPointOf(double ratio, double atm) { return psychro_dp(pressureOfRatio(ratio, atm)); }
 
 double ratioOfDewPointAt(double dewPoint, double atm) {
-  static const double frostEnd = psychro_dp(std::nextafter(formsmeet, 0));
-  static const double waterStart = psychro_dp(formsmeet);
-  if (dewPoint > frostEnd && dewPoint < waterStart) return novalue;
-  if (!(dewPoint > frostpoint.at(frostpoint.turn()))) return novalue;
-  const double pv = std::exp((dewPoint < waterStart ? frostpoint : waterpoint).of(dewPoint));
-  return pv < atm ? ratioof(pv, atm) : infinite;
+  static const double frostEnd = psychro_dp(std::nextafter(formsMeet, 0));
+  static const double waterStart = psychro_dp(formsMeet);
+  if (dewPoint > frostEnd && dewPoint < waterStart) return noValue;
+  if (!(dewPoint > frostPoint.at(frostPoint.turn()))) return noValue;
+  const double pv = std::exp((dewPoint < waterStart ? frostPoint : waterPoint).of(dewPoint));
+  return pv < atm ? ratioOf(pv, atm) : infinite;
 }
 
 double ratioOfWetBulbAt(double db, double wetBulb, double atm) {
@@ -108,80 +108,80 @@ double ratioOfWetBulbAt(double db, double wetBulb, double atm) {
 
 /// The balance over water is 1093.049 (ws - w) = (0.24 + 0.441 w)(t - x), convex in the wet bulb x.
 double wetBulbOverWater(double db, double ratio, double atm) {
-  const double low = std::nextafter(icewetbulb, infinite);
-  if (!(db >= low)) return novalue;
+  const double low = std::nextafter(iceWetBulb, infinite);
+  if (!(db >= low)) return noValue;
   constexpr double vaporized = 1093.049;
   const double capacity = 0.24 + 0.441 * ratio;
   const auto excess = [&](double x) { return vaporized * (saturationRatioOf(x, atm) - ratio) - capacity * (db - x); };
   // Far from boiling the saturated ratio is finite and Newton's steps are short.
   const double high = psychro_pvs(db) < atm / 2 ? db : temperatureOfSaturation(atm / 2);
-  if (!(low < high) || !(excess(low) <= 0) || !(excess(high) >= -1e-12)) return novalue;
+  if (!(low < high) || !(excess(low) <= 0) || !(excess(high) >= -1e-12)) return noValue;
   return newton(high, low, high,
                 [&](double x) { return excess(x) / (vaporized * saturationSlopeOf(x, atm) + capacity); });
 }
 
 /// Over ice the saturation pressure less a multiple of the depression is the vapor pressure.
 double wetBulbOverIce(double db, double ratio, double atm) {
-  const auto& [before, after] = freezingstep();
-  const double pv = pressureofratio(ratio, atm);
-  const auto excess = [&](double x) { return vaporpressureof(db, x, atm, psychro_pvs(x)) - pv; };
+  const auto& [before, after] = freezingStep();
+  const double pv = pressureOfRatio(ratio, atm);
+  const auto excess = [&](double x) { return vaporPressureOf(db, x, atm, psychro_pvs(x)) - pv; };
   const auto step = [&](double x) {
-    return excess(x) / (psychro_pvs(x) * lnsaturationslope(x) + 0.0005704 * atm / 1.8);
+    return excess(x) / (psychro_pvs(x) * lnSaturationSlope(x) + 0.0005704 * atm / 1.8);
   };
-  const double top = std::min(db, icewetbulb);
-  if (top >= after && excess(after) <= 0) return excess(top) >= -1e-15 ? newton(top, after, top, step) : novalue;
+  const double top = std::min(db, iceWetBulb);
+  if (top >= after && excess(after) <= 0) return excess(top) >= -1e-15 ? newton(top, after, top, step) : noValue;
   const double high = std::min(db, before);
-  return excess(high) >= -1e-15 ? newton(high, -400, high, step) : novalue;
+  return excess(high) >= -1e-15 ? newton(high, -400, high, step) : noValue;
 }
 
 WetBulbs wetBulbsOf(double db, double ratio, double atm) {
   return {wetBulbOverIce(db, ratio, atm), wetBulbOverWater(db, ratio, atm)};
 }
 
-Error noState(const Answers& found, const Given& first, const Given& second) {
-  const std::string pair = std::string(nameof(first.kind)) + " and " + nameof(second.kind);
-  const std::string place = nameof(second.kind);
+Error noState(const ExactSolutions& found, const Given& first, const Given& second) {
+  const std::string pair = std::string(nameOf(first.kind)) + " and " + nameOf(second.kind);
+  const std::string place = nameOf(second.kind);
   switch (found.reason) {
-    case NoAnswer::nopair: return {ErrorCode::noResult, place, pair + " do not fix a state; give another property"};
-    case NoAnswer::belowbound:
-    case NoAnswer::abovebound: {
-      const bool above = found.reason == NoAnswer::abovebound;
+    case NoSolution::noPair: return {ErrorCode::noResult, place, pair + " do not fix a state; give another property"};
+    case NoSolution::belowBound:
+    case NoSolution::aboveBound: {
+      const bool above = found.reason == NoSolution::aboveBound;
       const double below = found.kind == db ? lowestDryBulb : 0;  // without the allowance for rounding
       const std::string limit = figure(above ? found.bound : found.kind == wb ? found.bound : below);
       return {ErrorCode::outOfRange, place,
-              "with this " + pair + ", " + nameof(found.kind) + " is " + (above ? "above " : "below ") + limit};
+              "with this " + pair + ", " + nameOf(found.kind) + " is " + (above ? "above " : "below ") + limit};
     }
-    case NoAnswer::saturation:
+    case NoSolution::saturation:
       return {ErrorCode::noResult, place, "air with this " + pair + " is above saturation; lower " + place};
-    case NoAnswer::dewpointgap:
+    case NoSolution::dewPointGap:
       return {ErrorCode::noResult, "dp", "no air has a dew point between 31.996 and 32.214 deg F; give w"};
-    case NoAnswer::freezingstep:
+    case NoSolution::freezingStep:
       return {ErrorCode::noResult, place, "this " + pair + " lie in the step of the equations at 32 deg F"};
     default: return {ErrorCode::noResult, place, "no air has this " + pair + " at the site's pressure"};
   }
 }
 
 Error twoStates(const std::vector<StatePoint>& states, const Given& first, const Given& second) {
-  std::string words = std::string("more than one state has this ") + nameof(first.kind) + " and " + nameof(second.kind);
+  std::string words = std::string("more than one state has this ") + nameOf(first.kind) + " and " + nameOf(second.kind);
   const char* before = ": ";
   for (const StatePoint& state : states) {
     words += before + ("db=" + figure(state.db)) + ",w=" + figure(state.w);
     before = " and ";
   }
-  return {ErrorCode::noResult, nameof(second.kind), words + "; give one of these pairs"};
+  return {ErrorCode::noResult, nameOf(second.kind), words + "; give one of these pairs"};
 }
 
 /// The humidity ratio of a dry bulb and another property, in closed form.
-double ratioAt(double drybulb, const Given& other, double atm) {
+double ratioAt(double dryBulb, const Given& other, double atm) {
   switch (other.kind) {
     case wb:
-      return other.value <= drybulb * (1 + 1e-15) + 1e-12 ? ratioOfWetBulbAt(drybulb, other.value, atm) : infinite;
-    case rh: return ratioOfHumidityAt(drybulb, other.value, atm);
+      return other.value <= dryBulb * (1 + 1e-15) + 1e-12 ? ratioOfWetBulbAt(dryBulb, other.value, atm) : infinite;
+    case rh: return ratioOfHumidityAt(dryBulb, other.value, atm);
     case w: return other.value;
-    case h: return ratioofenthalpy(drybulb, other.value);
+    case h: return ratioOfEnthalpy(dryBulb, other.value);
     case dp: return ratioOfDewPointAt(other.value, atm);
-    case v: return ratioofvolume(drybulb, other.value, atm);
-    default: return novalue;
+    case v: return ratioOfVolume(dryBulb, other.value, atm);
+    default: return noValue;
   }
 }
 
@@ -189,10 +189,10 @@ double ratioAt(double drybulb, const Given& other, double atm) {
 Result<AirState> dryOfWetBulb(const Given& wetBulb, const Given& moisture, double atm) {
   const auto ratio = [&](double temp) { return ratioOfWetBulbAt(temp, wetBulb.value, atm); };
   const double cold = std::max(wetBulb.value, lowestDryBulb);
-  const double wettest = cold <= highestDryBulb ? ratio(cold) : novalue;
+  const double wettest = cold <= highestDryBulb ? ratio(cold) : noValue;
   const double driest = ratio(highestDryBulb);
   if (!(wettest >= 0) || !(driest <= 0))
-    return noState({{}, NoAnswer::abovebound, db, highestDryBulb}, wetBulb, moisture);
+    return noState({{}, NoSolution::aboveBound, db, highestDryBulb}, wetBulb, moisture);
   return AirState{crossing(ratio, cold, wettest, highestDryBulb, driest), 0};
 }
 
@@ -207,10 +207,10 @@ Result<AirState> stateOfPair(Given first, Given second, double atm) {
   }
   const bool dry = first.kind == rh && first.value == 0;  // no equation turns dry air's humidity into a dry bulb
   if (dry && (second.kind == h || second.kind == v)) return stateOfPair({w, 0}, second, atm);
-  if (dry) return noState({{}, NoAnswer::nopair}, first, second);
+  if (dry) return noState({{}, NoSolution::noPair}, first, second);
   if (first.kind == wb && (second.kind == rh || second.kind == w) && second.value == 0)
     return dryOfWetBulb(first, second, atm);
-  const Answers found = answerswithoutwetbulb(first, second, atm, processBounds);
+  const ExactSolutions found = solutionsWithoutWetBulb(first, second, atm, processBounds);
   if (found.states.empty()) return noState(found, first, second);
   if (found.states.size() > 1) return twoStates(found.states, first, second);
   return AirState{found.states.front().db, std::max(found.states.front().w, 0.0)};
@@ -219,9 +219,9 @@ Result<AirState> stateOfPair(Given first, Given second, double atm) {
 }  // namespace
 
 const AirModel programAir = {
-    .enthalpy = enthalpyof,
+    .enthalpy = enthalpyOf,
     .vaporEnthalpy = [](double db) { return 1061 + 0.444 * db; },
-    .dryBulbOfEnthalpy = drybulbofenthalpy,
+    .dryBulbOfEnthalpy = dryBulbOfEnthalpy,
     .volume = volumeOfState,
     .relativeHumidity = relativeHumidityOf,
     .ratioOfHumidity = ratioOfHumidityAt,
@@ -234,7 +234,7 @@ const AirModel programAir = {
     .wetBulbs = wetBulbsOf,
     .ratioOfWetBulb = ratioOfWetBulbAt,
     .stateOf = stateOfPair,
-    .freezing = freezingstep().before,
+    .freezing = freezingStep().before,
 };
 
 }  // namespace moistair

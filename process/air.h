@@ -24,8 +24,8 @@ inline constexpr double lowestDryBulb = -60, highestDryBulb = 300;
 inline constexpr double highestRatio = 0.1;
 
 struct AirState {
-  double db = novalue;  ///< dry bulb [deg F]
-  double w = novalue;   ///< humidity ratio [lb/lb]
+  double db = noValue;  ///< dry bulb [deg F]
+  double w = noValue;   ///< humidity ratio [lb/lb]
 
   bool operator==(const AirState&) const = default;
 };
@@ -35,11 +35,11 @@ inline bool aboveSaturation(double w, double saturated) { return w > saturated *
 
 /// The wet bulbs of a state. Near 32 deg F there can be one over ice and one over water, or none at all.
 struct WetBulbs {
-  double overIce = novalue;
-  double overWater = novalue;
+  double overIce = noValue;
+  double overWater = noValue;
 
-  double shown() const { return hasvalue(overWater) ? overWater : overIce; }
-  bool two() const { return hasvalue(overWater) && hasvalue(overIce); }
+  double shown() const { return hasValue(overWater) ? overWater : overIce; }
+  bool two() const { return hasValue(overWater) && hasValue(overIce); }
 };
 
 /// A model of moist air. The enthalpy is to be linear in the humidity ratio (perfect gases), the saturated humidity
@@ -71,7 +71,7 @@ extern const AirModel programAir;
 
 /// Where the processes take place.
 struct Site {
-  double atm = defaultpressure;  ///< [in Hg]
+  double atm = defaultPressure;  ///< [in Hg]
   const AirModel* air = &programAir;
 
   double enthalpy(const AirState& state) const { return air->enthalpy(state.db, state.w); }

@@ -1,4 +1,4 @@
-// Cooling coils: a straight line from the entering air towards the apparatus dew point, fixed by two of ten parameters.
+// Cooling coils: a straight line from the entering air toward the apparatus dew point, fixed by two of ten parameters.
 #include <algorithm>
 #include <cmath>
 #include <functional>
@@ -57,7 +57,7 @@ Result<Coil> coilOf(const StepInput& input) {
     if (kind == shr && !(value > 0 && value <= 1))
       return refuse(shr, "the sensible heat ratio of a coil is above 0 and up to 1");
     if (kind == bf && !(value < 1)) return refuse(bf, "with a bypass factor of 1 nothing is cooled; give less");
-    if (kind == dp && !hasvalue(coil.air().ratioOfDewPoint(value, coil.site.atm))) {
+    if (kind == dp && !hasValue(coil.air().ratioOfDewPoint(value, coil.site.atm))) {
       return refuse(dp, "no air has a dew point between 31.996 and 32.214 deg F; give w");
     }
     coil.kinds[count] = kind;
@@ -100,7 +100,7 @@ double ratioFor(const Coil& coil, Parameter kind, double value, double temp) {
     }
     case total: return (dryCooling + w1 * latentHeat - value) / (latentHeat - vaporCooling);
     case sensible: return quotient(value - dryCooling, vaporCooling);
-    default: return novalue;
+    default: return noValue;
   }
 }
 
@@ -123,7 +123,7 @@ Error noneFound(const Coil& coil) {
 /// A leaving state that has both parameters.
 struct Candidate {
   AirState leaving;
-  double adp = novalue;  ///< where the search ran over it
+  double adp = noValue;  ///< where the search ran over it
 };
 
 /// All that were found, the warmest first.
@@ -172,7 +172,7 @@ Candidates alongCurve(const Coil& coil, Parameter curve) {
   if (curve == wb) cold = std::clamp(curveValue, cold, warm);
   if (curve == rh) {  // warmer, the humidity ratio is beyond any state
     const double top = coil.air().dryBulbOfHumidity(curveValue, highestRatio, coil.site.atm);
-    if (hasvalue(top)) warm = std::clamp(top, cold, warm);
+    if (hasValue(top)) warm = std::clamp(top, cold, warm);
   }
   const double rounding = roundingOf(sought, soughtValue);
   const double freezing = coil.site.air->freezing;
@@ -236,11 +236,11 @@ Result<Candidates> byBypass(const Coil& coil) {
     return refuse(bf, "without bypassed air the leaving air is saturated; give db with it");
   if (sought != w && sought != dp) return alongSaturation(coil, bypass, sought, value);
 
-  const double ratio = ratioFor(coil, sought, value, novalue);
+  const double ratio = ratioFor(coil, sought, value, noValue);
   if (!(ratio < coil.entering.w)) return refuse(sought, "this is not drier than the entering air; give less");
   const double saturated = (ratio - bypass * coil.entering.w) / (1 - bypass);
   const double temp = coil.site.saturationTemperature(saturated);
-  if (!hasvalue(temp)) return refuse(sought, "with this bypass factor the air cannot get so dry");
+  if (!hasValue(temp)) return refuse(sought, "with this bypass factor the air cannot get so dry");
   return Candidates(Candidate{{temp + bypass * (coil.entering.db - temp), ratio}, temp});
 }
 
@@ -249,7 +249,7 @@ Result<Candidates> leavingOf(const Coil& coil) {
   if (const auto temp = coil.value(db)) {
     const Parameter kind = coil.other(db);
     const double ratio = ratioFor(coil, kind, *coil.value(kind), *temp);
-    return hasvalue(ratio) ? Candidates(Candidate{{*temp, ratio}}) : Candidates();
+    return hasValue(ratio) ? Candidates(Candidate{{*temp, ratio}}) : Candidates();
   }
   for (const Parameter curve : {adp, wb, shr, rh, w, dp, total}) {
     if (coil.value(curve)) return alongCurve(coil, curve);
@@ -280,7 +280,7 @@ std::optional<Error> notNeeded(const Coil& coil) {
   }
   for (const Parameter kind : {w, dp}) {
     if (!coil.value(kind) || coil.value(db)) continue;
-    const double ratio = ratioFor(coil, kind, *coil.value(kind), novalue);
+    const double ratio = ratioFor(coil, kind, *coil.value(kind), noValue);
     if (ratio > w1 * (1 + same)) return addsWater(coil, ratio);
   }
   return std::nullopt;
@@ -314,9 +314,9 @@ Error neverSaturated(const Coil& coil) {
 Outcome describeSurface(const Coil& coil, const Candidate& found, StepResult& result) {
   const AirState& leaving = found.leaving;
   double temp = apparatusDewPoint(coil.entering, leaving, coil.site);
-  const double given = hasvalue(found.adp) ? found.adp : coil.value(adp).value_or(novalue);
-  if (hasvalue(given)) {
-    if (hasvalue(temp) && std::abs(temp - given) > 1e-5) {
+  const double given = hasValue(found.adp) ? found.adp : coil.value(adp).value_or(noValue);
+  if (hasValue(given)) {
+    if (hasValue(temp) && std::abs(temp - given) > 1e-5) {
       return refuse(coil.value(adp) ? adp : coil.other(bf), "the line to an apparatus dew point of " + figure(given) +
                                                                 " deg F meets saturation at " + figure(temp) +
                                                                 " already; the coldest one possible is " +
@@ -324,9 +324,9 @@ Outcome describeSurface(const Coil& coil, const Candidate& found, StepResult& re
     }
     temp = given;
   }
-  if (!hasvalue(temp)) {
+  if (!hasValue(temp)) {
     const Passage passage = passageThroughFog(coil.entering, leaving, coil.site);
-    if (!hasvalue(passage.warm)) return neverSaturated(coil);
+    if (!hasValue(passage.warm)) return neverSaturated(coil);
     result.notes.add(NoteCode::noApparatusDewPoint, passage.warm, passage.cold);
     return {};
   }
@@ -375,8 +375,8 @@ Result<StepResult> complete(const Coil& coil, Candidate found) {
   const double byStates = flow * (coil.site.enthalpy(found.leaving) - coil.site.enthalpy(entering)) + liquidHeat;
   finished->exchange.heat = input.parameters.has(total) ? -input.parameters[total] : byStates;
   finished->shr = quotient(finished->sensible, finished->total);
-  if (input.parameters.has(waterdt)) {
-    finished->waterGpm = std::abs(finished->total) / (StepResult::lbhPerGpm * input.parameters[waterdt]);
+  if (input.parameters.has(waterDt)) {
+    finished->waterGpm = std::abs(finished->total) / (StepResult::lbhPerGpm * input.parameters[waterDt]);
   }
   return finished;
 }

@@ -24,7 +24,7 @@ struct Excess {
   double slopeAt(double temp) const { return slope - site.air->saturationSlope(temp, site.atm); }
 };
 
-/// The first root from `from` on towards `to`, both on one side of the step; f(from) is below 0. No value if there is
+/// The first root from `from` on toward `to`, both on one side of the step; f(from) is below 0. No value if there is
 /// none.
 double firstRoot(const Excess& line, double from, double to) {
   const double direction = to < from ? -1 : 1;
@@ -33,9 +33,9 @@ double firstRoot(const Excess& line, double from, double to) {
     const double f = line.at(x);
     if (f >= 0) return x;
     const double step = -f / line.slopeAt(x);
-    if (!(step * direction > 0)) return novalue;  // the line turns away
+    if (!(step * direction > 0)) return noValue;  // the line turns away
     const double next = x + step;
-    if ((to - next) * direction < 0) return line.at(to) >= 0 ? to : novalue;
+    if ((to - next) * direction < 0) return line.at(to) >= 0 ? to : noValue;
     if (!(std::abs(step) > 1e-13 * (1 + std::abs(x)))) return next;
     x = next;
   }
@@ -56,7 +56,7 @@ double firstMeeting(const Excess& line, double from, double to) {
   const bool crosses = down ? from >= after && to <= before : from <= before && to >= after;
   if (!crosses) return firstRoot(line, from, to);
   const double first = firstRoot(line, from, nearSide);
-  if (hasvalue(first)) return first;
+  if (hasValue(first)) return first;
   return line.at(farSide) >= 0 ? before : firstRoot(line, farSide, to);
 }
 
@@ -76,7 +76,7 @@ Passage passageThroughFog(const AirState& entering, const AirState& leaving, con
   const Excess line(entering, leaving, site);
   const double cold = saturated(leaving, site) ? leaving.db : firstMeeting(line, leaving.db, entering.db);
   const double warm = saturated(entering, site) ? entering.db : firstMeeting(line, entering.db, leaving.db);
-  return hasvalue(cold) && hasvalue(warm) && warm > cold ? Passage{warm, cold} : Passage{};
+  return hasValue(cold) && hasValue(warm) && warm > cold ? Passage{warm, cold} : Passage{};
 }
 
 AirState touchingPoint(const AirState& entering, const Site& site) {

@@ -17,7 +17,7 @@ double apparatusDewPoint(const AirState& entering, const AirState& leaving, cons
 
 /// Where the line is above saturation between two states below it; no values if it is not.
 struct Passage {
-  double warm = novalue, cold = novalue;  ///< dry bulbs
+  double warm = noValue, cold = noValue;  ///< dry bulbs
 };
 Passage passageThroughFog(const AirState& entering, const AirState& leaving, const Site& site);
 

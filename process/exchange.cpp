@@ -16,7 +16,7 @@ double givenFlow(const StepInput& input, const AirState& state) {
   if (given.has(lbh)) return given[lbh];
   if (given.has(scfm)) return given[scfm] * lbhPerScfm;
   if (given.has(acfm)) return dryFlowOfAcfm(given[acfm], input.site.volume(state));
-  return novalue;
+  return noValue;
 }
 
 /// Flows can be compared if all are in lb/h, or all are parts of the same air.
@@ -32,7 +32,7 @@ Outcome checkComparable(const StepInput& input) {
 Result<AirState> givenState(const StepInput& input) {
   std::array<Given, 2> pair{};
   std::size_t count = 0;
-  for (int i = 0; i < kindcount && count < 2; ++i) {
+  for (int i = 0; i < kindCount && count < 2; ++i) {
     const auto parameter = static_cast<Parameter>(i);
     if (input.parameters.has(parameter)) pair[count++] = {static_cast<PropertyKind>(i), input.parameters[parameter]};
   }
@@ -62,7 +62,7 @@ Result<StepResult> runAir(const StepInput& input) {
   result.leaving.state = *state;
   const double flow = givenFlow(input, *state);
   const bool given = (input.parameters.given() & setOf(acfm, scfm, lbh)) != 0;
-  if (given && !hasvalue(flow)) return refuse(acfm, "this air has no volume");
+  if (given && !hasValue(flow)) return refuse(acfm, "this air has no volume");
   result.leaving.flow = given ? flow : 1;
   result.leaving.origin = given ? -1 : input.self;
   return result;
@@ -148,7 +148,7 @@ Result<StepResult> runRoom(const StepInput& input) {
   // enthalpy.
   const double perLb = gain / entering.flow;
   AirState state{input.site.air->dryBulbOfEnthalpy(input.site.enthalpy(entering.state) + perLb, entering.state.w),
-                 novalue};
+                 noValue};
   const double vapor = given.has(hg) ? given[hg] : input.site.air->vaporEnthalpy(state.db);
   const double waterGain = given.has(water) ? given[water] : (byTotal ? given[total] - gain : given[latent]) / vapor;
   state.w = entering.state.w + waterGain / entering.flow;

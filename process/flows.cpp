@@ -34,11 +34,11 @@ constexpr ParameterSet perHour = flowParameters | setOf(Parameter::btuh, Paramet
 /// The flow that a step gives as a number [lb/h]; none where it gives none, or an unknown one.
 std::optional<double> givenFlow(const CompiledStep& step) {
   const Parameters& given = step.parameters;
-  double flow = novalue;
+  double flow = noValue;
   if (given.has(Parameter::lbh)) flow = given[Parameter::lbh];
   if (given.has(Parameter::scfm)) flow = given[Parameter::scfm] * lbhPerScfm;
   if (given.has(Parameter::acfm)) flow = dryFlowOfAcfm(given[Parameter::acfm], typicalVolume);
-  return hasvalue(flow) ? std::optional(flow) : std::nullopt;
+  return hasValue(flow) ? std::optional(flow) : std::nullopt;
 }
 
 /// Sets up the sums of all streams in the order of evaluation.

@@ -14,7 +14,7 @@ namespace moistair {
 struct Goal {
   std::string name;  ///< of a stream: a step's, or NAME.rest, NAME.exhaust
   Parameter parameter = Parameter::db;
-  double value = novalue;  ///< in the base unit
+  double value = noValue;  ///< in the base unit
   int line = 0;            ///< where it was read, from 1; 0 if it was not
 
   bool operator==(const Goal&) const = default;

@@ -90,7 +90,7 @@ private:
       errors_.push_back({ErrorCode::unknownName, place,
                          problem_.system.names[stream] + " has no " + nameOf(wanted.parameter) +
                              "; a goal on it can be " + namesOf(possible, "or")});
-    } else if (!hasvalue(wanted.value)) {
+    } else if (!hasValue(wanted.value)) {
       errors_.push_back({ErrorCode::unreadable, place, std::string(nameOf(wanted.parameter)) + " needs a number"});
     } else {
       if (contains(perHour, wanted.parameter)) goalPerHour_[step] = true;
@@ -148,7 +148,7 @@ private:
       if (parameters.has(parameter) && !contains(flowParameters, parameter))
         others.set(parameter, parameters[parameter]);
     }
-    others.set(Parameter::share, novalue);
+    others.set(Parameter::share, noValue);
     parameters = others;
   }
 

@@ -65,7 +65,7 @@ double outcomeAt(const GoalRow& goal, const CompiledSystem& system, const Site& 
   }
   const StepResult& result = solution.results[step];
   if (goal.parameter != Parameter::dt) return outcomeOf(goal.parameter, compiled.kind, result, site);
-  if (compiled.sourceCount == 0) return novalue;
+  if (compiled.sourceCount == 0) return noValue;
   const double rise = result.leaving.state.db - solution.streams[system.sources[compiled.firstSource]].state.db;
   return rowOf(compiled.kind).removesHeat ? -rise : rise;
 }
@@ -238,7 +238,7 @@ private:
   static std::string numberWords(double number) {
     const double size = std::abs(number);
     const int digits = size >= 1000 ? 0 : size >= 10 ? 2 : size >= 0.1 ? 4 : 6;
-    return fixeddecimals(number, digits);
+    return fixedDecimals(number, digits);
   }
 
   std::string boundWords() const {

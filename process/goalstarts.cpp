@@ -33,7 +33,7 @@ Typical typicalOf(StepKind kind, Parameter parameter) {
     case Parameter::degf: return {212, 280};
     case Parameter::hg: return {1100, 1180};
     case Parameter::factor: return {1, 1.3};
-    case Parameter::waterdt: return {8, 16};
+    case Parameter::waterDt: return {8, 16};
     default: return {0.15, 0.85};  // shares, ratios, efficiencies
   }
 }
@@ -74,12 +74,12 @@ void GoalStarts::measure() {
   for (const CompiledStep& step : problem_.system.steps) {
     const Parameters& given = step.parameters;
     for (const Parameter load : {Parameter::sensible, Parameter::total, Parameter::btuh}) {
-      if (given.has(load) && hasvalue(given[load])) heat = std::max(heat, std::abs(given[load]));
+      if (given.has(load) && hasValue(given[load])) heat = std::max(heat, std::abs(given[load]));
     }
-    if (given.has(Parameter::lbh) && hasvalue(given[Parameter::lbh])) flow = std::max(flow, given[Parameter::lbh]);
-    if (given.has(Parameter::scfm) && hasvalue(given[Parameter::scfm]))
+    if (given.has(Parameter::lbh) && hasValue(given[Parameter::lbh])) flow = std::max(flow, given[Parameter::lbh]);
+    if (given.has(Parameter::scfm) && hasValue(given[Parameter::scfm]))
       flow = std::max(flow, lbhPerScfm * given[Parameter::scfm]);
-    if (given.has(Parameter::acfm) && hasvalue(given[Parameter::acfm]))
+    if (given.has(Parameter::acfm) && hasValue(given[Parameter::acfm]))
       flow = std::max(flow, volumeToFlow * given[Parameter::acfm]);
   }
   for (const GoalRow& goal : problem_.goals) {

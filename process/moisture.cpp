@@ -57,7 +57,7 @@ Result<StepResult> runIndirect(const StepInput& input) {
   const Stream& entering = input.sources.front();
   const AirState& other = input.indirect->state;
   const double wetBulb = input.site.air->wetBulbs(other.db, other.w, input.site.atm).shown();
-  if (!hasvalue(wetBulb))
+  if (!hasValue(wetBulb))
     return refuse(indirect, "this stream has no wet bulb; near 32 deg F the equations leave a gap");
   if (wetBulb >= entering.state.db) {
     return passOrRefuse(input, refuse(indirect, "its wet bulb of " + figure(wetBulb) + " deg F does not cool the air"));
@@ -83,8 +83,8 @@ Result<double> givenSteam(const StepInput& input) {
   if (given.has(hg)) return given[hg];
   if (given.has(degf)) return steamEnthalpy(given[degf]);
   if (!given.has(psig)) return steamEnthalpy(212);
-  const double h = steamEnthalpy(steamTemperature(given[psig] / psiperinhg + input.site.atm));
-  if (!hasvalue(h)) return refuse(psig, "the table of saturated steam goes from 32 to 350 deg F");
+  const double h = steamEnthalpy(steamTemperature(given[psig] / psiPerInhg + input.site.atm));
+  if (!hasValue(h)) return refuse(psig, "the table of saturated steam goes from 32 to 350 deg F");
   return h;
 }
 
@@ -96,7 +96,7 @@ Result<double> leavingRatio(const StepInput& input, const DryBulb& dryBulbAt) {
   if (given.has(w)) return given[w];
   if (given.has(dp)) {
     const double ratio = input.site.air->ratioOfDewPoint(given[dp], input.site.atm);
-    if (!hasvalue(ratio)) return refuse(dp, "no air has a dew point between 31.996 and 32.214 deg F; give w");
+    if (!hasValue(ratio)) return refuse(dp, "no air has a dew point between 31.996 and 32.214 deg F; give w");
     return ratio;
   }
   if (given.has(water)) {
@@ -120,7 +120,7 @@ Result<StepResult> runEvaporate(const StepInput& input) {
   if (const Error error = notNeeded(input); !error.words.empty()) return passOrRefuse(input, error);
   if (input.indirect) return runIndirect(input);
   const double wetBulb = input.site.air->wetBulbs(entering.state.db, entering.state.w, input.site.atm).overWater;
-  if (!hasvalue(wetBulb)) {
+  if (!hasValue(wetBulb)) {
     return passOrRefuse(input, refuse("the air has no wet bulb above 32 deg F, so water would freeze; heat it first"));
   }
   const auto ratioAt = [&](double temp) { return input.site.air->ratioOfWetBulb(temp, wetBulb, input.site.atm); };

@@ -12,7 +12,7 @@ namespace {
 
 Outcome acceptState(const AirState& state, const Site& site) {
   if (!(state.db >= lowestDryBulb && state.db <= highestDryBulb)) {
-    const std::string words = hasvalue(state.db) ? "would be at " + figure(state.db) + " deg F" : "has no dry bulb";
+    const std::string words = hasValue(state.db) ? "would be at " + figure(state.db) + " deg F" : "has no dry bulb";
     return Error{ErrorCode::outOfRange, {}, "the leaving air " + words + "; the range is -60 to 300"};
   }
   if (!(state.w >= 0)) return Error{ErrorCode::outOfRange, {}, "more water would leave the air than it holds"};
@@ -108,7 +108,7 @@ Settled settle(const AirState& mixed, const Site& site) {
 
 std::string dewPointWords(const AirState& state, const Site& site) {
   const double temp = site.saturationTemperature(state.w);
-  return hasvalue(temp) ? figure(temp) + " deg F" : "none (dry air)";
+  return hasValue(temp) ? figure(temp) + " deg F" : "none (dry air)";
 }
 
 Outcome checkTogether(StepKind kind, ParameterSet given) {

@@ -14,13 +14,13 @@ StreamReadout readoutOf(const Stream& stream, const Site& site) {
   readout.dp = site.air->dewPoint(state.w, site.atm);
   readout.v = site.volume(state);
   readout.grains = state.w * 7000;
-  readout.lbh = stream.flowKnown() ? stream.flow : novalue;
+  readout.lbh = stream.flowKnown() ? stream.flow : noValue;
   readout.acfm = acfmOfDryFlow(readout.lbh, readout.v);
   readout.scfm = readout.lbh / lbhPerScfm;
   if (wetBulbs.two()) {
     readout.wetBulb = WetBulbRemark::twoExist;
     readout.wetBulbOverIce = wetBulbs.overIce;
-  } else if (!hasvalue(readout.wb)) {
+  } else if (!hasValue(readout.wb)) {
     readout.wetBulb = WetBulbRemark::noneExists;
   }
   return readout;
@@ -39,9 +39,9 @@ double outcomeOf(Parameter parameter, StepKind kind, const StepResult& result, c
     case h: return site.enthalpy(state);
     case dp: return site.air->dewPoint(state.w, site.atm);
     case v: return site.volume(state);
-    case lbh: return leaving.flowKnown() ? leaving.flow : novalue;
-    case scfm: return leaving.flowKnown() ? leaving.flow / lbhPerScfm : novalue;
-    case acfm: return leaving.flowKnown() ? acfmOfDryFlow(leaving.flow, site.volume(state)) : novalue;
+    case lbh: return leaving.flowKnown() ? leaving.flow : noValue;
+    case scfm: return leaving.flowKnown() ? leaving.flow / lbhPerScfm : noValue;
+    case acfm: return leaving.flowKnown() ? acfmOfDryFlow(leaving.flow, site.volume(state)) : noValue;
     case total:
     case btuh: return sign * result.total;
     case sensible: return sign * result.sensible;
@@ -53,7 +53,7 @@ double outcomeOf(Parameter parameter, StepKind kind, const StepResult& result, c
     case bhp: return result.power;
     case eff: return result.effectiveness;
     case share: return result.share;
-    default: return novalue;
+    default: return noValue;
   }
 }
 

@@ -21,7 +21,7 @@ struct StreamReadout {
   double grains;           ///< of water per lb of dry air, 7000 to the lb
   double lbh, acfm, scfm;  ///< flow of dry air, and its volume here and as standard air
   WetBulbRemark wetBulb = WetBulbRemark::none;
-  double wetBulbOverIce = novalue;  ///< where there are two
+  double wetBulbOverIce = noValue;  ///< where there are two
 };
 
 StreamReadout readoutOf(const Stream& stream, const Site& site);

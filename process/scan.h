@@ -55,7 +55,7 @@ Roots rootsOf(const F& f, double from, double to, int steps, double rounding = 0
     const double step = i == 1 ? close : i == last - 1 ? steps - close : i - 1;
     return from + (to - from) * step / steps;
   };
-  double x0 = novalue, f0 = novalue, x1 = from, f1 = f(x1);
+  double x0 = noValue, f0 = noValue, x1 = from, f1 = f(x1);
   for (int i = 1; i <= last; ++i) {
     const double x2 = i == last ? to : place(i);
     const double f2 = f(x2);

@@ -19,7 +19,7 @@ Result<double> leavingDryBulb(const StepInput& input, double direction) {
   if (given.has(dt)) return entering.db + direction * given[dt];
   if (given.has(rh)) {
     const double temp = input.site.air->dryBulbOfHumidity(given[rh], entering.w, input.site.atm);
-    if (!hasvalue(temp))
+    if (!hasValue(temp))
       return refuse(rh, "no dry bulb has this relative humidity at " + figure(entering.w) + " lb/lb");
     return temp;
   }
@@ -84,8 +84,8 @@ Result<StepResult> runFan(const StepInput& input) {
   const Stream& entering = input.sources.front();
   const Parameters& given = input.parameters;
   const bool inStream = given.has(motor) && given[motor] == motorIn;
-  if (inStream && !given.has(motoreff)) return refuse(motor, "a motor in the stream needs motoreff");
-  const double motorEfficiency = given.has(motoreff) ? given[motoreff] : 1;
+  if (inStream && !given.has(motorEff)) return refuse(motor, "a motor in the stream needs motoreff");
+  const double motorEfficiency = given.has(motorEff) ? given[motorEff] : 1;
   const double intoAir = btuhPerHp / (inStream ? motorEfficiency : 1);  // per hp of the shaft
 
   const double h = input.site.enthalpy(entering.state);
@@ -106,7 +106,7 @@ Result<StepResult> runFan(const StepInput& input) {
   Result<StepResult> result = finishAt(input, temp, entering.flow * heat);
   if (!result) return result;
   result->power = entering.flow * shaft;
-  if (!inStream && given.has(motoreff)) {
+  if (!inStream && given.has(motorEff)) {
     result->notes.add(NoteCode::motorOutside, result->power * btuhPerHp * (1 / motorEfficiency - 1));
   }
   return result;

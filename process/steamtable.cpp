@@ -26,7 +26,7 @@ constexpr Entry entries[] = {
 }  // namespace
 
 double steamEnthalpy(double temp) {
-  if (!(temp >= lowestSteam && temp <= highestSteam)) return novalue;
+  if (!(temp >= lowestSteam && temp <= highestSteam)) return noValue;
   const Entry* above = std::upper_bound(std::begin(entries), std::end(entries) - 1, temp,
                                         [](double value, const Entry& entry) { return value < entry.temp; });
   const Entry& below = above[-1];
@@ -37,7 +37,7 @@ double steamTemperature(double pressure) {
   const auto excess = [&](double temp) { return psychro_pvs(temp) - pressure; };
   const double low = excess(lowestSteam);
   const double high = excess(highestSteam);
-  return low <= 0 && high >= 0 ? crossing(excess, lowestSteam, low, highestSteam, high) : novalue;
+  return low <= 0 && high >= 0 ? crossing(excess, lowestSteam, low, highestSteam, high) : noValue;
 }
 
 }  // namespace moistair

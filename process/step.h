@@ -21,7 +21,7 @@ namespace moistair {
 /// A parameter that a step gives.
 struct Assignment {
   Parameter parameter;
-  double value = novalue;  ///< in the base unit; a word's index from 1; no value where unknown or a stream's name
+  double value = noValue;  ///< in the base unit; a word's index from 1; no value where unknown or a stream's name
   bool unknown = false;    ///< given as "?": something else has to fix it
   std::string stream{};    ///< of Quantity::stream
 
@@ -41,7 +41,7 @@ struct ProcessStep {
 /// The parameters of a step as its function reads them: one double each, and which are given.
 class Parameters {
 public:
-  Parameters() { values_.fill(novalue); }
+  Parameters() { values_.fill(noValue); }
   double operator[](Parameter parameter) const { return values_[static_cast<std::size_t>(parameter)]; }
   void set(Parameter parameter, double value) {
     values_[static_cast<std::size_t>(parameter)] = value;
@@ -61,7 +61,7 @@ inline constexpr double motorIn = 1, motorOut = 2;
 /// Moist air that flows. The dry air is kept from step to step.
 struct Stream {
   AirState state;
-  double flow = novalue;  ///< dry air [lb/h], or lb per lb of the origin's
+  double flow = noValue;  ///< dry air [lb/h], or lb per lb of the origin's
   int origin = -1;        ///< -1 for a flow in lb/h; else the `air` step, given without a flow, that it is a part of
 
   bool flowKnown() const { return origin < 0; }
@@ -88,13 +88,13 @@ enum class NoteCode : std::uint8_t {
 
 struct Note {
   NoteCode code;
-  double first = novalue, second = novalue;
+  double first = noValue, second = noValue;
 };
 
 /// A few notes, without allocating.
 class Notes {
 public:
-  void add(NoteCode code, double first = novalue, double second = novalue) {
+  void add(NoteCode code, double first = noValue, double second = noValue) {
     if (count_ < notes_.size()) notes_[count_++] = {code, first, second};
   }
   const Note* begin() const { return notes_.data(); }
@@ -126,13 +126,13 @@ struct StepResult {
   double total = 0, sensible = 0, latent = 0;
   double water = 0;                ///< into the air; of `recover` into the first stream
   double condensate = 0;           ///< liquid that leaves: of a coil, fog, a recovery unit [lb/h]
-  double shr = novalue;            ///< sensible / total
-  double adp = novalue;            ///< apparatus dew point [deg F]
-  double bf = novalue;             ///< bypass factor, by dry bulb
-  double power = novalue;          ///< fan shaft [hp]
-  double waterGpm = novalue;       ///< through a coil with `waterdt`
-  double effectiveness = novalue;  ///< of the wet-bulb depression
-  double share = novalue;          ///< of `part`: of the flow; of `mix`: of the first stream in the whole
+  double shr = noValue;            ///< sensible / total
+  double adp = noValue;            ///< apparatus dew point [deg F]
+  double bf = noValue;             ///< bypass factor, by dry bulb
+  double power = noValue;          ///< fan shaft [hp]
+  double waterGpm = noValue;       ///< through a coil with `waterDt`
+  double effectiveness = noValue;  ///< of the wet-bulb depression
+  double share = noValue;          ///< of `part`: of the flow; of `mix`: of the first stream in the whole
   Exchange exchange;
   Notes notes;
   bool off = false;  ///< not needed, passes the air unchanged

@@ -10,9 +10,9 @@ namespace {
 int missingSource(const CompiledSystem& system, const CompiledStep& step, const Solution& solution) {
   for (std::size_t i = 0; i < step.sourceCount; ++i) {
     const std::size_t stream = system.sources[step.firstSource + i];
-    if (!hasvalue(solution.streams[stream].state.db)) return static_cast<int>(stream);
+    if (!hasValue(solution.streams[stream].state.db)) return static_cast<int>(stream);
   }
-  if (step.indirect >= 0 && !hasvalue(solution.streams[static_cast<std::size_t>(step.indirect)].state.db)) {
+  if (step.indirect >= 0 && !hasValue(solution.streams[static_cast<std::size_t>(step.indirect)].state.db)) {
     return step.indirect;
   }
   return -1;
@@ -25,7 +25,7 @@ Outcome checkParameters(const Parameters& parameters) {
     const ParameterRow& row = rowOf(parameter);
     if (value >= row.low && value <= row.high) continue;
     if (row.quantity == Quantity::stream) continue;
-    if (!hasvalue(value)) return Error{ErrorCode::noResult, row.name, "is unknown and nothing fixes it"};
+    if (!hasValue(value)) return Error{ErrorCode::noResult, row.name, "is unknown and nothing fixes it"};
     return checkValue(parameter, value);
   }
   return {};

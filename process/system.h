@@ -107,9 +107,9 @@ Balances balancesOf(const CompiledSystem& system, const Site& site, const Soluti
 struct RoomRatios {
   std::size_t room = 0;
   int coil = -1;  ///< step of the coil that its air comes from; -1 without one
-  double roomShr = novalue;
-  double grandShr = novalue;      ///< sensible over total of the coil
-  double effectiveShr = novalue;  ///< with the bypassed part of the outdoor air's load counted to the room
+  double roomShr = noValue;
+  double grandShr = noValue;      ///< sensible over total of the coil
+  double effectiveShr = noValue;  ///< with the bypassed part of the outdoor air's load counted to the room
   double outdoorSensible = 0, outdoorTotal = 0;  ///< of the outdoor air that reaches the coil, down to the room's state
 };
 std::vector<RoomRatios> roomRatiosOf(const CompiledSystem& system, const Site& site, const Solution& solution);

@@ -40,7 +40,7 @@ std::string_view contentOf(std::string_view line) {
 
 bool isText(std::string_view line) {
   const auto isControl = [](char c) { return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == 127; };
-  return std::none_of(line.begin(), line.end(), isControl) && isutf8(line);
+  return std::none_of(line.begin(), line.end(), isControl) && isUtf8(line);
 }
 
 /// Why a word cannot name a step; empty if it can. A step's streams may have a word behind a dot.
@@ -290,12 +290,12 @@ void appendValue(std::string& out, const Assignment& given) {
     const auto index = static_cast<std::size_t>(given.value);
     out += row.words[index == 2 ? 1 : 0];
   } else {
-    appendroundtrip(out, given.value);
+    appendRoundTrip(out, given.value);
   }
 }
 
 bool sameAssignment(const Assignment& one, const Assignment& other) {
-  const bool sameValue = one.value == other.value || (!hasvalue(one.value) && !hasvalue(other.value));
+  const bool sameValue = one.value == other.value || (!hasValue(one.value) && !hasValue(other.value));
   return sameValue && one.parameter == other.parameter && one.unknown == other.unknown && one.stream == other.stream;
 }
 

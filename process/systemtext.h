@@ -62,7 +62,7 @@ std::string lineOf(const ProcessStep& step);
 std::string lineOf(const Goal& goal);
 
 /// The whole text. Lines whose steps and goals are as they were read are written as typed, comments and blank lines
-/// too; others anew, and those that no line holds at the end. Ends with a line break.
+/// too; others again, and those that no line holds at the end. Ends with a line break.
 std::string textOf(const SystemText& text);
 
 /// Whether two steps say the same, wherever they were read. (Unknown values have no value, so == does not tell.)

@@ -81,12 +81,12 @@ constexpr UnitRow unitRows[] = {
     {Quantity::power, "W", hpPerKilowatt / 1000},
 };
 
-bool isdigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// How much of the text is a number; an exponent counts only if it is complete.
 std::size_t numberEnd(std::string_view text) {
   const auto digits = [&](std::size_t at) {
-    while (at < text.size() && isdigit(text[at])) ++at;
+    while (at < text.size() && isDigit(text[at])) ++at;
     return at;
   };
   const auto sign = [&](std::size_t at) { return at + (at < text.size() && (text[at] == '-' || text[at] == '+')); };
@@ -141,16 +141,16 @@ Error unknownUnit(std::string_view text, std::string_view unit, Quantity quantit
 
 Result<double> readValue(std::string_view text, Quantity quantity) {
   const std::size_t end = numberEnd(text);
-  const double number = strictnumber(text.substr(0, end));
-  if (!hasvalue(number)) {
+  const double number = strictNumber(text.substr(0, end));
+  if (!hasValue(number)) {
     return Error{ErrorCode::unreadable, {}, inQuotes(text) + " is not a number"};
   }
   if (end == text.size()) return number;
   const std::string_view unit = text.substr(end);
   const UnitRow* const row = unitNamed(unit, quantity);
   if (row == nullptr) return unknownUnit(text, unit, quantity);
-  const double value = valueof(number * row->factor / row->divisor + row->offset);
-  if (!hasvalue(value)) return Error{ErrorCode::outOfRange, {}, inQuotes(text) + " is too large"};
+  const double value = valueOf(number * row->factor / row->divisor + row->offset);
+  if (!hasValue(value)) return Error{ErrorCode::outOfRange, {}, inQuotes(text) + " is too large"};
   return value;
 }
 

@@ -34,7 +34,7 @@ std::string wordsOf(const Note& note, bool flowKnown) {
     case NoteCode::frost: return "frost: " + first + pounds + " of it below 32 deg F, counted as liquid water";
     case NoteCode::wetBulbTerm:
       return "the wet-bulb equation leaves " + first + (flowKnown ? " Btu/h" : " Btu per lb of dry air") + " open" +
-             (hasvalue(note.second) ? " (" + second + " % of the enthalpy)" : "");
+             (hasValue(note.second) ? " (" + second + " % of the enthalpy)" : "");
     case NoteCode::sprayWater: return "water: " + first + pounds + (flowKnown ? ", " + second + " gal/h" : "");
     case NoteCode::indirectWater:
       return "water evaporated on the other side: " + first + pounds + (flowKnown ? ", " + second + " gal/h" : "") +

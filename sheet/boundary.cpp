@@ -8,40 +8,40 @@
 
 namespace moistair {
 
-double saturationdb(const SheetPlot& plot, double w) {
-  const auto below = [&](double db) { return saturationratio(db, plot.atm) <= w; };
-  if (!below(plot.limits.lowdb)) return plot.limits.lowdb;
-  if (below(plot.limits.highdb)) return plot.limits.highdb;
-  return lastwith(below, plot.limits.lowdb, plot.limits.highdb);
+double saturationDb(const SheetPlot& plot, double w) {
+  const auto below = [&](double db) { return saturationRatio(db, plot.atm) <= w; };
+  if (!below(plot.limits.lowDb)) return plot.limits.lowDb;
+  if (below(plot.limits.highDb)) return plot.limits.highDb;
+  return lastWith(below, plot.limits.lowDb, plot.limits.highDb);
 }
 
-double highestratio(const SheetPlot& plot, double db) {
-  return std::min(plot.limits.highhr, saturationratio(db, plot.atm));
+double highestRatio(const SheetPlot& plot, double db) {
+  return std::min(plot.limits.highHr, saturationRatio(db, plot.atm));
 }
 
-Boundary boundaryof(const SheetPlot& plot) {
-  const auto& [lowdb, highdb, lowhr, highhr] = plot.limits;
+Boundary boundaryOf(const SheetPlot& plot) {
+  const auto& [lowDb, highDb, lowHr, highHr] = plot.limits;
   Boundary boundary;
-  boundary.highhr = highestratio(plot, highdb);
-  boundary.lowdb = saturationdb(plot, lowhr);
-  if (!(boundary.highhr > lowhr)) return boundary;
+  boundary.highHr = highestRatio(plot, highDb);
+  boundary.lowDb = saturationDb(plot, lowHr);
+  if (!(boundary.highHr > lowHr)) return boundary;
   boundary.empty = false;
-  const double atleft = highestratio(plot, lowdb);
-  if (atleft > lowhr) boundary.left = {plot.at(lowdb, lowhr), plot.at(lowdb, atleft)};
-  const double enddb = saturationdb(plot, highhr);
-  if (enddb > boundary.lowdb) {
-    const auto saturation = [&](double db) { return saturationratio(db, plot.atm); };
-    boundary.saturation = traced(plot, saturation, boundary.lowdb, enddb);
+  const double atLeft = highestRatio(plot, lowDb);
+  if (atLeft > lowHr) boundary.left = {plot.at(lowDb, lowHr), plot.at(lowDb, atLeft)};
+  const double endDb = saturationDb(plot, highHr);
+  if (endDb > boundary.lowDb) {
+    const auto saturation = [&](double db) { return saturationRatio(db, plot.atm); };
+    boundary.saturation = traced(plot, saturation, boundary.lowDb, endDb);
   }
-  if (enddb < highdb) boundary.top = {plot.at(enddb, highhr), plot.at(highdb, highhr)};
+  if (endDb < highDb) boundary.top = {plot.at(endDb, highHr), plot.at(highDb, highHr)};
   return boundary;
 }
 
 std::vector<SheetPoint> Boundary::outline(const SheetPlot& plot) const {
-  std::vector<SheetPoint> points = {plot.at(lowdb, plot.limits.lowhr)};
+  std::vector<SheetPoint> points = {plot.at(lowDb, plot.limits.lowHr)};
   for (const auto* part : {&left, &saturation, &top}) points.insert(points.end(), part->begin(), part->end());
-  points.push_back(plot.at(plot.limits.highdb, highhr));
-  points.push_back(plot.at(plot.limits.highdb, plot.limits.lowhr));
+  points.push_back(plot.at(plot.limits.highDb, highHr));
+  points.push_back(plot.at(plot.limits.highDb, plot.limits.lowHr));
   points.push_back(points.front());
   return points;
 }

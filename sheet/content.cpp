@@ -27,29 +27,29 @@ struct ContentWriter {
 
   void operator()(const PropertyLine& line) const {
     double value = 0;
-    assign(value, strictnumber(line.value));
+    assign(value, strictNumber(line.value));
     content.lines.push_back({line.kind, value, setting.pressure.atm, entry});
   }
 
-  void operator()(const MarkedPoint&) const { addstates(); }
+  void operator()(const MarkedPoint&) const { addStates(); }
   void operator()(const PinnedReading&) const {
-    addstates();
+    addStates();
     content.states.back().pinned = true;
   }
 
   void operator()(const MixingLine& line) const {
     const std::size_t first = content.states.size();
-    addstates();
+    addStates();
     const std::size_t number = content.mixtures.size() + 1;
     for (std::size_t i = first; i < content.states.size() && number > 1; ++i) {
       content.states[i].name += " (" + std::to_string(number) + ")";
     }
-    const double one = lenientnumber(line.columns.at(0).moistrate);
-    const double other = lenientnumber(line.columns.at(1).moistrate);
+    const double one = lenientNumber(line.columns.at(0).moistRate);
+    const double other = lenientNumber(line.columns.at(1).moistRate);
     content.mixtures.push_back({first, first + 1, first + 2, quotient(one, one + other)});
   }
 
-  void addstates() const {
+  void addStates() const {
     for (const TableRow* row : rows) {
       const int number = static_cast<int>(content.states.size()) + 1;
       content.states.push_back({number, row->identification, row->properties, row->pressure, entry});
@@ -65,34 +65,34 @@ struct ContentWriter {
 };
 
 /// The elevation of a pressure [ft]; no value above that of the sea.
-double elevationof(double atm) {
+double elevationOf(double atm) {
   constexpr double slack = 0.0005;
   constexpr double highest = 145000;
-  if (!(atm > psychro_atm(highest) && atm <= psychro_atm(0) + slack)) return novalue;
-  return lastwith([&](double elevation) { return psychro_atm(elevation) >= atm - 1e-9; }, 0.0, highest);
+  if (!(atm > psychro_atm(highest) && atm <= psychro_atm(0) + slack)) return noValue;
+  return lastWith([&](double elevation) { return psychro_atm(elevation) >= atm - 1e-9; }, 0.0, highest);
 }
 
-std::string elevationtext(const Pressure& pressure) {
+std::string elevationText(const Pressure& pressure) {
   if (pressure.entry.unit == PressureUnit::elevation)
-    return typeset(numbertext(lenientnumber(pressure.entry.text))) + " ft";
-  const double elevation = elevationof(pressure.atm);
-  if (!hasvalue(elevation)) return {};
+    return typeset(numberText(lenientNumber(pressure.entry.text))) + " ft";
+  const double elevation = elevationOf(pressure.atm);
+  if (!hasValue(elevation)) return {};
   return elevation < 1 ? "sea level" : typeset(elevation, 0) + " ft";
 }
 
 }  // namespace
 
-SheetContent contentof(const Document& document) {
+SheetContent contentOf(const Document& document) {
   SheetContent content;
   content.limits = wholeChart;
   content.pressure = document.pressure;
   content.omitted = document.previous.size();
-  if (const Entry* chart = lastchart(document)) {
+  if (const Entry* chart = lastChart(document)) {
     content.limits = chart->setting.limits;
     content.pressure = chart->setting.pressure;
     content.families = std::get<DrawnChart>(chart->content).type == ChartType::standard;
   }
-  const std::vector<TableRow> rows = tablerows(document);
+  const std::vector<TableRow> rows = tableRows(document);
   auto row = rows.begin();
   for (std::size_t i = 0; i < document.entries.size(); ++i) {
     std::vector<const TableRow*> own;
@@ -103,19 +103,19 @@ SheetContent contentof(const Document& document) {
   return content;
 }
 
-std::string pressuretext(const Pressure& pressure) {
-  std::string text = typeset(pressure.atm, 3) + " in Hg (" + typeset(pressure.atm * psiperinhg, 3) + " psi)";
-  if (!isofentry(pressure)) return text + ", out of range";  // in force though the pressure window refused it
-  const std::string elevation = elevationtext(pressure);
+std::string pressureText(const Pressure& pressure) {
+  std::string text = typeset(pressure.atm, 3) + " in Hg (" + typeset(pressure.atm * psiPerInhg, 3) + " psi)";
+  if (!isOfEntry(pressure)) return text + ", out of range";  // used though the pressure window refused it
+  const std::string elevation = elevationText(pressure);
   return elevation.empty() ? text : text + ", " + elevation;
 }
 
-std::string limitstext(const ChartLimits& limits) {
-  return numbertext(limits.lowdb) + " to " + numbertext(limits.highdb) + " °F, " + typeset(limits.lowhr, 3) + " to " +
-         typeset(limits.highhr, 3) + " lb/lb";
+std::string limitsText(const ChartLimits& limits) {
+  return numberText(limits.lowDb) + " to " + numberText(limits.highDb) + " °F, " + typeset(limits.lowHr, 3) + " to " +
+         typeset(limits.highHr, 3) + " lb/lb";
 }
 
-std::vector<std::string> typedtexts(const SheetContent& content) {
+std::vector<std::string> typedTexts(const SheetContent& content) {
   std::vector<std::string> texts;
   for (const SheetState& state : content.states) texts.push_back(state.name);
   return texts;

@@ -17,7 +17,7 @@ namespace moistair {
 
 /// A line of constant property that was asked for.
 struct SheetLine {
-  LineKind kind = LineKind::relativehumidity;
+  LineKind kind = LineKind::relativeHumidity;
   double value = 0;
   double atm = 0;         ///< that it is traced at [in Hg]
   std::size_t entry = 0;  ///< its place in the document
@@ -55,16 +55,16 @@ struct SheetContent {
   std::vector<std::string> notes;  ///< on the states with a mark: "* 2 Supply: this state has ..."
 };
 
-SheetContent contentof(const Document& document);
+SheetContent contentOf(const Document& document);
 
 /// "29.921 in Hg (14.696 psi), sea level": a pressure with the elevation that has it; one that the pressure
 /// window has refused is marked.
-std::string pressuretext(const Pressure& pressure);
+std::string pressureText(const Pressure& pressure);
 
 /// "0 to 120 °F, 0 to 0.030 lb/lb".
-std::string limitstext(const ChartLimits& limits);
+std::string limitsText(const ChartLimits& limits);
 
 /// Every text of a content that a person has typed.
-std::vector<std::string> typedtexts(const SheetContent& content);
+std::vector<std::string> typedTexts(const SheetContent& content);
 
 }  // namespace moistair

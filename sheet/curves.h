@@ -18,15 +18,15 @@ namespace moistair {
 using LineFunction = std::function<double(double db)>;
 
 /// The function of a line of constant property.
-LineFunction linefunction(LineKind kind, double value, double atm);
+LineFunction lineFunction(LineKind kind, double value, double atm);
 
 /// A line between two dry bulbs, where it has a value throughout.
-std::vector<SheetPoint> traced(const SheetPlot& plot, const LineFunction& w, double fromdb, double todb);
+std::vector<SheetPoint> traced(const SheetPlot& plot, const LineFunction& w, double fromDb, double toDb);
 
 /// Every visible stretch of a line.
 std::vector<std::vector<SheetPoint>> visibleStretches(const SheetPlot& plot, const LineFunction& w);
 
 /// Every visible stretch of a line of constant property.
-std::vector<std::vector<SheetPoint>> visibleline(const SheetPlot& plot, LineKind kind, double value, double atm);
+std::vector<std::vector<SheetPoint>> visibleLine(const SheetPlot& plot, LineKind kind, double value, double atm);
 
 }  // namespace moistair

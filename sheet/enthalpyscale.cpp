@@ -12,18 +12,18 @@ namespace moistair {
 namespace {
 
 constexpr int halvings = 40;
-constexpr double distancefromcurve = 4.2;  // em: a row of numbers and a row of words have room there
+constexpr double distanceFromCurve = 4.2;  // em: a row of numbers and a row of words have room there
 
-double enthalpyat(const SheetPlot& plot, SheetPoint place) { return enthalpyof(plot.db(place.x), plot.w(place.y)); }
+double enthalpyAt(const SheetPlot& plot, SheetPoint place) { return enthalpyOf(plot.db(place.x), plot.w(place.y)); }
 
 /// The direction in which the enthalpy stays, up and to the left.
-SheetPoint outwardat(const SheetPlot& plot, SheetPoint place) {
+SheetPoint outwardAt(const SheetPlot& plot, SheetPoint place) {
   const double rise = sensibleHeat(plot.w(place.y)) / vaporEnthalpy(plot.db(place.x));  // lb/lb to the deg F
-  return unit({-plot.perdb(), -rise * plot.perw()});
+  return unit({-plot.perDb(), -rise * plot.perW()});
 }
 
 /// A curve moved to its left by a distance.
-std::vector<SheetPoint> movedout(const std::vector<SheetPoint>& curve, double distance) {
+std::vector<SheetPoint> movedOut(const std::vector<SheetPoint>& curve, double distance) {
   std::vector<SheetPoint> moved;
   for (std::size_t i = 0; i < curve.size(); ++i) {
     const SheetPoint along = unit(curve[std::min(i + 1, curve.size() - 1)] - curve[i == 0 ? 0 : i - 1]);
@@ -39,7 +39,7 @@ std::vector<SheetPoint> cut(const std::vector<SheetPoint>& line, double left, do
   for (std::size_t i = 0; i < line.size(); ++i) {
     if (i > 0 && inside(line[i]) != inside(line[i - 1])) {
       const bool entering = inside(line[i]);
-      part.push_back(lastwith(inside, line[entering ? i : i - 1], line[entering ? i - 1 : i], halvings));
+      part.push_back(lastWith(inside, line[entering ? i : i - 1], line[entering ? i - 1 : i], halvings));
     }
     if (inside(line[i])) part.push_back(line[i]);
   }
@@ -48,29 +48,29 @@ std::vector<SheetPoint> cut(const std::vector<SheetPoint>& line, double left, do
 
 /// The sine of the angle between a piece of the rule and the direction in which the enthalpy stays.
 double steepness(const SheetPlot& plot, SheetPoint from, SheetPoint to) {
-  return std::abs(cross(unit(to - from), outwardat(plot, from)));
+  return std::abs(cross(unit(to - from), outwardAt(plot, from)));
 }
 
-/// Ticks on a flatter piece of the rule could not be told from it.
+/// Ticks on a flatter piece of the rule could not be distinguished from it.
 constexpr double flattest = 0.1;
-/// On a flatter piece than this the numbers stand beside the rule and not beyond the ticks, which are longer there.
+/// On a flatter piece than this the numbers are next to the rule and not beyond the ticks, which are longer there.
 constexpr double flat = 0.35;
 
 /// A place on the rule.
 struct RulePlace {
   SheetPoint at;
-  SheetPoint aside;  ///< straight away from the rule, outwards
+  SheetPoint aside;  ///< straight away from the rule, outward
   double steepness;
 };
 
-/// Where an enthalpy stands on the rule, on which it rises all along; nowhere where the rule is too flat.
-std::optional<RulePlace> onrule(const SheetPlot& plot, const std::vector<SheetPoint>& rule, double h) {
+/// Where an enthalpy is on the rule, on which it rises all along; nowhere where the rule is too flat.
+std::optional<RulePlace> onRule(const SheetPlot& plot, const std::vector<SheetPoint>& rule, double h) {
   for (std::size_t i = 1; i < rule.size(); ++i) {
-    const double low = enthalpyat(plot, rule[i - 1]);
-    const double high = enthalpyat(plot, rule[i]);
+    const double low = enthalpyAt(plot, rule[i - 1]);
+    const double high = enthalpyAt(plot, rule[i]);
     if (!(low <= h && h <= high) || low == high) continue;
-    const auto below = [&](SheetPoint place) { return enthalpyat(plot, place) <= h; };
-    const SheetPoint at = lastwith(below, rule[i - 1], rule[i], halvings);
+    const auto below = [&](SheetPoint place) { return enthalpyAt(plot, place) <= h; };
+    const SheetPoint at = lastWith(below, rule[i - 1], rule[i], halvings);
     const double steep = steepness(plot, rule[i - 1], rule[i]);
     const SheetPoint along = unit(rule[i] - rule[i - 1]);
     return steep > flattest ? std::optional(RulePlace{at, {along.y, -along.x}, steep}) : std::nullopt;
@@ -79,7 +79,7 @@ std::optional<RulePlace> onrule(const SheetPlot& plot, const std::vector<SheetPo
 }
 
 /// The longest part of the rule that has ticks.
-std::vector<SheetPoint> tickedpart(const SheetPlot& plot, const std::vector<SheetPoint>& rule) {
+std::vector<SheetPoint> tickedPart(const SheetPlot& plot, const std::vector<SheetPoint>& rule) {
   std::vector<SheetPoint> longest, part;
   for (std::size_t i = 1; i < rule.size(); ++i) {
     if (steepness(plot, rule[i - 1], rule[i]) <= flattest) {
@@ -88,28 +88,28 @@ std::vector<SheetPoint> tickedpart(const SheetPlot& plot, const std::vector<Shee
     }
     if (part.empty()) part.push_back(rule[i - 1]);
     part.push_back(rule[i]);
-    if (lengthof(part) > lengthof(longest)) longest = part;
+    if (lengthOf(part) > lengthOf(longest)) longest = part;
   }
   return longest;
 }
 
 /// The length of the rule as it is seen along the lines of constant enthalpy [pixels].
-double breadthof(const SheetPlot& plot, const std::vector<SheetPoint>& rule) {
+double breadthOf(const SheetPlot& plot, const std::vector<SheetPoint>& rule) {
   double sum = 0;
   for (std::size_t i = 1; i < rule.size(); ++i) {
-    sum += std::abs(cross(rule[i] - rule[i - 1], outwardat(plot, rule[i])));
+    sum += std::abs(cross(rule[i] - rule[i - 1], outwardAt(plot, rule[i])));
   }
   return sum;
 }
 
 }  // namespace
 
-std::vector<SheetPoint> enthalpyrule(const SheetWork& work) {
+std::vector<SheetPoint> enthalpyRule(const SheetWork& work) {
   const Boundary& boundary = work.boundary;
   std::vector<SheetPoint> rule = boundary.left;
   if (!boundary.saturation.empty()) {
     const double top = boundary.top.empty() ? 0 : work.plot.top;
-    auto beyond = cut(movedout(boundary.saturation, distancefromcurve * work.em()), work.plot.left, top);
+    auto beyond = cut(movedOut(boundary.saturation, distanceFromCurve * work.em()), work.plot.left, top);
     if (beyond.empty() && !boundary.left.empty() && !boundary.top.empty()) beyond.push_back({work.plot.left, top});
     rule.insert(rule.end(), beyond.begin(), beyond.end());
   }
@@ -117,44 +117,44 @@ std::vector<SheetPoint> enthalpyrule(const SheetWork& work) {
   return rule;
 }
 
-void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
+void drawEnthalpyScale(SheetWork& work, const std::vector<SheetPoint>& rule) {
   const SheetPlot& plot = work.plot;
   const double em = work.em();
   const Stroke& stroke = work.theme.scale;
   if (rule.size() < 2) return;
   work.canvas.polyline(rule, stroke.width, stroke.color);
   work.board.wall(rule);
-  const double low = enthalpyat(plot, rule.front());
-  const double high = enthalpyat(plot, rule.back());
+  const double low = enthalpyAt(plot, rule.front());
+  const double high = enthalpyAt(plot, rule.back());
   if (!(high > low)) return;
-  const double perunit = breadthof(plot, rule) / (high - low);
-  const double fine = stepfrom({0.1, 0.2, 0.5, 1, 5}, 0.4 * em / perunit);
-  const double main = stepfrom({0.5, 1, 2, 5, 10}, 2.6 * em / perunit);
+  const double perUnit = breadthOf(plot, rule) / (high - low);
+  const double fine = stepFrom({0.1, 0.2, 0.5, 1, 5}, 0.4 * em / perUnit);
+  const double main = stepFrom({0.5, 1, 2, 5, 10}, 2.6 * em / perUnit);
   for (const double h : multiples(low, high, fine)) {
-    const auto at = onrule(plot, rule, h);
+    const auto at = onRule(plot, rule, h);
     if (!at) continue;
-    const SheetPoint outward = outwardat(plot, at->at);
-    const bool numbered = ismultiple(h, main);
+    const SheetPoint outward = outwardAt(plot, at->at);
+    const bool numbered = isMultiple(h, main);
     const double size = (numbered ? 0.75 : 0.35) * std::max(1.0, flat / at->steepness) * em;
     work.canvas.polyline({at->at, at->at + outward * size}, stroke.width, stroke.color);
     if (!numbered) continue;
-    const std::string text = typeset(h, decimalsof(main));
-    Label label{importance::scale + (ismultiple(h, 10) ? 40 : 10), {}, false};
-    const bool isflat = at->steepness < flat;
+    const std::string text = typeset(h, decimalsOf(main));
+    Label label{importance::scale + (isMultiple(h, 10) ? 40 : 10), {}, false};
+    const bool isFlat = at->steepness < flat;
     const SheetPoint end = at->at + outward * size;
     for (const double away : {0.25, 0.6, 1.0, 1.5}) {
       label.places.push_back(
-          {beside(work.canvas, end, isflat ? at->aside : outward, away * em, text, work.theme.text(em)), away, {}});
+          {textNextTo(work.canvas, end, isFlat ? at->aside : outward, away * em, text, work.theme.text(em)), away, {}});
     }
     work.board.add(std::move(label));
   }
   const TextStyle style = work.theme.text(0.9 * em);
-  const std::vector<SheetPoint> ticked = tickedpart(plot, rule);
+  const std::vector<SheetPoint> ticked = tickedPart(plot, rule);
   Label words{importance::caption, {}, false};
   double cost = 0;
   for (const char* text : {"Enthalpy, Btu per lb of dry air", "Enthalpy, Btu/lb", "Btu/lb"}) {
     for (const double aside : {2.9, 3.5}) {
-      for (LabelPlace& place : placesalong(work.canvas, ticked, text, style, 0.55, aside * em)) {
+      for (LabelPlace& place : placesAlong(work.canvas, ticked, text, style, 0.55, aside * em)) {
         place.cost += cost + aside;
         words.places.push_back(std::move(place));
       }
@@ -163,11 +163,11 @@ void drawenthalpyscale(SheetWork& work, const std::vector<SheetPoint>& rule) {
   }
   work.board.add(std::move(words));
   if (work.boundary.saturation.empty() || !work.content.families) return;
-  const TextStyle wetbulb{0.85 * em, false, work.theme.wetbulb.color};
+  const TextStyle wetBulb{0.85 * em, false, work.theme.wetBulb.color};
   Label saturation{importance::caption, {}, false};
   for (const char* text : {"Wet bulb and saturation temperature, °F", "Wet bulb, °F"}) {
     for (const double aside : {2.75, 3.05, 3.3}) {
-      auto places = placesalong(work.canvas, work.boundary.saturation, text, wetbulb, 0.5, aside * em);
+      auto places = placesAlong(work.canvas, work.boundary.saturation, text, wetBulb, 0.5, aside * em);
       saturation.places.insert(saturation.places.end(), places.begin(), places.end());
     }
   }

@@ -10,7 +10,7 @@ SheetPoint unit(SheetPoint vector) {
   return size > 0 ? vector * (1 / size) : SheetPoint{1, 0};
 }
 
-double readingangle(SheetPoint direction) {
+double readingAngle(SheetPoint direction) {
   if (direction.x < 0 || (direction.x == 0 && direction.y > 0)) direction = direction * -1;
   return std::atan2(direction.y, direction.x) * 180 / std::numbers::pi;
 }
@@ -22,42 +22,42 @@ SheetPoint direction(double angle) {
 }
 
 std::array<SheetPoint, 4> Box::corners() const {
-  const SheetPoint l = along * halflength;
-  const SheetPoint h = across() * halfheight;
-  return {centre - l - h, centre + l - h, centre + l + h, centre - l + h};
+  const SheetPoint l = along * halfLength;
+  const SheetPoint h = across() * halfHeight;
+  return {center - l - h, center + l - h, center + l + h, center - l + h};
 }
 
-Box boxof(SheetPoint one, SheetPoint other) {
+Box boxOf(SheetPoint one, SheetPoint other) {
   return {(one + other) * 0.5, {1, 0}, std::abs(one.x - other.x) / 2, std::abs(one.y - other.y) / 2};
 }
 
 Box grown(Box box, double margin) {
-  box.halflength += margin;
-  box.halfheight += margin;
+  box.halfLength += margin;
+  box.halfHeight += margin;
   return box;
 }
 
-Box textbox(const SheetTextOperation& text, const TextExtent& extent) {
+Box textBox(const SheetTextOperation& text, const TextExtent& extent) {
   Box box;
   box.along = direction(text.angle);
-  box.halflength = extent.width / 2;
-  box.halfheight = (extent.ascent + extent.descent) / 2;
+  box.halfLength = extent.width / 2;
+  box.halfHeight = (extent.ascent + extent.descent) / 2;
   const double ahead = text.anchor == Anchor::start ? 0.5 : text.anchor == Anchor::end ? -0.5 : 0;
-  box.centre = text.at + box.along * (ahead * extent.width) + box.across() * ((extent.descent - extent.ascent) / 2);
+  box.center = text.at + box.along * (ahead * extent.width) + box.across() * ((extent.descent - extent.ascent) / 2);
   return box;
 }
 
 namespace {
 
-/// How far a box reaches from its centre in a direction.
+/// How far a box reaches from its center in a direction.
 double reach(const Box& box, SheetPoint axis) {
-  return box.halflength * std::abs(dot(box.along, axis)) + box.halfheight * std::abs(dot(box.across(), axis));
+  return box.halfLength * std::abs(dot(box.along, axis)) + box.halfHeight * std::abs(dot(box.across(), axis));
 }
 
 }  // namespace
 
 bool overlap(const Box& a, const Box& b) {
-  const SheetPoint between = b.centre - a.centre;
+  const SheetPoint between = b.center - a.center;
   const double radii = a.radius() + b.radius();
   if (dot(between, between) >= radii * radii) return false;
   for (const SheetPoint axis : {a.along, a.across(), b.along, b.across()}) {
@@ -69,15 +69,15 @@ bool overlap(const Box& a, const Box& b) {
 /// Cuts the line by the box's four sides, in coordinates of the box.
 bool crosses(const Box& box, SheetPoint from, SheetPoint to) {
   const auto within = [&](SheetPoint place) {
-    return SheetPoint{dot(place - box.centre, box.along), dot(place - box.centre, box.across())};
+    return SheetPoint{dot(place - box.center, box.along), dot(place - box.center, box.across())};
   };
   const SheetPoint start = within(from);
   const SheetPoint end = within(to);
   const auto aside = [](double one, double other, double half) {
     return (one >= half && other >= half) || (one <= -half && other <= -half);
   };
-  if (aside(start.x, end.x, box.halflength) || aside(start.y, end.y, box.halfheight)) return false;
-  const SheetPoint way = end - start;
+  if (aside(start.x, end.x, box.halfLength) || aside(start.y, end.y, box.halfHeight)) return false;
+  const SheetPoint toward = end - start;
   double enter = 0;
   double leave = 1;
   const auto cut = [&](double place, double step, double half) {
@@ -88,16 +88,16 @@ bool crosses(const Box& box, SheetPoint from, SheetPoint to) {
     leave = std::min(leave, std::max(one, other));
     return enter < leave;
   };
-  return cut(start.x, way.x, box.halflength) && cut(start.y, way.y, box.halfheight);
+  return cut(start.x, toward.x, box.halfLength) && cut(start.y, toward.y, box.halfHeight);
 }
 
-double lengthof(const std::vector<SheetPoint>& line) {
+double lengthOf(const std::vector<SheetPoint>& line) {
   double sum = 0;
   for (std::size_t i = 1; i < line.size(); ++i) sum += distance(line[i - 1], line[i]);
   return sum;
 }
 
-PlaceOnLine placeon(const std::vector<SheetPoint>& line, double length) {
+PointOnLine pointOnLine(const std::vector<SheetPoint>& line, double length) {
   for (std::size_t i = 1; i < line.size(); ++i) {
     const double piece = distance(line[i - 1], line[i]);
     if (length <= piece || i + 1 == line.size()) {

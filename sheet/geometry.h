@@ -23,33 +23,33 @@ inline double distance(SheetPoint a, SheetPoint b) { return length(b - a); }
 SheetPoint unit(SheetPoint vector);
 
 /// The direction of a vector as a text's angle [degrees], turned so that the text is not upside down.
-double readingangle(SheetPoint direction);
+double readingAngle(SheetPoint direction);
 
 /// The unit vector of an angle [degrees, clockwise from the right].
 SheetPoint direction(double angle);
 
 /// A rectangle that may be turned.
 struct Box {
-  SheetPoint centre;
+  SheetPoint center;
   SheetPoint along{1, 0};  ///< unit vector of its length
-  double halflength = 0;
-  double halfheight = 0;
+  double halfLength = 0;
+  double halfHeight = 0;
 
   SheetPoint across() const { return {-along.y, along.x}; }
   std::array<SheetPoint, 4> corners() const;
-  double radius() const { return std::sqrt(halflength * halflength + halfheight * halfheight); }
+  double radius() const { return std::sqrt(halfLength * halfLength + halfHeight * halfHeight); }
 
   bool operator==(const Box&) const = default;
 };
 
 /// An upright one by two of its corners.
-Box boxof(SheetPoint one, SheetPoint other);
+Box boxOf(SheetPoint one, SheetPoint other);
 
 /// Grown by a margin on all sides.
 Box grown(Box box, double margin);
 
 /// What a text covers.
-Box textbox(const SheetTextOperation& text, const TextExtent& extent);
+Box textBox(const SheetTextOperation& text, const TextExtent& extent);
 
 bool overlap(const Box& a, const Box& b);
 
@@ -57,14 +57,14 @@ bool overlap(const Box& a, const Box& b);
 bool crosses(const Box& box, SheetPoint from, SheetPoint to);
 
 /// A place along a line of many pieces, and the direction there.
-struct PlaceOnLine {
+struct PointOnLine {
   SheetPoint at;
   SheetPoint along;
 };
 
-double lengthof(const std::vector<SheetPoint>& line);
+double lengthOf(const std::vector<SheetPoint>& line);
 
 /// The place at so much of the length of a line; the line has two points at least.
-PlaceOnLine placeon(const std::vector<SheetPoint>& line, double length);
+PointOnLine pointOnLine(const std::vector<SheetPoint>& line, double length);
 
 }  // namespace moistair

@@ -8,9 +8,9 @@ namespace moistair {
 
 namespace {
 
-constexpr double cellsize = 48;  // pixels
-constexpr long rowlength = 1 << 20;
-constexpr std::size_t boxcrowd = 64, linecrowd = 256;  // so many boxes or pieces with their middles in one square
+constexpr double cellSize = 48;  // pixels
+constexpr long rowLength = 1 << 20;
+constexpr std::size_t boxCrowd = 64, lineCrowd = 256;  // so many boxes or pieces with their middles in one square
 constexpr double grain = 4;                            // pixels, of what is in a crowd
 
 struct Candidate {
@@ -19,16 +19,16 @@ struct Candidate {
   double cost;
 };
 
-long cellat(double place) { return static_cast<long>(std::floor(std::clamp(place, -1e5, 1e5) / cellsize)); }
+long cellAt(double place) { return static_cast<long>(std::floor(std::clamp(place, -1e5, 1e5) / cellSize)); }
 
-long cellof(SheetPoint place) { return cellat(place.y) * rowlength + cellat(place.x); }
+long cellOf(SheetPoint place) { return cellAt(place.y) * rowLength + cellAt(place.x); }
 
 /// Whether something holds for one of the squares of the page that a rectangle touches.
 template <class Test>
-bool anycell(SheetPoint low, SheetPoint high, const Test& test) {
-  for (long row = cellat(low.y); row <= cellat(high.y); ++row) {
-    for (long column = cellat(low.x); column <= cellat(high.x); ++column) {
-      if (test(row * rowlength + column)) return true;
+bool anyCell(SheetPoint low, SheetPoint high, const Test& test) {
+  for (long row = cellAt(low.y); row <= cellAt(high.y); ++row) {
+    for (long column = cellAt(low.x); column <= cellAt(high.x); ++column) {
+      if (test(row * rowLength + column)) return true;
     }
   }
   return false;
@@ -36,21 +36,21 @@ bool anycell(SheetPoint low, SheetPoint high, const Test& test) {
 
 /// The same of the squares that a box may touch.
 template <class Test>
-bool anycell(const Box& box, const Test& test) {
-  const SheetPoint reach{std::abs(box.along.x) * box.halflength + std::abs(box.along.y) * box.halfheight,
-                         std::abs(box.along.y) * box.halflength + std::abs(box.along.x) * box.halfheight};
-  return anycell(box.centre - reach, box.centre + reach, test);
+bool anyCell(const Box& box, const Test& test) {
+  const SheetPoint reach{std::abs(box.along.x) * box.halfLength + std::abs(box.along.y) * box.halfHeight,
+                         std::abs(box.along.y) * box.halfLength + std::abs(box.along.x) * box.halfHeight};
+  return anyCell(box.center - reach, box.center + reach, test);
 }
 
 template <class Visit>
-void visitcells(const Box& box, const Visit& visit) {
-  anycell(box, [&](long cell) {
+void visitCells(const Box& box, const Visit& visit) {
+  anyCell(box, [&](long cell) {
     visit(cell);
     return false;
   });
 }
 
-/// The labels with the places that are left to them, the cheapest first, and where each stands.
+/// The labels with the places that are left to them, the cheapest first, and where each is.
 class Chooser {
 public:
   static constexpr std::size_t none = static_cast<std::size_t>(-1);
@@ -66,7 +66,7 @@ public:
     for (const std::size_t label : order) settle(label);
     int tries = 400;  // a page that is full stays so
     for (const std::size_t label : order) {
-      if (chosen_[label] == none && !candidates_[label].empty() && tries-- > 0) makeroom(label);
+      if (chosen_[label] == none && !candidates_[label].empty() && tries-- > 0) makeRoom(label);
     }
     constexpr int rounds = 3;
     bool moved = true;
@@ -78,34 +78,34 @@ public:
   }
 
 private:
-  const Box& boxof(std::size_t label) const { return candidates_[label][chosen_[label]].box; }
+  const Box& boxOf(std::size_t label) const { return candidates_[label][chosen_[label]].box; }
 
   void put(std::size_t label, std::size_t place) {
-    if (chosen_[label] != none) visitcells(boxof(label), [&](long cell) { std::erase(cells_[cell], label); });
+    if (chosen_[label] != none) visitCells(boxOf(label), [&](long cell) { std::erase(cells_[cell], label); });
     chosen_[label] = place;
-    if (place != none) visitcells(boxof(label), [&](long cell) { cells_[cell].push_back(label); });
+    if (place != none) visitCells(boxOf(label), [&](long cell) { cells_[cell].push_back(label); });
   }
 
-  /// The labels that stand where a box would be.
+  /// The labels that are where a box would be.
   std::vector<std::size_t> under(const Box& box, std::size_t but) const {
     std::vector<std::size_t> found;
-    visitcells(box, [&](long cell) {
+    visitCells(box, [&](long cell) {
       const auto here = cells_.find(cell);
       if (here == cells_.end()) return;
       for (const std::size_t other : here->second) {
         const bool known = std::find(found.begin(), found.end(), other) != found.end();
-        if (other != but && !known && overlap(box, boxof(other))) found.push_back(other);
+        if (other != but && !known && overlap(box, boxOf(other))) found.push_back(other);
       }
     });
     return found;
   }
 
-  /// Whether another label stands where a box would be.
-  bool istaken(const Box& box, std::size_t but) const {
-    return anycell(box, [&](long cell) {
+  /// Whether another label is where a box would be.
+  bool isTaken(const Box& box, std::size_t but) const {
+    return anyCell(box, [&](long cell) {
       const auto here = cells_.find(cell);
       return here != cells_.end() && std::any_of(here->second.begin(), here->second.end(), [&](std::size_t other) {
-               return other != but && overlap(box, boxof(other));
+               return other != but && overlap(box, boxOf(other));
              });
     });
   }
@@ -114,7 +114,7 @@ private:
   bool settle(std::size_t label) {
     for (std::size_t i = 0; i < candidates_[label].size(); ++i) {
       if (i == chosen_[label]) return false;
-      if (istaken(candidates_[label][i].box, label)) continue;
+      if (isTaken(candidates_[label][i].box, label)) continue;
       put(label, i);
       return true;
     }
@@ -122,7 +122,7 @@ private:
   }
 
   /// Tries a label's places for one whose occupants can go elsewhere or are worth less than it, all together.
-  void makeroom(std::size_t label) {
+  void makeRoom(std::size_t label) {
     for (std::size_t i = 0; i < candidates_[label].size(); ++i) {
       const auto occupants = under(candidates_[label][i].box, label);
       std::vector<std::size_t> before;
@@ -147,8 +147,8 @@ private:
 };
 
 /// What lies under the texts of a label.
-void drawground(SheetCanvas& canvas, const Label& label, const LabelPlace& place, Color paper) {
-  const auto corners = grown(boxof(canvas, place), 1).corners();
+void drawGround(SheetCanvas& canvas, const Label& label, const LabelPlace& place, Color paper) {
+  const auto corners = grown(boxOf(canvas, place), 1).corners();
   const std::vector<SheetPoint> outline(corners.begin(), corners.end());
   if (label.clears) canvas.area(outline, paper);
   const Color color = place.text.style.color;
@@ -159,26 +159,26 @@ void drawground(SheetCanvas& canvas, const Label& label, const LabelPlace& place
   if (!place.leader.empty()) canvas.polyline(place.leader, hairline, color);
 }
 
-void drawtexts(SheetCanvas& canvas, const LabelPlace& place) {
+void drawTexts(SheetCanvas& canvas, const LabelPlace& place) {
   canvas.text(place.text);
   for (const SheetTextOperation& text : place.more) canvas.text(text);
 }
 
 }  // namespace
 
-Box boxof(const SheetCanvas& canvas, const LabelPlace& place) {
-  return place.frame ? *place.frame : textbox(place.text, canvas.extent(place.text.text, place.text.style));
+Box boxOf(const SheetCanvas& canvas, const LabelPlace& place) {
+  return place.frame ? *place.frame : textBox(place.text, canvas.extent(place.text.text, place.text.style));
 }
 
 /// A long piece is cut, or it would be entered in all squares of the rectangle that it is the diagonal of.
 void LineIndex::add(SheetPoint from, SheetPoint to, double weight) {
-  if (distance(from, to) > 2 * cellsize) {
+  if (distance(from, to) > 2 * cellSize) {
     const SheetPoint middle = (from + to) * 0.5;
     add(from, middle, weight);
     add(middle, to, weight);
     return;
   }
-  if (++crowds_[cellof((from + to) * 0.5)] > linecrowd) {
+  if (++crowds_[cellOf((from + to) * 0.5)] > lineCrowd) {
     const auto rough = [](double place) { return std::round(place / grain) * grain; };
     from = {rough(from.x), rough(from.y)};
     to = {rough(to.x), rough(to.y)};
@@ -190,17 +190,17 @@ void LineIndex::add(SheetPoint from, SheetPoint to, double weight) {
   }
   const SheetPoint low{std::min(from.x, to.x), std::min(from.y, to.y)};
   const SheetPoint high{std::max(from.x, to.x), std::max(from.y, to.y)};
-  anycell(low, high, [&](long cell) {
+  anyCell(low, high, [&](long cell) {
     cells_[cell].push_back(pieces_.size());
     return false;
   });
   pieces_.push_back({from, to, weight});
 }
 
-double LineIndex::weightin(const Box& box, double enough) const {
+double LineIndex::weightIn(const Box& box, double enough) const {
   ++queries_;
   double sum = 0;
-  anycell(box, [&](long cell) {
+  anyCell(box, [&](long cell) {
     const auto found = cells_.find(cell);
     if (found == cells_.end()) return false;
     return std::any_of(found->second.begin(), found->second.end(), [&](std::size_t number) {
@@ -214,22 +214,22 @@ double LineIndex::weightin(const Box& box, double enough) const {
 }
 
 void BoxIndex::add(Box box) {
-  std::vector<std::size_t>& centred = cells_[cellof(box.centre)].centred;
-  if (centred.size() >= boxcrowd && box.along.y == 0) {
+  std::vector<std::size_t>& centered = cells_[cellOf(box.center)].centered;
+  if (centered.size() >= boxCrowd && box.along.y == 0) {
     const auto corners = box.corners();
     const auto down = [](double place) { return std::floor(place / grain) * grain; };
     const auto up = [](double place) { return std::ceil(place / grain) * grain; };
-    box = moistair::boxof({down(corners[0].x), down(corners[0].y)}, {up(corners[2].x), up(corners[2].y)});
+    box = moistair::boxOf({down(corners[0].x), down(corners[0].y)}, {up(corners[2].x), up(corners[2].y)});
   }
   const auto same = [&](std::size_t other) { return boxes_[other] == box; };
-  if (std::any_of(centred.begin(), centred.end(), same)) return;
-  centred.push_back(boxes_.size());
-  visitcells(box, [&](long cell) { cells_[cell].touching.push_back(boxes_.size()); });
+  if (std::any_of(centered.begin(), centered.end(), same)) return;
+  centered.push_back(boxes_.size());
+  visitCells(box, [&](long cell) { cells_[cell].touching.push_back(boxes_.size()); });
   boxes_.push_back(box);
 }
 
 bool BoxIndex::any(const Box& box) const {
-  return anycell(box, [&](long cell) {
+  return anyCell(box, [&](long cell) {
     const auto found = cells_.find(cell);
     if (found == cells_.end()) return false;
     const auto& boxes = found->second.touching;
@@ -241,16 +241,16 @@ void LabelBoard::add(LineIndex& index, const std::vector<SheetPoint>& line, doub
   for (std::size_t i = 1; i < line.size(); ++i) index.add(line[i - 1], line[i], weight);
 }
 
-bool LabelBoard::isfree(const Box& box) const {
+bool LabelBoard::isFree(const Box& box) const {
   for (const SheetPoint corner : box.corners()) {
-    const SheetPoint off = corner - page_.centre;
-    if (std::abs(off.x) > page_.halflength || std::abs(off.y) > page_.halfheight) return false;
+    const SheetPoint off = corner - page_.center;
+    if (std::abs(off.x) > page_.halfLength || std::abs(off.y) > page_.halfHeight) return false;
   }
   return !fixed_.any(box) && !walls_.any(box);
 }
 
-bool LabelBoard::isfree(const LabelPlace& place, const Box& box) const {
-  if (!isfree(box)) return false;
+bool LabelBoard::isFree(const LabelPlace& place, const Box& box) const {
+  if (!isFree(box)) return false;
   if (place.leader.empty()) return true;
   const SheetPoint from = place.leader.front();
   const SheetPoint to = place.leader.back();
@@ -263,26 +263,26 @@ std::size_t LabelBoard::place(SheetCanvas& canvas, Color paper) {
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     importances.push_back(labels_[i].importance);
     for (const LabelPlace& place : labels_[i].places) {
-      const Box box = boxof(canvas, place);
-      if (!isfree(place, grown(box, gap_))) continue;
+      const Box box = boxOf(canvas, place);
+      if (!isFree(place, grown(box, gap_))) continue;
       constexpr double enough = 100;  // what covers as much is nobody's choice
-      candidates[i].push_back({&place, grown(box, gap_ / 2), place.cost + lines_.weightin(box, enough)});
+      candidates[i].push_back({&place, grown(box, gap_ / 2), place.cost + lines_.weightIn(box, enough)});
     }
     std::stable_sort(candidates[i].begin(), candidates[i].end(),
                      [](const Candidate& a, const Candidate& b) { return a.cost < b.cost; });
   }
   const std::vector<std::size_t> chosen = Chooser(candidates, importances).choose();
-  std::size_t leftout = 0;
+  std::size_t leftOut = 0;
   std::vector<const LabelPlace*> places;
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     places.push_back(chosen[i] == Chooser::none ? nullptr : candidates[i][chosen[i]].place);
-    if (places[i] != nullptr) drawground(canvas, labels_[i], *places[i], paper);
+    if (places[i] != nullptr) drawGround(canvas, labels_[i], *places[i], paper);
   }
   for (const LabelPlace* place : places) {
-    if (place != nullptr) drawtexts(canvas, *place);
-    leftout += place == nullptr ? 1 : 0;
+    if (place != nullptr) drawTexts(canvas, *place);
+    leftOut += place == nullptr ? 1 : 0;
   }
-  return leftout;
+  return leftOut;
 }
 
 }  // namespace moistair

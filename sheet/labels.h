@@ -1,7 +1,7 @@
 /// \file
 /// Texts that look for their place.
 ///
-/// What stands on a sheet at a fixed place is put down first: texts as boxes, the frame and the scales as walls that no
+/// What has a fixed place on a sheet is put down first: texts as boxes, the frame and the scales as walls that no
 /// label crosses, marks as boxes, lines as what had better not be covered. Every label then offers places with what
 /// each costs. `place` chooses so that no two texts overlap: the more important labels first, at their cheapest places;
 /// then a label that found none may send others to other places of theirs, or away if they are less important; then
@@ -30,7 +30,7 @@ struct LabelPlace {
 };
 
 /// What a label takes at a place.
-Box boxof(const SheetCanvas& canvas, const LabelPlace& place);
+Box boxOf(const SheetCanvas& canvas, const LabelPlace& place);
 
 struct Label {
   double importance = 0;
@@ -44,8 +44,8 @@ class LineIndex {
 public:
   void add(SheetPoint from, SheetPoint to, double weight);
   /// The sum of the weights of what passes a box, as soon as it exceeds what is enough.
-  double weightin(const Box& box, double enough) const;
-  bool any(const Box& box) const { return weightin(box, 0) > 0; }
+  double weightIn(const Box& box, double enough) const;
+  bool any(const Box& box) const { return weightIn(box, 0) > 0; }
 
 private:
   struct Piece {
@@ -70,7 +70,7 @@ public:
 private:
   struct Cell {
     std::vector<std::size_t> touching;  ///< boxes
-    std::vector<std::size_t> centred;
+    std::vector<std::size_t> centered;
   };
   std::vector<Box> boxes_;
   std::unordered_map<long, Cell> cells_;
@@ -87,9 +87,9 @@ public:
   void line(const std::vector<SheetPoint>& line, double weight) { add(lines_, line, weight); }
   void add(Label label) { labels_.push_back(std::move(label)); }
 
-  /// Whether a text could stand there as far as all is concerned that is fixed.
-  bool isfree(const Box& box) const;
-  bool isfree(const LabelPlace& place, const Box& box) const;
+  /// Whether a text could be there as far as everything fixed is concerned.
+  bool isFree(const Box& box) const;
+  bool isFree(const LabelPlace& place, const Box& box) const;
 
   /// Chooses the places and draws what has one. Returns how many were left out.
   std::size_t place(SheetCanvas& canvas, Color paper);

@@ -10,6 +10,6 @@ namespace moistair {
 
 /// Lays a content out on pages: the chart with its scales, the table of states under it and the title block; what of
 /// the table does not fit is on further pages. No two texts overlap, and no label crosses the frame.
-SheetDrawing layoutsheet(const SheetContent& content, const SheetOptions& options, const ExtentFunction& extent);
+SheetDrawing layoutSheet(const SheetContent& content, const SheetOptions& options, const ExtentFunction& extent);
 
 }  // namespace moistair

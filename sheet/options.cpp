@@ -20,44 +20,44 @@ std::string lowered(std::string_view text) {
 
 }  // namespace
 
-PageSize pageof(const NamedPage& page, bool portrait) {
-  const PageSize upright{page.width * pixelsperinch, page.height * pixelsperinch};
+PageSize pageOf(const NamedPage& page, bool portrait) {
+  const PageSize upright{page.width * pixelsPerInch, page.height * pixelsPerInch};
   return portrait ? upright : PageSize{upright.height, upright.width};
 }
 
-std::optional<PageSize> pagenamed(std::string_view text, bool portrait) {
+std::optional<PageSize> pageNamed(std::string_view text, bool portrait) {
   std::string name = lowered(text);
-  for (const NamedPage& page : namedpages) {
-    if (name == page.name) return pageof(page, portrait);
+  for (const NamedPage& page : namedPages) {
+    if (name == page.name) return pageOf(page, portrait);
   }
   double scale = 1;
   if (name.ends_with("in")) {
-    scale = pixelsperinch;
+    scale = pixelsPerInch;
     name.resize(name.size() - 2);
   }
   const std::size_t cut = name.find('x');
   if (cut == std::string::npos) return std::nullopt;
-  const PageSize size{strictnumber(name.substr(0, cut)) * scale, strictnumber(name.substr(cut + 1)) * scale};
-  const auto fits = [](double side) { return side >= leastside && side <= mostside; };
+  const PageSize size{strictNumber(name.substr(0, cut)) * scale, strictNumber(name.substr(cut + 1)) * scale};
+  const auto fits = [](double side) { return side >= leastSide && side <= mostSide; };
   if (!fits(size.width) || !fits(size.height)) return std::nullopt;
   return size;
 }
 
-std::string sizeinwords() {
-  return "two sides from " + numbertext(leastside) + " to " + numbertext(mostside) +
+std::string sizeInWords() {
+  return "two sides from " + numberText(leastSide) + " to " + numberText(mostSide) +
          " pixels, such as 1200x800, or in inches, such as 11x8.5in";
 }
 
-double lettersfor(const PageSize& page) {
+double lettersFor(const PageSize& page) {
   constexpr double smallest = 6;
   constexpr double largest = 12;
   return std::clamp(std::sqrt(page.width * page.height) / 93, smallest, largest);
 }
 
-double mostlettersfor(const PageSize& page) {
+double mostLettersFor(const PageSize& page) {
   constexpr double across = 60;  // em
   constexpr double down = 42;
-  return std::max(leastletters, std::min(page.width / across, page.height / down));
+  return std::max(leastLetters, std::min(page.width / across, page.height / down));
 }
 
 }  // namespace moistair

@@ -1,5 +1,5 @@
 /// \file
-/// The surface that a page of a sheet is drawn on: it records, and it tells what a text takes.
+/// The surface that a page of a sheet is drawn on: it records, and it measures texts.
 #pragma once
 
 #include <string>
@@ -30,9 +30,9 @@ public:
   TextExtent extent(const std::string& text, const TextStyle& style) const {
     return extent_(text, style.size, style.bold);
   }
-  double widthof(const std::string& text, const TextStyle& style) const { return extent(text, style).width; }
+  double widthOf(const std::string& text, const TextStyle& style) const { return extent(text, style).width; }
 
-  SheetPage takepage() { return std::exchange(page_, {}); }
+  SheetPage takePage() { return std::exchange(page_, {}); }
 
 private:
   ExtentFunction extent_;

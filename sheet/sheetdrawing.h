@@ -1,7 +1,7 @@
 /// \file
 /// A sheet as data: what is drawn on each page, and where a state of air lies on it.
 ///
-/// Coordinates and sizes are in pixels of 1/96 inch, x to the right and y downwards from the page's top left corner.
+/// Coordinates and sizes are in pixels of 1/96 inch, x to the right and y downward from the page's top left corner.
 /// Whoever shows a sheet replays its operations in their order, on a screen, in a file or on paper; tests read them.
 #pragma once
 
@@ -64,7 +64,7 @@ struct TextExtent {
   double descent = 0;
 };
 
-/// Tells the extent of a text; the one thing that a layout has to know of the fonts.
+/// Gives the extent of a text; the one thing that a layout has to know of the fonts.
 using ExtentFunction = std::function<TextExtent(const std::string& text, double size, bool bold)>;
 
 /// Where states lie on the first page.
@@ -73,13 +73,13 @@ struct SheetPlot {
   ChartLimits limits;
   double atm = 0;  ///< [in Hg]
 
-  double perdb() const { return (right - left) / (limits.highdb - limits.lowdb); }  ///< pixels to the deg F
-  double perw() const { return (bottom - top) / (limits.highhr - limits.lowhr); }   ///< pixels to the lb/lb
+  double perDb() const { return (right - left) / (limits.highDb - limits.lowDb); }  ///< pixels to the deg F
+  double perW() const { return (bottom - top) / (limits.highHr - limits.lowHr); }   ///< pixels to the lb/lb
   SheetPoint at(double db, double w) const {
-    return {left + (db - limits.lowdb) * perdb(), bottom - (w - limits.lowhr) * perw()};
+    return {left + (db - limits.lowDb) * perDb(), bottom - (w - limits.lowHr) * perW()};
   }
-  double db(double x) const { return limits.lowdb + (x - left) / perdb(); }
-  double w(double y) const { return limits.lowhr + (bottom - y) / perw(); }
+  double db(double x) const { return limits.lowDb + (x - left) / perDb(); }
+  double w(double y) const { return limits.lowHr + (bottom - y) / perW(); }
   /// Whether there is air at a place: within the frame and not above saturation.
   bool holds(SheetPoint place) const;
 };

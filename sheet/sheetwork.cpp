@@ -8,58 +8,58 @@
 
 namespace moistair {
 
-SheetTextOperation centred(const SheetCanvas& canvas, SheetPoint centre, std::string text, const TextStyle& style,
-                           double angle) {
+SheetTextOperation centered(const SheetCanvas& canvas, SheetPoint center, std::string text, const TextStyle& style,
+                            double angle) {
   const TextExtent extent = canvas.extent(text, style);
   const SheetPoint along = direction(angle);
   const SheetPoint down{-along.y, along.x};
-  return {centre + down * ((extent.ascent - extent.descent) / 2), std::move(text), style, Anchor::middle, angle};
+  return {center + down * ((extent.ascent - extent.descent) / 2), std::move(text), style, Anchor::middle, angle};
 }
 
-SheetTextOperation beside(const SheetCanvas& canvas, SheetPoint place, SheetPoint outward, double gap, std::string text,
-                          const TextStyle& style) {
+SheetTextOperation textNextTo(const SheetCanvas& canvas, SheetPoint place, SheetPoint outward, double gap,
+                              std::string text, const TextStyle& style) {
   const TextExtent extent = canvas.extent(text, style);
-  const double halfwidth = extent.width / 2;
-  const double halfheight = (extent.ascent + extent.descent) / 2;
+  const double halfWidth = extent.width / 2;
+  const double halfHeight = (extent.ascent + extent.descent) / 2;
   // as far as the box reaches in that direction before its edge, so that numbers on a slanted scale stay in a row
-  const double bywidth = std::abs(outward.x) > 1e-9 ? halfwidth / std::abs(outward.x) : 1e9;
-  const double byheight = std::abs(outward.y) > 1e-9 ? halfheight / std::abs(outward.y) : 1e9;
-  return centred(canvas, place + outward * (gap + std::min(bywidth, byheight)), std::move(text), style);
+  const double byWidth = std::abs(outward.x) > 1e-9 ? halfWidth / std::abs(outward.x) : 1e9;
+  const double byHeight = std::abs(outward.y) > 1e-9 ? halfHeight / std::abs(outward.y) : 1e9;
+  return centered(canvas, place + outward * (gap + std::min(byWidth, byHeight)), std::move(text), style);
 }
 
-void fixedtext(SheetWork& work, SheetTextOperation text) {
+void fixedText(SheetWork& work, SheetTextOperation text) {
   if (text.text.empty()) return;
-  work.board.fix(textbox(text, work.canvas.extent(text.text, text.style)));
+  work.board.fix(textBox(text, work.canvas.extent(text.text, text.style)));
   work.canvas.text(std::move(text));
 }
 
-bool withinplot(const SheetWork& work, const LabelPlace& place) {
+bool withinPlot(const SheetWork& work, const LabelPlace& place) {
   const SheetPlot& plot = work.plot;
   const auto within = [&](SheetPoint point) {
     return point.x >= plot.left && point.x <= plot.right && point.y >= plot.top && point.y <= plot.bottom;
   };
-  const auto corners = boxof(work.canvas, place).corners();
+  const auto corners = boxOf(work.canvas, place).corners();
   return std::all_of(corners.begin(), corners.end(), within) &&
          std::all_of(place.leader.begin(), place.leader.end(), within);
 }
 
-std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
+std::vector<LabelPlace> placesAlong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
                                     const std::string& text, const TextStyle& style, double preferred, double aside) {
   constexpr int count = 24;
   std::vector<LabelPlace> places;
-  const double width = canvas.widthof(text, style);
-  const double whole = lengthof(line);
+  const double width = canvas.widthOf(text, style);
+  const double whole = lengthOf(line);
   if (line.size() < 2 || whole < width * 1.3) return places;
   for (int i = 0; i <= count; ++i) {
     const double part = static_cast<double>(i) / count;
     const double middle = width * 0.6 + (whole - width * 1.2) * part;
-    const SheetPoint from = placeon(line, middle - width / 2).at;
-    const SheetPoint to = placeon(line, middle + width / 2).at;
+    const SheetPoint from = pointOnLine(line, middle - width / 2).at;
+    const SheetPoint to = pointOnLine(line, middle + width / 2).at;
     const SheetPoint along = unit(to - from);
     const SheetPoint left{along.y, -along.x};
-    const SheetPoint on = ((from + to) * 0.5 + placeon(line, middle).at) * 0.5;
+    const SheetPoint on = ((from + to) * 0.5 + pointOnLine(line, middle).at) * 0.5;
     places.push_back(
-        {centred(canvas, on + left * aside, text, style, readingangle(along)), 2 * std::abs(part - preferred), {}});
+        {centered(canvas, on + left * aside, text, style, readingAngle(along)), 2 * std::abs(part - preferred), {}});
   }
   return places;
 }
@@ -71,13 +71,13 @@ constexpr std::size_t longest = 1000;  // bytes; no page has room for more, and 
 }  // namespace
 
 double measured(const SheetCanvas& canvas, const std::string& text, const TextStyle& style) {
-  return text.size() <= longest ? canvas.widthof(text, style) : 1e9;
+  return text.size() <= longest ? canvas.widthOf(text, style) : 1e9;
 }
 
 std::string fitted(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width) {
   if (measured(canvas, text, style) <= width) return text;
-  const auto fits = [&](std::size_t length) { return canvas.widthof(text.substr(0, length) + "…", style) <= width; };
-  std::size_t keep = lastwith(fits, std::size_t{0}, std::min(text.size(), longest));
+  const auto fits = [&](std::size_t length) { return canvas.widthOf(text.substr(0, length) + "…", style) <= width; };
+  std::size_t keep = lastWith(fits, std::size_t{0}, std::min(text.size(), longest));
   while (keep > 0 && (static_cast<unsigned char>(text[keep]) & 0xC0) == 0x80) --keep;  // not within a letter
   return keep == 0 ? std::string() : text.substr(0, keep) + "…";
 }

@@ -23,7 +23,7 @@ struct SheetWork {
   SheetPlot plot;
   Boundary boundary;
 
-  double em() const { return options.lettersize; }  ///< what every distance is a multiple of [pixels]
+  double em() const { return options.letterSize; }  ///< what every distance is a multiple of [pixels]
 };
 
 /// What a label is worth: what the engineer has put there, then what the chart cannot be read without.
@@ -37,22 +37,22 @@ inline constexpr double caption = 300;
 }  // namespace importance
 
 /// A text with its middle at a place.
-SheetTextOperation centred(const SheetCanvas& canvas, SheetPoint centre, std::string text, const TextStyle& style,
-                           double angle = 0);
+SheetTextOperation centered(const SheetCanvas& canvas, SheetPoint center, std::string text, const TextStyle& style,
+                            double angle = 0);
 
 /// A text outside a line: its nearest part is `gap` away from a place, in a direction.
-SheetTextOperation beside(const SheetCanvas& canvas, SheetPoint place, SheetPoint outward, double gap, std::string text,
-                          const TextStyle& style);
+SheetTextOperation textNextTo(const SheetCanvas& canvas, SheetPoint place, SheetPoint outward, double gap,
+                              std::string text, const TextStyle& style);
 
 /// Draws a text at a fixed place, which labels then avoid.
-void fixedtext(SheetWork& work, SheetTextOperation text);
+void fixedText(SheetWork& work, SheetTextOperation text);
 
-/// Whether a label of what stands on the chart would stay off the scales: it and its leader within the plot's edges.
-bool withinplot(const SheetWork& work, const LabelPlace& place);
+/// Whether a label of an entry would stay off the scales: it and its leader within the plot's edges.
+bool withinPlot(const SheetWork& work, const LabelPlace& place);
 
 /// Places for a text along a line, turned as the line runs there, its middle `aside` of the line [pixels, to the left
 /// of its direction]; those near `preferred`, a part of the line's length, cost least.
-std::vector<LabelPlace> placesalong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
+std::vector<LabelPlace> placesAlong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
                                     const std::string& text, const TextStyle& style, double preferred,
                                     double aside = 0);
 

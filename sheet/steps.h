@@ -11,7 +11,7 @@
 namespace moistair {
 
 /// The smallest of some rising steps that is at least so large; the last if none is.
-inline double stepfrom(std::initializer_list<double> steps, double least) {
+inline double stepFrom(std::initializer_list<double> steps, double least) {
   for (const double step : steps) {
     if (step >= least) return step;
   }
@@ -31,15 +31,15 @@ inline std::vector<double> multiples(double low, double high, double step) {
 }
 
 /// Whether a number is a multiple of a step, but for its rounding.
-inline bool ismultiple(double number, double step) {
+inline bool isMultiple(double number, double step) {
   const double count = number / step;
   return std::abs(count - std::round(count)) < 1e-6;
 }
 
 /// So many decimals show every multiple of a step.
-inline int decimalsof(double step) {
+inline int decimalsOf(double step) {
   int decimals = 0;
-  while (decimals < 6 && !ismultiple(step, 1)) {
+  while (decimals < 6 && !isMultiple(step, 1)) {
     step *= 10;
     ++decimals;
   }

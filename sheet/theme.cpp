@@ -13,30 +13,30 @@ constexpr Theme color = {
     .paper = rgb(0xffffff),
     .ink = rgb(0x1d2430),
     .faded = rgb(0x5a6472),
-    .finegrid = {0.5, rgb(0xe3e6ea), Dash::solid},
+    .fineGrid = {0.5, rgb(0xe3e6ea), Dash::solid},
     .grid = {0.6, rgb(0xc6ccd4), Dash::solid},
     .frame = {1.0, rgb(0x1d2430), Dash::solid},
     .saturation = {2.4, rgb(0x12335f), Dash::solid},
     .scale = {0.7, rgb(0x1d2430), Dash::solid},
     .humidity = {0.8, rgb(0x2f8f5b), Dash::solid},
-    .wetbulb = {0.65, rgb(0x4b83c4), Dash::solid},
+    .wetBulb = {0.65, rgb(0x4b83c4), Dash::solid},
     .enthalpy = {0.6, rgb(0xb9772f), Dash::dashed},
     .volume = {0.7, rgb(0xa4559a), Dash::dashed},
     .mark = rgb(0xc8102e),
     .shade = rgb(0xeef1f5),
 };
 
-constexpr Theme grey = {
+constexpr Theme gray = {
     .paper = rgb(0xffffff),
     .ink = rgb(0x111111),
     .faded = rgb(0x555555),
-    .finegrid = {0.5, rgb(0xe6e6e6), Dash::solid},
+    .fineGrid = {0.5, rgb(0xe6e6e6), Dash::solid},
     .grid = {0.6, rgb(0xcccccc), Dash::solid},
     .frame = {1.0, rgb(0x111111), Dash::solid},
     .saturation = {2.6, rgb(0x000000), Dash::solid},
     .scale = {0.7, rgb(0x111111), Dash::solid},
     .humidity = {0.9, rgb(0x555555), Dash::solid},
-    .wetbulb = {0.55, rgb(0x6c6c6c), Dash::solid},
+    .wetBulb = {0.55, rgb(0x6c6c6c), Dash::solid},
     .enthalpy = {0.6, rgb(0x777777), Dash::dotted},
     .volume = {0.7, rgb(0x666666), Dash::dashed},
     .mark = rgb(0x000000),
@@ -47,13 +47,13 @@ constexpr Theme dark = {
     .paper = rgb(0x14181f),
     .ink = rgb(0xe8ebf0),
     .faded = rgb(0xa3adba),
-    .finegrid = {0.5, rgb(0x232a34), Dash::solid},
+    .fineGrid = {0.5, rgb(0x232a34), Dash::solid},
     .grid = {0.6, rgb(0x38424f), Dash::solid},
     .frame = {1.0, rgb(0xd5dae2), Dash::solid},
     .saturation = {2.4, rgb(0x9cc7ff), Dash::solid},
     .scale = {0.7, rgb(0xc4cbd6), Dash::solid},
     .humidity = {0.8, rgb(0x5fbf8a), Dash::solid},
-    .wetbulb = {0.65, rgb(0x5b8fcc), Dash::solid},
+    .wetBulb = {0.65, rgb(0x5b8fcc), Dash::solid},
     .enthalpy = {0.6, rgb(0xd79b57), Dash::dashed},
     .volume = {0.7, rgb(0xc07ab6), Dash::dashed},
     .mark = rgb(0xff6b6b),
@@ -64,18 +64,18 @@ constexpr Theme dark = {
 
 const Stroke& Theme::of(LineKind kind) const {
   switch (kind) {
-    case LineKind::relativehumidity: return humidity;
-    case LineKind::wetbulb: return wetbulb;
+    case LineKind::relativeHumidity: return humidity;
+    case LineKind::wetBulb: return wetBulb;
     case LineKind::enthalpy: return enthalpy;
-    case LineKind::specificvolume: break;
+    case LineKind::specificVolume: break;
   }
   return volume;
 }
 
-const Theme& themeof(SheetColors colors) {
+const Theme& themeOf(SheetColors colors) {
   switch (colors) {
     case SheetColors::color: return color;
-    case SheetColors::grey: return grey;
+    case SheetColors::gray: return gray;
     case SheetColors::dark: break;
   }
   return dark;

@@ -1,5 +1,5 @@
 /// \file
-/// The colours and line widths of a sheet.
+/// The colors and line widths of a sheet.
 #pragma once
 
 #include "chart/propertylines.h"
@@ -18,9 +18,9 @@ struct Stroke {
 /// What lies behind is quiet, what is read off is dark, and what the engineer has put there is bright.
 struct Theme {
   Color paper, ink, faded;          ///< ground, texts and frame, small captions
-  Stroke finegrid, grid;            ///< between the numbers of the scales and at them
+  Stroke fineGrid, grid;            ///< between the numbers of the scales and at them
   Stroke frame, saturation, scale;  ///< scale: rules and ticks
-  Stroke humidity, wetbulb, enthalpy, volume;
+  Stroke humidity, wetBulb, enthalpy, volume;
   Color mark;   ///< points and mixing lines
   Color shade;  ///< heads of tables
 
@@ -30,6 +30,6 @@ struct Theme {
   TextStyle small(double size) const { return {size, false, faded}; }
 };
 
-const Theme& themeof(SheetColors colors);
+const Theme& themeOf(SheetColors colors);
 
 }  // namespace moistair

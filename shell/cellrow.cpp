@@ -6,25 +6,25 @@
 #include <algorithm>
 #include <numeric>
 
-#include "toolkit/tellingline.h"
+#include "toolkit/messageline.h"
 
 namespace moistair {
 
 namespace {
 
 constexpr int gap = 11;           // pixels, with a rule in its middle
-constexpr int leastletters = 13;  // of a text that gives way: "no records" is whole or gone
+constexpr int leastLetters = 13;  // of a text that gives way: "no records" is whole or gone
 
 }  // namespace
 
-std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int gap,
+std::vector<int> sharedWidths(const std::vector<int>& wanted, const std::vector<int>& giveWay, int least, int gap,
                               int room) {
   std::vector<int> widths = wanted;
   int over = std::accumulate(wanted.begin(), wanted.end(), -room);
-  const int last = giveway.empty() ? 0 : *std::max_element(giveway.begin(), giveway.end());
+  const int last = giveWay.empty() ? 0 : *std::max_element(giveWay.begin(), giveWay.end());
   for (int turn = 1; turn <= last; ++turn) {
     for (std::size_t i = 0; i < widths.size(); ++i) {
-      if (giveway[i] != turn) continue;
+      if (giveWay[i] != turn) continue;
       const int given = std::clamp(over, 0, std::max(0, widths[i] - least));
       widths[i] -= given;
       over -= given;
@@ -32,7 +32,7 @@ std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<
   }
   for (int turn = 1; turn <= last; ++turn) {
     for (std::size_t i = 0; i < widths.size(); ++i) {
-      if (giveway[i] != turn || over <= 0 || widths[i] == 0) continue;
+      if (giveWay[i] != turn || over <= 0 || widths[i] == 0) continue;
       over -= widths[i] + gap;
       widths[i] = 0;
     }
@@ -56,22 +56,22 @@ void CellRow::measure(Cell& cell) const {
   const QString text = cell.widget->property("text").toString();
   if (text == cell.text) return;
   cell.text = text;
-  const bool telling = qobject_cast<TellingLine*>(cell.widget) != nullptr;
-  cell.wanted = telling ? cell.widget->sizeHint().width() : fontMetrics().horizontalAdvance(text) + 2;
+  const bool isMessageLine = qobject_cast<MessageLine*>(cell.widget) != nullptr;
+  cell.wanted = isMessageLine ? cell.widget->sizeHint().width() : fontMetrics().horizontalAdvance(text) + 2;
   if (text.isEmpty()) cell.wanted = 0;
 }
 
 void CellRow::place() {
   std::vector<int> wanted;
-  std::vector<int> giveway;
+  std::vector<int> giveWay;
   int rules = -1;
   for (Cell& cell : cells_) {
     measure(cell);
     wanted.push_back(cell.wanted);
-    giveway.push_back(cell.giveway);
+    giveWay.push_back(cell.giveWay);
     rules += cell.text.isEmpty() && &cell != &cells_.front() ? 0 : 1;  // the first one has the room left over
   }
-  const auto widths = sharedwidths(wanted, giveway, leastletters * fontMetrics().averageCharWidth(), gap,
+  const auto widths = sharedWidths(wanted, giveWay, leastLetters * fontMetrics().averageCharWidth(), gap,
                                    width() - gap * rules - gap / 2);
   int left = 0;
   for (std::size_t i = 0; i < cells_.size(); ++i) {

@@ -10,7 +10,7 @@ namespace moistair {
 /// One text of a row.
 struct RowCell {
   QWidget* widget;  ///< with a property "text"
-  int giveway;      ///< the lowest gives way first, and goes first; 0 for one that does not
+  int giveWay;      ///< the lowest gives way first, and goes first; 0 for one that does not
 };
 
 /// Gives each text the room that it wants and the first one what is left over. Where there is not enough, those that
@@ -42,10 +42,10 @@ private:
 };
 
 /// The widths of texts that want so much and give way in an order, in a room too small or too large for them.
-/// @param giveway as in `RowCell`
+/// @param giveWay as in `RowCell`
 /// @param least what one that gives way keeps, if it wants that much, or else nothing
 /// @param gap that there is between two, and is gained with each one that goes
-std::vector<int> sharedwidths(const std::vector<int>& wanted, const std::vector<int>& giveway, int least, int gap,
+std::vector<int> sharedWidths(const std::vector<int>& wanted, const std::vector<int>& giveWay, int least, int gap,
                               int room);
 
 }  // namespace moistair

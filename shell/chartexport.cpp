@@ -23,11 +23,11 @@ namespace moistair {
 
 namespace {
 
-constexpr int picturedpi = 96;  // logical pixels to the inch of paper
+constexpr int picturedPi = 96;  // logical pixels to the inch of paper
 
 /// The rectangle that a document laid out for a window touches there [logical pixels], from the line that states the
-/// pressure downwards: lines of a chart are also recorded above the window, where nobody sees them.
-QRectF touchedby(const Drawing& drawing, QSizeF window) {
+/// pressure downward: lines of a chart are also recorded above the window, where nobody sees them.
+QRectF touchedBy(const Drawing& drawing, QSizeF window) {
   constexpr double boundless = 4;  // no text is to be moved away from an edge
   QImage pixel(1, 1, QImage::Format_RGB32);
   QPainter painter(&pixel);
@@ -36,7 +36,7 @@ QRectF touchedby(const Drawing& drawing, QSizeF window) {
   return touched & QRectF(touched.left(), top, touched.width(), window.height() - top);
 }
 
-WindowSize twips(QSizeF size) { return {size.width() * twipsperpixel, size.height() * twipsperpixel}; }
+WindowSize twips(QSizeF size) { return {size.width() * twipsPerPixel, size.height() * twipsPerPixel}; }
 
 struct Mover {
   float dx, dy;  // twips
@@ -52,15 +52,15 @@ struct Mover {
 };
 
 /// The kinds of files, one of them before all others.
-auto formatsfrom(const char* first) {
-  auto formats = fileformats;
+auto formatsFrom(const char* first) {
+  auto formats = fileFormats;
   std::stable_partition(formats.begin(), formats.end(),
                         [&](const FileFormat& format) { return QLatin1String(format.ending) == QLatin1String(first); });
   return formats;
 }
 
 /// What is printed to a file is written as every other file is. Returns why it was not, nothing if it was.
-std::optional<QString> printtofile(const QPrinter& printer, const SessionLog& log, const PaintPages& paint) {
+std::optional<QString> printToFile(const QPrinter& printer, const SessionLog& log, const PaintPages& paint) {
   QByteArray content;
   QBuffer buffer(&content);
   buffer.open(QIODevice::WriteOnly);
@@ -71,53 +71,53 @@ std::optional<QString> printtofile(const QPrinter& printer, const SessionLog& lo
   writer.setPageLayout(printer.pageLayout());
   QPainter painter;
   if (painter.begin(&writer)) paint(writer, painter);
-  return writepicture(printer.outputFileName(), painter.end() ? content : QByteArray(), log);
+  return writePicture(printer.outputFileName(), painter.end() ? content : QByteArray(), log);
 }
 
 }  // namespace
 
 /// The scales grow in proportion to the window and their labels do not, so the window for which all of it has the size
 /// wanted is found in a few steps.
-Drawing fittedto(const Document& document, QSize size) {
+Drawing fittedTo(const Document& document, QSize size) {
   constexpr double margin = 24;  // logical pixels
   constexpr int steps = 6;
   const QRectF wanted = QRectF(QPointF(0, 0), size).adjusted(margin, margin, -margin, -margin);
   QSizeF window = size;
-  Drawing drawing = drawingof(document, twips(window));
-  if (lastchart(document) == nullptr || wanted.isEmpty()) return drawing;
-  QRectF touched = touchedby(drawing, window);
+  Drawing drawing = drawingOf(document, twips(window));
+  if (lastChart(document) == nullptr || wanted.isEmpty()) return drawing;
+  QRectF touched = touchedBy(drawing, window);
   for (int step = 0; step < steps; ++step) {
     window = {
         std::clamp(window.width() * wanted.width() / touched.width(), wanted.width() / 2, size.width() * 2.0),
         std::clamp(window.height() * wanted.height() / touched.height(), wanted.height() / 2, size.height() * 3.0)};
-    drawing = drawingof(document, twips(window));
-    touched = touchedby(drawing, window);
+    drawing = drawingOf(document, twips(window));
+    touched = touchedBy(drawing, window);
   }
-  const QPointF move = (wanted.center() - touched.center()) * twipsperpixel;
+  const QPointF move = (wanted.center() - touched.center()) * twipsPerPixel;
   for (Operation& operation : drawing.operations) {
     std::visit(Mover{static_cast<float>(move.x()), static_cast<float>(move.y())}, operation);
   }
   return drawing;
 }
 
-std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, const QString& what, const char* first,
+std::optional<QString> exportPicture(QWidget* window, const SessionLog& log, const QString& what, const char* first,
                                      const std::function<QByteArray(const FileFormat& format)>& content) {
-  const auto formats = formatsfrom(first);
+  const auto formats = formatsFrom(first);
   SaveDialog dialog;
   SaveRequest request{QStringLiteral("Export ") + what, {}};
   for (const FileFormat& format : formats) request.filters.append(QLatin1String(format.filter));
   auto path = dialog.ask(window, request);
   if (!path) return path;
-  const FileFormat* format = formatofname(path->toStdString());
+  const FileFormat* format = formatOfName(path->toStdString());
   if (format == nullptr) {
     const auto chosen = std::find_if(formats.begin(), formats.end(), [&](const FileFormat& offered) {
-      return dialog.lastfilter() == QLatin1String(offered.filter);
+      return dialog.lastFilter() == QLatin1String(offered.filter);
     });
     format = chosen == formats.end() ? &formats.front() : &*chosen;
-    path = completename(window, request.title, *path, {QLatin1String(format->ending)});
+    path = completeName(window, request.title, *path, {QLatin1String(format->ending)});
     if (!path) return path;
   }
-  if (const auto reason = writepicture(*path, content(*format), log)) {
+  if (const auto reason = writePicture(*path, content(*format), log)) {
     warning(window,
             QStringLiteral("The %1 could not be written to ").arg(what) + *path + QStringLiteral("\n") + *reason);
     return std::nullopt;
@@ -125,26 +125,26 @@ std::optional<QString> exportpicture(QWidget* window, const SessionLog& log, con
   return path;
 }
 
-std::optional<QString> exportchart(QWidget* window, const SessionLog& log, const Document& document, QSize size) {
-  return exportpicture(window, log, QStringLiteral("chart"), ".svg", [&](const FileFormat& format) {
-    return format.content(fittedto(document, size), size, exportscale);
+std::optional<QString> exportChart(QWidget* window, const SessionLog& log, const Document& document, QSize size) {
+  return exportPicture(window, log, QStringLiteral("chart"), ".svg", [&](const FileFormat& format) {
+    return format.content(fittedTo(document, size), size, exportScale);
   });
 }
 
-QPageLayout firstpage() {
-  const auto size = QPageSize(usesletter(paperlocale()) ? QPageSize::Letter : QPageSize::A4);
-  const QMarginsF margins(papermargin, papermargin, papermargin, papermargin);
+QPageLayout firstPage() {
+  const auto size = QPageSize(usesLetter(paperLocale()) ? QPageSize::Letter : QPageSize::A4);
+  const QMarginsF margins(paperMargin, paperMargin, paperMargin, paperMargin);
   return {size, QPageLayout::Landscape, margins, QPageLayout::Inch};
 }
 
-QPageLayout askpage(QWidget* window, const QPageLayout& page) {
+QPageLayout askPage(QWidget* window, const QPageLayout& page) {
   QPrinter printer;
   printer.setPageLayout(page);
   QPageSetupDialog dialog(&printer, window);
   return dialog.exec() == QDialog::Accepted ? printer.pageLayout() : page;
 }
 
-QPageLayout printpages(QWidget* window, const SessionLog& log, const QPageLayout& page, const PaintPages& paint) {
+QPageLayout printPages(QWidget* window, const SessionLog& log, const QPageLayout& page, const PaintPages& paint) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageLayout(page);
   printer.setDocName(QStringLiteral("Psychrometric chart"));
@@ -152,7 +152,7 @@ QPageLayout printpages(QWidget* window, const SessionLog& log, const QPageLayout
   if (dialog.exec() != QDialog::Accepted) return page;
   if (printer.outputFormat() == QPrinter::PdfFormat) {
     const QString path = printer.outputFileName();
-    const auto reason = printtofile(printer, log, paint);
+    const auto reason = printToFile(printer, log, paint);
     if (reason) warning(window, QStringLiteral("The print could not be written to ") + path + u'\n' + *reason);
     return printer.pageLayout();
   }
@@ -165,12 +165,12 @@ QPageLayout printpages(QWidget* window, const SessionLog& log, const QPageLayout
   return printer.pageLayout();
 }
 
-QPageLayout printchart(QWidget* window, const SessionLog& log, const Document& document, const QPageLayout& page) {
-  return printpages(window, log, page, [&](QPagedPaintDevice& device, QPainter& painter) {
+QPageLayout printChart(QWidget* window, const SessionLog& log, const Document& document, const QPageLayout& page) {
+  return printPages(window, log, page, [&](QPagedPaintDevice& device, QPainter& painter) {
     const int resolution = device.logicalDpiX();
     const QSize paper = device.pageLayout().paintRectPixels(resolution).size();
-    const QSize size = paper * (static_cast<double>(picturedpi) / resolution);
-    paintfitted(fittedto(document, size), size, painter, QRectF(QPointF(0, 0), paper));
+    const QSize size = paper * (static_cast<double>(picturedPi) / resolution);
+    paintFitted(fittedTo(document, size), size, painter, QRectF(QPointF(0, 0), paper));
   });
 }
 

@@ -12,13 +12,13 @@ struct Entry {
   QKeySequence keys;
 };
 
-void addentries(QMenu& menu, const std::vector<Entry>& entries) {
+void addEntries(QMenu& menu, const std::vector<Entry>& entries) {
   for (const Entry& entry : entries) {
     QAction* action = menu.addAction(entry.text, entry.button, &QPushButton::click);
     action->setShortcut(entry.keys);
     QObject::connect(&menu, &QMenu::aboutToShow, action,
                      [action, button = entry.button] { action->setEnabled(button->isEnabled()); });
-    // Keys are pressed without the menu; a button that is greyed takes no click.
+    // Keys are pressed without the menu; a button that is grayed takes no click.
     QObject::connect(&menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
   }
   menu.addSeparator();
@@ -26,28 +26,28 @@ void addentries(QMenu& menu, const std::vector<Entry>& entries) {
 
 }  // namespace
 
-void fillchartmenu(QMenu& menu, const Strip& strip) {
-  addentries(menu, {{QStringLiteral("&Draw chart..."), strip.drawbutton, QKeySequence(Qt::CTRL | Qt::Key_D)},
-                    {QStringLiteral("&Clear chart"), strip.clearbutton, {}},
-                    {QStringLiteral("Save chart as &bitmap..."), strip.savechartbutton, {}},
-                    {QStringLiteral("&Atmospheric pressure..."), strip.pressurebutton, {}}});
-  addentries(menu, {{QStringLiteral("&Locate point of the boxes..."), strip.locatebutton, {}},
-                    {QStringLiteral("&Relative humidity line"), strip.rhlinebutton, {}},
-                    {QStringLiteral("&Wet bulb line"), strip.wblinebutton, {}},
-                    {QStringLiteral("&Enthalpy line"), strip.hlinebutton, {}},
-                    {QStringLiteral("&Specific volume line"), strip.vlinebutton, {}},
-                    {QStringLiteral("&Mixing problem..."), strip.mixingbutton, QKeySequence(Qt::CTRL | Qt::Key_M)}});
-  addentries(menu, {{QStringLiteral("&View saved data..."), strip.viewlogbutton, {}},
-                    {QStringLiteral("Save data in &file..."), strip.savelogbutton, {}}});
+void fillChartMenu(QMenu& menu, const Strip& strip) {
+  addEntries(menu, {{QStringLiteral("&Draw chart..."), strip.drawButton, QKeySequence(Qt::CTRL | Qt::Key_D)},
+                    {QStringLiteral("&Clear chart"), strip.clearButton, {}},
+                    {QStringLiteral("Save chart as &bitmap..."), strip.saveChartButton, {}},
+                    {QStringLiteral("&Atmospheric pressure..."), strip.pressureButton, {}}});
+  addEntries(menu, {{QStringLiteral("&Locate point of the boxes..."), strip.locateButton, {}},
+                    {QStringLiteral("&Relative humidity line"), strip.rhLineButton, {}},
+                    {QStringLiteral("&Wet bulb line"), strip.wbLineButton, {}},
+                    {QStringLiteral("&Enthalpy line"), strip.hLineButton, {}},
+                    {QStringLiteral("&Specific volume line"), strip.vLineButton, {}},
+                    {QStringLiteral("&Mixing problem..."), strip.mixingButton, QKeySequence(Qt::CTRL | Qt::Key_M)}});
+  addEntries(menu, {{QStringLiteral("&View saved data..."), strip.viewLogButton, {}},
+                    {QStringLiteral("Save data in &file..."), strip.saveLogButton, {}}});
 }
 
-void pressbyreturn(const Strip& strip) {
-  const std::array<std::pair<QLineEdit*, QPushButton*>, 6> pairs = {{{strip.firstvalue, strip.locatebutton},
-                                                                     {strip.secondvalue, strip.locatebutton},
-                                                                     {strip.rhvalue, strip.rhlinebutton},
-                                                                     {strip.wbvalue, strip.wblinebutton},
-                                                                     {strip.hvalue, strip.hlinebutton},
-                                                                     {strip.vvalue, strip.vlinebutton}}};
+void pressByReturn(const Strip& strip) {
+  const std::array<std::pair<QLineEdit*, QPushButton*>, 6> pairs = {{{strip.firstValue, strip.locateButton},
+                                                                     {strip.secondValue, strip.locateButton},
+                                                                     {strip.rhValue, strip.rhLineButton},
+                                                                     {strip.wbValue, strip.wbLineButton},
+                                                                     {strip.hValue, strip.hLineButton},
+                                                                     {strip.vValue, strip.vLineButton}}};
   for (const auto& [box, button] : pairs) QObject::connect(box, &QLineEdit::returnPressed, button, &QPushButton::click);
 }
 

@@ -8,10 +8,10 @@
 
 namespace moistair {
 
-/// Offers every command of the strip that no other menu has. An entry presses the button, and is greyed where that is.
-void fillchartmenu(QMenu& menu, const Strip& strip);
+/// Offers every command of the strip that no other menu has. An entry presses the button, and is grayed where that is.
+void fillChartMenu(QMenu& menu, const Strip& strip);
 
 /// Return in a line's box draws that line, Return in the box of a value locates the point.
-void pressbyreturn(const Strip& strip);
+void pressByReturn(const Strip& strip);
 
 }  // namespace moistair

@@ -24,9 +24,9 @@ namespace moistair {
 namespace {
 
 /// "24.8961 in Hg, 5000 ft"
-QString pressurewords(const Pressure& pressure) {
-  const std::string inhg = inhgwords(pressure.atm);
-  const std::string entry = entrywords(pressure);
+QString pressureWords(const Pressure& pressure) {
+  const std::string inhg = inhgWords(pressure.atm);
+  const std::string entry = entryWords(pressure);
   return QString::fromStdString(inhg == entry ? inhg : inhg + ", " + entry);
 }
 
@@ -41,188 +41,188 @@ void dismiss(QPointer<Window>& window) {
 
 }  // namespace
 
-void MainWindow::opendialog(Dialog* dialog) {
+void MainWindow::openDialog(Dialog* dialog) {
   dialog_ = dialog;
   dialog->show();
-  if (!charttype_) return;
-  standover(*charttype_, *dialog);
+  if (!chartType_) return;
+  stayAbove(*chartType_, *dialog);
   dialog->windowHandle()->installEventFilter(this);
 }
 
 /// Gives the input back to this window and destroys the dialog that took it.
-void MainWindow::closedialog() {
-  if (charttype_) standover(*charttype_, *this);
+void MainWindow::closeDialog() {
+  if (chartType_) stayAbove(*chartType_, *this);
   dismiss(dialog_);
   activateWindow();
 }
 
-void MainWindow::leavedialog() {
-  closedialog();
-  focusgraph();
-  if (!begun_) QTimer::singleShot(0, this, &MainWindow::beginwork);
+void MainWindow::leaveDialog() {
+  closeDialog();
+  focusGraph();
+  if (!begun_) QTimer::singleShot(0, this, &MainWindow::beginWork);
   begun_ = true;
 }
 
 /// The pressure window of the start is left: now for the file that the program was started with, and for what a session
 /// before may have left behind.
-void MainWindow::beginwork() {
-  if (!firstfile_.isEmpty() && files_->open(firstfile_) && firstpressure_) settlepressure(*firstpressure_);
-  files_->offerleftwork();
+void MainWindow::beginWork() {
+  if (!firstFile_.isEmpty() && files_->open(firstFile_) && firstPressure_) settlePressure(*firstPressure_);
+  files_->offerRecoveredWork();
 }
 
 /// The file that the program was started with has a pressure, and another one was set before it was opened.
-void MainWindow::settlepressure(const PressureEntry& set) {
+void MainWindow::settlePressure(const PressureEntry& set) {
   const Pressure& file = chart_.document().pressure;
-  const Pressure typed{set, lenientnumber(pressurefor(set).inhg.value_or(std::string()))};
-  if (samepressure(file.atm, typed.atm)) return;
+  const Pressure typed{set, lenientNumber(pressureFor(set).inhg.value_or(std::string()))};
+  if (samePressure(file.atm, typed.atm)) return;
   const QString text = QStringLiteral(
       "%1 was made at %2, and you have set %3. Which pressure holds? With the one that you have set "
       "the file's chart is cleared, and its entries can be put on a new one.");
-  const bool keep = choice(this, text.arg(QFileInfo(firstfile_).fileName(), pressurewords(file), pressurewords(typed)),
+  const bool keep = choice(this, text.arg(QFileInfo(firstFile_).fileName(), pressureWords(file), pressureWords(typed)),
                            QStringLiteral("The &file's"), QStringLiteral("The one I have &set"));
   if (keep) return;
-  values_.pressure.settext(*pressurefor(set).inhg);
-  startafresh(set);
+  values_.pressure.setText(*pressureFor(set).inhg);
+  startFresh(set);
 }
 
-void MainWindow::focusgraph() { graph_->setFocus(); }
+void MainWindow::focusGraph() { graph_->setFocus(); }
 
 void MainWindow::answer(const Refusal& refusal) {
   const QString text = QString::fromUtf8(refusal.text);
-  refusal.withcancel ? messageokcancel(this, text) : message(this, text);
+  refusal.withCancel ? messageOkCancel(this, text) : message(this, text);
 }
 
-/// A line of relative humidity that crosses nothing of the chart is told, whatever the search then makes of it.
-void MainWindow::telloutofsight(const Resolution& resolution) {
-  if (resolution.unseenline == PropertyKind::rh) message(this, QString::fromUtf8(linenotfeasible));
+/// A line of relative humidity that does not cross the chart gets a message, whatever the search then finds.
+void MainWindow::warnOutOfSight(const Resolution& resolution) {
+  if (resolution.unseenLine == PropertyKind::rh) message(this, QString::fromUtf8(lineNotFeasible));
 }
 
-void MainWindow::openpressure() {
+void MainWindow::openPressure() {
   if (dialog_) return;
   if (!loaded_) {
-    if (!loadmain()) return;
+    if (!loadMain()) return;
     loaded_ = true;
     resize(screen()->availableSize() * 0.9);  // what restoring gives
     showMaximized();
   }
-  auto* window = new PressureWindow(this, waitingwords());
-  const auto putinforce = [this](const std::string& inhg) {
-    values_.pressure.settext(inhg);
+  auto* window = new PressureWindow(this, waitingWords());
+  const auto makeCurrent = [this](const std::string& inhg) {
+    values_.pressure.setText(inhg);
     notes_->follow();
   };
-  putinforce(defaultpressuretext);
-  connect(window, &PressureWindow::pressurewritten, this, putinforce);
-  connect(window, &PressureWindow::pressureset, this, &MainWindow::changepressure);
-  connect(window, &PressureWindow::left, this, &MainWindow::leavedialog);
-  opendialog(window);
+  makeCurrent(defaultPressureText);
+  connect(window, &PressureWindow::pressureWritten, this, makeCurrent);
+  connect(window, &PressureWindow::pressureSet, this, &MainWindow::changePressure);
+  connect(window, &PressureWindow::left, this, &MainWindow::leaveDialog);
+  openDialog(window);
 }
 
 /// What the first pressure window says of the file that is opened after it.
-QString MainWindow::waitingwords() const {
-  if (begun_ || firstfile_.isEmpty()) return {};
-  const QString name = QFileInfo(firstfile_).fileName();
-  const auto pressure = pressureoffile(firstfile_);
+QString MainWindow::waitingWords() const {
+  if (begun_ || firstFile_.isEmpty()) return {};
+  const QString name = QFileInfo(firstFile_).fileName();
+  const auto pressure = pressureOfFile(firstFile_);
   if (!pressure) return QStringLiteral("%1 is opened after this window.").arg(name);
-  return QStringLiteral("%1 is opened after this window. It was made at %2.").arg(name, pressurewords(*pressure));
+  return QStringLiteral("%1 is opened after this window. It was made at %2.").arg(name, pressureWords(*pressure));
 }
 
-void MainWindow::changepressure(const PressureEntry& entry) {
-  if (!begun_) firstpressure_ = entry;
-  startafresh(entry);
-  leavedialog();
+void MainWindow::changePressure(const PressureEntry& entry) {
+  if (!begun_) firstPressure_ = entry;
+  startFresh(entry);
+  leaveDialog();
 }
 
-/// A chart is drawn for one pressure, so a new one starts everything afresh.
-void MainWindow::startafresh(const PressureEntry& entry) {
-  strip_->emptyinputs();
-  strip_->emptyreadouts(true);
-  chart_.changepressure(entry, windowsize());
+/// A chart is drawn for one pressure, so a new one starts everything from scratch.
+void MainWindow::startFresh(const PressureEntry& entry) {
+  strip_->emptyInputs();
+  strip_->emptyReadouts(true);
+  chart_.changePressure(entry, windowSize());
 }
 
-void MainWindow::startdraw() {
-  if (const auto refusal = chart_.startdraw(strip_->limittexts())) {
+void MainWindow::startDraw() {
+  if (const auto refusal = chart_.startDraw(strip_->limitTexts())) {
     answer(*refusal);
-    focusgraph();
+    focusGraph();
     return;
   }
-  if (!charttype_) {
-    charttype_ = new ChartTypeWindow;
-    standover(*charttype_, *this);
-    connect(charttype_, &ChartTypeWindow::chosen, this, &MainWindow::drawchart);
-    connect(charttype_, &ChartTypeWindow::left, this, [this] { dismiss(charttype_); });
+  if (!chartType_) {
+    chartType_ = new ChartTypeWindow;
+    stayAbove(*chartType_, *this);
+    connect(chartType_, &ChartTypeWindow::chosen, this, &MainWindow::drawChart);
+    connect(chartType_, &ChartTypeWindow::left, this, [this] { dismiss(chartType_); });
   }
-  charttype_->showNormal();  // also from its icon
-  charttype_->raise();
-  charttype_->activateWindow();
+  chartType_->showNormal();  // also from its icon
+  chartType_->raise();
+  chartType_->activateWindow();
 }
 
-void MainWindow::drawchart(ChartType charttype) {
-  values_.charttype = charttype;
-  dismiss(charttype_);
-  if (const auto refusal = lifecycle_.testlimits(strip_->limittexts())) {
+void MainWindow::drawChart(ChartType chartType) {
+  values_.chartType = chartType;
+  dismiss(chartType_);
+  if (const auto refusal = lifecycle_.testLimits(strip_->limitTexts())) {
     answer(*refusal);
-  } else if (!lifecycle_.chartstands()) {
-    strip_->waitcue(true);
-    chart_.drawchart(windowsize());
-    strip_->waitcue(false);
+  } else if (!lifecycle_.hasCurrentChart()) {
+    strip_->waitCue(true);
+    chart_.drawChart(windowSize());
+    strip_->waitCue(false);
   }
-  focusgraph();
+  focusGraph();
 }
 
-void MainWindow::drawline(LineKind kind, const QLineEdit& value) {
-  strip_->waitcue(true);
-  const auto refusal = chart_.drawline(kind, strip_->limittexts(), value.text().toStdString(), windowsize());
+void MainWindow::drawLine(LineKind kind, const QLineEdit& value) {
+  strip_->waitCue(true);
+  const auto refusal = chart_.drawLine(kind, strip_->limitTexts(), value.text().toStdString(), windowSize());
   if (refusal) answer(*refusal);
-  strip_->waitcue(false);
-  focusgraph();
+  strip_->waitCue(false);
+  focusGraph();
 }
 
-void MainWindow::locatepoint() {
-  const auto chartstands = [this] {
-    lifecycle_.readlimits(strip_->limittexts());
-    return lifecycle_.chartstands();
+void MainWindow::locatePoint() {
+  const auto hasCurrentChart = [this] {
+    lifecycle_.readLimits(strip_->limitTexts());
+    return lifecycle_.hasCurrentChart();
   };
-  const PairInput input = strip_->pairinput();
+  const PairInput input = strip_->pairInput();
   const Location location =
-      moistair::locatepoint(input, chartstands, lifecycle_.atmpressure(), finders_, values_.solverfields);
+      moistair::locatePoint(input, hasCurrentChart, lifecycle_.atmPressure(), finders_, values_.solverFields);
   notes_->located(location);
-  telloutofsight(location.resolution);
+  warnOutOfSight(location.resolution);
   if (location.refusal) {
     answer(*location.refusal);
-    focusgraph();
+    focusGraph();
     return;
   }
   auto* window = new ReportWindow(
-      this, fillreport(location.resolution.point, strip_->pointid->text().toStdString(), values_.pressureentry));
-  connect(window, &ReportWindow::savechosen, this, [this, window] { appendtolog(pointrecord(window->report())); });
-  connect(window, &ReportWindow::markchosen, this, [this, window, input] { markpoint(*window, input); });
-  connect(window, &ReportWindow::left, this, &MainWindow::leavedialog);
-  opendialog(window);
+      this, fillReport(location.resolution.point, strip_->pointId->text().toStdString(), values_.pressureEntry));
+  connect(window, &ReportWindow::saveChosen, this, [this, window] { appendToLog(pointRecord(window->report())); });
+  connect(window, &ReportWindow::markChosen, this, [this, window, input] { markPoint(*window, input); });
+  connect(window, &ReportWindow::left, this, &MainWindow::leaveDialog);
+  openDialog(window);
 }
 
-void MainWindow::markpoint(const ReportWindow& report, const PairInput& input) {
-  const StatePoint shown = readreport(report.report());
-  strip_->emptyreadouts(true);
-  strip_->waitcue(true);
+void MainWindow::markPoint(const ReportWindow& report, const PairInput& input) {
+  const StatePoint shown = readReport(report.report());
+  strip_->emptyReadouts(true);
+  strip_->waitCue(true);
   const bool marked =
-      chart_.markpoint(input, shown, strip_->limittexts(), strip_->pointid->text().toStdString(), windowsize());
+      chart_.markPoint(input, shown, strip_->limitTexts(), strip_->pointId->text().toStdString(), windowSize());
   if (marked) strip_->show(shown);
-  notes_->rowshown();
-  if (!marked) message(dialog_, QString::fromUtf8(pointoutoflimits));
-  strip_->waitcue(false);
-  leavedialog();
+  notes_->rowShown();
+  if (!marked) message(dialog_, QString::fromUtf8(pointOutOfLimits));
+  strip_->waitCue(false);
+  leaveDialog();
 }
 
-void MainWindow::clearchart() {
-  chart_.clearchart();
-  strip_->emptyinputs();
-  strip_->emptyreadouts(false);
-  focusgraph();
+void MainWindow::clearChart() {
+  chart_.clearChart();
+  strip_->emptyInputs();
+  strip_->emptyReadouts(false);
+  focusGraph();
 }
 
 /// Asks for a path; none, and the answer to it, if the user cancels.
-std::optional<QString> MainWindow::asksavepath(const SaveRequest& request) {
-  auto path = savedialog_.ask(this, request);
+std::optional<QString> MainWindow::askSavePath(const SaveRequest& request) {
+  auto path = saveDialog_.ask(this, request);
   if (path) {
     message(this, QStringLiteral("You saved the files as  ") + *path);
   } else {
@@ -231,77 +231,77 @@ std::optional<QString> MainWindow::asksavepath(const SaveRequest& request) {
   return path;
 }
 
-void MainWindow::savechart() {
-  if (const auto path = asksavepath(
+void MainWindow::saveChart() {
+  if (const auto path = askSavePath(
           {QStringLiteral("Save File"), {QStringLiteral("BMP File (*.bmp)"), QStringLiteral("AllFiles (*.*)")}})) {
-    chart_.keeppicture();
-    const auto reason = writepicture(*path, bmpcontent(graph_->picture()), log_);
-    status_->answerfile(QStringLiteral("chart"), *path, reason);
+    chart_.keepPicture();
+    const auto reason = writePicture(*path, bmpContent(graph_->picture()), log_);
+    status_->answerFile(QStringLiteral("chart"), *path, reason);
   }
-  focusgraph();
+  focusGraph();
 }
 
-void MainWindow::openmixing() {
-  if (leavesforsmallscreen(this)) {
+void MainWindow::openMixing() {
+  if (leavesForSmallScreen(this)) {
     Q_EMIT ended();
     return;
   }
   auto* window = new MixingWindow(values_,
-                                  {[this] { return strip_->limittexts(); },
+                                  {[this] { return strip_->limitTexts(); },
                                    [this](const MixingProblem& problem, const ChartLimits& limits) {
-                                     return chart_.drawmixture(problem, limits, windowsize());
+                                     return chart_.drawMixture(problem, limits, windowSize());
                                    }},
-                                  lastmixing_, this);
-  connect(window, &MixingWindow::savechosen, this, &MainWindow::appendtolog);
-  connect(window, &MixingWindow::drawn, this, &MainWindow::closedialog);
+                                  lastMixing_, this);
+  connect(window, &MixingWindow::saveChosen, this, &MainWindow::appendToLog);
+  connect(window, &MixingWindow::drawn, this, &MainWindow::closeDialog);
   connect(window, &MixingWindow::left, this, [this] {
-    strip_->waitcue(false);
-    leavedialog();
+    strip_->waitCue(false);
+    leaveDialog();
   });
-  opendialog(window);
+  openDialog(window);
 }
 
 /// Ctrl+E exports what is on the screen.
-void MainWindow::showexportkey() {
+void MainWindow::showExportKey() {
   const QKeySequence key(Qt::CTRL | Qt::Key_E);
-  const bool sheet = sheets_->isshown();
-  exportchartaction_->setShortcut(sheet ? QKeySequence() : key);
-  exportsheetaction_->setShortcut(sheet ? key : QKeySequence());
+  const bool sheet = sheets_->isShown();
+  exportChartAction_->setShortcut(sheet ? QKeySequence() : key);
+  exportSheetAction_->setShortcut(sheet ? key : QKeySequence());
 }
 
-void MainWindow::exportchart() {
-  const auto path = moistair::exportchart(this, log_, chart_.document(), centralWidget()->size());
-  if (path) status_->answerfile(QStringLiteral("chart"), *path);
-  focusgraph();
+void MainWindow::exportChart() {
+  const auto path = moistair::exportChart(this, log_, chart_.document(), centralWidget()->size());
+  if (path) status_->answerFile(QStringLiteral("chart"), *path);
+  focusGraph();
 }
 
-void MainWindow::exportsheet() {
-  const auto path = sheets_->exportsheet();
-  if (path) status_->answerfile(QStringLiteral("sheet"), *path);
-  focusgraph();
+void MainWindow::exportSheet() {
+  const auto path = sheets_->exportSheet();
+  if (path) status_->answerFile(QStringLiteral("sheet"), *path);
+  focusGraph();
 }
 
 /// Asked of the system at the first use: to look for a printer takes its time.
-QPageLayout MainWindow::page() const { return page_ ? *page_ : firstpage(); }
+QPageLayout MainWindow::page() const { return page_ ? *page_ : firstPage(); }
 
-void MainWindow::setuppage() {
-  page_ = askpage(this, page());
-  focusgraph();
+void MainWindow::setupPage() {
+  page_ = askPage(this, page());
+  focusGraph();
 }
 
-void MainWindow::printchart() {
+void MainWindow::printChart() {
   page_ = sheets_->print(page());
-  focusgraph();
+  focusGraph();
 }
 
-void MainWindow::showhelp() {
-  const QString path = helppath();
+void MainWindow::showHelp() {
+  const QString path = helpPath();
   if (!path.isEmpty()) QDesktopServices::openUrl(QUrl::fromLocalFile(path));
-  focusgraph();
+  focusGraph();
 }
 
-void MainWindow::quitprogram() {
-  endsession();
+void MainWindow::quitProgram() {
+  endSession();
   Q_EMIT ended();
 }
 

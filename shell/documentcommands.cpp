@@ -1,8 +1,8 @@
-// Commands of the main window about the document: its steps, its table, the chart before.
+// Commands of the main window about the document: its steps, its table, the previous chart.
 #include <algorithm>
 #include <utility>
 
-#include "model/again.h"
+#include "model/carryover.h"
 #include "model/exactentry.h"
 #include "shell/filewriting.h"
 #include "shell/mainwindow.h"
@@ -15,114 +15,115 @@ namespace moistair {
 namespace {
 
 /// What could not be put on a chart again, as many as a message has room for.
-QString leftouttext(const std::vector<LeftOut>& leftout) {
+QString leftOutText(const std::vector<LeftOut>& leftOut) {
   constexpr std::size_t most = 15;
   QString text = QStringLiteral("Not on this chart:");
-  for (std::size_t i = 0; i < std::min(most, leftout.size()); ++i) {
-    text += QLatin1Char('\n') + QString::fromStdString(captionof(leftout[i].entry)) + QStringLiteral(": ") +
-            QString::fromStdString(leftout[i].reason);
+  for (std::size_t i = 0; i < std::min(most, leftOut.size()); ++i) {
+    text += QLatin1Char('\n') + QString::fromStdString(captionOf(leftOut[i].entry)) + QStringLiteral(": ") +
+            QString::fromStdString(leftOut[i].reason);
   }
-  if (leftout.size() > most) text += QStringLiteral("\nand %1 more").arg(leftout.size() - most);
+  if (leftOut.size() > most) text += QStringLiteral("\nand %1 more").arg(leftOut.size() - most);
   return text;
 }
 
 }  // namespace
 
 void MainWindow::undo() {
-  step([this] { chart_.undo(windowsize()); });
+  step([this] { chart_.undo(windowSize()); });
 }
 
 void MainWindow::redo() {
-  step([this] { chart_.redo(windowsize()); });
+  step([this] { chart_.redo(windowSize()); });
 }
 
 /// The entries of the previous chart, worked out again for the current one. What does not fit stays in the document
 /// and is reported with its reason.
-void MainWindow::again() {
-  const auto limits = standinglimits(chart_.document());
+void MainWindow::carryOver() {
+  const auto limits = currentLimits(chart_.document());
   if (!limits) return;
-  const Setting setting{*limits, {values_.pressureentry, lifecycle_.atmpressure()}};
-  strip_->waitcue(true);
-  Again found = moistair::again(chart_.document().previous, setting, windowsize());
-  strip_->waitcue(false);
-  const QString leftout = leftouttext(found.leftout);
-  const bool all = found.leftout.empty();
+  const Setting setting{*limits, {values_.pressureEntry, lifecycle_.atmPressure()}};
+  strip_->waitCue(true);
+  CarriedOver found = moistair::carryOver(chart_.document().previous, setting, windowSize());
+  strip_->waitCue(false);
+  const QString leftOut = leftOutText(found.leftOut);
+  const bool all = found.leftOut.empty();
   step([&] {
-    chart_.change(takingover(chart_.document(), againname, std::move(found.entries), std::move(found.leftout)),
-                  windowsize());
+    chart_.change(takingOver(chart_.document(), carryOverName, std::move(found.entries), std::move(found.leftOut)),
+                  windowSize());
   });
-  if (!all) message(this, leftout);
-  focusgraph();
+  if (!all) message(this, leftOut);
+  focusGraph();
 }
 
 /// Exact states in place of those that miss something, of some entries or of all.
 void MainWindow::takeExact(const std::vector<std::size_t>& places) {
   const auto entries = exactEntries(chart_.document(), places);
   if (entries.empty()) return status_->answer(QStringLiteral("no exact state within the limits"), BoxMark::fault);
-  const std::string name = entries.size() == 1 ? "Exact state of " + captionof(entries.front().second)
+  const std::string name = entries.size() == 1 ? "Exact state of " + captionOf(entries.front().second)
                                                : "Exact states of " + std::to_string(entries.size()) + " entries";
-  step([&] { chart_.change(exchanging(chart_.document(), entries, name), windowsize()); });
+  step([&] { chart_.change(exchanging(chart_.document(), entries, name), windowSize()); });
 }
 
-/// A step through what was done to the chart. It can bring another pressure in force, which the live row then shows.
+/// A step through what was done to the chart. It can make another pressure current, which the live row then shows.
 void MainWindow::step(const std::function<void()>& change) {
   const std::string pressure = values_.pressure.text();
   change();
-  if (values_.pressure.text() != pressure) previewpoint();
-  focusgraph();
+  if (values_.pressure.text() != pressure) previewPoint();
+  focusGraph();
 }
 
-/// Another document in place of what stands: its chart's limits go into the lists, its pressure comes in force.
-void MainWindow::showdocument(Document document, bool fresh) {
-  const Entry* chart = lastchart(document);
-  if (chart != nullptr) values_.charttype = std::get<DrawnChart>(chart->content).type;
-  const auto limits = standinglimits(document);
+/// Another document in place of the current one: its chart's limits go into the lists, its pressure becomes the current
+/// one.
+void MainWindow::showDocument(Document document, bool fresh) {
+  const Entry* chart = lastChart(document);
+  if (chart != nullptr) values_.chartType = std::get<DrawnChart>(chart->content).type;
+  const auto limits = currentLimits(document);
   if (limits) {
-    strip_->setlimits(*limits);
+    strip_->setLimits(*limits);
   } else if (chart != nullptr) {
-    strip_->setlimits(chart->setting.limits);
+    strip_->setLimits(chart->setting.limits);
   }
   if (fresh) {
-    strip_->emptyinputs();
-    strip_->emptyreadouts(true);
+    strip_->emptyInputs();
+    strip_->emptyReadouts(true);
   }
-  step([&] { chart_.open(std::move(document), windowsize()); });
+  step([&] { chart_.open(std::move(document), windowSize()); });
 }
 
-/// At first the table stands beside the chart where the window is wide enough for both, and else over the part of the
+/// At first the table is next to the chart where the window is wide enough for both, and else over the part of the
 /// chart where no air is; from then on where the user has put it. It has its place before it shows: docked first, it
 /// would widen the window.
-void MainWindow::placepanel() {
-  if (std::exchange(panelplaced_, true)) return;
+void MainWindow::placePanel() {
+  if (std::exchange(panelPlaced_, true)) return;
   panel_->show(chart_.document());
-  constexpr QSize overchart(480, 260);
-  const bool room = width() >= centralWidget()->minimumWidth() + overchart.width();
+  constexpr QSize overChart(480, 260);
+  const bool room = width() >= centralWidget()->minimumWidth() + overChart.width();
   panel_->setFloating(!room);
   if (room) {
-    resizeDocks({panel_}, {std::min(panel_->fullwidth(), width() / 2)}, Qt::Horizontal);
+    resizeDocks({panel_}, {std::min(panel_->fullWidth(), width() / 2)}, Qt::Horizontal);
   } else {
     constexpr QPoint margin(90, 40);
-    panel_->setGeometry(QRect(graph_->mapToGlobal(QPoint(0, 0)) + margin, overchart));
+    panel_->setGeometry(QRect(graph_->mapToGlobal(QPoint(0, 0)) + margin, overChart));
   }
 }
 
 /// Lifts entries of the document out on the chart; a chart itself would be all of it.
-void MainWindow::lift(const std::vector<std::size_t>& entries) {
-  lifted_ = entries;
+void MainWindow::highlight(const std::vector<std::size_t>& entries) {
+  highlighted_ = entries;
   RecordingCanvas canvas;
   for (const std::size_t place : entries) {
     if (place >= chart_.document().entries.size()) continue;  // not on the chart
     const Entry& entry = chart_.document().entries[place];
     const bool part =
         !std::holds_alternative<DrawnChart>(entry.content) && !std::holds_alternative<HeaderLine>(entry.content);
-    if (part) draw(entry, canvas, windowsize());
+    if (part) draw(entry, canvas, windowSize());
   }
-  graph_->lift(canvas.drawing());
-  sheets_->lift(entries);
+  graph_->highlight(canvas.drawing());
+  sheets_->highlight(entries);
 }
 
 /// With rows selected the kinds of file in the dialog are those rows and all.
-void MainWindow::writecsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen) {
+void MainWindow::writeCsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen) {
   SaveDialog dialog;
   QString title = QStringLiteral("Write as CSV");
   QStringList filters = {QStringLiteral("CSV file (*.csv)"), QStringLiteral("All files (*)")};
@@ -133,32 +134,32 @@ void MainWindow::writecsv(const std::vector<TableRow>& all, const std::vector<Ta
   }
   const auto named = dialog.ask(this, {title, filters});
   if (!named) return;
-  const auto path = completename(this, title, *named, {QStringLiteral(".csv")});
+  const auto path = completeName(this, title, *named, {QStringLiteral(".csv")});
   if (!path) return;
-  const bool part = chosen.size() < all.size() && dialog.lastfilter() != filters.last();
-  const auto reason = writebytes(*path, tabletext(part ? chosen : all, ','), log_);
+  const bool part = chosen.size() < all.size() && dialog.lastFilter() != filters.last();
+  const auto reason = writeBytes(*path, tableText(part ? chosen : all, ','), log_);
   if (reason) warning(this, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
-  status_->answerfile(QStringLiteral("table"), *path, reason);
+  status_->answerFile(QStringLiteral("table"), *path, reason);
 }
 
 /// Says in the menu what could be undone and done again, and offers what is left of the previous chart.
-void MainWindow::showhistory() {
+void MainWindow::showHistory() {
   const auto show = [](QAction& action, const QString& word, const std::string& name) {
     action.setEnabled(!name.empty());
     action.setText(name.empty() ? word
                                 : word + QLatin1Char(' ') +
                                       QString::fromStdString(name).replace(QLatin1Char('&'), QStringLiteral("&&")));
   };
-  show(*undoaction_, QStringLiteral("&Undo"), chart_.history().undoname());
-  show(*redoaction_, QStringLiteral("&Redo"), chart_.history().redoname());
-  againaction_->setEnabled(standinglimits(chart_.document()) && !chart_.document().previous.empty() &&
-                           chart_.history().undoname() != againname);
-  const std::size_t untried = untriedcount(chart_.document());
+  show(*undoAction_, QStringLiteral("&Undo"), chart_.history().undoName());
+  show(*redoAction_, QStringLiteral("&Redo"), chart_.history().redoName());
+  carryOverAction_->setEnabled(currentLimits(chart_.document()) && !chart_.document().previous.empty() &&
+                               chart_.history().undoName() != carryOverName);
+  const std::size_t untried = untriedCount(chart_.document());
   const QString entries = untried == 1 ? QStringLiteral("1 entry") : QStringLiteral("%1 entries").arg(untried);
   status_->offer(
       Offer::previous,
       untried == 0 ? QString() : entries + QStringLiteral(" of the previous chart: put them on this one"),
-      QStringLiteral("Click, or press %1.").arg(againaction_->shortcut().toString(QKeySequence::NativeText)));
+      QStringLiteral("Click, or press %1.").arg(carryOverAction_->shortcut().toString(QKeySequence::NativeText)));
 }
 
 }  // namespace moistair

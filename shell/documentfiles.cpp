@@ -24,24 +24,24 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int keptevery = 5000;                             // ms
+constexpr int keptEvery = 5000;                             // ms
 constexpr std::size_t largestlist = std::size_t{64} << 10;  // bytes
-constexpr qsizetype mostrecent = 10;
-constexpr std::string_view workending = "-unsaved.moistair";
+constexpr qsizetype mostRecent = 10;
+constexpr std::string_view workEnding = "-unsaved.moistair";
 constexpr const char* filter = "Moistair document (*.moistair)";
 
-QString pathof(const fs::path& name) { return QFile::decodeName(name.c_str()); }
+QString pathOf(const fs::path& name) { return QFile::decodeName(name.c_str()); }
 
-/// Where a session keeps the work that belongs to a log: beside it, under a name that no user gives.
-fs::path workfileof(const fs::path& log) {
-  return log.parent_path() / ("." + log.stem().string() + std::string(workending));
+/// Where a session keeps the work that belongs to a log: next to it, under a name that no user gives.
+fs::path workFileOf(const fs::path& log) {
+  return log.parent_path() / ("." + log.stem().string() + std::string(workEnding));
 }
 
 /// Whether this is work that a session which is gone has left: one that is alive has a log.
-bool isleftover(const fs::path& file) {
+bool isLeftover(const fs::path& file) {
   const std::string name = file.filename();
-  if (!name.starts_with(".temp") || !name.ends_with(workending)) return false;
-  const std::string log = name.substr(1, name.size() - 1 - workending.size()) + std::string(logending);
+  if (!name.starts_with(".temp") || !name.ends_with(workEnding)) return false;
+  const std::string log = name.substr(1, name.size() - 1 - workEnding.size()) + std::string(logEnding);
   std::error_code gone;
   return fs::is_regular_file(fs::symlink_status(file, gone)) && !fs::exists(file.parent_path() / log, gone);
 }
@@ -52,7 +52,7 @@ std::vector<fs::path> leftovers(const std::vector<fs::path>& folders, const fs::
   for (const fs::path& folder : folders) {
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-      if (entry->path() == own || isleftover(entry->path())) files.push_back(entry->path());
+      if (entry->path() == own || isLeftover(entry->path())) files.push_back(entry->path());
     }
   }
   const auto time = [](const fs::path& file) {
@@ -63,31 +63,31 @@ std::vector<fs::path> leftovers(const std::vector<fs::path>& folders, const fs::
   return files;
 }
 
-Result<ReadDocument> readdocumentfile(const fs::path& path, Links links) {
-  const Result<std::string> content = readfile(path, links, largestdocument);
+Result<ReadDocument> readDocumentFile(const fs::path& path, Links links) {
+  const Result<std::string> content = readFile(path, links, largestdocument);
   if (!content) return content.error();
-  return readdocument(*content);
+  return readDocument(*content);
 }
 
 /// Asks about work that was left: which document it is of, and when it was last kept.
-QString leftworkquestion(const fs::path& work) {
-  const Result<ReadDocument> read = readdocumentfile(work, Links::refused);
-  const QFileInfo document(pathof(read ? read->file : std::string()));
+QString recoveredWorkQuestion(const fs::path& work) {
+  const Result<ReadDocument> read = readDocumentFile(work, Links::refused);
+  const QFileInfo document(pathOf(read ? read->file : std::string()));
   const QString name = document.fileName().isEmpty() ? QStringLiteral("a chart without a file") : document.filePath();
-  const QString time = QFileInfo(pathof(work)).lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+  const QString time = QFileInfo(pathOf(work)).lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
   return QStringLiteral(
              "The last session did not close normally and left unsaved work on %1, last kept on %2. Do you want to "
              "open it? With No it stays among the earlier sessions.")
       .arg(name, time);
 }
 
-void removefile(const fs::path& file) {
+void removeFile(const fs::path& file) {
   std::error_code ignored;
   if (!file.empty()) fs::remove(file, ignored);
 }
 
 /// The one file of a drag; empty for anything else.
-QString draggedfile(const QDropEvent& event) {
+QString draggedFile(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
   return urls.size() == 1 ? urls.first().toLocalFile() : QString();
 }
@@ -96,28 +96,28 @@ QString draggedfile(const QDropEvent& event) {
 
 DocumentFiles::DocumentFiles(QWidget& window, ChartCommands& chart, const SessionLog& log, Show show)
     : QObject(&window), window_(window), chart_(chart), log_(log), show_(std::move(show)), timer_(this) {
-  connect(&timer_, &QTimer::timeout, this, &DocumentFiles::keepwork);
+  connect(&timer_, &QTimer::timeout, this, &DocumentFiles::autosave);
   window.setAcceptDrops(true);
   window.installEventFilter(this);
 }
 
-void DocumentFiles::fillmenu(QMenu& file) {
+void DocumentFiles::fillMenu(QMenu& file) {
   const auto add = [&](const QString& text, const QKeySequence& keys, auto run) {
     file.addAction(text, this, run)->setShortcut(keys);
   };
-  add(QStringLiteral("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startanew(); });
-  add(QStringLiteral("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askopen(); });
+  add(QStringLiteral("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startNew(); });
+  add(QStringLiteral("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askOpen(); });
   recent_ = file.addMenu(QStringLiteral("Open &recent"));
-  connect(&file, &QMenu::aboutToShow, this, &DocumentFiles::listrecent);
+  connect(&file, &QMenu::aboutToShow, this, &DocumentFiles::listRecent);
   add(QStringLiteral("Sa&ve"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save(); });
-  add(QStringLiteral("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveas(); });
+  add(QStringLiteral("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveAs(); });
 }
 
 bool DocumentFiles::eventFilter(QObject* watched, QEvent* event) {
   const bool drag = event->type() == QEvent::DragEnter || event->type() == QEvent::Drop;
   if (watched != &window_ || !drag) return QObject::eventFilter(watched, event);
   auto& drop = *static_cast<QDropEvent*>(event);
-  const QString file = draggedfile(drop);
+  const QString file = draggedFile(drop);
   if (file.isEmpty() || QApplication::activeModalWidget() != nullptr) return false;
   drop.acceptProposedAction();
   // After the event: a question must not hold up whoever the file was dragged from.
@@ -125,14 +125,14 @@ bool DocumentFiles::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-void DocumentFiles::startanew() {
-  if (!mayreplace()) return;
-  show_(newdocument(chart_.document().pressure), true);
+void DocumentFiles::startNew() {
+  if (!mayReplace()) return;
+  show_(newDocument(chart_.document().pressure), true);
   settle({});
 }
 
-void DocumentFiles::askopen() {
-  if (!mayreplace()) return;
+void DocumentFiles::askOpen() {
+  if (!mayReplace()) return;
   QFileDialog dialog(&window_, QStringLiteral("Open"));
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setNameFilters({QLatin1String(filter), QStringLiteral("All files (*)")});
@@ -141,17 +141,17 @@ void DocumentFiles::askopen() {
 }
 
 bool DocumentFiles::open(const QString& path) {
-  return mayreplace() && read(QFileInfo(path).absoluteFilePath(), false);
+  return mayReplace() && read(QFileInfo(path).absoluteFilePath(), false);
 }
 
-void DocumentFiles::openkept(const fs::path& kept) {
-  if (mayreplace()) read(pathof(kept), true);
+void DocumentFiles::openRecovered(const fs::path& kept) {
+  if (mayReplace()) read(pathOf(kept), true);
 }
 
 /// @param kept whether it is unsaved work, which belongs to another file or to none
 bool DocumentFiles::read(const QString& path, bool kept) {
   Result<ReadDocument> document =
-      readdocumentfile(QFile::encodeName(path).toStdString(), kept ? Links::refused : Links::followed);
+      readDocumentFile(QFile::encodeName(path).toStdString(), kept ? Links::refused : Links::followed);
   if (!document) {
     warning(&window_, QStringLiteral("The document could not be opened: ") + path + QLatin1Char('\n') +
                           QString::fromStdString(document.error().text()));
@@ -159,8 +159,8 @@ bool DocumentFiles::read(const QString& path, bool kept) {
   }
   show_(std::move(document->document), false);
   if (kept) {
-    settle(pathof(document->file));
-    chart_.markunsaved();
+    settle(pathOf(document->file));
+    chart_.markUnsaved();
     return true;
   }
   settle(path);
@@ -168,46 +168,46 @@ bool DocumentFiles::read(const QString& path, bool kept) {
   return true;
 }
 
-/// The document that stands now belongs to this file.
+/// The current document belongs to this file.
 void DocumentFiles::settle(const QString& path) {
   path_ = path;
   stale_ = true;
-  keepwork();
+  autosave();
   Q_EMIT captionchanged();
 }
 
-bool DocumentFiles::save() { return path_.isEmpty() ? saveas() : writeto(path_); }
+bool DocumentFiles::save() { return path_.isEmpty() ? saveAs() : writeTo(path_); }
 
-bool DocumentFiles::saveas() {
+bool DocumentFiles::saveAs() {
   const QString title = QStringLiteral("Save as");
   // Without its ending, which is added again: a file that is there would be selected in the dialog's list, and come
   // back into the box when the folder has been read, over what was typed meanwhile.
-  const QLatin1String ending(documentending);
+  const QLatin1String ending(documentEnding);
   const QString begin = path_.endsWith(ending) ? path_.chopped(ending.size()) : path_;
   const auto chosen =
-      savedialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}, begin});
+      saveDialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}, begin});
   if (!chosen) return false;
-  const auto path = completename(&window_, title, *chosen, {ending});
-  return path && writeto(*path);
+  const auto path = completeName(&window_, title, *chosen, {ending});
+  return path && writeTo(*path);
 }
 
-bool DocumentFiles::writeto(const QString& path) {
+bool DocumentFiles::writeTo(const QString& path) {
   const auto fail = [&](const QString& reason) {
     warning(&window_, QStringLiteral("The document could not be written to ") + path + QStringLiteral("\n") + reason);
     return false;
   };
-  if (const auto reason = writebytes(path, filetext(chart_.document()), log_)) return fail(*reason);
-  chart_.marksaved();
+  if (const auto reason = writeBytes(path, fileText(chart_.document()), log_)) return fail(*reason);
+  chart_.markSaved();
   settle(path);
   remember(path);
   return true;
 }
 
-/// Whether there is nothing that the user would lose with what stands, or wants to.
-bool DocumentFiles::mayreplace() {
+/// Whether the current document has nothing that the user would lose, or wants to lose it.
+bool DocumentFiles::mayReplace() {
   if (!unsaved()) return true;
   const QString name = path_.isEmpty() ? QStringLiteral("the chart") : QFileInfo(path_).fileName();
-  switch (asktosave(&window_, QStringLiteral("Do you want to save the changes of ") + name + QLatin1Char('?'))) {
+  switch (askToSave(&window_, QStringLiteral("Do you want to save the changes of ") + name + QLatin1Char('?'))) {
     case Unsaved::save: return save();
     case Unsaved::discard: return true;
     case Unsaved::cancel: break;
@@ -218,10 +218,10 @@ bool DocumentFiles::mayreplace() {
 /// A line that states the pressure, alone, is no work, unless it has taken the place of a file's content.
 bool DocumentFiles::unsaved() const {
   const Document& document = chart_.document();
-  const auto iswork = [](const Entry& entry) { return !std::holds_alternative<HeaderLine>(entry.content); };
-  const bool haswork = !document.previous.empty() || document.titleblock ||
-                       std::any_of(document.entries.begin(), document.entries.end(), iswork);
-  return chart_.history().changed() && (!path_.isEmpty() || haswork);
+  const auto isWork = [](const Entry& entry) { return !std::holds_alternative<HeaderLine>(entry.content); };
+  const bool hasWork = !document.previous.empty() || document.titleBlock ||
+                       std::any_of(document.entries.begin(), document.entries.end(), isWork);
+  return chart_.history().changed() && (!path_.isEmpty() || hasWork);
 }
 
 QString DocumentFiles::caption() const {
@@ -234,57 +234,57 @@ void DocumentFiles::follow() {
   Q_EMIT captionchanged();
 }
 
-fs::path DocumentFiles::workfile() const { return haslog_ ? workfileof(log_.path()) : fs::path(); }
+fs::path DocumentFiles::workFile() const { return hasLog_ ? workFileOf(log_.path()) : fs::path(); }
 
-void DocumentFiles::keepwork() {
+void DocumentFiles::autosave() {
   if (!stale_ || !collected_) return;
   QString failure;
   if (!unsaved()) {
-    removefile(workfile());
-  } else if (!haslog_) {
+    removeFile(workFile());
+  } else if (!hasLog_) {
     failure = QStringLiteral("there is no log file to keep it with");
   } else {
     const std::string file = QFile::encodeName(path_).toStdString();
-    const Outcome kept = writeownfile(workfile(), recoverytext(chart_.document(), file));
+    const Outcome kept = writeOwnFile(workFile(), recoveryText(chart_.document(), file));
     if (!kept) failure = QString::fromStdString(kept.error().words);
   }
   stale_ = !failure.isEmpty();
-  Q_EMIT keeptried(failure);
+  Q_EMIT keepTried(failure);
 }
 
-void DocumentFiles::collectleftwork() {
-  haslog_ = log_.isopen();
+void DocumentFiles::collectRecoveredWork() {
+  hasLog_ = log_.isOpen();
   collected_ = true;
-  timer_.start(keptevery);
-  for (const fs::path& file : leftovers(log_.places().folders, workfile())) {
-    const fs::path kept = moistair::keepwork(file, log_.sessions(), documentending);
-    if (leftwork_.empty()) leftwork_ = kept;
+  timer_.start(keptEvery);
+  for (const fs::path& file : leftovers(log_.places().folders, workFile())) {
+    const fs::path kept = moistair::keepWork(file, log_.sessions(), documentEnding);
+    if (recoveredWork_.empty()) recoveredWork_ = kept;
   }
 }
 
-void DocumentFiles::offerleftwork() {
-  const fs::path work = std::exchange(leftwork_, {});
-  if (!work.empty() && question(&window_, QStringLiteral("Moistair"), leftworkquestion(work))) openkept(work);
+void DocumentFiles::offerRecoveredWork() {
+  const fs::path work = std::exchange(recoveredWork_, {});
+  if (!work.empty() && question(&window_, QStringLiteral("Moistair"), recoveredWorkQuestion(work))) openRecovered(work);
 }
 
 void DocumentFiles::end() {
   if (!collected_) return;
   timer_.stop();
   stale_ = true;
-  keepwork();
-  moistair::keepwork(workfile(), log_.sessions(), documentending);
+  autosave();
+  moistair::keepWork(workFile(), log_.sessions(), documentEnding);
 }
 
-fs::path DocumentFiles::recentfile() const { return log_.sessions().parent_path() / "recent.txt"; }
+fs::path DocumentFiles::recentFile() const { return log_.sessions().parent_path() / "recent.txt"; }
 
 /// Paths of the documents last opened or saved, the latest first; or why the list cannot be used.
 DocumentFiles::Recent DocumentFiles::recent() const {
-  const Result<std::string> list = readfile(recentfile(), Links::refused, largestlist);
+  const Result<std::string> list = readFile(recentFile(), Links::refused, largestlist);
   std::error_code ignored;
-  const bool there = fs::symlink_status(recentfile(), ignored).type() != fs::file_type::not_found;
+  const bool there = fs::symlink_status(recentFile(), ignored).type() != fs::file_type::not_found;
   return {QString::fromStdString(list ? *list : std::string())
               .split(QLatin1Char('\n'), Qt::SkipEmptyParts)
-              .mid(0, mostrecent),
+              .mid(0, mostRecent),
           QString::fromStdString(there && !list ? list.error().words : std::string())};
 }
 
@@ -295,14 +295,14 @@ void DocumentFiles::remember(const QString& path) {
   if (!fault.isEmpty()) return;  // the menu says so
   paths.removeAll(path);
   paths.prepend(path);
-  const std::string list = paths.mid(0, mostrecent).join(QLatin1Char('\n')).toStdString() + '\n';
-  std::ignore = writeownfile(recentfile(), list);  // nothing is lost but convenience
+  const std::string list = paths.mid(0, mostRecent).join(QLatin1Char('\n')).toStdString() + '\n';
+  std::ignore = writeOwnFile(recentFile(), list);  // nothing is lost but convenience
 }
 
-void DocumentFiles::listrecent() {
+void DocumentFiles::listRecent() {
   recent_->clear();
   const auto [paths, fault] = recent();
-  if (!fault.isEmpty()) recent_->addAction(pathof(recentfile()) + QStringLiteral(": ") + fault)->setEnabled(false);
+  if (!fault.isEmpty()) recent_->addAction(pathOf(recentFile()) + QStringLiteral(": ") + fault)->setEnabled(false);
   for (const QString& path : paths) {
     QString caption = path;
     recent_->addAction(caption.replace(QLatin1Char('&'), QStringLiteral("&&")), this, [this, path] { open(path); });
@@ -310,8 +310,8 @@ void DocumentFiles::listrecent() {
   recent_->setEnabled(!recent_->isEmpty());
 }
 
-std::optional<Pressure> pressureoffile(const QString& path) {
-  const Result<ReadDocument> read = readdocumentfile(QFile::encodeName(path).toStdString(), Links::followed);
+std::optional<Pressure> pressureOfFile(const QString& path) {
+  const Result<ReadDocument> read = readDocumentFile(QFile::encodeName(path).toStdString(), Links::followed);
   return read ? std::optional(read->document.pressure) : std::nullopt;
 }
 

@@ -2,9 +2,9 @@
 /// The document of the main window and its file.
 ///
 /// Knows where the document belongs and whether it is saved; reads, writes and remembers files, and asks before unsaved
-/// work would go. What is not saved is also kept beside the session log every few seconds, under the log's name, and
+/// work would go. What is not saved is also kept next to the session log every few seconds, under the log's name, and
 /// with it goes where the log goes: it is there for the next start after a crash, and among the earlier sessions after
-/// an end in order. The main window owns one, gives it the File menu, and shows what it opens.
+/// a normal end. The main window owns one, gives it the File menu, and shows what it opens.
 #pragma once
 
 #include <QMenu>
@@ -24,13 +24,13 @@ class DocumentFiles final : public QObject {
   Q_OBJECT
 
 public:
-  /// What opening a document is to the window: chart, lists and pressure in force. `fresh` for one that begins anew.
+  /// What opening a document is to the window: chart, lists and current pressure. `fresh` for one that begins again.
   using Show = std::function<void(Document document, bool fresh)>;
 
   DocumentFiles(QWidget& window, ChartCommands& chart, const SessionLog& log, Show show);
 
   /// New, Open, Open recent, Save and Save as.
-  void fillmenu(QMenu& file);
+  void fillMenu(QMenu& file);
 
   /// Reads a file in place of the current document, with a question if that is not saved. A file that cannot be read is
   /// reported, with place and reason, and changes nothing. Returns whether it was opened.
@@ -45,61 +45,61 @@ public:
   /// Takes what sessions left behind that did not close normally and keeps it among the earlier sessions. To be called
   /// once the log has been made; before that, nothing here touches a file of unsaved work, since its name may belong to
   /// such a session, or to another copy that is running.
-  void collectleftwork();
+  void collectRecoveredWork();
 
   /// Offers to open the latest of it, if there was any.
-  void offerleftwork();
+  void offerRecoveredWork();
 
   /// The program ends and asks nothing: what is not saved is kept among the earlier sessions.
   void end();
 
   /// Reads one of those that were kept so. It is unsaved as it was.
-  void openkept(const std::filesystem::path& kept);
+  void openRecovered(const std::filesystem::path& kept);
 
 Q_SIGNALS:
   void captionchanged();
   /// Unsaved work could not be kept, and why; empty once it could.
-  void keeptried(const QString& failure);
+  void keepTried(const QString& failure);
 
 protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void startanew();
-  void askopen();
+  void startNew();
+  void askOpen();
   bool save();
-  bool saveas();
-  bool writeto(const QString& path);
-  bool mayreplace();
+  bool saveAs();
+  bool writeTo(const QString& path);
+  bool mayReplace();
   bool unsaved() const;
   bool read(const QString& path, bool kept);
   void settle(const QString& path);
-  void keepwork();
-  std::filesystem::path workfile() const;
-  std::filesystem::path recentfile() const;
+  void autosave();
+  std::filesystem::path workFile() const;
+  std::filesystem::path recentFile() const;
   struct Recent {
     QStringList paths;
     QString fault;  ///< why there are none, though there is a list
   };
   Recent recent() const;
   void remember(const QString& path);
-  void listrecent();
+  void listRecent();
 
   QWidget& window_;
   ChartCommands& chart_;
   const SessionLog& log_;
   Show show_;
-  SaveDialog savedialog_;
+  SaveDialog saveDialog_;
   QMenu* recent_ = nullptr;
-  QString path_;                    ///< of the document's file; empty for none
-  std::filesystem::path leftwork_;  ///< to be offered; empty for none
+  QString path_;                         ///< of the document's file; empty for none
+  std::filesystem::path recoveredWork_;  ///< to be offered; empty for none
   QTimer timer_;
   bool stale_ = false;      ///< whether the work kept with the log is not the document as it is
   bool collected_ = false;  ///< whether what was left has been collected
-  bool haslog_ = false;     ///< whose name that work has
+  bool hasLog_ = false;     ///< whose name that work has
 };
 
 /// The pressure of a document's file; none if it cannot be read.
-std::optional<Pressure> pressureoffile(const QString& path);
+std::optional<Pressure> pressureOfFile(const QString& path);
 
 }  // namespace moistair

@@ -13,21 +13,21 @@
 
 namespace moistair {
 
-inline constexpr const char* holdsthelog = "This file holds the saved data of this session.";
+inline constexpr const char* holdsTheLog = "This file holds the saved data of this session.";
 
 /// Writes a whole file, but for that of the log. Returns why it was not written, nothing if it was.
-inline std::optional<QString> writebytes(const QString& path, std::string_view bytes, const SessionLog& log) {
-  const auto name = nativename(path);
+inline std::optional<QString> writeBytes(const QString& path, std::string_view bytes, const SessionLog& log) {
+  const auto name = nativeName(path);
   if (!name) return QStringLiteral("Its name holds characters that cannot be shown.");
-  if (log.isat(*name)) return QString::fromUtf8(holdsthelog);
-  const Outcome written = writefile(*name, bytes);
+  if (log.isAt(*name)) return QString::fromUtf8(holdsTheLog);
+  const Outcome written = writeFile(*name, bytes);
   return written ? std::nullopt : std::optional(QString::fromStdString(written.error().words));
 }
 
 /// The same of a picture; an empty one could not be made.
-inline std::optional<QString> writepicture(const QString& path, const QByteArray& picture, const SessionLog& log) {
+inline std::optional<QString> writePicture(const QString& path, const QByteArray& picture, const SessionLog& log) {
   if (picture.isEmpty()) return QStringLiteral("There is not enough memory for it.");
-  return writebytes(path, {picture.data(), static_cast<std::size_t>(picture.size())}, log);
+  return writeBytes(path, {picture.data(), static_cast<std::size_t>(picture.size())}, log);
 }
 
 }  // namespace moistair

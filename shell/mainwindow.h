@@ -3,8 +3,8 @@
 ///
 /// It owns the session's values, the log and the chart, connects the controls to the procedures of the rooms, and opens
 /// the dialogs. A dialog knows nothing of it: it gets what it needs and reports by signals. One of pressure, report,
-/// log and mixing window can be open at a time, and this window takes no input meanwhile; the chart type window stands
-/// beside.
+/// log and mixing window can be open at a time, and this window takes no input meanwhile; the chart type window can be
+/// open at the same time.
 #pragma once
 
 #include <QMainWindow>
@@ -15,8 +15,8 @@
 #include "model/chartcommands.h"
 #include "model/locate.h"
 #include "model/sessionvalues.h"
+#include "shell/chartpointer.h"
 #include "shell/documentfiles.h"
-#include "shell/instrument.h"
 #include "shell/strip.h"
 #include "shell/stripnotes.h"
 #include "toolkit/graphview.h"
@@ -36,14 +36,14 @@ class MainWindow final : public QMainWindow {
   Q_OBJECT
 
 public:
-  explicit MainWindow(LogPlaces logplaces);
+  explicit MainWindow(LogPlaces logPlaces);
 
   /// Start-up: the pressure window comes first and loads this window. False if the user leaves for a larger screen.
   /// @param file a document that is then opened, once the pressure window is left; empty for none
   bool start(const QString& file = {});
 
   /// The log goes, and what it held and what was unsaved is kept.
-  void endsession();
+  void endSession();
 
 Q_SIGNALS:
   /// The program ends at once, with all windows.
@@ -55,65 +55,65 @@ protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-  void makemenus();
-  void makestatusbar();
-  void makeinstrument();
-  void makepanel(QMenu& view);
-  void connectstrip();
-  bool loadmain();
-  void filllists();
+  void makeMenus();
+  void makeStatusBar();
+  void makeChartPointer();
+  void makePanel(QMenu& view);
+  void connectStrip();
+  bool loadMain();
+  void fillLists();
   void arrange();
 
-  WindowSize windowsize() const;
-  QSize visibleplot() const;
-  void previewpoint();
+  WindowSize windowSize() const;
+  QSize visiblePlot() const;
+  void previewPoint();
 
-  void opendialog(Dialog* dialog);
-  void closedialog();
-  void leavedialog();
-  void focusgraph();
+  void openDialog(Dialog* dialog);
+  void closeDialog();
+  void leaveDialog();
+  void focusGraph();
   void answer(const Refusal& refusal);
-  void telloutofsight(const Resolution& resolution);
+  void warnOutOfSight(const Resolution& resolution);
 
-  std::optional<QString> asksavepath(const SaveRequest& request);
+  std::optional<QString> askSavePath(const SaveRequest& request);
 
-  void openpressure();
-  void changepressure(const PressureEntry& entry);
-  void startafresh(const PressureEntry& entry);
-  void settlepressure(const PressureEntry& set);
-  QString waitingwords() const;
-  void startdraw();
-  void drawchart(ChartType charttype);
-  void drawline(LineKind kind, const QLineEdit& value);
-  void locatepoint();
-  void markpoint(const ReportWindow& report, const PairInput& input);
-  void clearchart();
+  void openPressure();
+  void changePressure(const PressureEntry& entry);
+  void startFresh(const PressureEntry& entry);
+  void settlePressure(const PressureEntry& set);
+  QString waitingWords() const;
+  void startDraw();
+  void drawChart(ChartType chartType);
+  void drawLine(LineKind kind, const QLineEdit& value);
+  void locatePoint();
+  void markPoint(const ReportWindow& report, const PairInput& input);
+  void clearChart();
   void undo();
   void redo();
   void step(const std::function<void()>& change);
-  void showdocument(Document document, bool fresh);
-  void beginwork();
-  void placepanel();
-  void lift(const std::vector<std::size_t>& entries);
+  void showDocument(Document document, bool fresh);
+  void beginWork();
+  void placePanel();
+  void highlight(const std::vector<std::size_t>& entries);
   void takeExact(const std::vector<std::size_t>& places);
-  void writecsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
-  void again();
-  void showhistory();
-  void savechart();
-  void viewlog();
-  void listsessions();
-  void viewsession(const EarlierSession& session);
-  void savelog();
-  void appendtolog(const std::vector<std::string>& lines);
-  void openmixing();
-  void showexportkey();
-  void exportchart();
-  void exportsheet();
-  void printchart();
-  void setuppage();
+  void writeCsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
+  void carryOver();
+  void showHistory();
+  void saveChart();
+  void viewLog();
+  void listSessions();
+  void viewSession(const EarlierSession& session);
+  void saveLog();
+  void appendToLog(const std::vector<std::string>& lines);
+  void openMixing();
+  void showExportKey();
+  void exportChart();
+  void exportSheet();
+  void printChart();
+  void setupPage();
   QPageLayout page() const;
-  void showhelp();
-  void quitprogram();
+  void showHelp();
+  void quitProgram();
 
   SessionValues values_;
   SessionLog log_;
@@ -122,29 +122,29 @@ private:
   GraphView* graph_;
   ChartLifecycle lifecycle_;
   ChartCommands chart_;
-  Instrument* instrument_;
+  ChartPointer* chartPointer_;
   DocumentFiles* files_;
   StatusLine* status_;
   TypedPair* typed_;   ///< the boxes while a place of the chart is in them
   StripNotes* notes_;  ///< what is said in it and marked in the strip
   Sheets* sheets_;
-  EntriesPanel* panel_;  ///< table beside the chart
+  EntriesPanel* panel_;  ///< table next to the chart
   RangeFinders finders_;
-  LastStreams lastmixing_;
-  SaveDialog savedialog_;
+  LastStreams lastMixing_;
+  SaveDialog saveDialog_;
   QPointer<Dialog> dialog_;
-  QPointer<ChartTypeWindow> charttype_;
+  QPointer<ChartTypeWindow> chartType_;
   QSize screen_;                     ///< size of the screen at start-up [pixels]
   std::optional<QPageLayout> page_;  ///< of printing, once it has been asked for
-  QAction* undoaction_ = nullptr;
-  QAction* redoaction_ = nullptr;
-  QAction* againaction_ = nullptr;
-  QAction* exportchartaction_ = nullptr;
-  QAction* exportsheetaction_ = nullptr;
-  std::vector<std::size_t> lifted_;             ///< entries lifted out on the chart
-  QString firstfile_;                           ///< to be opened once the pressure window is left
-  std::optional<PressureEntry> firstpressure_;  ///< set in that window
-  bool panelplaced_ = false;
+  QAction* undoAction_ = nullptr;
+  QAction* redoAction_ = nullptr;
+  QAction* carryOverAction_ = nullptr;
+  QAction* exportChartAction_ = nullptr;
+  QAction* exportSheetAction_ = nullptr;
+  std::vector<std::size_t> highlighted_;        ///< entries highlighted on the chart
+  QString firstFile_;                           ///< to be opened once the pressure window is left
+  std::optional<PressureEntry> firstPressure_;  ///< set in that window
+  bool panelPlaced_ = false;
   bool loaded_ = false;
   bool begun_ = false;  ///< whether that window has been left
 };

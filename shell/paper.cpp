@@ -7,7 +7,7 @@
 
 namespace moistair {
 
-std::string paperlocale() {
+std::string paperLocale() {
   for (const char* name : {"LC_ALL", "LC_PAPER", "LANG"}) {
     const char* value = std::getenv(name);
     if (value != nullptr && *value != '\0') return value;
@@ -15,7 +15,7 @@ std::string paperlocale() {
   return "C";
 }
 
-bool usesletter(const std::string& locale) {
+bool usesLetter(const std::string& locale) {
   constexpr std::array<std::string_view, 14> territories = {"BZ", "CA", "CL", "CO", "CR", "GT", "MX",
                                                             "NI", "PA", "PH", "PR", "SV", "US", "VE"};
   const std::string_view name = std::string_view(locale).substr(0, locale.find_first_of(".@"));

@@ -21,12 +21,12 @@ namespace moistair {
 
 namespace {
 
-constexpr const char* defaulttitle = "Psychrometric chart";
+constexpr const char* defaultTitle = "Psychrometric chart";
 
-SheetOptions withtitles(SheetOptions options, const TitleBlock& block) {
+SheetOptions withTitles(SheetOptions options, const TitleBlock& block) {
   options.title = block.title;
   options.project = block.project;
-  options.drawnby = block.drawnby;
+  options.drawnBy = block.drawnBy;
   return options;
 }
 
@@ -34,13 +34,13 @@ SheetOptions withtitles(SheetOptions options, const TitleBlock& block) {
 
 Sheets::Sheets(QWidget& window, QWidget& graph, ChartCommands& chart, const SessionLog& log)
     : QObject(&window), window_(window), chart_(chart), log_(log), view_(new SheetView(graph)) {
-  options_.page = pageof(namedpages[usesletter(paperlocale()) ? 0 : 1], false);
-  options_.margin = papermargin * pixelsperinch;
+  options_.page = pageOf(namedPages[usesLetter(paperLocale()) ? 0 : 1], false);
+  options_.margin = paperMargin * pixelsPerInch;
   options_.date = QDate::currentDate().toString(Qt::ISODate).toStdString();
   options_.program = std::string("Moistair ") + MOISTAIR_VERSION;
 }
 
-void Sheets::fillviewmenu(QMenu& view) {
+void Sheets::fillViewMenu(QMenu& view) {
   toggle_ = view.addAction(QStringLiteral("As a &sheet"));
   toggle_->setCheckable(true);
   connect(toggle_, &QAction::toggled, this, [this] {
@@ -49,10 +49,10 @@ void Sheets::fillviewmenu(QMenu& view) {
   });
 }
 
-/// Where no chart stands, there is none to be seen as a sheet either.
+/// Without a chart there is none to be seen as a sheet either.
 void Sheets::show() {
-  const bool shown = toggle_->isChecked() && lastchart(chart_.document()) != nullptr;
-  if (shown) view_->show(contentof(chart_.document()));
+  const bool shown = toggle_->isChecked() && lastChart(chart_.document()) != nullptr;
+  if (shown) view_->show(contentOf(chart_.document()));
   view_->setVisible(shown);
 }
 
@@ -61,64 +61,64 @@ void Sheets::follow(const QSize& visible) {
   show();
 }
 
-bool Sheets::isshown() const { return !view_->isHidden(); }
+bool Sheets::isShown() const { return !view_->isHidden(); }
 
 std::optional<PlotBox> Sheets::plot() { return view_->isHidden() ? std::nullopt : std::optional(view_->plot()); }
 
-/// Tells the user where none stands: a sheet of an empty chart is not what was wanted.
-bool Sheets::haschart() const {
-  const bool stands = lastchart(chart_.document()) != nullptr;
-  if (!stands) warning(&window_, QStringLiteral("There is no chart to make a sheet of."));
-  return stands;
+/// Informs the user where there is none: a sheet of an empty chart is not what was wanted.
+bool Sheets::hasChart() const {
+  const bool drawn = lastChart(chart_.document()) != nullptr;
+  if (!drawn) warning(&window_, QStringLiteral("There is no chart to make a sheet of."));
+  return drawn;
 }
 
-std::optional<QString> Sheets::exportsheet() {
-  if (!haschart()) return std::nullopt;
-  const SheetContent content = contentof(chart_.document());
+std::optional<QString> Sheets::exportSheet() {
+  if (!hasChart()) return std::nullopt;
+  const SheetContent content = contentOf(chart_.document());
   std::optional<QString> path;
   const auto write = [&](QWidget& above, const SheetOptions& options) {
-    path = exportpicture(&above, log_, QStringLiteral("sheet"), ".pdf", [&](const FileFormat& format) {
-      return sheetcontent(format.ending, layoutsheet(content, options, sheetextents()), options.title, exportscale);
+    path = exportPicture(&above, log_, QStringLiteral("sheet"), ".pdf", [&](const FileFormat& format) {
+      return sheetContent(format.ending, layoutSheet(content, options, sheetExtents()), options.title, exportScale);
     });
     return path.has_value();
   };
-  SheetDialog dialog(&window_, content, withtitles(options_, titleblock()), write);
+  SheetDialog dialog(&window_, content, withTitles(options_, titleBlock()), write);
   const bool accepted = dialog.exec() == QDialog::Accepted;
   options_ = dialog.options();
-  if (accepted) keep({options_.title, options_.project, options_.drawnby});
+  if (accepted) keep({options_.title, options_.project, options_.drawnBy});
   return path;
 }
 
 /// The document's own, or what a new one begins with: whoever has drawn the last one.
-TitleBlock Sheets::titleblock() const {
-  if (const auto& block = chart_.document().titleblock) return *block;
+TitleBlock Sheets::titleBlock() const {
+  if (const auto& block = chart_.document().titleBlock) return *block;
   constexpr std::size_t longest = 1000;  // bytes
-  const Result<std::string> last = readfile(drawnbyfile(), Links::refused, longest);
-  std::string drawnby = last ? *last : std::string();
-  drawnby = drawnby.substr(0, drawnby.find('\n'));
-  return {defaulttitle, {}, isutf8(drawnby) ? drawnby : std::string()};
+  const Result<std::string> last = readFile(drawnByFile(), Links::refused, longest);
+  std::string drawnBy = last ? *last : std::string();
+  drawnBy = drawnBy.substr(0, drawnBy.find('\n'));
+  return {defaultTitle, {}, isUtf8(drawnBy) ? drawnBy : std::string()};
 }
 
 /// Into the document, and whoever has drawn it for the next one. One that says nothing is not worth a change.
 void Sheets::keep(const TitleBlock& block) {
-  const bool nothing = block == TitleBlock{defaulttitle, {}, {}};
-  if (block != chart_.document().titleblock && !(nothing && !chart_.document().titleblock)) chart_.retitle(block);
-  if (block.drawnby.empty()) return;
-  std::ignore = writefile(drawnbyfile(), block.drawnby + '\n');  // nothing is lost but convenience
+  const bool nothing = block == TitleBlock{defaultTitle, {}, {}};
+  if (block != chart_.document().titleBlock && !(nothing && !chart_.document().titleBlock)) chart_.retitle(block);
+  if (block.drawnBy.empty()) return;
+  std::ignore = writeFile(drawnByFile(), block.drawnBy + '\n');  // nothing is lost but convenience
 }
 
-std::filesystem::path Sheets::drawnbyfile() const { return log_.sessions().parent_path() / "drawnby.txt"; }
+std::filesystem::path Sheets::drawnByFile() const { return log_.sessions().parent_path() / "drawnby.txt"; }
 
 QPageLayout Sheets::print(const QPageLayout& page) {
-  switch (askwhat()) {
-    case Printed::sheet: return haschart() && asktitleblock() ? printsheet(page) : page;
-    case Printed::chart: return printchart(&window_, log_, chart_.document(), page);
+  switch (askWhat()) {
+    case Printed::sheet: return hasChart() && askTitleBlock() ? printSheet(page) : page;
+    case Printed::chart: return printChart(&window_, log_, chart_.document(), page);
     case Printed::nothing: break;
   }
   return page;
 }
 
-Sheets::Printed Sheets::askwhat() {
+Sheets::Printed Sheets::askWhat() {
   QMessageBox box(QMessageBox::Question, QStringLiteral("Print"), QStringLiteral("What is to be printed?"),
                   QMessageBox::Cancel, &window_);
   const auto* chart = box.addButton(QStringLiteral("The &chart"), QMessageBox::AcceptRole);
@@ -130,28 +130,28 @@ Sheets::Printed Sheets::askwhat() {
 }
 
 /// Whether the sheet is to be printed. Asks unless the document says who has drawn it.
-bool Sheets::asktitleblock() {
-  const auto& known = chart_.document().titleblock;
-  if (known && !known->drawnby.empty()) return true;
-  TitleBlockDialog dialog(&window_, titleblock());
+bool Sheets::askTitleBlock() {
+  const auto& known = chart_.document().titleBlock;
+  if (known && !known->drawnBy.empty()) return true;
+  TitleBlockDialog dialog(&window_, titleBlock());
   if (dialog.exec() != QDialog::Accepted) return false;
-  keep(dialog.titleblock());
+  keep(dialog.titleBlock());
   return true;
 }
 
 /// The paper decides on the page, and keeps a margin of its own.
-QPageLayout Sheets::printsheet(const QPageLayout& page) {
+QPageLayout Sheets::printSheet(const QPageLayout& page) {
   constexpr double margin = 4;
   const auto paint = [&](QPagedPaintDevice& device, QPainter& painter) {
     const QSizeF paper = device.pageLayout().paintRectPixels(device.logicalDpiX()).size();
-    SheetOptions options = withtitles(options_, titleblock());
+    SheetOptions options = withTitles(options_, titleBlock());
     options.margin = margin;
-    const QSizeF size = paper * (pixelsperinch / device.logicalDpiX());
-    options.page = {std::max(leastside, size.width()), std::max(leastside, size.height())};
-    const SheetDrawing sheet = layoutsheet(contentof(chart_.document()), options, sheetextents());
-    paintpages(sheet, painter, QRectF(QPointF(0, 0), paper), [&] { return device.newPage(); });
+    const QSizeF size = paper * (pixelsPerInch / device.logicalDpiX());
+    options.page = {std::max(leastSide, size.width()), std::max(leastSide, size.height())};
+    const SheetDrawing sheet = layoutSheet(contentOf(chart_.document()), options, sheetExtents());
+    paintPages(sheet, painter, QRectF(QPointF(0, 0), paper), [&] { return device.newPage(); });
   };
-  return printpages(&window_, log_, page, paint);
+  return printPages(&window_, log_, page, paint);
 }
 
 }  // namespace moistair

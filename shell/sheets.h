@@ -21,26 +21,26 @@ class Sheets final : public QObject {
   Q_OBJECT
 
 public:
-  /// @param window that dialogs stand above
+  /// @param window that dialogs are kept above
   /// @param graph shows the drawing
   Sheets(QWidget& window, QWidget& graph, ChartCommands& chart, const SessionLog& log);
 
   /// "As a sheet".
-  void fillviewmenu(QMenu& view);
+  void fillViewMenu(QMenu& view);
 
   /// To be called after every change of the document and of the size; where the drawing can be seen.
   void follow(const QSize& visible);
 
-  /// Lifts entries of the document out on the sheet.
-  void lift(const std::vector<std::size_t>& entries) { view_->lift(entries); }
+  /// Highlights entries of the document on the sheet.
+  void highlight(const std::vector<std::size_t>& entries) { view_->highlight(entries); }
 
-  bool isshown() const;
+  bool isShown() const;
 
   /// Where the plot lies while the sheet is on the screen.
   std::optional<PlotBox> plot();
 
   /// Asks how it is to look, and where it is to be written. Returns the path of a file that was.
-  std::optional<QString> exportsheet();
+  std::optional<QString> exportSheet();
 
   /// Asks whether a sheet or the chart is to be printed, and for a sheet who has drawn it unless the document says so,
   /// and prints it. Returns the page as it then is.
@@ -52,14 +52,14 @@ Q_SIGNALS:
 private:
   enum class Printed { nothing, chart, sheet };
 
-  bool haschart() const;
-  Printed askwhat();
-  QPageLayout printsheet(const QPageLayout& page);
+  bool hasChart() const;
+  Printed askWhat();
+  QPageLayout printSheet(const QPageLayout& page);
   void show();
-  TitleBlock titleblock() const;
+  TitleBlock titleBlock() const;
   void keep(const TitleBlock& block);
-  bool asktitleblock();
-  std::filesystem::path drawnbyfile() const;
+  bool askTitleBlock();
+  std::filesystem::path drawnByFile() const;
 
   QWidget& window_;
   ChartCommands& chart_;

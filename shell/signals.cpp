@@ -11,17 +11,17 @@ namespace moistair {
 
 namespace {
 
-/// A handler can be told nothing: what it writes into one end, the event loop reads from the other.
+/// A handler can do next to nothing: what it writes into one end, the event loop reads from the other.
 std::array<int, 2> ends = {-1, -1};
 
-void tell(int signal) {
+void onSignal(int signal) {
   const auto number = static_cast<char>(signal);
   [[maybe_unused]] const auto ignored = ::write(ends[0], &number, 1);
 }
 
 }  // namespace
 
-void endbysignals(QObject* context, const std::function<void()>& finish) {
+void endBySignals(QObject* context, const std::function<void()>& finish) {
   if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, ends.data()) != 0) return;
   auto* notifier = new QSocketNotifier(ends[1], QSocketNotifier::Read, context);
   QObject::connect(notifier, &QSocketNotifier::activated, context, [finish] {
@@ -32,7 +32,7 @@ void endbysignals(QObject* context, const std::function<void()>& finish) {
     std::raise(number);
   });
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-    if (std::signal(signal, tell) == SIG_IGN) std::signal(signal, SIG_IGN);  // as nohup wants it
+    if (std::signal(signal, onSignal) == SIG_IGN) std::signal(signal, SIG_IGN);  // as nohup wants it
   }
 }
 

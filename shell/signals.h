@@ -9,6 +9,6 @@ namespace moistair {
 
 /// Calls `finish` when SIGTERM, SIGINT or SIGHUP comes, from the event loop and not from the midst of something else,
 /// and then lets the signal end the program as it would have. To be called once.
-void endbysignals(QObject* context, const std::function<void()>& finish);
+void endBySignals(QObject* context, const std::function<void()>& finish);
 
 }  // namespace moistair

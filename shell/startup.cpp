@@ -13,22 +13,22 @@
 
 namespace moistair {
 
-bool checkrez(int pixelwidth, int pixelheight, int screenwidth, int screenheight) {
-  constexpr int twips = static_cast<int>(twipsperpixel);
-  if (screenwidth < pixelwidth * twips) return false;
-  return screenheight >= pixelheight * twips;
+bool checkRez(int pixelWidth, int pixelHeight, int screenWidth, int screenHeight) {
+  constexpr int twips = static_cast<int>(twipsPerPixel);
+  if (screenWidth < pixelWidth * twips) return false;
+  return screenHeight >= pixelHeight * twips;
 }
 
-bool leavesforsmallscreen(QWidget* parent) {
+bool leavesForSmallScreen(QWidget* parent) {
   const QScreen& primary = *QGuiApplication::primaryScreen();
-  const QSize screen = primary.size() * primary.devicePixelRatio() * static_cast<int>(twipsperpixel);
-  if (checkrez(neededwidth, neededheight, screen.width(), screen.height())) return false;
+  const QSize screen = primary.size() * primary.devicePixelRatio() * static_cast<int>(twipsPerPixel);
+  if (checkRez(neededWidth, neededHeight, screen.width(), screen.height())) return false;
   return question(parent, QStringLiteral("DELETE"),
                   QStringLiteral("You must set screen size to 1024x768 or higher if your monitor size is less than 15 "
                                  "inch. Do you want to exit the program and reset your screen reolution now ?"));
 }
 
-QString helppath() {
+QString helpPath() {
   const QDir program(QCoreApplication::applicationDirPath());
   for (const QString& name : {QStringLiteral("Psychrometric chart-English Units.chm"),
                               QStringLiteral("../share/doc/moistair/manual/index.html")}) {
@@ -37,7 +37,7 @@ QString helppath() {
   return {};
 }
 
-std::optional<std::string> wantedtext(int argc, char** argv) {
+std::optional<std::string> wantedText(int argc, char** argv) {
   constexpr const char* version = "moistair " MOISTAIR_VERSION "\n";
   constexpr const char* usage =
       "Usage: moistair [OPTIONS] [FILE]\n\n"
@@ -53,12 +53,12 @@ std::optional<std::string> wantedtext(int argc, char** argv) {
   return std::nullopt;
 }
 
-bool hasdisplay() {
-  const auto isset = [](const char* name) {
+bool hasDisplay() {
+  const auto isSet = [](const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr && *value != '\0';
   };
-  return isset("DISPLAY") || isset("WAYLAND_DISPLAY") || isset("QT_QPA_PLATFORM");
+  return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
 }
 
 }  // namespace moistair

@@ -9,7 +9,7 @@ namespace moistair {
 
 namespace {
 
-constexpr int answertime = 10000;  // ms
+constexpr int answerTime = 10000;  // ms
 
 QString shown(const std::string& words) { return QString::fromStdString(words); }
 
@@ -17,16 +17,16 @@ QString shown(const std::string& words) { return QString::fromStdString(words); 
 
 StatusLine::StatusLine(QWidget* parent)
     : QStatusBar(parent),
-      voice_(new TellingLine),
-      offer_(new TellingLine),
-      unkept_(new TellingLine),
-      pressure_(new TellingLine),
-      header_(new TellingLine),
-      changes_(new TellingLine),
+      message_(new MessageLine),
+      offer_(new MessageLine),
+      unkept_(new MessageLine),
+      pressure_(new MessageLine),
+      header_(new MessageLine),
+      changes_(new MessageLine),
       chart_(new ElidedLabel),
       records_(new ElidedLabel),
       document_(new ElidedLabel),
-      row_(new CellRow({{voice_, 0},
+      row_(new CellRow({{message_, 0},
                         {offer_, 4},
                         {unkept_, 0},
                         {pressure_, 0},
@@ -37,7 +37,7 @@ StatusLine::StatusLine(QWidget* parent)
                         {document_, 1}})) {
   setObjectName(QStringLiteral("statusline"));
   setSizeGripEnabled(false);
-  voice_->setObjectName(QStringLiteral("voice"));
+  message_->setObjectName(QStringLiteral("voice"));
   offer_->setObjectName(QStringLiteral("offer"));
   unkept_->setObjectName(QStringLiteral("unkept"));
   pressure_->setObjectName(QStringLiteral("inforce"));
@@ -46,39 +46,39 @@ StatusLine::StatusLine(QWidget* parent)
   chart_->setObjectName(QStringLiteral("standing"));
   records_->setObjectName(QStringLiteral("records"));
   document_->setObjectName(QStringLiteral("document"));
-  document_->setelision(Qt::ElideMiddle);  // the star at its end is seen
+  document_->setElision(Qt::ElideMiddle);  // the star at its end is seen
   addWidget(row_, 1);
   answered_.setSingleShot(true);
   connect(&answered_, &QTimer::timeout, this, [this] { answer({}); });
-  connect(voice_, &TellingLine::clicked, this, [this] {
-    if (answer_.isEmpty() && notes_.remark.exact) Q_EMIT exactchosen();
+  connect(message_, &MessageLine::clicked, this, [this] {
+    if (answer_.isEmpty() && notes_.remark.exact) Q_EMIT exactChosen();
   });
-  connect(offer_, &TellingLine::clicked, this, [this] {
-    const std::size_t shown = shownoffer();
-    if (shown < offercount) Q_EMIT offerchosen(static_cast<Offer>(shown));
+  connect(offer_, &MessageLine::clicked, this, [this] {
+    const std::size_t shown = shownOffer();
+    if (shown < offerCount) Q_EMIT offerChosen(static_cast<Offer>(shown));
   });
-  for (TellingLine* line : {pressure_, header_}) {
-    connect(line, &TellingLine::clicked, this, [this] {
-      if (headerdiffers()) Q_EMIT headerchosen();
+  for (MessageLine* line : {pressure_, header_}) {
+    connect(line, &MessageLine::clicked, this, [this] {
+      if (headerDiffers()) Q_EMIT headerchosen();
     });
   }
 }
 
-void StatusLine::show(const Standing& standing, std::size_t records) {
-  const bool differ = !standing.header.empty();
+void StatusLine::show(const StatusTexts& statusTexts, std::size_t records) {
+  const bool differ = !statusTexts.header.empty();
   const QString tip =
       QStringLiteral("All is calculated with the pressure in force. Click to put the header's in force again.");
   const BoxMark mark = differ ? BoxMark::fault : BoxMark::none;
-  pressure_->tell(shown(standing.pressure), mark, differ, differ ? tip : QStringLiteral("Pressure in force"));
-  header_->tell(shown(standing.header), mark, differ, tip);
-  changes_->tell(shown(standing.changes), BoxMark::note, false,
-                 QStringLiteral("Clear the chart and draw it anew to have it as it says."));
-  chart_->setText(shown(standing.chart));
-  records_->setText(shown(recordswords(records)));
+  pressure_->setMessage(shown(statusTexts.pressure), mark, differ, differ ? tip : QStringLiteral("Pressure in force"));
+  header_->setMessage(shown(statusTexts.header), mark, differ, tip);
+  changes_->setMessage(shown(statusTexts.changes), BoxMark::note, false,
+                       QStringLiteral("Clear the chart and draw it anew to have it as it says."));
+  chart_->setText(shown(statusTexts.chart));
+  records_->setText(shown(recordsWords(records)));
   row_->place();
 }
 
-void StatusLine::showdocument(const QString& caption) {
+void StatusLine::showDocument(const QString& caption) {
   document_->setText(caption);
   row_->place();
 }
@@ -88,7 +88,7 @@ void StatusLine::remark(const PairNotes& notes) {
   answer({});
 }
 
-void StatusLine::answerfile(const QString& what, const QString& path, const std::optional<QString>& failure) {
+void StatusLine::answerFile(const QString& what, const QString& path, const std::optional<QString>& failure) {
   const QString name = QFileInfo(path).fileName();
   if (failure) {
     answer(QStringLiteral("%1 not written to %2: %3").arg(what, name, *failure), BoxMark::fault, path);
@@ -99,46 +99,46 @@ void StatusLine::answerfile(const QString& what, const QString& path, const std:
 
 void StatusLine::answer(const QString& words, BoxMark mark, const QString& tip) {
   answer_ = words;
-  answertip_ = tip;
-  answermark_ = mark;
+  answerTip_ = tip;
+  answerMark_ = mark;
   answered_.stop();
-  if (!words.isEmpty() && mark != BoxMark::fault) answered_.start(answertime);
-  speak();
+  if (!words.isEmpty() && mark != BoxMark::fault) answered_.start(answerTime);
+  announce();
 }
 
-void StatusLine::endanswer() {
+void StatusLine::endAnswer() {
   if (!answer_.isEmpty()) answer({});
 }
 
 void StatusLine::offer(Offer offer, const QString& words, const QString& tip) {
   const auto index = static_cast<std::size_t>(offer);
   offers_[index] = words;
-  offertips_[index] = tip;
-  const std::size_t shown = shownoffer();
-  const bool any = shown < offercount;
-  offer_->tell(any ? offers_[shown] : QString(), BoxMark::none, any, any ? offertips_[shown] : QString());
+  offerTips_[index] = tip;
+  const std::size_t shown = shownOffer();
+  const bool any = shown < offerCount;
+  offer_->setMessage(any ? offers_[shown] : QString(), BoxMark::none, any, any ? offerTips_[shown] : QString());
   row_->place();
 }
 
-/// The last one that there is; `offercount` for none.
-std::size_t StatusLine::shownoffer() const {
-  for (std::size_t index = offercount; index-- > 0;) {
+/// The last one that there is; `offerCount` for none.
+std::size_t StatusLine::shownOffer() const {
+  for (std::size_t index = offerCount; index-- > 0;) {
     if (!offers_[index].isEmpty()) return index;
   }
-  return offercount;
+  return offerCount;
 }
 
-void StatusLine::showunkept(const QString& reason) {
-  unkept_->tell(reason.isEmpty() ? QString() : QStringLiteral("Unsaved work is not being kept: %1").arg(reason),
-                BoxMark::fault);
+void StatusLine::showUnkept(const QString& reason) {
+  unkept_->setMessage(reason.isEmpty() ? QString() : QStringLiteral("Unsaved work is not being kept: %1").arg(reason),
+                      BoxMark::fault);
   row_->place();
 }
 
-void StatusLine::speak() {
+void StatusLine::announce() {
   if (answer_.isEmpty()) {
-    tellremark(*voice_, notes_);
+    showRemark(*message_, notes_);
   } else {
-    voice_->tell(answer_, answermark_, false, answertip_);
+    message_->setMessage(answer_, answerMark_, false, answerTip_);
   }
   row_->place();
 }

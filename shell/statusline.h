@@ -8,9 +8,9 @@
 #include <optional>
 
 #include "advice/pairnotes.h"
-#include "advice/standing.h"
+#include "advice/statustexts.h"
 #include "toolkit/elidedlabel.h"
-#include "toolkit/tellingline.h"
+#include "toolkit/messageline.h"
 
 namespace moistair {
 
@@ -21,14 +21,14 @@ enum class Offer {
   previous,  ///< entries of the previous chart put on this one
   typed,     ///< what was typed in the boxes put back
 };
-inline constexpr std::size_t offercount = 2;
+inline constexpr std::size_t offerCount = 2;
 
-/// Says at every moment what is in force and what stands: the pressure, the chart, the records of the log, the
+/// Always shows the current pressure, the chart, the records of the log, the
 /// document's name. To the left of them it speaks: a remark on the pair in the boxes, and for a while the answer to a
-/// command. It shows what it is told and decides nothing.
+/// command. It shows what it is given and decides nothing.
 ///
 /// Where there is not room for all, the document's name gives way first, then the chart, then the records, at last
-/// wholly, before what is said is cut; the pressure in force, a header that states another one, and limits that are not
+/// wholly, before what is said is cut; the current pressure, a header that states another one, and limits that are not
 /// drawn stay readable.
 class StatusLine final : public QStatusBar {
   Q_OBJECT
@@ -36,12 +36,12 @@ class StatusLine final : public QStatusBar {
 public:
   explicit StatusLine(QWidget* parent = nullptr);
 
-  void show(const Standing& standing, std::size_t records);
+  void show(const StatusTexts& statusTexts, std::size_t records);
   using QStatusBar::show;
 
-  bool headerdiffers() const { return !header_->text().isEmpty(); }
+  bool headerDiffers() const { return !header_->text().isEmpty(); }
 
-  void showdocument(const QString& caption);
+  void showDocument(const QString& caption);
 
   /// What is to be said of the boxes, until the next remark.
   void remark(const PairNotes& notes);
@@ -50,36 +50,36 @@ public:
   void answer(const QString& words, BoxMark mark = BoxMark::none, const QString& tip = {});
 
   /// The same of a file: "chart written to room.png", or why it was not.
-  void answerfile(const QString& what, const QString& path, const std::optional<QString>& failure = {});
+  void answerFile(const QString& what, const QString& path, const std::optional<QString>& failure = {});
 
   /// Another command has been given.
-  void endanswer();
+  void endAnswer();
 
   /// @param words empty for nothing to offer
   void offer(Offer offer, const QString& words, const QString& tip = {});
 
   /// That unsaved work is not being kept, and why, until it is again.
   /// @param reason empty once it is
-  void showunkept(const QString& reason);
+  void showUnkept(const QString& reason);
 
 Q_SIGNALS:
-  void headerchosen();  ///< the pressure that the header states is to be in force again
-  void exactchosen();   ///< the exact state of the remark is to go into the boxes
-  void offerchosen(Offer offer);
+  void headerchosen();  ///< the pressure that the header states is to be current again
+  void exactChosen();   ///< the exact state of the remark is to go into the boxes
+  void offerChosen(Offer offer);
 
 private:
-  void speak();
-  std::size_t shownoffer() const;
+  void announce();
+  std::size_t shownOffer() const;
 
-  TellingLine *voice_, *offer_, *unkept_, *pressure_, *header_, *changes_;
+  MessageLine *message_, *offer_, *unkept_, *pressure_, *header_, *changes_;
   ElidedLabel *chart_, *records_, *document_;
   CellRow* row_;
   PairNotes notes_;
   QString answer_;
-  QString answertip_;
-  BoxMark answermark_ = BoxMark::none;
-  std::array<QString, offercount> offers_;
-  std::array<QString, offercount> offertips_;
+  QString answerTip_;
+  BoxMark answerMark_ = BoxMark::none;
+  std::array<QString, offerCount> offers_;
+  std::array<QString, offerCount> offerTips_;
   QTimer answered_;
 };
 

@@ -62,37 +62,37 @@ consteval const Control& row(std::string_view name) {
   throw "no such control";
 }
 
-void captionfor(ControlMaker& make, QGridLayout& grid, const Control& control, QWidget& input) {
+void captionFor(ControlMaker& make, QGridLayout& grid, const Control& control, QWidget& input) {
   auto* label = make.add<QLabel>(grid, control);
   label->setBuddy(&input);
-  nameinput(input, label->text().simplified());
+  nameInput(input, label->text().simplified());
 }
 
 /// Width of a text of so many digits.
-int roomfor(const QFontMetrics& metrics, int digits) { return metrics.horizontalAdvance(QLatin1Char('0')) * digits; }
+int roomFor(const QFontMetrics& metrics, int digits) { return metrics.horizontalAdvance(QLatin1Char('0')) * digits; }
 
 /// Gives a button the room of its caption and of the frame around it.
-void fitbutton(QPushButton& button, int controlheight) {
+void fitButton(QPushButton& button, int controlHeight) {
   constexpr QSize frame(12, 8);
   const QFontMetrics metrics = button.fontMetrics();
   const QSize caption = metrics.size(Qt::TextShowMnemonic, button.text());
   const bool wrapped = button.text().contains(QLatin1Char('\n'));
   button.setMinimumWidth(caption.width() + frame.width());
   if (wrapped) button.setMaximumWidth(caption.width() + 2 * frame.width());  // the room there is goes to the boxes
-  button.setFixedHeight(wrapped ? std::max(2 * controlheight, 3 * metrics.lineSpacing() + frame.height())
-                                : controlheight);
+  button.setFixedHeight(wrapped ? std::max(2 * controlHeight, 3 * metrics.lineSpacing() + frame.height())
+                                : controlHeight);
 }
 
-/// Gives a list the room of its longest item and of the arrow beside it.
+/// Gives a list the room of its longest item and of the arrow next to it.
 template <class Items>
-void fitlist(ListBox& list, const Items& items, int controlheight) {
+void fitList(ListBox& list, const Items& items, int controlHeight) {
   constexpr int arrow = 34;
   int longest = 0;
   for (const char* item : items) {
     longest = std::max(longest, list.fontMetrics().horizontalAdvance(QString::fromUtf8(item)));
   }
   list.setMinimumWidth(longest + arrow);
-  list.setFixedHeight(controlheight);
+  list.setFixedHeight(controlHeight);
 }
 
 }  // namespace
@@ -110,140 +110,140 @@ Strip::Strip(QWidget* parent) : QWidget(parent) {
     return grid;
   };
   ControlMaker make(*this);
-  makecommands(*inner(0, 0, 1), make);
-  makereadouts(*inner(1, 0, 1), make);
-  makebottomrow(*inner(2, 0, 1), make);
-  makelimits(*inner(0, 1, 3), make);
+  makeCommands(*inner(0, 0, 1), make);
+  makeReadouts(*inner(1, 0, 1), make);
+  makeBottomRow(*inner(2, 0, 1), make);
+  makeLimits(*inner(0, 1, 3), make);
   outer->setColumnStretch(0, 1);
-  make.settaborder();
+  make.setTabOrder();
 }
 
-void Strip::makecommands(QGridLayout& grid, ControlMaker& make) {
+void Strip::makeCommands(QGridLayout& grid, ControlMaker& make) {
   const auto button = [&](const Control& control) {
     auto* made = make.add<QPushButton>(grid, control);
     made->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
-    nameinput(*made, made->text().remove(QLatin1Char('&')).simplified());  // a wrapped caption is read as one line
+    nameInput(*made, made->text().remove(QLatin1Char('&')).simplified());  // a wrapped caption is read as one line
     return made;
   };
   const auto box = [&](const Control& control) { return make.add<ValueBox>(grid, control); };
-  const auto captionedbox = [&](const Control& control, const Control& caption) {
+  const auto captionedBox = [&](const Control& control, const Control& caption) {
     auto* made = box(control);
-    captionfor(make, grid, caption, *made);
+    captionFor(make, grid, caption, *made);
     return made;
   };
-  drawbutton = button(row("Command3"));
-  pressurebutton = button(row("Command4"));
-  locatebutton = button(row("Command14"));
-  firstkind = make.add<ListBox>(grid, row("Combo1"));
-  secondkind = make.add<ListBox>(grid, row("Combo2"));
-  namelist(*firstkind, QStringLiteral("First property"));
-  namelist(*secondkind, QStringLiteral("Second property"));
-  firstvalue = box(row("Text4"));
-  secondvalue = box(row("Text5"));
-  nameinput(*firstvalue, QStringLiteral("Value of the first property"));
-  nameinput(*secondvalue, QStringLiteral("Value of the second property"));
-  rhlinebutton = button(row("Command5"));
-  rhvalue = captionedbox(row("Text1"), row("Label1"));
-  wblinebutton = button(row("Command6"));
-  wbvalue = captionedbox(row("Text2"), row("Label2"));
-  hlinebutton = button(row("Command7"));
-  hvalue = captionedbox(row("Text3"), row("Label3"));
-  vlinebutton = button(row("Command9"));
-  vvalue = captionedbox(row("Text6"), row("Label5"));
+  drawButton = button(row("Command3"));
+  pressureButton = button(row("Command4"));
+  locateButton = button(row("Command14"));
+  firstKind = make.add<ListBox>(grid, row("Combo1"));
+  secondKind = make.add<ListBox>(grid, row("Combo2"));
+  nameList(*firstKind, QStringLiteral("First property"));
+  nameList(*secondKind, QStringLiteral("Second property"));
+  firstValue = box(row("Text4"));
+  secondValue = box(row("Text5"));
+  nameInput(*firstValue, QStringLiteral("Value of the first property"));
+  nameInput(*secondValue, QStringLiteral("Value of the second property"));
+  rhLineButton = button(row("Command5"));
+  rhValue = captionedBox(row("Text1"), row("Label1"));
+  wbLineButton = button(row("Command6"));
+  wbValue = captionedBox(row("Text2"), row("Label2"));
+  hLineButton = button(row("Command7"));
+  hValue = captionedBox(row("Text3"), row("Label3"));
+  vLineButton = button(row("Command9"));
+  vValue = captionedBox(row("Text6"), row("Label5"));
   grid.setColumnStretch(3, 3);
   grid.setColumnStretch(4, 2);
   for (const int column : {6, 8, 10, 12}) grid.setColumnStretch(column, 1);
 }
 
-void Strip::makelimits(QGridLayout& grid, ControlMaker& make) {
+void Strip::makeLimits(QGridLayout& grid, ControlMaker& make) {
   const auto list = [&](const Control& control, const Control& caption) {
     auto* made = make.add<ListBox>(grid, control);
-    captionfor(make, grid, caption, *made);
+    captionFor(make, grid, caption, *made);
     return made;
   };
-  lowdb = list(row("Combo3"), row("Label19"));
-  highdb = list(row("Combo4"), row("Label20"));
-  lowhr = list(row("Combo5"), row("Label21"));
-  highhr = list(row("Combo6"), row("Label22"));
+  lowDb = list(row("Combo3"), row("Label19"));
+  highDb = list(row("Combo4"), row("Label20"));
+  lowHr = list(row("Combo5"), row("Label21"));
+  highHr = list(row("Combo6"), row("Label22"));
 }
 
-void Strip::makereadouts(QGridLayout& grid, ControlMaker& make) {
-  for (std::size_t i = 0; i < readoutfields.size(); ++i) {
-    const ReadoutField& field = readoutfields[i];
+void Strip::makeReadouts(QGridLayout& grid, ControlMaker& make) {
+  for (std::size_t i = 0; i < readoutFields.size(); ++i) {
+    const ReadoutField& field = readoutFields[i];
     const int column = static_cast<int>(i) * 2;
     const char* caption = propertyOf(shownOrder[i]).rowCaption;
-    make.add<QLabel>(grid, {field.captionname, caption, "", {0, column, 1, 1}, field.captiontab});
+    make.add<QLabel>(grid, {field.captionName, caption, "", {0, column, 1, 1}, field.captionTab});
     readouts[i] = make.add<QLabel>(grid, {field.name, "", "", {0, column + 1, 1, 1}, field.tab});
-    makereadout(*readouts[i]);
+    makeReadout(*readouts[i]);
     grid.setColumnStretch(column + 1, 1);
   }
 }
 
-void Strip::makebottomrow(QGridLayout& grid, ControlMaker& make) {
+void Strip::makeBottomRow(QGridLayout& grid, ControlMaker& make) {
   const auto button = [&](const Control& control) { return make.add<QPushButton>(grid, control); };
-  pointid = make.add<ValueBox>(grid, row("Text7"));
-  captionfor(make, grid, row("Label6"), *pointid);
-  exitbutton = button(row("Command8"));
-  viewlogbutton = button(row("Command1"));
-  savelogbutton = button(row("Command2"));
-  clearbutton = button(row("Command12"));
-  savechartbutton = button(row("Command11"));
-  mixingbutton = button(row("Command13"));
-  helpbutton = button(row("Command16"));
+  pointId = make.add<ValueBox>(grid, row("Text7"));
+  captionFor(make, grid, row("Label6"), *pointId);
+  exitButton = button(row("Command8"));
+  viewLogButton = button(row("Command1"));
+  saveLogButton = button(row("Command2"));
+  clearButton = button(row("Command12"));
+  saveChartButton = button(row("Command11"));
+  mixingButton = button(row("Command13"));
+  helpButton = button(row("Command16"));
   status = make.add<QLabel>(grid, row("Label4"));
   status->setAlignment(Qt::AlignCenter);
   grid.setColumnStretch(1, 1);
   grid.setColumnStretch(9, 2);
 }
 
-LimitTexts Strip::limittexts() const {
+LimitTexts Strip::limitTexts() const {
   const auto text = [](const ListBox* list) { return list->currentText().toStdString(); };
-  return {text(lowdb), text(highdb), text(lowhr), text(highhr)};
+  return {text(lowDb), text(highDb), text(lowHr), text(highHr)};
 }
 
-PairInput Strip::pairinput() const {
-  return {kindat(firstkind->selected()), kindat(secondkind->selected()), firstvalue->text().toStdString(),
-          secondvalue->text().toStdString()};
+PairInput Strip::pairInput() const {
+  return {kindAt(firstKind->selected()), kindAt(secondKind->selected()), firstValue->text().toStdString(),
+          secondValue->text().toStdString()};
 }
 
-void Strip::setlimits(const ChartLimits& limits) {
+void Strip::setLimits(const ChartLimits& limits) {
   const auto set = [](ListBox& list, double limit) {
     int item = 0;
-    while (item < list.count() && lenientnumber(list.itemText(item).toStdString()) != limit) ++item;
+    while (item < list.count() && lenientNumber(list.itemText(item).toStdString()) != limit) ++item;
     list.select(item < list.count() ? item : -1);
-    if (item == list.count()) list.setEditText(QString::fromStdString(numbertext(limit)));
+    if (item == list.count()) list.setEditText(QString::fromStdString(numberText(limit)));
   };
-  set(*lowdb, limits.lowdb);
-  set(*highdb, limits.highdb);
-  set(*lowhr, limits.lowhr);
-  set(*highhr, limits.highhr);
+  set(*lowDb, limits.lowDb);
+  set(*highDb, limits.highDb);
+  set(*lowHr, limits.lowHr);
+  set(*highHr, limits.highHr);
 }
 
 void Strip::show(const StatePoint& point) {
-  for (std::size_t i = 0; i < readoutfields.size(); ++i) {
-    readouts[i]->setText(QString::fromStdString(showvalue(point.at(shownOrder[i]))));
+  for (std::size_t i = 0; i < readoutFields.size(); ++i) {
+    readouts[i]->setText(QString::fromStdString(showValue(point.at(shownOrder[i]))));
   }
 }
 
-bool Strip::showsstate() const { return !readouts.front()->text().isEmpty(); }
+bool Strip::showsState() const { return !readouts.front()->text().isEmpty(); }
 
 bool Strip::shows(const StatePoint& point) const {
-  for (std::size_t i = 0; i < readoutfields.size(); ++i) {
-    if (readouts[i]->text().toStdString() != showvalue(point.at(shownOrder[i]))) return false;
+  for (std::size_t i = 0; i < readoutFields.size(); ++i) {
+    if (readouts[i]->text().toStdString() != showValue(point.at(shownOrder[i]))) return false;
   }
   return true;
 }
 
-void Strip::emptyreadouts(bool dewpointtoo) {
-  for (std::size_t i = 0; i < dewpointfield; ++i) readouts[i]->clear();
-  if (dewpointtoo) readouts[dewpointfield]->clear();
+void Strip::emptyReadouts(bool dewPointToo) {
+  for (std::size_t i = 0; i < dewPointField; ++i) readouts[i]->clear();
+  if (dewPointToo) readouts[dewPointField]->clear();
 }
 
-void Strip::emptyinputs() {
-  for (QLineEdit* box : {rhvalue, wbvalue, hvalue, firstvalue, secondvalue, vvalue, pointid}) box->clear();
+void Strip::emptyInputs() {
+  for (QLineEdit* box : {rhValue, wbValue, hValue, firstValue, secondValue, vValue, pointId}) box->clear();
 }
 
-void Strip::waitcue(bool on) {
+void Strip::waitCue(bool on) {
   status->setText(on ? QStringLiteral("PLEASE WAIT") : QString());
   status->setStyleSheet(on ? QStringLiteral("background: rgb(255, 255, 0); color: black") : QString());
   status->repaint();
@@ -252,8 +252,8 @@ void Strip::waitcue(bool on) {
 int Strip::fit(int width, int height) {
   constexpr int largest = 20;  // half points
   constexpr int smallest = 15;
-  for (int halfpoints = largest; halfpoints >= smallest; --halfpoints) {
-    usefont(halfpoints / 2.0);
+  for (int halfPoints = largest; halfPoints >= smallest; --halfPoints) {
+    useFont(halfPoints / 2.0);
     layout()->activate();
     const QSize needed = layout()->minimumSize();
     if (needed.width() <= width && needed.height() <= height) break;
@@ -261,28 +261,28 @@ int Strip::fit(int width, int height) {
   return layout()->minimumSize().height();
 }
 
-void Strip::usefont(double points) {
+void Strip::useFont(double points) {
   constexpr int frame = 7;  // above and below the text of a box
-  constexpr int typeddigits = 7;
+  constexpr int typedDigits = 7;
   QFont font = this->font();
   font.setPointSizeF(points);
   setFont(font);
   font.setBold(true);
-  exitbutton->setFont(font);
+  exitButton->setFont(font);
   const QFontMetrics metrics = fontMetrics();
-  const int controlheight = metrics.height() + frame;
-  for (std::size_t i = 0; i < readoutfields.size(); ++i) {
-    readouts[i]->setMinimumWidth(roomfor(metrics, readoutfields[i].digits));
+  const int controlHeight = metrics.height() + frame;
+  for (std::size_t i = 0; i < readoutFields.size(); ++i) {
+    readouts[i]->setMinimumWidth(roomFor(metrics, readoutFields[i].digits));
   }
-  for (QLineEdit* box : {firstvalue, secondvalue, rhvalue, wbvalue, hvalue, vvalue, pointid}) {
-    box->setFixedHeight(controlheight);
-    box->setMinimumWidth(roomfor(metrics, typeddigits));
+  for (QLineEdit* box : {firstValue, secondValue, rhValue, wbValue, hValue, vValue, pointId}) {
+    box->setFixedHeight(controlHeight);
+    box->setMinimumWidth(roomFor(metrics, typedDigits));
   }
-  for (ListBox* list : {firstkind, secondkind}) fitlist(*list, kindtexts, controlheight);
-  for (ListBox* list : {lowdb, highdb}) fitlist(*list, drybulblimits, controlheight);
-  for (ListBox* list : {lowhr, highhr}) fitlist(*list, humidityratiolimits, controlheight);
-  for (ListBox* list : {lowdb, highdb, lowhr, highhr}) list->setFixedWidth(lowhr->minimumWidth());
-  for (auto* button : findChildren<QPushButton*>()) fitbutton(*button, controlheight);
+  for (ListBox* list : {firstKind, secondKind}) fitList(*list, kindTexts, controlHeight);
+  for (ListBox* list : {lowDb, highDb}) fitList(*list, dryBulbLimits, controlHeight);
+  for (ListBox* list : {lowHr, highHr}) fitList(*list, humidityRatioLimits, controlHeight);
+  for (ListBox* list : {lowDb, highDb, lowHr, highHr}) list->setFixedWidth(lowHr->minimumWidth());
+  for (auto* button : findChildren<QPushButton*>()) fitButton(*button, controlHeight);
 }
 
 }  // namespace moistair

@@ -22,15 +22,15 @@ class ControlMaker;
 /// One read-out of the live row: layout names and tab places of caption and value, and how many characters its longest
 /// usual value has.
 struct ReadoutField {
-  const char* captionname;
-  int captiontab;
+  const char* captionName;
+  int captionTab;
   const char* name;
   int tab;
   int digits;
 };
 
 /// In the order in which properties are shown.
-inline constexpr std::array<ReadoutField, shownOrder.size()> readoutfields = {{
+inline constexpr std::array<ReadoutField, shownOrder.size()> readoutFields = {{
     {"Label7", 34, "Label13", 40, 11},
     {"Label8", 35, "Label14", 41, 11},
     {"Label9", 36, "Label15", 42, 11},
@@ -41,7 +41,7 @@ inline constexpr std::array<ReadoutField, shownOrder.size()> readoutfields = {{
     {"Label25", 65, "Label26", 66, 9},
 }};
 
-inline constexpr std::size_t dewpointfield = 6;
+inline constexpr std::size_t dewPointField = 6;
 
 /// All inputs, buttons and read-outs of the main window, laid out and named. It holds what is typed and shown and does
 /// nothing; the main window connects it. The font adapts to the room there is, so that nothing is clipped on a small
@@ -52,46 +52,46 @@ class Strip : public QWidget {
 public:
   explicit Strip(QWidget* parent = nullptr);
 
-  QPushButton *drawbutton, *pressurebutton, *locatebutton;
-  QPushButton *rhlinebutton, *wblinebutton, *hlinebutton, *vlinebutton;
-  QPushButton *exitbutton, *viewlogbutton, *savelogbutton, *clearbutton, *savechartbutton, *mixingbutton, *helpbutton;
-  ListBox *firstkind, *secondkind;
-  QLineEdit *firstvalue, *secondvalue, *pointid;
-  QLineEdit *rhvalue, *wbvalue, *hvalue, *vvalue;
-  ListBox *lowdb, *highdb, *lowhr, *highhr;
+  QPushButton *drawButton, *pressureButton, *locateButton;
+  QPushButton *rhLineButton, *wbLineButton, *hLineButton, *vLineButton;
+  QPushButton *exitButton, *viewLogButton, *saveLogButton, *clearButton, *saveChartButton, *mixingButton, *helpButton;
+  ListBox *firstKind, *secondKind;
+  QLineEdit *firstValue, *secondValue, *pointId;
+  QLineEdit *rhValue, *wbValue, *hValue, *vValue;
+  ListBox *lowDb, *highDb, *lowHr, *highHr;
   QLabel* status;
-  std::array<QLabel*, readoutfields.size()> readouts;
+  std::array<QLabel*, readoutFields.size()> readouts;
 
-  LimitTexts limittexts() const;
-  PairInput pairinput() const;
-  void setlimits(const ChartLimits& limits);
+  LimitTexts limitTexts() const;
+  PairInput pairInput() const;
+  void setLimits(const ChartLimits& limits);
 
   /// Fills the read-outs of the live row.
   void show(const StatePoint& point);
   using QWidget::show;
 
   /// Whether there is a state in the live row, and whether it is this one.
-  bool showsstate() const;
+  bool showsState() const;
   bool shows(const StatePoint& point) const;
 
-  /// Empties the read-outs but the vapour pressure, which keeps its last value; the dew point only if asked to.
-  void emptyreadouts(bool dewpointtoo);
+  /// Empties the read-outs but the vapor pressure, which keeps its last value; the dew point only if asked to.
+  void emptyReadouts(bool dewPointToo);
 
   /// Empties all boxes.
-  void emptyinputs();
+  void emptyInputs();
 
   /// The cue "PLEASE WAIT", shown at once.
-  void waitcue(bool on);
+  void waitCue(bool on);
 
   /// Chooses the largest font for which the strip fits into this size [pixels], and returns the height that it takes.
   int fit(int width, int height);
 
 private:
-  void makecommands(QGridLayout& grid, ControlMaker& make);
-  void makelimits(QGridLayout& grid, ControlMaker& make);
-  void makereadouts(QGridLayout& grid, ControlMaker& make);
-  void usefont(double points);
-  void makebottomrow(QGridLayout& grid, ControlMaker& make);
+  void makeCommands(QGridLayout& grid, ControlMaker& make);
+  void makeLimits(QGridLayout& grid, ControlMaker& make);
+  void makeReadouts(QGridLayout& grid, ControlMaker& make);
+  void useFont(double points);
+  void makeBottomRow(QGridLayout& grid, ControlMaker& make);
 };
 
 }  // namespace moistair

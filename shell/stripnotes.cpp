@@ -7,13 +7,13 @@ namespace moistair {
 
 namespace {
 
-PairBoxes pairboxes(const Strip& strip) {
-  return {strip.firstkind, strip.firstvalue, strip.secondkind, strip.secondvalue};
+PairBoxes pairBoxes(const Strip& strip) {
+  return {strip.firstKind, strip.firstValue, strip.secondKind, strip.secondValue};
 }
 
 /// In the order of `LineKind`.
-std::array<QLineEdit*, 4> lineboxes(const Strip& strip) {
-  return {strip.rhvalue, strip.wbvalue, strip.hvalue, strip.vvalue};
+std::array<QLineEdit*, 4> lineBoxes(const Strip& strip) {
+  return {strip.rhValue, strip.wbValue, strip.hValue, strip.vValue};
 }
 
 }  // namespace
@@ -27,121 +27,121 @@ StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& char
       values_(values),
       log_(log),
       area_(std::move(area)),
-      ground_() {
-  for (const ListBox* list : {strip.firstkind, strip.secondkind}) {
-    connect(list, &QComboBox::editTextChanged, this, &StripNotes::judgeanew);
+      context_() {
+  for (const ListBox* list : {strip.firstKind, strip.secondKind}) {
+    connect(list, &QComboBox::editTextChanged, this, &StripNotes::judgeAgain);
   }
-  for (const ListBox* list : {strip.lowdb, strip.highdb, strip.lowhr, strip.highhr}) {
+  for (const ListBox* list : {strip.lowDb, strip.highDb, strip.lowHr, strip.highHr}) {
     connect(list, &QComboBox::editTextChanged, this, &StripNotes::follow);
   }
-  for (const QLineEdit* box : lineboxes(strip)) {
-    connect(box, &QLineEdit::textChanged, this, &StripNotes::marklines);
+  for (const QLineEdit* box : lineBoxes(strip)) {
+    connect(box, &QLineEdit::textChanged, this, &StripNotes::markLines);
   }
 }
 
-StripNotes::Ground StripNotes::ground() const {
-  return {strip_.pairinput(), values_.pressure.lenient(), area_(), standinglimits(chart_.document()).has_value()};
+StripNotes::PairContext StripNotes::pairContext() const {
+  return {strip_.pairInput(), values_.pressure.lenient(), area_(), currentLimits(chart_.document()).has_value()};
 }
 
 void StripNotes::judge(const Resolution& resolution) {
-  ground_ = ground();
+  context_ = pairContext();
   resolution_ = resolution;
-  pair_ = pairnotes(ground_.input, ground_.atm, resolution, ground_.chartstands);
-  setnotes(pairboxes(strip_), pair_);
+  pair_ = pairNotes(context_.input, context_.atm, resolution, context_.hasCurrentChart);
+  setNotes(pairBoxes(strip_), pair_);
 }
 
-void StripNotes::showpair(const Resolution& resolution) {
+void StripNotes::showPair(const Resolution& resolution) {
   judge(resolution);
-  rowatm_ = ground_.atm;
-  rowwords_.clear();
-  speak();
+  rowAtm_ = context_.atm;
+  rowWords_.clear();
+  announce();
 }
 
 /// Without a chart nothing has been resolved.
 void StripNotes::located(const Location& location) {
   if (location.refusal && location.resolution.resolved()) return;
   judge(location.resolution);
-  rowwords_ = rowwords();
-  speak();
+  rowWords_ = rowWords();
+  announce();
 }
 
-void StripNotes::rowshown() {
-  rowatm_ = ground_.atm;
-  rowwords_ = rowwords();
-  speak();
+void StripNotes::rowShown() {
+  rowAtm_ = context_.atm;
+  rowWords_ = rowWords();
+  announce();
 }
 
-void StripNotes::judgeanew() {
-  const Ground now = ground();
-  if (now == ground_) return;
+void StripNotes::judgeAgain() {
+  const PairContext now = pairContext();
+  if (now == context_) return;
   const auto area = [&now] { return now.area; };
-  SolverFields fields = values_.solverfields;
-  judge(resolveinput(now.input, now.atm, chartrangefinders(area), fields));
-  rowwords_ = rowwords();
-  speak();
+  SolverFields fields = values_.solverFields;
+  judge(resolveInput(now.input, now.atm, chartRangeFinders(area), fields));
+  rowWords_ = rowWords();
+  announce();
 }
 
 /// Nothing where the row shows what the pair now has.
-std::string StripNotes::rowwords() const {
-  if (!strip_.showsstate()) return resolution_.resolved() ? "row above: empty until the next key" : std::string();
+std::string StripNotes::rowWords() const {
+  if (!strip_.showsState()) return resolution_.resolved() ? "row above: empty until the next key" : std::string();
   if (resolution_.resolved() && strip_.shows(resolution_.point)) return {};
-  const bool samethen = samepressure(rowatm_, ground_.atm);
-  return samethen ? "row above: from before" : "row above: at " + inhgwords(rowatm_);
+  const bool pressureUnchanged = samePressure(rowAtm_, context_.atm);
+  return pressureUnchanged ? "row above: from before" : "row above: at " + inhgWords(rowAtm_);
 }
 
-void StripNotes::marklines() {
-  const auto boxes = lineboxes(strip_);
-  linewords_.clear();
+void StripNotes::markLines() {
+  const auto boxes = lineBoxes(strip_);
+  lineWords_.clear();
   for (std::size_t kind = 0; kind < boxes.size(); ++kind) {
-    const BoxNote note = zeronote(boxes[kind]->text().toStdString());
-    setnote(*boxes[kind], note);
+    const BoxNote note = zeroNote(boxes[kind]->text().toStdString());
+    setNote(*boxes[kind], note);
     if (note.empty()) continue;
-    if (!linewords_.empty()) linewords_ += "; ";
-    linewords_ += captionof(static_cast<LineKind>(kind)) + (": " + note.words);
+    if (!lineWords_.empty()) lineWords_ += "; ";
+    lineWords_ += captionOf(static_cast<LineKind>(kind)) + (": " + note.words);
   }
-  speak();
+  announce();
 }
 
-void StripNotes::speak() {
+void StripNotes::announce() {
   PairNotes all = pair_;
   std::string& words = all.remark.words;
-  if (!rowwords_.empty()) words = rowwords_ + (words.empty() ? "" : "; now: ") + words;
-  if (!linewords_.empty()) words += (words.empty() ? "" : "; ") + linewords_;
+  if (!rowWords_.empty()) words = rowWords_ + (words.empty() ? "" : "; now: ") + words;
+  if (!lineWords_.empty()) words += (words.empty() ? "" : "; ") + lineWords_;
   line_.remark(all);
 }
 
 void StripNotes::follow() {
-  const Standing standing = standingof(chart_.document(), values_.pressure.lenient(), strip_.limittexts());
-  line_.show(standing, log_.records());
-  const std::array<ListBox*, 4> lists = {strip_.lowdb, strip_.highdb, strip_.lowhr, strip_.highhr};
+  const StatusTexts statusTexts = statusTextsOf(chart_.document(), values_.pressure.lenient(), strip_.limitTexts());
+  line_.show(statusTexts, log_.records());
+  const std::array<ListBox*, 4> lists = {strip_.lowDb, strip_.highDb, strip_.lowHr, strip_.highHr};
   for (std::size_t i = 0; i < lists.size(); ++i) {
-    setnote(*lists[i], standing.changed[i] ? BoxNote{limitschanged} : BoxNote{});
+    setNote(*lists[i], statusTexts.changed[i] ? BoxNote{limitsChanged} : BoxNote{});
   }
-  tellempty();
-  judgeanew();
+  announceEmpty();
+  judgeAgain();
 }
 
-void StripNotes::fillmenu(QMenu& menu) {
+void StripNotes::fillMenu(QMenu& menu) {
   QAction* header = menu.addAction(QStringLiteral("Pressure of the &header"), &line_, &StatusLine::headerchosen);
-  QAction* exact = menu.addAction(QStringLiteral("E&xact answer"), this, &StripNotes::useexact);
+  QAction* exact = menu.addAction(QStringLiteral("E&xact answer"), this, &StripNotes::useExact);
   connect(&menu, &QMenu::aboutToShow, this, [this, header, exact] {
-    header->setEnabled(line_.headerdiffers());
+    header->setEnabled(line_.headerDiffers());
     exact->setEnabled(pair_.remark.exact.has_value());
   });
 }
 
 /// An empty box of a line counts as 0.
-void StripNotes::tellempty() {
-  const auto boxes = lineboxes(strip_);
-  const auto drawn = emptylines(chart_.document(), values_.pressure.lenient());
+void StripNotes::announceEmpty() {
+  const auto boxes = lineBoxes(strip_);
+  const auto drawn = emptyLines(chart_.document(), values_.pressure.lenient());
   for (std::size_t kind = 0; kind < boxes.size(); ++kind) {
     boxes[kind]->setPlaceholderText(drawn[kind] ? QStringLiteral("line 0") : QStringLiteral("no line"));
   }
 }
 
-void StripNotes::useexact() {
+void StripNotes::useExact() {
   const auto exact = pair_.remark.exact;
-  if (exact) putexact(*exact, pairboxes(strip_));
+  if (exact) putExact(*exact, pairBoxes(strip_));
 }
 
 }  // namespace moistair

@@ -6,27 +6,27 @@
 namespace moistair {
 
 TypedPair::TypedPair(Strip& strip) : QObject(&strip), strip_(strip) {
-  for (QLineEdit* box : {strip.firstvalue, strip.secondvalue}) {
+  for (QLineEdit* box : {strip.firstValue, strip.secondValue}) {
     box->installEventFilter(this);
     connect(box, &QLineEdit::textChanged, this, &TypedPair::changed);
   }
-  for (ListBox* list : {strip.firstkind, strip.secondkind}) {
+  for (ListBox* list : {strip.firstKind, strip.secondKind}) {
     connect(list, &QComboBox::editTextChanged, this, &TypedPair::changed);
   }
 }
 
-void TypedPair::take(const QString& drybulb, const QString& ratio) {
+void TypedPair::take(const QString& dryBulb, const QString& ratio) {
   const Sides before = sides();
   const bool typed = !before[0].value.isEmpty() || !before[1].value.isEmpty();
   if (before != taken_) replaced_ = typed ? std::optional(before) : std::nullopt;
   const auto text = [](const ListBox* list, PropertyKind kind) { return list->itemText(static_cast<int>(kind)); };
-  taken_ = {Side{text(strip_.firstkind, PropertyKind::db), drybulb},
-            Side{text(strip_.secondkind, PropertyKind::w), ratio}};
+  taken_ = {Side{text(strip_.firstKind, PropertyKind::db), dryBulb},
+            Side{text(strip_.secondKind, PropertyKind::w), ratio}};
   if (replaced_ == taken_) replaced_.reset();
   put(*taken_);
 }
 
-void TypedPair::putback() {
+void TypedPair::putBack() {
   if (words().isEmpty()) return;
   taken_.reset();
   put(*std::exchange(replaced_, std::nullopt));
@@ -44,21 +44,21 @@ QString TypedPair::words() const {
 bool TypedPair::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo) &&
       !words().isEmpty() && !static_cast<QLineEdit*>(watched)->isUndoAvailable()) {
-    putback();
+    putBack();
     return true;
   }
   return QObject::eventFilter(watched, event);
 }
 
 TypedPair::Sides TypedPair::sides() const {
-  return {Side{strip_.firstkind->currentText(), strip_.firstvalue->text()},
-          Side{strip_.secondkind->currentText(), strip_.secondvalue->text()}};
+  return {Side{strip_.firstKind->currentText(), strip_.firstValue->text()},
+          Side{strip_.secondKind->currentText(), strip_.secondValue->text()}};
 }
 
 /// Empty boxes keep still while the kinds change.
 void TypedPair::put(const Sides& sides) {
   const std::array<std::pair<ListBox*, QLineEdit*>, 2> controls = {
-      {{strip_.firstkind, strip_.firstvalue}, {strip_.secondkind, strip_.secondvalue}}};
+      {{strip_.firstKind, strip_.firstValue}, {strip_.secondKind, strip_.secondValue}}};
   for (const auto& [list, box] : controls) box->clear();
   for (std::size_t i = 0; i < controls.size(); ++i) {
     const int item = controls[i].first->findText(sides[i].kind, Qt::MatchExactly | Qt::MatchCaseSensitive);

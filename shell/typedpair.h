@@ -11,7 +11,7 @@
 namespace moistair {
 
 /// A click on the chart replaces both lists and both values. What a person had put there can be put back while the
-/// place is in the boxes: by `putback`, or by Ctrl+Z in one of the two boxes. A second click keeps what was there
+/// place is in the boxes: by `putBack`, or by Ctrl+Z in one of the two boxes. A second click keeps what was there
 /// before the first.
 class TypedPair final : public QObject {
   Q_OBJECT
@@ -20,9 +20,9 @@ public:
   explicit TypedPair(Strip& strip);
 
   /// Puts a place of the chart into the boxes.
-  void take(const QString& drybulb, const QString& ratio);
+  void take(const QString& dryBulb, const QString& ratio);
 
-  void putback();
+  void putBack();
 
   /// What can be put back, in words; empty for nothing.
   QString words() const;

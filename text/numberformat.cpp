@@ -8,10 +8,10 @@
 
 namespace moistair {
 
-void appendsevendecimals(std::string& out, double number) { appendfixed(out, number, 7, "0"); }
+void appendSevenDecimals(std::string& out, double number) { appendFixed(out, number, 7, "0"); }
 
-void appendroundtrip(std::string& out, double number) {
-  if (!hasvalue(number)) return;
+void appendRoundTrip(std::string& out, double number) {
+  if (!hasValue(number)) return;
   std::array<char, 32> buffer;
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
   out.append(buffer.data(), end.ptr);
@@ -19,16 +19,16 @@ void appendroundtrip(std::string& out, double number) {
 
 std::string tableValue(double number) {
   std::string text;
-  appendfixed(text, number, 7, "");
+  appendFixed(text, number, 7, "");
   return text;
 }
 
-std::string atMostDecimals(double number, int decimals) { return numbertext(roundedTo(number, decimals)); }
+std::string atMostDecimals(double number, int decimals) { return numberText(roundedTo(number, decimals)); }
 
 std::string typeset(const std::string& number) { return number.starts_with('-') ? "−" + number.substr(1) : number; }
 
 std::string typeset(double number, int decimals) {
-  std::string text = fixeddecimals(number, decimals);
+  std::string text = fixedDecimals(number, decimals);
   if (text.ends_with('.')) text.pop_back();
   return typeset(text);
 }

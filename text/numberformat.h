@@ -11,12 +11,12 @@ namespace moistair {
 
 /// For programs: the seven decimals that the windows show, with a zero before the point, since not every reader takes
 /// ".5", and with -1, which a window leaves blank.
-void appendsevendecimals(std::string& out, double number);
+void appendSevenDecimals(std::string& out, double number);
 
 /// For programs: as few digits as give the same double back.
-void appendroundtrip(std::string& out, double number);
+void appendRoundTrip(std::string& out, double number);
 
-/// For a table to read: as `showvalue`, also for a -1.
+/// For a table to read: as `showValue`, also for a -1.
 std::string tableValue(double number);
 
 /// At most so many decimals, without zeros at the end: "29.9213".

@@ -15,45 +15,45 @@ namespace moistair {
 
 namespace {
 
-bool isdigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 /// Line breaks too: a cell pasted from a spreadsheet brings one along.
-bool isblank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-std::string_view withoutleadingblanks(std::string_view text) {
-  while (!text.empty() && isblank(text.front())) text.remove_prefix(1);
+std::string_view withoutLeadingBlanks(std::string_view text) {
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   return text;
 }
 
-std::size_t digitsat(std::string_view text, std::size_t from) {
+std::size_t digitsAt(std::string_view text, std::size_t from) {
   std::size_t end = from;
-  while (end < text.size() && isdigit(text[end])) ++end;
+  while (end < text.size() && isDigit(text[end])) ++end;
   return end - from;
 }
 
 /// Length of the number that the text begins with, 0 if it begins with none.
-std::size_t numberlength(std::string_view text) {
+std::size_t numberLength(std::string_view text) {
   std::size_t at = 0;
   if (at < text.size() && (text[at] == '+' || text[at] == '-')) ++at;
-  const std::size_t whole = digitsat(text, at);
+  const std::size_t whole = digitsAt(text, at);
   at += whole;
   std::size_t decimals = 0;
   if (at < text.size() && text[at] == '.') {
-    decimals = digitsat(text, at + 1);
+    decimals = digitsAt(text, at + 1);
     if (whole + decimals > 0) at += 1 + decimals;
   }
   if (whole + decimals == 0) return 0;
   if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
     std::size_t exponent = at + 1;
     if (exponent < text.size() && (text[exponent] == '+' || text[exponent] == '-')) ++exponent;
-    const std::size_t digits = digitsat(text, exponent);
+    const std::size_t digits = digitsAt(text, exponent);
     if (digits > 0) at = exponent + digits;
   }
   return at;
 }
 
 /// True if a number beyond the range of a double is so because it is too small. Such a number has a first significant
-/// digit, and its decimal exponent tells the two apart by a wide margin.
-bool toosmall(std::string_view number) {
+/// digit, and its decimal exponent distinguishes the two by a wide margin.
+bool tooSmall(std::string_view number) {
   const std::size_t mark = number.find_first_of("eE");
   const std::string_view mantissa = number.substr(0, mark);
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
@@ -71,46 +71,46 @@ bool toosmall(std::string_view number) {
 /// Powers of ten that a double holds exactly.
 constexpr std::array<double, 23> powers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                            1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int mostpower = static_cast<int>(powers.size()) - 1;
+constexpr int mostPower = static_cast<int>(powers.size()) - 1;
 
 double power(int exponent) { return powers[static_cast<std::size_t>(exponent)]; }
-std::uint64_t wholepower(int exponent) {
-  static constexpr auto wholepowers = [] {
+std::uint64_t wholePower(int exponent) {
+  static constexpr auto wholePowers = [] {
     std::array<std::uint64_t, 19> table{};
     for (std::size_t i = 0; i < table.size(); ++i) table[i] = static_cast<std::uint64_t>(powers[i]);
     return table;
   }();
-  return wholepowers[static_cast<std::size_t>(exponent)];
+  return wholePowers[static_cast<std::size_t>(exponent)];
 }
 
 /// Numbers of few digits and no exponent, as nearly all are: both sides of the division are exact, so that its result
 /// is rounded as it should be. No value for all others.
-double readshort(std::string_view number) {
-  constexpr std::size_t mostdigits = 17;  // beyond what is exact, and never too many for 64 bits
-  constexpr std::uint64_t mostexact = std::uint64_t{1} << 53;
+double readShort(std::string_view number) {
+  constexpr std::size_t mostDigits = 17;  // beyond what is exact, and never too many for 64 bits
+  constexpr std::uint64_t mostExact = std::uint64_t{1} << 53;
   const bool negative = number.front() == '-';
   if (negative) number.remove_prefix(1);
-  if (number.size() > mostdigits + 1) return novalue;
+  if (number.size() > mostDigits + 1) return noValue;
   const std::size_t point = std::min(number.find('.'), number.size());
   std::uint64_t digits = 0;
   for (const char c : number) {
     if (c == '.') continue;
-    if (!isdigit(c)) return novalue;
+    if (!isDigit(c)) return noValue;
     digits = digits * 10 + static_cast<std::uint64_t>(c - '0');
   }
-  if (digits > mostexact) return novalue;
+  if (digits > mostExact) return noValue;
   const std::size_t decimals = point < number.size() ? number.size() - point - 1 : 0;
   const double magnitude = static_cast<double>(digits) / powers[decimals];
   return negative ? -magnitude : magnitude;
 }
 
-/// Reads a text of the shape that numberlength accepts.
+/// Reads a text of the shape that numberLength accepts.
 double read(std::string_view number) {
   if (number.front() == '+') number.remove_prefix(1);
-  if (const double value = readshort(number); hasvalue(value)) return value;
+  if (const double value = readShort(number); hasValue(value)) return value;
   double value = 0;
   const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-  if (result.ec == std::errc::result_out_of_range) return toosmall(number) ? 0 : novalue;
+  if (result.ec == std::errc::result_out_of_range) return tooSmall(number) ? 0 : noValue;
   return value;
 }
 
@@ -124,21 +124,21 @@ struct Decimal {
 constexpr int significant = 15;
 
 /// Of a positive normal number.
-int binaryexponent(double number) { return static_cast<int>(std::bit_cast<std::uint64_t>(number) >> 52) - 1023; }
+int binaryExponent(double number) { return static_cast<int>(std::bit_cast<std::uint64_t>(number) >> 52) - 1023; }
 
 /// Digits of a magnitude with so many decimals, halves to the even one, as std::to_chars rounds. A double is a whole
 /// number times a power of two, and within these bounds that number times the power of ten fits into 128 bits, so that
 /// nothing but the last step rounds.
-constexpr double leastexact = 1e-7;
-constexpr double mostexact = 1e14;
-std::uint64_t digitsof(double magnitude, int decimals) {
+constexpr double leastExact = 1e-7;
+constexpr double mostExact = 1e14;
+std::uint64_t digitsOf(double magnitude, int decimals) {
   __extension__ using Wide = unsigned __int128;
-  constexpr int mantissabits = 52;  // and one more, of which a normal number keeps no record
+  constexpr int mantissaBits = 52;  // and one more, of which a normal number keeps no record
   const auto bits = std::bit_cast<std::uint64_t>(magnitude);
-  const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << mantissabits) - 1)) | std::uint64_t{1} << mantissabits;
+  const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << mantissaBits) - 1)) | std::uint64_t{1} << mantissaBits;
   const int half = decimals / 2;
-  const Wide product = Wide{mantissa} * wholepower(half) * wholepower(decimals - half);
-  const int shift = mantissabits - binaryexponent(magnitude);
+  const Wide product = Wide{mantissa} * wholePower(half) * wholePower(decimals - half);
+  const int shift = mantissaBits - binaryExponent(magnitude);
   const Wide rest = product & ((Wide{1} << shift) - 1);
   const Wide middle = Wide{1} << (shift - 1);
   const auto digits = static_cast<std::uint64_t>(product >> shift);
@@ -146,7 +146,7 @@ std::uint64_t digitsof(double magnitude, int decimals) {
 }
 
 /// The same for magnitudes that are rarer.
-Decimal decimalfromtext(double magnitude) {
+Decimal decimalFromText(double magnitude) {
   std::array<char, 32> buffer;
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::scientific,
                                  significant - 1);
@@ -160,15 +160,15 @@ Decimal decimalfromtext(double magnitude) {
   return {digits, significant - 1 - exponent};
 }
 
-Decimal decimalof(double magnitude) {
+Decimal decimalOf(double magnitude) {
   if (magnitude == 0) return {0, 0};
-  if (!(magnitude >= leastexact && magnitude < mostexact)) return decimalfromtext(magnitude);
+  if (!(magnitude >= leastExact && magnitude < mostExact)) return decimalFromText(magnitude);
   // The decimal exponent is the binary one times log10(2), a little less than 1233 / 4096, or one more.
-  const int exponent = binaryexponent(magnitude) * 1233 >> 12;
+  const int exponent = binaryExponent(magnitude) * 1233 >> 12;
   const int decimals = significant - 1 - exponent;
-  const std::uint64_t digits = digitsof(magnitude, decimals);
-  if (digits < wholepower(significant)) return {digits, decimals};
-  return {digitsof(magnitude, decimals - 1), decimals - 1};
+  const std::uint64_t digits = digitsOf(magnitude, decimals);
+  if (digits < wholePower(significant)) return {digits, decimals};
+  return {digitsOf(magnitude, decimals - 1), decimals - 1};
 }
 
 /// Rounds half away from zero to so many decimals, if there are more.
@@ -176,69 +176,69 @@ Decimal rounded(const Decimal& number, int decimals) {
   const int dropped = number.decimals - decimals;
   if (dropped <= 0) return number;
   if (dropped > significant) return {0, decimals};
-  const std::uint64_t unit = wholepower(dropped);
+  const std::uint64_t unit = wholePower(dropped);
   return {(number.digits + unit / 2) / unit, decimals};
 }
 
-void appendwhole(std::string& out, std::uint64_t number) {
+void appendWhole(std::string& out, std::uint64_t number) {
   std::array<char, 20> buffer;
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
   out.append(buffer.data(), end.ptr);
 }
 
 /// Appends the point and as many decimals as the power of ten `unit` has zeros, which `number` is below.
-void appenddecimals(std::string& out, std::uint64_t number, std::uint64_t unit) {
+void appendDecimals(std::string& out, std::uint64_t number, std::uint64_t unit) {
   std::array<char, 20> buffer;
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), unit + number);
   buffer[0] = '.';
   out.append(buffer.data(), end.ptr);
 }
 
-void appendzeros(std::string& out, int count) {
+void appendZeros(std::string& out, int count) {
   if (count > 0) out.append(static_cast<std::size_t>(count), '0');
 }
 
 }  // namespace
 
-double strictnumber(std::string_view text) {
-  text = withoutleadingblanks(text);
-  while (!text.empty() && isblank(text.back())) text.remove_suffix(1);
-  const std::size_t length = numberlength(text);
-  if (length == 0 || length != text.size()) return novalue;
+double strictNumber(std::string_view text) {
+  text = withoutLeadingBlanks(text);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  const std::size_t length = numberLength(text);
+  if (length == 0 || length != text.size()) return noValue;
   return read(text);
 }
 
-double lenientnumber(std::string_view text) {
-  text = withoutleadingblanks(text);
-  const std::size_t length = numberlength(text);
+double lenientNumber(std::string_view text) {
+  text = withoutLeadingBlanks(text);
+  const std::size_t length = numberLength(text);
   if (length == 0) return 0;
   const double number = read(text.substr(0, length));
-  return hasvalue(number) ? number : 0;
+  return hasValue(number) ? number : 0;
 }
 
-std::string numbertext(double number) {
-  if (!hasvalue(number)) return {};
-  Decimal decimal = decimalof(std::abs(number));
+std::string numberText(double number) {
+  if (!hasValue(number)) return {};
+  Decimal decimal = decimalOf(std::abs(number));
   if (decimal.digits == 0) return "0";
   const int exponent = significant - 1 - decimal.decimals;
   int digits = significant;
   for (; decimal.digits % 10 == 0; --digits) decimal.digits /= 10;
   std::string text = number < 0 ? "-" : "";
-  const bool withexponent = exponent < -4 || exponent >= significant;
-  const int whole = withexponent ? 1 : exponent + 1;
+  const bool withExponent = exponent < -4 || exponent >= significant;
+  const int whole = withExponent ? 1 : exponent + 1;
   if (whole >= digits) {
-    appendwhole(text, decimal.digits);
-    appendzeros(text, whole - digits);
+    appendWhole(text, decimal.digits);
+    appendZeros(text, whole - digits);
   } else {
-    const std::uint64_t unit = wholepower(digits - whole);
-    appendwhole(text, decimal.digits / unit);
-    appenddecimals(text, decimal.digits % unit, unit);
+    const std::uint64_t unit = wholePower(digits - whole);
+    appendWhole(text, decimal.digits / unit);
+    appendDecimals(text, decimal.digits % unit, unit);
   }
-  if (withexponent) {
+  if (withExponent) {
     text += exponent < 0 ? "E-" : "E+";
     const int magnitude = std::abs(exponent);
     if (magnitude < 10) text += '0';
-    appendwhole(text, static_cast<std::uint64_t>(magnitude));
+    appendWhole(text, static_cast<std::uint64_t>(magnitude));
   }
   return text;
 }
@@ -248,17 +248,17 @@ double roundedTo(double number, int decimals) {
   return std::round(number * parts) / parts;
 }
 
-double fifteendigits(double number) {
-  if (!hasvalue(number)) return novalue;
-  const Decimal decimal = decimalof(std::abs(number));
-  if (!(decimal.decimals >= 0 && decimal.decimals <= mostpower)) return strictnumber(numbertext(number));
+double fifteenDigits(double number) {
+  if (!hasValue(number)) return noValue;
+  const Decimal decimal = decimalOf(std::abs(number));
+  if (!(decimal.decimals >= 0 && decimal.decimals <= mostPower)) return strictNumber(numberText(number));
   const double magnitude = static_cast<double>(decimal.digits) / power(decimal.decimals);
   return number < 0 ? -magnitude : magnitude;
 }
 
-void appendfixed(std::string& out, double number, int decimals, std::string_view zero) {
-  if (!hasvalue(number)) return;
-  const Decimal decimal = rounded(decimalof(std::abs(number)), decimals);
+void appendFixed(std::string& out, double number, int decimals, std::string_view zero) {
+  if (!hasValue(number)) return;
+  const Decimal decimal = rounded(decimalOf(std::abs(number)), decimals);
   const bool negative = number < 0 && decimal.digits != 0;
   const int behind = std::max(decimal.decimals, 0);
   // From the last digit to the first, which takes no division but by ten.
@@ -277,25 +277,25 @@ void appendfixed(std::string& out, double number, int decimals, std::string_view
     return;
   }
   out.append(at, point);
-  appendzeros(out, -decimal.decimals);
+  appendZeros(out, -decimal.decimals);
   out.append(point, end);
-  appendzeros(out, decimals - behind);
+  appendZeros(out, decimals - behind);
 }
 
-std::string showvalue(double number) {
+std::string showValue(double number) {
   std::string text;
-  if (number != -1) appendfixed(text, number, 7, "");
+  if (number != -1) appendFixed(text, number, 7, "");
   return text;
 }
 
-std::string fixeddecimals(double number, int decimals) {
+std::string fixedDecimals(double number, int decimals) {
   std::string text;
-  appendfixed(text, number, decimals, "0");
+  appendFixed(text, number, decimals, "0");
   return text;
 }
 
-std::string printednumber(double number) {
-  std::string text = numbertext(number);
+std::string printedNumber(double number) {
+  std::string text = numberText(number);
   const bool negative = text.starts_with('-');
   if (negative) text.erase(0, 1);
   if (text.starts_with("0.")) text.erase(0, 1);
@@ -305,14 +305,14 @@ std::string printednumber(double number) {
 }
 
 void NumberText::set(double number) {
-  if (!hasvalue(number)) return;
-  isnumber_ = true;
+  if (!hasValue(number)) return;
+  isNumber_ = true;
   number_ = number;
-  rounded_ = fifteendigits(number);
+  rounded_ = fifteenDigits(number);
 }
 
-void NumberText::settext(std::string text) {
-  isnumber_ = false;
+void NumberText::setText(std::string text) {
+  isNumber_ = false;
   text_ = std::move(text);
 }
 

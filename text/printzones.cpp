@@ -2,9 +2,9 @@
 
 namespace moistair {
 
-std::string zoneline(std::string_view caption, int zonesteps, std::string_view value) {
+std::string zoneLine(std::string_view caption, int zoneSteps, std::string_view value) {
   std::string line(caption);
-  for (int step = 0; step < zonesteps; ++step) line.append(zonewidth - line.size() % zonewidth, ' ');
+  for (int step = 0; step < zoneSteps; ++step) line.append(zoneWidth - line.size() % zoneWidth, ' ');
   line += value;
   return line;
 }

@@ -12,9 +12,9 @@ namespace moistair {
 
 /// One byte for each character: Latin-1's printing characters as they are, a blank for every control character, line
 /// breaks included, as on the chart, and a "?" for every other character and every byte that is no UTF-8.
-std::string tosinglebyte(std::string_view utf8);
+std::string toSingleByte(std::string_view utf8);
 
 /// UTF-8 of a text of one byte a character.
-std::string fromsinglebyte(std::string_view bytes);
+std::string fromSingleByte(std::string_view bytes);
 
 }  // namespace moistair

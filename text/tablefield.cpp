@@ -2,7 +2,7 @@
 
 namespace moistair {
 
-void appendfield(std::string& out, std::string_view text, char separator) {
+void appendField(std::string& out, std::string_view text, char separator) {
   if (text.find(separator) == std::string_view::npos && text.find_first_of("\"\r\n") == std::string_view::npos) {
     out += text;
     return;

@@ -8,6 +8,6 @@
 namespace moistair {
 
 /// Appends a field, in quotes where it needs them.
-void appendfield(std::string& out, std::string_view text, char separator = ',');
+void appendField(std::string& out, std::string_view text, char separator = ',');
 
 }  // namespace moistair

@@ -7,7 +7,7 @@ namespace moistair {
 namespace {
 
 /// Bytes of the character that begins with this one, 0 for a byte that can begin none.
-std::size_t expectedlength(unsigned lead) {
+std::size_t expectedLength(unsigned lead) {
   if (lead < 0x80) return 1;
   if (lead < 0xC2) return 0;
   if (lead < 0xE0) return 2;
@@ -23,18 +23,18 @@ bool forbidden(unsigned lead, unsigned second) {
 
 }  // namespace
 
-Utf8Piece firstpiece(std::string_view text) {
+Utf8Piece firstPiece(std::string_view text) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(text[i])); };
-  const std::size_t expected = expectedlength(byte(0));
+  const std::size_t expected = expectedLength(byte(0));
   std::size_t length = 1;
   while (length < std::min(expected, text.size()) && (byte(length) & 0xC0U) == 0x80) ++length;
   return {length, length == expected && !(length > 1 && forbidden(byte(0), byte(1)))};
 }
 
-bool isutf8(std::string_view text) {
+bool isUtf8(std::string_view text) {
   while (!text.empty()) {
-    const Utf8Piece piece = firstpiece(text);
-    if (!piece.ischaracter) return false;
+    const Utf8Piece piece = firstPiece(text);
+    if (!piece.isCharacter) return false;
     text.remove_prefix(piece.length);
   }
   return true;

@@ -10,13 +10,13 @@ namespace moistair {
 /// than it need be.
 struct Utf8Piece {
   std::size_t length;  ///< [bytes], at least 1
-  bool ischaracter;    ///< false also for a form that UTF-8 forbids
+  bool isCharacter;    ///< false also for a form that UTF-8 forbids
 };
 
 /// The text must not be empty.
-Utf8Piece firstpiece(std::string_view text);
+Utf8Piece firstPiece(std::string_view text);
 
 /// Whether all of the text is characters.
-bool isutf8(std::string_view text);
+bool isUtf8(std::string_view text);
 
 }  // namespace moistair

@@ -9,15 +9,15 @@ namespace moistair {
 
 void ControlMaker::setup(QWidget& control, const Control& row) {
   control.setObjectName(QString::fromUtf8(row.name));
-  const QString tooltip = QString::fromUtf8(row.tooltip);
-  if (!tooltip.isEmpty()) control.setToolTip(tooltip);
+  const QString toolTip = QString::fromUtf8(row.toolTip);
+  if (!toolTip.isEmpty()) control.setToolTip(toolTip);
   const QString caption = QString::fromUtf8(row.caption);
   if (!caption.isEmpty()) control.setProperty("text", caption);
-  if (auto* button = qobject_cast<QPushButton*>(&control)) pressbyreturn(*button);
+  if (auto* button = qobject_cast<QPushButton*>(&control)) pressByReturn(*button);
   placed_.push_back({&control, row.tab});
 }
 
-void ControlMaker::settaborder() {
+void ControlMaker::setTabOrder() {
   std::stable_sort(placed_.begin(), placed_.end(), [](const Placed& a, const Placed& b) { return a.tab < b.tab; });
   QWidget* last = nullptr;
   for (const Placed& placed : placed_) {
@@ -27,7 +27,7 @@ void ControlMaker::settaborder() {
   }
 }
 
-void pressbyreturn(QPushButton& button) {
+void pressByReturn(QPushButton& button) {
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
     auto* shortcut = new QShortcut(key, &button);
     shortcut->setContext(Qt::WidgetShortcut);
@@ -36,16 +36,16 @@ void pressbyreturn(QPushButton& button) {
   }
 }
 
-void nameinput(QWidget& input, const QString& name) { input.setAccessibleName(name); }
+void nameInput(QWidget& input, const QString& name) { input.setAccessibleName(name); }
 
-void namelist(QWidget& list, const QString& name) {
+void nameList(QWidget& list, const QString& name) {
   auto* label = new QLabel(name, list.parentWidget());
   label->setBuddy(&list);
   label->hide();
-  nameinput(list, name);
+  nameInput(list, name);
 }
 
-void makereadout(QLabel& label) {
+void makeReadout(QLabel& label) {
   label.setTextFormat(Qt::PlainText);
   label.setTextInteractionFlags(Qt::TextSelectableByMouse);
 }

@@ -27,7 +27,7 @@ struct Cell {
 struct Control {
   const char* name;     ///< layout name, "Command14"
   const char* caption;  ///< text at the start; "\n" where a caption wraps
-  const char* tooltip;  ///< empty for none
+  const char* toolTip;  ///< empty for none
   Cell cell;
   int tab;  ///< place in the tab order
 };
@@ -47,7 +47,7 @@ public:
   }
 
   /// Chains the controls that take the focus in the order of the table's tab column.
-  void settaborder();
+  void setTabOrder();
 
 private:
   void setup(QWidget& control, const Control& row);
@@ -63,15 +63,15 @@ private:
 
 /// Has Return press the button that has the focus, as the space bar does. A dialog's buttons know that by themselves,
 /// but only in exchange for one that Return presses from every box.
-void pressbyreturn(QPushButton& button);
+void pressByReturn(QPushButton& button);
 
 /// Gives a control its name for a screen reader.
-void nameinput(QWidget& input, const QString& name);
+void nameInput(QWidget& input, const QString& name);
 
 /// Gives a list without a caption of its own its name: a screen reader takes that from a label, here a hidden one.
-void namelist(QWidget& list, const QString& name);
+void nameList(QWidget& list, const QString& name);
 
 /// Makes a label a read-out: its value can be selected and copied, and a screen reader reads the value itself.
-void makereadout(QLabel& label);
+void makeReadout(QLabel& label);
 
 }  // namespace moistair

@@ -9,10 +9,10 @@ namespace moistair {
 /// Has a widget's painter work in pixels of the screen, so that one of an image covers one of these. Where the two
 /// scales differ, the widget may begin between two.
 /// @param ratio pixels of the screen to the logical pixel
-inline void workindevicepixels(QPainter& painter, double ratio) {
-  const QTransform todevice = painter.deviceTransform();
-  const QPointF corner = todevice.map(QPointF());
-  painter.translate(todevice.inverted().map(QPointF(corner.toPoint())));
+inline void workInDevicePixels(QPainter& painter, double ratio) {
+  const QTransform toDevice = painter.deviceTransform();
+  const QPointF corner = toDevice.map(QPointF());
+  painter.translate(toDevice.inverted().map(QPointF(corner.toPoint())));
   painter.scale(1 / ratio, 1 / ratio);
 }
 

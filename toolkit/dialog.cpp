@@ -6,13 +6,13 @@
 
 namespace moistair {
 
-void standover(QWidget& window, QWidget& below) {
+void stayAbove(QWidget& window, QWidget& below) {
   window.winId();  // from here on there is a window to speak of
   window.windowHandle()->setTransientParent(below.windowHandle());
 }
 
-Dialog::Dialog(QWidget* main, const QString& layoutname, const QString& title) : QDialog(main) {
-  setObjectName(layoutname);
+Dialog::Dialog(QWidget* main, const QString& layoutName, const QString& title) : QDialog(main) {
+  setObjectName(layoutName);
   setWindowTitle(title);
   if (main != nullptr) setWindowModality(Qt::WindowModal);
 }

@@ -9,7 +9,7 @@ namespace moistair {
 
 namespace {
 
-constexpr int usualcharacters = 16;  ///< room that is asked for; what is longer uses the room that there is
+constexpr int usualCharacters = 16;  ///< room that is asked for; what is longer uses the room that there is
 
 }  // namespace
 
@@ -18,14 +18,14 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 
-void ElidedLabel::setelision(Qt::TextElideMode place) {
+void ElidedLabel::setElision(Qt::TextElideMode place) {
   place_ = place;
   update();
 }
 
 QSize ElidedLabel::sizeHint() const {
   const QFontMetrics metrics = fontMetrics();
-  return {usualcharacters * metrics.averageCharWidth(), metrics.height()};
+  return {usualCharacters * metrics.averageCharWidth(), metrics.height()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const { return sizeHint(); }

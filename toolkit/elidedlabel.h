@@ -12,8 +12,8 @@ class ElidedLabel final : public QLabel {
 public:
   explicit ElidedLabel(QWidget* parent = nullptr);
 
-  /// Where the ellipsis stands; at the right if nobody says.
-  void setelision(Qt::TextElideMode place);
+  /// Where the ellipsis is; at the right by default.
+  void setElision(Qt::TextElideMode place);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;

@@ -10,8 +10,8 @@
 namespace moistair {
 
 /// The bytes of a name. None for one whose bytes the dialog could not show: two of them may look the same, and the one
-/// that was meant cannot be told any more.
-inline std::optional<std::filesystem::path> nativename(const QString& name) {
+/// that was meant is no longer known.
+inline std::optional<std::filesystem::path> nativeName(const QString& name) {
   if (name.contains(QChar::ReplacementCharacter)) return std::nullopt;
   return QFile::encodeName(name).toStdString();
 }

@@ -33,7 +33,7 @@ void ListBox::append(const char* item) {
 
 void ListBox::initStyleOption(QStyleOptionComboBox* option) const {
   QComboBox::initStyleOption(option);
-  option->palette = framepalette(option->palette);
+  option->palette = framePalette(option->palette);
 }
 
 void ListBox::choose(int index) {

@@ -35,7 +35,7 @@ private:
   void append(const char* item);
   void choose(int index);
 
-  int last_ = -1;  ///< selected index, as far as anyone has been told
+  int last_ = -1;  ///< selected index, as last reported
 };
 
 }  // namespace moistair

@@ -35,7 +35,7 @@ protected:
     constexpr qreal corner = 7;
     constexpr float tint = 0.16F;
     QPainter painter(this);
-    QColor color = markcolor(mark_, palette());
+    QColor color = markColor(mark_, palette());
     const QRectF frame = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
     painter.setPen(QPen(color, line, mark_ == BoxMark::note ? Qt::DashLine : Qt::SolidLine));
     painter.drawRect(frame);
@@ -52,20 +52,20 @@ private:
   BoxMark mark_ = BoxMark::none;
 };
 
-MarkFrame* frameof(QWidget& control) {
+MarkFrame* frameOf(QWidget& control) {
   return static_cast<MarkFrame*>(control.findChild<QWidget*>(QStringLiteral("mark"), Qt::FindDirectChildrenOnly));
 }
 
 }  // namespace
 
-QColor markcolor(BoxMark mark, const QPalette& palette) {
+QColor markColor(BoxMark mark, const QPalette& palette) {
   const bool dark = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
   if (mark == BoxMark::fault) return dark ? QColor(255, 120, 110) : QColor(190, 20, 20);
   return dark ? QColor(255, 190, 70) : QColor(160, 90, 0);
 }
 
-void setmark(QWidget& control, BoxMark mark, const QString& words) {
-  MarkFrame* frame = frameof(control);
+void setMark(QWidget& control, BoxMark mark, const QString& words) {
+  MarkFrame* frame = frameOf(control);
   if (frame == nullptr && mark != BoxMark::none) frame = new MarkFrame(control);
   if (frame != nullptr) frame->show(mark);
   if (control.toolTip() == words) return;
@@ -73,10 +73,10 @@ void setmark(QWidget& control, BoxMark mark, const QString& words) {
   control.setAccessibleDescription(words);
 }
 
-void paintsign(QPainter& painter, const QRectF& square, BoxMark mark, const QPalette& palette) {
+void paintSign(QPainter& painter, const QRectF& square, BoxMark mark, const QPalette& palette) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  const QColor color = markcolor(mark, palette);
+  const QColor color = markColor(mark, palette);
   const qreal unit = square.width() / 8;
   QPainterPath triangle(square.topLeft() + QPointF(4 * unit, 0.4 * unit));
   triangle.lineTo(square.bottomRight() - QPointF(0, 0.6 * unit));

@@ -18,7 +18,7 @@ QMessageBox::StandardButton ask(QWidget* parent, const QString& title, const QSt
   return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
-const QString& applicationtitle() {
+const QString& applicationTitle() {
   static const QString title = QStringLiteral("Moistair");
   return title;
 }
@@ -26,15 +26,15 @@ const QString& applicationtitle() {
 }  // namespace
 
 void message(QWidget* parent, const QString& text) {
-  ask(parent, applicationtitle(), text, QMessageBox::Information, QMessageBox::Ok);
+  ask(parent, applicationTitle(), text, QMessageBox::Information, QMessageBox::Ok);
 }
 
 void warning(QWidget* parent, const QString& text) {
-  ask(parent, applicationtitle(), text, QMessageBox::Warning, QMessageBox::Ok);
+  ask(parent, applicationTitle(), text, QMessageBox::Warning, QMessageBox::Ok);
 }
 
-void messageokcancel(QWidget* parent, const QString& text) {
-  ask(parent, applicationtitle(), text, QMessageBox::Information, QMessageBox::Ok | QMessageBox::Cancel);
+void messageOkCancel(QWidget* parent, const QString& text) {
+  ask(parent, applicationTitle(), text, QMessageBox::Information, QMessageBox::Ok | QMessageBox::Cancel);
 }
 
 bool question(QWidget* parent, const QString& title, const QString& text) {
@@ -42,7 +42,7 @@ bool question(QWidget* parent, const QString& title, const QString& text) {
 }
 
 bool choice(QWidget* parent, const QString& text, const QString& first, const QString& second) {
-  QMessageBox box(QMessageBox::Question, applicationtitle(), text, QMessageBox::NoButton, parent);
+  QMessageBox box(QMessageBox::Question, applicationTitle(), text, QMessageBox::NoButton, parent);
   box.setTextFormat(Qt::PlainText);
   auto* one = box.addButton(first, QMessageBox::AcceptRole);
   const QAbstractButton* other = box.addButton(second, QMessageBox::AcceptRole);
@@ -52,8 +52,8 @@ bool choice(QWidget* parent, const QString& text, const QString& first, const QS
   return box.clickedButton() != other;
 }
 
-Unsaved asktosave(QWidget* parent, const QString& text) {
-  const auto answer = ask(parent, applicationtitle(), text, QMessageBox::Question,
+Unsaved askToSave(QWidget* parent, const QString& text) {
+  const auto answer = ask(parent, applicationTitle(), text, QMessageBox::Question,
                           QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
   if (answer == QMessageBox::Save) return Unsaved::save;
   return answer == QMessageBox::Discard ? Unsaved::discard : Unsaved::cancel;

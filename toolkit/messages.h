@@ -14,7 +14,7 @@ void message(QWidget* parent, const QString& text);
 void warning(QWidget* parent, const QString& text);
 
 /// The same as `message` with OK and Cancel; the answer means nothing.
-void messageokcancel(QWidget* parent, const QString& text);
+void messageOkCancel(QWidget* parent, const QString& text);
 
 /// Asks a question under a title of its own; true for Yes. Esc and the window manager answer No.
 bool question(QWidget* parent, const QString& title, const QString& text);
@@ -26,6 +26,6 @@ bool choice(QWidget* parent, const QString& text, const QString& first, const QS
 enum class Unsaved { save, discard, cancel };
 
 /// Asks for it. Esc and the window manager answer Cancel.
-Unsaved asktosave(QWidget* parent, const QString& text);
+Unsaved askToSave(QWidget* parent, const QString& text);
 
 }  // namespace moistair

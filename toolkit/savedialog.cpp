@@ -17,21 +17,21 @@ public:
   using QFileDialog::QFileDialog;
 
   QString path() const { return selectedFiles().value(0); }
-  bool folderexists() const { return QFileInfo(path()).absoluteDir().exists(); }
+  bool folderExists() const { return QFileInfo(path()).absoluteDir().exists(); }
 
   void accept() override {
-    const bool ofdesktop = testAttribute(Qt::WA_DontShowOnScreen);
-    if (!folderexists()) {
+    const bool ofDesktop = testAttribute(Qt::WA_DontShowOnScreen);
+    if (!folderExists()) {
       warning(this, QStringLiteral("There is no folder ") + QFileInfo(path()).absolutePath());
-      if (!ofdesktop) return;
+      if (!ofDesktop) return;
     }
     QFileDialog::accept();
   }
 };
 
-/// Gives each filter once more the pattern that its text ends with, for the dialog to use and not to show. "*.*" stands
+/// Gives each filter once more the pattern that its text ends with, for the dialog to use and not to show. "*.*" means
 /// for all names, as it always did, where the dialog would leave out those without a dot.
-QStringList withpatterns(QStringList filters) {
+QStringList withPatterns(QStringList filters) {
   for (QString& filter : filters) {
     const QString pattern = filter.mid(filter.lastIndexOf(u'('));
     filter += pattern == QStringLiteral("(*.*)") ? QStringLiteral("(*)") : pattern;
@@ -46,7 +46,7 @@ std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& reque
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
-  dialog.setNameFilters(withpatterns(request.filters));
+  dialog.setNameFilters(withPatterns(request.filters));
   const QFileInfo first(request.path.isEmpty() ? path_ : request.path);
   if (!first.filePath().isEmpty()) {
     dialog.setDirectory(first.absolutePath());
@@ -54,7 +54,7 @@ std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& reque
   }
   do {
     if (dialog.exec() != QDialog::Accepted || dialog.path().isEmpty()) return std::nullopt;
-  } while (!dialog.folderexists());
+  } while (!dialog.folderExists());
   path_ = dialog.path();
   for (const QString& filter : request.filters) {
     if (dialog.selectedNameFilter().startsWith(filter)) filter_ = filter;
@@ -62,7 +62,7 @@ std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& reque
   return path_;
 }
 
-std::optional<QString> completename(QWidget* parent, const QString& title, QString path, const QStringList& endings) {
+std::optional<QString> completeName(QWidget* parent, const QString& title, QString path, const QStringList& endings) {
   const auto ends = [&](const QString& ending) { return path.endsWith(ending, Qt::CaseInsensitive); };
   if (std::any_of(endings.begin(), endings.end(), ends)) return path;
   path += endings.value(0);

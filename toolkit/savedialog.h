@@ -12,7 +12,7 @@ namespace moistair {
 /// What one use of the save dialog shows.
 struct SaveRequest {
   QString title;
-  QStringList filters;  ///< in the form of QFileDialog; the first is in force
+  QStringList filters;  ///< in the form of QFileDialog; the first is selected
   QString path = {};    ///< to begin with; that of the last use if there is none
 };
 
@@ -20,10 +20,10 @@ struct SaveRequest {
 /// stays open until the folder exists and adds no ending of its own.
 class SaveDialog {
 public:
-  /// The path chosen, none if the user cancelled.
+  /// The path chosen, none if the user canceled.
   std::optional<QString> ask(QWidget* parent, const SaveRequest& request);
 
-  const QString& lastfilter() const { return filter_; }  ///< filter in force when the last path was chosen
+  const QString& lastFilter() const { return filter_; }  ///< filter when the last path was chosen
 
 private:
   QString path_;
@@ -32,6 +32,6 @@ private:
 
 /// Gives a name chosen in the dialog its ending, if it has none of these: the first. The dialog has not asked about the
 /// name so made, so a file of that name is asked about here; none if it is to stay.
-std::optional<QString> completename(QWidget* parent, const QString& title, QString path, const QStringList& endings);
+std::optional<QString> completeName(QWidget* parent, const QString& title, QString path, const QStringList& endings);
 
 }  // namespace moistair

@@ -8,10 +8,10 @@
 namespace moistair {
 
 /// The palette in which the frame of a box stands out. Styles make it darker than the window, so that on a dark window
-/// it would not be seen; there it is made from a colour nearer to that of the text. A light scheme stays as it is.
-QPalette framepalette(QPalette palette);
+/// it would not be seen; there it is made from a color nearer to that of the text. A light scheme stays as it is.
+QPalette framePalette(QPalette palette);
 
-/// A text box whose frame and placeholder stand out in every colour scheme, also in one that comes while the program
+/// A text box whose frame and placeholder stand out in every color scheme, also in one that comes while the program
 /// runs.
 class ValueBox final : public QLineEdit {
 public:
@@ -22,7 +22,7 @@ protected:
   void initStyleOption(QStyleOptionFrame* option) const override;
 
 private:
-  void fadeplaceholder();
+  void fadePlaceholder();
 };
 
 }  // namespace moistair

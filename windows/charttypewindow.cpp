@@ -12,10 +12,10 @@ namespace moistair {
 namespace {
 
 constexpr Control frame{"Frame1", "", "", {0, 0, 1, 2}, 0};
-constexpr Control standardoption{"Option1", "Draw standard chart", "", {0, 0, 1, 1}, 1};
-constexpr Control blankoption{"Option2", "Draw blank chart", "", {1, 0, 1, 1}, 2};
-constexpr Control drawcommand{"Command1", "Draw chart", "", {1, 0, 1, 1}, 3};
-constexpr Control leavecommand{"Command2", "Exit and return to main chart", "", {1, 1, 1, 1}, 4};
+constexpr Control standardOption{"Option1", "Draw standard chart", "", {0, 0, 1, 1}, 1};
+constexpr Control blankOption{"Option2", "Draw blank chart", "", {1, 0, 1, 1}, 2};
+constexpr Control drawCommand{"Command1", "Draw chart", "", {1, 0, 1, 1}, 3};
+constexpr Control leaveCommand{"Command2", "Exit and return to main chart", "", {1, 1, 1, 1}, 4};
 
 }  // namespace
 
@@ -29,13 +29,13 @@ ChartTypeWindow::ChartTypeWindow() : Dialog(nullptr, QStringLiteral("Form6"), QS
   auto* options = new QGridLayout(group);
   options->setContentsMargins(24, 16, 24, 16);
   options->setSpacing(12);
-  auto* standard = make.add<QRadioButton>(*options, standardoption);
-  make.add<QRadioButton>(*options, blankoption);
+  auto* standard = make.add<QRadioButton>(*options, standardOption);
+  make.add<QRadioButton>(*options, blankOption);
   standard->setChecked(true);
-  auto* draw = make.add<QPushButton>(*grid, drawcommand);
-  auto* exit = make.add<QPushButton>(*grid, leavecommand);
+  auto* draw = make.add<QPushButton>(*grid, drawCommand);
+  auto* exit = make.add<QPushButton>(*grid, leaveCommand);
   draw->setDefault(true);
-  make.settaborder();
+  make.setTabOrder();
   connect(draw, &QPushButton::clicked, this,
           [this, standard] { Q_EMIT chosen(standard->isChecked() ? ChartType::standard : ChartType::blank); });
   connect(exit, &QPushButton::clicked, this, &ChartTypeWindow::leave);

@@ -10,7 +10,7 @@
 namespace moistair {
 
 /// Leaves the main window usable, and any dialog too: it has no parent, since a dialog over its parent would shut it
-/// out. Whoever shows it says what it stands over, lest that bury it.
+/// out. Whoever shows it says what it is kept above, lest that bury it.
 class ChartTypeWindow final : public Dialog {
   Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
   ChartTypeWindow();
 
 Q_SIGNALS:
-  void chosen(ChartType charttype);
+  void chosen(ChartType chartType);
   void left();
 
 protected:

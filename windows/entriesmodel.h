@@ -1,5 +1,5 @@
 /// \file
-/// The table of all that stands on the chart, as Qt's views take it.
+/// The table of everything on the chart, as Qt's views take it.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -10,14 +10,14 @@
 namespace moistair {
 
 /// Shows rows that are worked out elsewhere and changes none of them: a point's identification can be typed over, and
-/// what was typed is told. Whoever owns the document changes that and hands in the rows that follow from it.
+/// what was typed is reported. Whoever owns the document changes that and hands in the rows that follow from it.
 class EntriesModel final : public QAbstractTableModel {
   Q_OBJECT
 
 public:
   using QAbstractTableModel::QAbstractTableModel;
 
-  void setrows(std::vector<TableRow> rows);
+  void setRows(std::vector<TableRow> rows);
   const std::vector<TableRow>& rows() const { return rows_; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -31,7 +31,7 @@ Q_SIGNALS:
   void renamed(std::size_t entry, const QString& identification);
 
 private:
-  const TableRow& rowof(const QModelIndex& index) const { return rows_[static_cast<std::size_t>(index.row())]; }
+  const TableRow& rowOf(const QModelIndex& index) const { return rows_[static_cast<std::size_t>(index.row())]; }
 
   std::vector<TableRow> rows_;
 };

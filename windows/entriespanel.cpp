@@ -13,7 +13,7 @@ namespace moistair {
 
 namespace {
 
-constexpr int rowspacing = 6;  // logical pixels
+constexpr int rowSpacing = 6;  // logical pixels
 
 }  // namespace
 
@@ -27,7 +27,7 @@ EntriesPanel::EntriesPanel(QWidget* main)
   table_->setWordWrap(false);
   table_->verticalHeader()->hide();
   table_->horizontalHeader()->setHighlightSections(false);  // bold heads would not fit
-  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + rowspacing);
+  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + rowSpacing);
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   auto* panel = new QWidget;
   auto* rows = new QVBoxLayout(panel);
@@ -47,46 +47,46 @@ EntriesPanel::EntriesPanel(QWidget* main)
     return action;
   };
   command(QStringLiteral("&Copy"), QKeySequence::Copy, [this] { copy(); });
-  command(QStringLiteral("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deletechosen(selectedentries()); });
-  command(QStringLiteral("&Write as CSV..."), {}, [this] { Q_EMIT csvchosen(model_.rows(), chosenrows()); });
-  exact_ = command(QStringLiteral("Ta&ke exact states"), {}, [this] { Q_EMIT exactchosen(selectedentries()); });
+  command(QStringLiteral("&Delete"), QKeySequence::Delete, [this] { Q_EMIT deleteChosen(selectedEntries()); });
+  command(QStringLiteral("&Write as CSV..."), {}, [this] { Q_EMIT csvChosen(model_.rows(), chosenRows()); });
+  exact_ = command(QStringLiteral("Ta&ke exact states"), {}, [this] { Q_EMIT exactChosen(selectedEntries()); });
   exact_->setToolTip(
       QStringLiteral("Put the exact states in place of those that miss a given value: of the rows selected, or all"));
   buttons->addStretch();
   setWidget(panel);
   connect(&model_, &EntriesModel::renamed, this, &EntriesPanel::renamed, Qt::QueuedConnection);
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          [this] { Q_EMIT selected(selectedentries()); });
+          [this] { Q_EMIT selected(selectedEntries()); });
 }
 
 void EntriesPanel::show(const Document& document) {
-  model_.setrows(tablerows(document));
+  model_.setRows(tableRows(document));
   table_->resizeColumnsToContents();
   const auto misses = [](const TableRow& row) { return row.missed.any() && row.note.empty(); };
   exact_->setEnabled(std::any_of(model_.rows().begin(), model_.rows().end(), misses));
-  shownotes();
+  showNotes();
   Q_EMIT selected({});
 }
 
 /// Notes come right behind the kind, where they are seen; a long one is in the tool tip as well.
-void EntriesPanel::shownotes() {
-  constexpr int mostletters = 46;
-  constexpr int column = static_cast<int>(notecolumn);
+void EntriesPanel::showNotes() {
+  constexpr int mostLetters = 46;
+  constexpr int column = static_cast<int>(noteColumn);
   if (model_.columnCount() <= column) return;
   QHeaderView& heads = *table_->horizontalHeader();
   heads.moveSection(heads.visualIndex(column), 1);
-  const int most = mostletters * table_->fontMetrics().averageCharWidth();
+  const int most = mostLetters * table_->fontMetrics().averageCharWidth();
   table_->setColumnWidth(column, std::min(table_->columnWidth(column), most));
 }
 
-int EntriesPanel::fullwidth() const {
+int EntriesPanel::fullWidth() const {
   const int beside =
       style()->pixelMetric(QStyle::PM_LayoutLeftMargin) + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
   return table_->horizontalHeader()->length() + 2 * beside;
 }
 
 /// The rows selected, or all of them if none is.
-std::vector<TableRow> EntriesPanel::chosenrows() const {
+std::vector<TableRow> EntriesPanel::chosenRows() const {
   std::vector<TableRow> chosen;
   for (int row = 0; row < model_.rowCount(); ++row) {
     if (table_->selectionModel()->isRowSelected(row, {}))
@@ -96,7 +96,7 @@ std::vector<TableRow> EntriesPanel::chosenrows() const {
 }
 
 /// A mixture has three rows and is one entry.
-std::vector<std::size_t> EntriesPanel::selectedentries() const {
+std::vector<std::size_t> EntriesPanel::selectedEntries() const {
   std::vector<std::size_t> entries;
   for (const QModelIndex& row : table_->selectionModel()->selectedRows()) {
     entries.push_back(model_.rows()[static_cast<std::size_t>(row.row())].entry);
@@ -107,7 +107,7 @@ std::vector<std::size_t> EntriesPanel::selectedentries() const {
 }
 
 void EntriesPanel::copy() const {
-  QGuiApplication::clipboard()->setText(QString::fromStdString(tabletext(chosenrows(), '\t')));
+  QGuiApplication::clipboard()->setText(QString::fromStdString(tableText(chosenRows(), '\t')));
 }
 
 }  // namespace moistair

@@ -1,5 +1,5 @@
 /// \file
-/// The table beside the chart, "Points and lines".
+/// The table next to the chart, "Points and lines".
 #pragma once
 
 #include <QDockWidget>
@@ -10,7 +10,7 @@
 
 namespace moistair {
 
-/// Lists all that stands on the chart, in the order in which it was drawn. What the user wants done with it is told by
+/// Lists everything on the chart, in the order in which it was drawn. What the user wants done with it is reported by
 /// signals: the main window changes the document and hands it back.
 class EntriesPanel final : public QDockWidget {
   Q_OBJECT
@@ -22,21 +22,21 @@ public:
   using QDockWidget::show;
 
   /// Width in which all columns can be seen [logical pixels].
-  int fullwidth() const;
+  int fullWidth() const;
 
 Q_SIGNALS:
   void renamed(std::size_t entry, const QString& identification);
-  void deletechosen(const std::vector<std::size_t>& entries);
-  void exactchosen(const std::vector<std::size_t>& entries);  ///< exact states for these, or for all if there is none
+  void deleteChosen(const std::vector<std::size_t>& entries);
+  void exactChosen(const std::vector<std::size_t>& entries);  ///< exact states for these, or for all if there is none
   void selected(const std::vector<std::size_t>& entries);     ///< by their places in the document; may be none
   /// Rows are to be written to a file: all that there are, and those selected, or all again if none is.
-  void csvchosen(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
+  void csvChosen(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
 
 private:
-  std::vector<TableRow> chosenrows() const;
-  std::vector<std::size_t> selectedentries() const;
+  std::vector<TableRow> chosenRows() const;
+  std::vector<std::size_t> selectedEntries() const;
   void copy() const;
-  void shownotes();
+  void showNotes();
 
   EntriesModel model_;
   QTableView* table_;

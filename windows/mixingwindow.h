@@ -22,7 +22,7 @@
 #include "toolkit/controls.h"
 #include "toolkit/dialog.h"
 #include "toolkit/listbox.h"
-#include "toolkit/tellingline.h"
+#include "toolkit/messageline.h"
 #include "windows/notes.h"
 
 namespace moistair {
@@ -34,7 +34,7 @@ struct MixingChart {
   std::function<const char*(const MixingProblem& problem, const ChartLimits& limits)> draw;
 };
 
-/// The streams of the problem before, as they were typed; none before the first.
+/// The streams of the last problem, as they were typed; none before the first.
 using LastStreams = std::optional<std::array<AirStream, 2>>;
 
 class MixingWindow final : public Dialog {
@@ -50,7 +50,7 @@ public:
 
 Q_SIGNALS:
   /// "Save data": the block wants to be appended to the log, and the window stays open.
-  void savechosen(const std::vector<std::string>& block);
+  void saveChosen(const std::vector<std::string>& block);
   /// The mixing line is on the chart, and the window is to be left.
   void drawn();
   /// The window is to be left, with the problem gone.
@@ -63,29 +63,29 @@ private:
   struct Inputs : PairBoxes {
     QLineEdit* flow;
   };
-  using Readouts = std::array<QLabel*, readoutcount>;  ///< null where the stream has an input instead
+  using Readouts = std::array<QLabel*, readoutCount>;  ///< null where the stream has an input instead
 
-  QLayout* maketable(ControlMaker& maker);
-  void makeinputs(ControlMaker& maker, QGridLayout& grid, std::size_t stream);
-  void makereadouts(ControlMaker& maker, QGridLayout& grid);
-  QLabel* addreadout(ControlMaker& maker, QGridLayout& grid, const char* name, std::size_t row, std::size_t column);
-  QLayout* makenotes();
-  QLayout* makebuttons(ControlMaker& maker);
-  QLayout* makelastbutton();
+  QLayout* makeTable(ControlMaker& maker);
+  void makeInputs(ControlMaker& maker, QGridLayout& grid, std::size_t stream);
+  void makeReadouts(ControlMaker& maker, QGridLayout& grid);
+  QLabel* addReadout(ControlMaker& maker, QGridLayout& grid, const char* name, std::size_t row, std::size_t column);
+  QLayout* makeNotes();
+  QLayout* makeButtons(ControlMaker& maker);
+  QLayout* makeLastButton();
 
-  void connectinputs(std::size_t stream);
-  void onchange(std::size_t stream);
-  void showproblem();
-  void readinputs(MixingProblem& problem, std::size_t stream) const;
+  void connectInputs(std::size_t stream);
+  void onChange(std::size_t stream);
+  void showProblem();
+  void readInputs(MixingProblem& problem, std::size_t stream) const;
   void judge(std::size_t stream);
-  void shownotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
-  void useexact(std::size_t stream);
-  void shownotes();
+  void showNotes(const MixingProblem& problem, std::size_t stream, const Resolution& resolution);
+  void useExact(std::size_t stream);
+  void showNotes();
   void useExactMixture();
   void fill(const std::array<AirStream, 2>& streams);
   void remember();
-  void onsave();
-  void ondraw();
+  void onSave();
+  void onDraw();
 
   MixingChart chart_;
   LastStreams& last_;
@@ -93,12 +93,12 @@ private:
   ChartLimits limits_;  ///< as last read; a list's text that is no number leaves its limit as it was
   std::array<Inputs, 2> inputs_{};
   std::array<Readouts, 3> readouts_{};  ///< of the streams and the mixture
-  QLabel* pressurecaption_ = nullptr;
-  QPushButton* savebutton_ = nullptr;
-  TellingLine* answer_ = nullptr;
+  QLabel* pressureCaption_ = nullptr;
+  QPushButton* saveButton_ = nullptr;
+  MessageLine* answer_ = nullptr;
   std::array<StreamNotes, 2> notes_;
-  std::array<TellingLine*, 2> noteslines_{};  ///< below the table
-  TellingLine* mixtureline_ = nullptr;        ///< below them, about the mixed stream
+  std::array<MessageLine*, 2> notesLines_{};  ///< below the table
+  MessageLine* mixtureLine_ = nullptr;        ///< below them, about the mixed stream
 };
 
 }  // namespace moistair

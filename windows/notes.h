@@ -7,7 +7,7 @@
 
 #include "advice/pairnotes.h"
 #include "toolkit/listbox.h"
-#include "toolkit/tellingline.h"
+#include "toolkit/messageline.h"
 
 namespace moistair {
 
@@ -19,15 +19,15 @@ struct PairBoxes {
   QLineEdit* value2;
 };
 
-void setnote(QWidget& control, const BoxNote& note);
-void setnotes(const PairBoxes& boxes, const PairNotes& notes);
+void setNote(QWidget& control, const BoxNote& note);
+void setNotes(const PairBoxes& boxes, const PairNotes& notes);
 
-void tellnote(TellingLine& line, const BoxNote& note);
+void showNote(MessageLine& line, const BoxNote& note);
 /// Words, and a click where they offer the exact state.
 /// @param keys that do the same, for the tool tip
-void tellremark(TellingLine& line, const PairNotes& notes, const QKeySequence& keys = {});
+void showRemark(MessageLine& line, const PairNotes& notes, const QKeySequence& keys = {});
 
 /// Puts a dry and a wet bulb into the boxes, as if they had been chosen and typed.
-void putexact(const Bulbs& bulbs, const PairBoxes& boxes);
+void putExact(const Bulbs& bulbs, const PairBoxes& boxes);
 
 }  // namespace moistair

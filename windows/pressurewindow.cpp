@@ -8,8 +8,8 @@
 #include "toolkit/controls.h"
 #include "toolkit/elidedlabel.h"
 #include "toolkit/listbox.h"
+#include "toolkit/messageline.h"
 #include "toolkit/messages.h"
-#include "toolkit/tellingline.h"
 #include "toolkit/valuebox.h"
 #include "windows/notes.h"
 
@@ -18,33 +18,33 @@ namespace moistair {
 namespace {
 
 constexpr Control title{"Label3", "Chart atmoshperic pressure setting", "", {0, 0, 1, 3}, 4};
-constexpr Control unitcaption{"Label1", "Choose unit", "", {1, 0}, 2};
-constexpr Control entrycaption{"Label2", "Input value", "", {1, 1}, 3};
-constexpr Control unitlist{"Combo1", "", "", {2, 0}, 0};
-constexpr Control entrybox{"Text1", "", "", {2, 1}, 1};
-constexpr Control entryunit{"Label4", "", "", {2, 2}, 5};
-constexpr Control rangehint{"Label11", "", "", {3, 1}, 13};
-constexpr Control entrynote{"note", "", "", {7, 0, 1, 3}, 15};
-constexpr Control waitingnote{"waiting", "", "", {9, 0, 1, 3}, 16};
-constexpr Control inhgcaption{"Label5", "Inches of Hg", "", {4, 0}, 7};
-constexpr Control inhgreadout{"Label8", "", "", {4, 1, 1, 2}, 10};
-constexpr Control psicaption{"Label6", "Pound/sq inch", "", {5, 0}, 8};
-constexpr Control psireadout{"Label9", "", "", {5, 1, 1, 2}, 11};
-constexpr Control feetcaption{"Label7", "Elevation in feet", "", {6, 0}, 9};
-constexpr Control feetreadout{"Label10", "", "", {6, 1, 1, 2}, 12};
-constexpr Control returnbutton{"Command2", "Return to chart", "", {8, 0}, 14};
-constexpr Control setbutton{"Command1", "Set/Change chart atmos. pressure", "", {8, 1, 1, 2}, 6};
+constexpr Control unitCaption{"Label1", "Choose unit", "", {1, 0}, 2};
+constexpr Control entryCaption{"Label2", "Input value", "", {1, 1}, 3};
+constexpr Control unitList{"Combo1", "", "", {2, 0}, 0};
+constexpr Control entryBox{"Text1", "", "", {2, 1}, 1};
+constexpr Control entryUnit{"Label4", "", "", {2, 2}, 5};
+constexpr Control rangeHint{"Label11", "", "", {3, 1}, 13};
+constexpr Control entryNote{"note", "", "", {7, 0, 1, 3}, 15};
+constexpr Control waitingNote{"waiting", "", "", {9, 0, 1, 3}, 16};
+constexpr Control inhgCaption{"Label5", "Inches of Hg", "", {4, 0}, 7};
+constexpr Control inhgReadout{"Label8", "", "", {4, 1, 1, 2}, 10};
+constexpr Control psiCaption{"Label6", "Pound/sq inch", "", {5, 0}, 8};
+constexpr Control psiReadout{"Label9", "", "", {5, 1, 1, 2}, 11};
+constexpr Control feetCaption{"Label7", "Elevation in feet", "", {6, 0}, 9};
+constexpr Control feetReadout{"Label10", "", "", {6, 1, 1, 2}, 12};
+constexpr Control returnButton{"Command2", "Return to chart", "", {8, 0}, 14};
+constexpr Control setButton{"Command1", "Set/Change chart atmos. pressure", "", {8, 1, 1, 2}, 6};
 
-constexpr QSize usualsize{488, 348};
+constexpr QSize usualSize{488, 348};
 constexpr int gap = 24;
 
-constexpr const char* surequestion =
+constexpr const char* sureQuestion =
     "If you change the chart atmos pressure your chart,if any, will be cleared and you need to redraw the chart. Are "
     "You Sure ?";
-constexpr const char* outofrange = "Atmospheric pressure input out of range, change value";
+constexpr const char* outOfRange = "Atmospheric pressure input out of range, change value";
 
 /// Keeps the controls from moving when the label changes to this text.
-void keeproom(QLabel& label, const char* text) {
+void keepRoom(QLabel& label, const char* text) {
   const int width = label.fontMetrics().horizontalAdvance(QString::fromUtf8(text));
   label.setMinimumWidth(std::max(label.minimumWidth(), width));
 }
@@ -63,61 +63,61 @@ PressureWindow::PressureWindow(QWidget* main, const QString& waiting)
   grid->setRowStretch(7, 1);
   for (const int column : {0, 1}) grid->setColumnStretch(column, 1);
   maker.add<QLabel>(*grid, title)->setAlignment(Qt::AlignCenter);
-  makeentry(maker, *grid);
-  makereadouts(maker, *grid);
-  note_ = maker.add<TellingLine>(*grid, entrynote);
+  makeEntry(maker, *grid);
+  makeReadouts(maker, *grid);
+  note_ = maker.add<MessageLine>(*grid, entryNote);
   if (!waiting.isEmpty()) {
-    auto* label = maker.add<QLabel>(*grid, waitingnote);
+    auto* label = maker.add<QLabel>(*grid, waitingNote);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setText(waiting);
   }
-  auto* set = maker.add<QPushButton>(*grid, setbutton);
-  auto* back = maker.add<QPushButton>(*grid, returnbutton);
+  auto* set = maker.add<QPushButton>(*grid, setButton);
+  auto* back = maker.add<QPushButton>(*grid, returnButton);
   set->setDefault(true);
-  maker.settaborder();
-  connect(unit_, &ListBox::chosen, this, &PressureWindow::showunit);
-  connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::showreadouts);
-  connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::shownotes);
-  connect(unit_, &QComboBox::editTextChanged, this, &PressureWindow::shownotes);
-  connect(set, &QPushButton::clicked, this, &PressureWindow::setpressure);
+  maker.setTabOrder();
+  connect(unit_, &ListBox::chosen, this, &PressureWindow::showUnit);
+  connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::showReadouts);
+  connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::showNotes);
+  connect(unit_, &QComboBox::editTextChanged, this, &PressureWindow::showNotes);
+  connect(set, &QPushButton::clicked, this, &PressureWindow::setPressure);
   connect(back, &QPushButton::clicked, this, &PressureWindow::leave);
   unit_->select(static_cast<int>(PressureUnit::standard));
-  resize(sizeHint().expandedTo(usualsize));
+  resize(sizeHint().expandedTo(usualSize));
 }
 
-void PressureWindow::makeentry(ControlMaker& maker, QGridLayout& grid) {
-  auto* unitname = maker.add<QLabel>(grid, unitcaption);
-  auto* entryname = maker.add<QLabel>(grid, entrycaption);
-  for (QLabel* name : {unitname, entryname}) name->setAlignment(Qt::AlignBottom);
-  unit_ = maker.add<ListBox>(grid, unitlist);
-  for (const PressureUnitRow& unit : pressureunits) unit_->fill(std::array{unit.listtext});
-  unitname->setBuddy(unit_);
-  entry_ = maker.add<ValueBox>(grid, entrybox);
-  nameinput(*entry_, entryname->text());
-  entryunit_ = maker.add<QLabel>(grid, entryunit);
-  for (const PressureUnitRow& unit : pressureunits) keeproom(*entryunit_, unit.entryunit);
-  rangehint_ = maker.add<QLabel>(grid, rangehint);
-  rangehint_->setAlignment(Qt::AlignTop);
+void PressureWindow::makeEntry(ControlMaker& maker, QGridLayout& grid) {
+  auto* unitName = maker.add<QLabel>(grid, unitCaption);
+  auto* entryName = maker.add<QLabel>(grid, entryCaption);
+  for (QLabel* name : {unitName, entryName}) name->setAlignment(Qt::AlignBottom);
+  unit_ = maker.add<ListBox>(grid, unitList);
+  for (const PressureUnitRow& unit : pressureUnits) unit_->fill(std::array{unit.listText});
+  unitName->setBuddy(unit_);
+  entry_ = maker.add<ValueBox>(grid, entryBox);
+  nameInput(*entry_, entryName->text());
+  entryUnit_ = maker.add<QLabel>(grid, entryUnit);
+  for (const PressureUnitRow& unit : pressureUnits) keepRoom(*entryUnit_, unit.entryUnit);
+  rangeHint_ = maker.add<QLabel>(grid, rangeHint);
+  rangeHint_->setAlignment(Qt::AlignTop);
 }
 
-void PressureWindow::makereadouts(ControlMaker& maker, QGridLayout& grid) {
-  for (const Control& caption : {inhgcaption, psicaption, feetcaption}) maker.add<QLabel>(grid, caption);
-  inhg_ = maker.add<ElidedLabel>(grid, inhgreadout);
-  psi_ = maker.add<ElidedLabel>(grid, psireadout);
-  feet_ = maker.add<ElidedLabel>(grid, feetreadout);
+void PressureWindow::makeReadouts(ControlMaker& maker, QGridLayout& grid) {
+  for (const Control& caption : {inhgCaption, psiCaption, feetCaption}) maker.add<QLabel>(grid, caption);
+  inhg_ = maker.add<ElidedLabel>(grid, inhgReadout);
+  psi_ = maker.add<ElidedLabel>(grid, psiReadout);
+  feet_ = maker.add<ElidedLabel>(grid, feetReadout);
 }
 
-void PressureWindow::showunit() {
-  const auto chosen = pressureunitat(unit_->selected());
+void PressureWindow::showUnit() {
+  const auto chosen = pressureUnitAt(unit_->selected());
   if (!chosen) return;
-  const PressureUnitRow& unit = rowof(*chosen);
-  entryunit_->setText(QString::fromUtf8(unit.entryunit));
-  rangehint_->setText(QString::fromUtf8(unit.rangehint));
+  const PressureUnitRow& unit = rowOf(*chosen);
+  entryUnit_->setText(QString::fromUtf8(unit.entryUnit));
+  rangeHint_->setText(QString::fromUtf8(unit.rangeHint));
   entry_->setEnabled(chosen != PressureUnit::standard);
   if (chosen == PressureUnit::standard) {
-    entry_->setText(QString::fromUtf8(defaultpressuretext));
-    showreadouts();  // the text may be the one that stood there in another unit
+    entry_->setText(QString::fromUtf8(defaultPressureText));
+    showReadouts();  // the text may be the one that stood there in another unit
   } else {
     entry_->clear();
     for (QLabel* readout : {inhg_, psi_, feet_}) readout->clear();
@@ -125,35 +125,35 @@ void PressureWindow::showunit() {
 }
 
 PressureEntry PressureWindow::entry() const {
-  return {pressureunitat(unit_->selected()), entry_->text().toStdString()};
+  return {pressureUnitAt(unit_->selected()), entry_->text().toStdString()};
 }
 
-void PressureWindow::showreadouts() {
+void PressureWindow::showReadouts() {
   const PressureReadouts earlier{inhg_->text().toStdString(), psi_->text().toStdString(), feet_->text().toStdString()};
-  const PressureReadouts now = pressurereadouts(entry(), earlier);
+  const PressureReadouts now = pressureReadouts(entry(), earlier);
   inhg_->setText(QString::fromStdString(now.inhg));
   psi_->setText(QString::fromStdString(now.psi));
   feet_->setText(QString::fromStdString(now.feet));
 }
 
 /// What the entry counts as where that is not what it looks like, and a unit that is none of the list.
-void PressureWindow::shownotes() {
+void PressureWindow::showNotes() {
   const PressureEntry typed = entry();
-  const BoxNote unit = typed.unit ? BoxNote{} : BoxNote{nounitchosen, true};
-  const BoxNote note = pressurenote(typed);
-  setnote(*unit_, unit);
-  setnote(*entry_, note);
-  tellnote(*note_, unit.empty() ? note : unit);
+  const BoxNote unit = typed.unit ? BoxNote{} : BoxNote{noUnitChosen, true};
+  const BoxNote note = pressureNote(typed);
+  setNote(*unit_, unit);
+  setNote(*entry_, note);
+  showNote(*note_, unit.empty() ? note : unit);
 }
 
-void PressureWindow::setpressure() {
-  if (!question(this, QStringLiteral("DELETE"), QString::fromUtf8(surequestion))) return;
-  const PressureSetting setting = pressurefor(entry());
-  if (setting.inhg) Q_EMIT pressurewritten(*setting.inhg);
+void PressureWindow::setPressure() {
+  if (!question(this, QStringLiteral("DELETE"), QString::fromUtf8(sureQuestion))) return;
+  const PressureSetting setting = pressureFor(entry());
+  if (setting.inhg) Q_EMIT pressureWritten(*setting.inhg);
   if (setting.accepted) {
-    Q_EMIT pressureset(entry());
+    Q_EMIT pressureSet(entry());
   } else {
-    message(this, QString::fromUtf8(outofrange));
+    message(this, QString::fromUtf8(outOfRange));
   }
 }
 

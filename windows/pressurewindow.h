@@ -15,11 +15,11 @@ namespace moistair {
 
 class ControlMaker;
 class ListBox;
-class TellingLine;
+class MessageLine;
 
 /// The first window of the program, and back at each "Set/reset atmos pressure", always with the default chosen. An
-/// opening puts the default pressure back in force: whoever opens it does so (`defaultpressuretext`), since nobody can
-/// hear a window that is not made yet. The window asks, tests and tells; the rest of setting a pressure is the main
+/// opening makes the default pressure current again: whoever opens it does so (`defaultPressureText`), since nobody can
+/// hear a window that is not made yet. The window asks, tests and reports; the rest of setting a pressure is the main
 /// window's.
 class PressureWindow final : public Dialog {
   Q_OBJECT
@@ -29,32 +29,32 @@ public:
   explicit PressureWindow(QWidget* main, const QString& waiting = {});
 
 Q_SIGNALS:
-  /// The pressure in force is to become this text [in Hg]. Told also of an entry that is then refused.
-  void pressurewritten(const std::string& inhg);
-  /// An accepted entry, behind its pressurewritten: the chart is to be cleared for it, and the window to go away.
-  void pressureset(const PressureEntry& entry);
+  /// The current pressure is to become this text [in Hg]. Also emitted for an entry that is then refused.
+  void pressureWritten(const std::string& inhg);
+  /// An accepted entry, behind its pressureWritten: the chart is to be cleared for it, and the window to go away.
+  void pressureSet(const PressureEntry& entry);
   void left();  ///< without setting anything
 
 protected:
   void leave() override;
 
 private:
-  void makeentry(ControlMaker& maker, QGridLayout& grid);
-  void makereadouts(ControlMaker& maker, QGridLayout& grid);
+  void makeEntry(ControlMaker& maker, QGridLayout& grid);
+  void makeReadouts(ControlMaker& maker, QGridLayout& grid);
   PressureEntry entry() const;
-  void showunit();
-  void showreadouts();
-  void shownotes();
-  void setpressure();
+  void showUnit();
+  void showReadouts();
+  void showNotes();
+  void setPressure();
 
   ListBox* unit_ = nullptr;
   QLineEdit* entry_ = nullptr;
-  QLabel* entryunit_ = nullptr;
-  QLabel* rangehint_ = nullptr;
+  QLabel* entryUnit_ = nullptr;
+  QLabel* rangeHint_ = nullptr;
   QLabel* inhg_ = nullptr;
   QLabel* psi_ = nullptr;
   QLabel* feet_ = nullptr;
-  TellingLine* note_ = nullptr;  ///< what the entry is read as, or why it is refused
+  MessageLine* note_ = nullptr;  ///< what the entry is read as, or why it is refused
 };
 
 }  // namespace moistair

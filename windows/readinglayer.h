@@ -17,8 +17,8 @@ struct ShownReading {
   PlotBox box;     ///< where the plot lies on the widget below
   double atm = 0;  ///< pressure of the reading [in Hg]
   Reading reading;
-  QString title;               ///< above the values: what the place is, or what is to be known of it; may be empty
-  std::optional<Place> moved;  ///< a mark on its way, and where it comes from
+  QString title;  ///< above the values: what the place is, or what is to be known of it; may be empty
+  std::optional<ChartCoordinates> moved;  ///< a mark on its way, and where it comes from
 };
 
 /// Cross hair on both axes, the lines of constant wet bulb (short dashes) and relative humidity (long ones) through the
@@ -34,7 +34,7 @@ public:
   void show(ShownReading shown);
   using QWidget::show;
   void clear();
-  bool isclear() const { return !shown_; }
+  bool isClear() const { return !shown_; }
 
 protected:
   void paintEvent(QPaintEvent* event) override;
@@ -48,15 +48,15 @@ private:
 
   void measure();
   void layout();
-  void layoutpanel(QPoint spot);
-  void maketags();
+  void layoutPanel(QPoint pointedAt);
+  void makeTags();
   QRegion touched() const;
-  void drawpanel(QPainter& painter);
-  void drawframe(QPainter& painter, const QRect& place) const;
+  void drawPanel(QPainter& painter);
+  void drawFrame(QPainter& painter, const QRect& place) const;
   QPixmap plate() const;
 
   std::optional<ShownReading> shown_;
-  QPoint spot_;                      ///< what is pointed at
+  QPoint pointedAt_;                 ///< what is pointed at
   QRect plot_;                       ///< the widget's part that the plot takes
   std::array<QPolygonF, 2> curves_;  ///< wet bulb and relative humidity
   std::array<QVector<QLineF>, 2> dashes_;
@@ -65,9 +65,9 @@ private:
   QRect panel_;
   QRegion painted_;  ///< all that is shown
   QPixmap plate_;    ///< the panel without its values, which alone change from move to move
-  QString plateof_;  ///< title or reason that stands on it
+  QString plateOf_;  ///< title or reason that is on it
 
-  int captionwidth_ = 0, valuewidth_ = 0, unitwidth_ = 0, rowheight_ = 0;
+  int captionWidth_ = 0, valueWidth_ = 0, unitWidth_ = 0, rowHeight_ = 0;
 };
 
 }  // namespace moistair

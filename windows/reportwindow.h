@@ -8,7 +8,7 @@
 namespace moistair {
 
 /// Shows one report. It comes new for each located point, holds nothing but the report's texts and changes nothing by
-/// itself: what becomes of the point is told by signals, and the main window does it.
+/// itself: what becomes of the point is reported by signals, and the main window does it.
 class ReportWindow final : public Dialog {
   Q_OBJECT
 
@@ -19,8 +19,8 @@ public:
   const PointReport& report() const { return report_; }
 
 Q_SIGNALS:
-  void savechosen();  ///< one record for the log; the window stays
-  void markchosen();  ///< the point goes on the chart, and the window away
+  void saveChosen();  ///< one record for the log; the window stays
+  void markChosen();  ///< the point goes on the chart, and the window away
   void left();        ///< the point is dropped
 
 protected:

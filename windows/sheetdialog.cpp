@@ -12,13 +12,13 @@ namespace moistair {
 
 namespace {
 
-constexpr double pointsperpixel = 72 / pixelsperinch;
+constexpr double pointsPerPixel = 72 / pixelsPerInch;
 
 enum class Orientation { landscape, portrait };
 
-std::string textof(const QLineEdit& box) { return box.text().trimmed().toStdString(); }
+std::string textOf(const QLineEdit& box) { return box.text().trimmed().toStdString(); }
 
-QString qtext(const std::string& text) { return QString::fromStdString(text); }
+QString qText(const std::string& text) { return QString::fromStdString(text); }
 
 template <class Choice>
 Choice chosen(const QComboBox& list) {
@@ -30,11 +30,11 @@ void choose(QComboBox& list, Choice choice) {
   list.setCurrentIndex(static_cast<int>(choice));
 }
 
-/// The named page that a size is, and whether it stands.
-std::optional<std::pair<int, Orientation>> namedpageof(const PageSize& size) {
-  for (std::size_t i = 0; i < namedpages.size(); ++i) {
+/// The named page that a size is, and whether it is portrait.
+std::optional<std::pair<int, Orientation>> namedPageOf(const PageSize& size) {
+  for (std::size_t i = 0; i < namedPages.size(); ++i) {
     for (const Orientation orientation : {Orientation::landscape, Orientation::portrait}) {
-      if (pageof(namedpages[i], orientation == Orientation::portrait) == size)
+      if (pageOf(namedPages[i], orientation == Orientation::portrait) == size)
         return {{static_cast<int>(i), orientation}};
     }
   }
@@ -51,10 +51,10 @@ SheetPreview::SheetPreview(QWidget* parent) : QWidget(parent) {
 
 void SheetPreview::show(SheetDrawing sheet) {
   sheet_ = std::move(sheet);
-  showpage(page_);
+  showPage(page_);
 }
 
-void SheetPreview::showpage(std::size_t page) {
+void SheetPreview::showPage(std::size_t page) {
   page_ = std::min(page, std::max<std::size_t>(1, sheet_.pages.size()) - 1);
   update();
 }
@@ -64,7 +64,7 @@ void SheetPreview::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().color(QPalette::Mid));
   if (page_ < sheet_.pages.size())
-    paintfitted(sheet_, page_, painter, rect().adjusted(margin, margin, -margin, -margin));
+    paintFitted(sheet_, page_, painter, rect().adjusted(margin, margin, -margin, -margin));
 }
 
 SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const SheetOptions& options, Write write)
@@ -73,7 +73,7 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
       write_(std::move(write)),
       options_(options),
       preview_(new SheetPreview),
-      shownpage_(new QSpinBox),
+      shownPage_(new QSpinBox),
       fault_(new QLabel) {
   setObjectName(QStringLiteral("exportsheet"));
   setWindowTitle(QStringLiteral("Export sheet"));
@@ -84,8 +84,8 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
   columns->addLayout(right, 1);
   auto* form = new QFormLayout;
   left->addLayout(form);
-  maketexts(*form);
-  makelook(*form);
+  makeTexts(*form);
+  makeLook(*form);
   for (const auto& [input, name] :
        {std::pair<QWidget*, const char*>{page_, "page"}, {size_, "size"}, {title_, "title"}}) {
     input->setObjectName(QLatin1String(name));
@@ -101,12 +101,12 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   preview_->setAccessibleName(QStringLiteral("Preview"));
   right->addWidget(preview_, 1);
-  shownpage_->setPrefix(QStringLiteral("Page "));
-  shownpage_->setMinimum(1);
-  shownpage_->setAccessibleName(QStringLiteral("Page shown"));
-  right->addWidget(shownpage_, 0, Qt::AlignHCenter);
-  connect(shownpage_, &QSpinBox::valueChanged, this,
-          [this](int page) { preview_->showpage(static_cast<std::size_t>(page) - 1); });
+  shownPage_->setPrefix(QStringLiteral("Page "));
+  shownPage_->setMinimum(1);
+  shownPage_->setAccessibleName(QStringLiteral("Page shown"));
+  right->addWidget(shownPage_, 0, Qt::AlignHCenter);
+  connect(shownPage_, &QSpinBox::valueChanged, this,
+          [this](int page) { preview_->showPage(static_cast<std::size_t>(page) - 1); });
   show(options);
   follow();
   resize(parent->screen()->availableSize() * 0.75);
@@ -116,7 +116,7 @@ void SheetDialog::accept() {
   if (write_(*this, options_)) QDialog::accept();
 }
 
-void SheetDialog::makelook(QFormLayout& form) {
+void SheetDialog::makeLook(QFormLayout& form) {
   const auto list = [&](const QString& caption, const QStringList& texts) {
     auto* box = new QComboBox;
     box->addItems(texts);
@@ -125,16 +125,16 @@ void SheetDialog::makelook(QFormLayout& form) {
     return box;
   };
   QStringList pages;
-  for (const NamedPage& page : namedpages) pages.append(QString::fromUtf8(page.text));
+  for (const NamedPage& page : namedPages) pages.append(QString::fromUtf8(page.text));
   page_ = list(QStringLiteral("&Page"), pages << QStringLiteral("Other size"));
   size_ = new QLineEdit;
   size_->setPlaceholderText(QStringLiteral("11x8.5in or 1200x800"));
   form.addRow(QStringLiteral("&Size"), size_);
   connect(size_, &QLineEdit::textChanged, this, &SheetDialog::follow);
   orientation_ = list(QStringLiteral("&Orientation"), {QStringLiteral("Landscape"), QStringLiteral("Portrait")});
-  colors_ = list(QStringLiteral("&Colors"), {QStringLiteral("Color"), QStringLiteral("Grey"), QStringLiteral("Dark")});
+  colors_ = list(QStringLiteral("&Colors"), {QStringLiteral("Color"), QStringLiteral("Gray"), QStringLiteral("Dark")});
   letters_ = new QDoubleSpinBox;
-  letters_->setRange(leastletters * pointsperpixel - 0.25, mostletters * pointsperpixel);
+  letters_->setRange(leastLetters * pointsPerPixel - 0.25, mostLetters * pointsPerPixel);
   letters_->setSingleStep(0.5);
   letters_->setDecimals(1);
   letters_->setSuffix(QStringLiteral(" pt"));
@@ -148,13 +148,13 @@ void SheetDialog::makelook(QFormLayout& form) {
     connect(box, &QCheckBox::toggled, this, &SheetDialog::follow);
     return box;
   };
-  enthalpylines_ = mark(QStringLiteral("E&nthalpy lines"));
+  enthalpyLines_ = mark(QStringLiteral("E&nthalpy lines"));
   protractor_ = mark(QStringLiteral("P&rotractor of sensible heat ratio"));
   table_ = mark(QStringLiteral("&Table of states"));
-  titleblock_ = mark(QStringLiteral("Title &block"));
+  titleBlock_ = mark(QStringLiteral("Title &block"));
 }
 
-void SheetDialog::maketexts(QFormLayout& form) {
+void SheetDialog::makeTexts(QFormLayout& form) {
   const auto line = [&](const QString& caption) {
     auto* box = new QLineEdit;
     form.addRow(caption, box);
@@ -163,7 +163,7 @@ void SheetDialog::maketexts(QFormLayout& form) {
   };
   title_ = line(QStringLiteral("T&itle"));
   project_ = line(QStringLiteral("Pro&ject"));
-  drawnby_ = line(QStringLiteral("Drawn b&y"));
+  drawnBy_ = line(QStringLiteral("Drawn b&y"));
   date_ = line(QStringLiteral("&Date"));
 }
 
@@ -173,63 +173,63 @@ void SheetDialog::show(const SheetOptions& options) {
     for (QWidget* input : findChildren<QWidget*>()) blockers.emplace_back(input);
     return blockers;
   }();
-  const auto named = namedpageof(options.page);
-  page_->setCurrentIndex(named ? named->first : static_cast<int>(namedpages.size()));
+  const auto named = namedPageOf(options.page);
+  page_->setCurrentIndex(named ? named->first : static_cast<int>(namedPages.size()));
   choose(*orientation_, named ? named->second : Orientation::landscape);
   if (!named) size_->setText(QStringLiteral("%1x%2").arg(options.page.width).arg(options.page.height));
   choose(*colors_, options.colors);
-  letters_->setValue(options.lettersize > 0 ? options.lettersize * pointsperpixel : letters_->minimum());
+  letters_->setValue(options.letterSize > 0 ? options.letterSize * pointsPerPixel : letters_->minimum());
   choose(*labels_, options.labels);
-  enthalpylines_->setChecked(options.enthalpylines);
+  enthalpyLines_->setChecked(options.enthalpyLines);
   protractor_->setChecked(options.protractor);
   table_->setChecked(options.table);
-  titleblock_->setChecked(options.titleblock);
-  title_->setText(qtext(options.title));
-  project_->setText(qtext(options.project));
-  drawnby_->setText(qtext(options.drawnby));
-  date_->setText(qtext(options.date));
+  titleBlock_->setChecked(options.titleBlock);
+  title_->setText(qText(options.title));
+  project_->setText(qText(options.project));
+  drawnBy_->setText(qText(options.drawnBy));
+  date_->setText(qText(options.date));
 }
 
 /// Nothing for a size that is none.
 std::optional<SheetOptions> SheetDialog::read() const {
   SheetOptions options = options_;
   const auto named = static_cast<std::size_t>(page_->currentIndex());
-  if (named < namedpages.size()) {
-    options.page = pageof(namedpages[named], chosen<Orientation>(*orientation_) == Orientation::portrait);
+  if (named < namedPages.size()) {
+    options.page = pageOf(namedPages[named], chosen<Orientation>(*orientation_) == Orientation::portrait);
   } else {
-    const auto size = pagenamed(textof(*size_), false);
+    const auto size = pageNamed(textOf(*size_), false);
     if (!size) return std::nullopt;
     options.page = *size;
   }
   options.colors = chosen<SheetColors>(*colors_);
-  options.lettersize = letters_->value() > letters_->minimum() ? letters_->value() / pointsperpixel : 0;
+  options.letterSize = letters_->value() > letters_->minimum() ? letters_->value() / pointsPerPixel : 0;
   options.labels = chosen<PointLabels>(*labels_);
-  options.enthalpylines = enthalpylines_->isChecked();
+  options.enthalpyLines = enthalpyLines_->isChecked();
   options.protractor = protractor_->isChecked();
   options.table = table_->isChecked();
-  options.titleblock = titleblock_->isChecked();
-  options.title = textof(*title_);
-  options.project = textof(*project_);
-  options.drawnby = textof(*drawnby_);
-  options.date = textof(*date_);
+  options.titleBlock = titleBlock_->isChecked();
+  options.title = textOf(*title_);
+  options.project = textOf(*project_);
+  options.drawnBy = textOf(*drawnBy_);
+  options.date = textOf(*date_);
   return options;
 }
 
 void SheetDialog::follow() {
-  const bool other = page_->currentIndex() == static_cast<int>(namedpages.size());
+  const bool other = page_->currentIndex() == static_cast<int>(namedPages.size());
   size_->setEnabled(other);
   orientation_->setEnabled(!other);
   const auto read = this->read();
   accept_->setEnabled(read.has_value());
-  fault_->setText(read ? QString() : QStringLiteral("A size is %1.").arg(QString::fromStdString(sizeinwords())));
+  fault_->setText(read ? QString() : QStringLiteral("A size is %1.").arg(QString::fromStdString(sizeInWords())));
   if (!read) return;
   options_ = *read;
-  SheetDrawing sheet = layoutsheet(content_, options_, extents_);
+  SheetDrawing sheet = layoutSheet(content_, options_, extents_);
   const int pages = static_cast<int>(sheet.pages.size());
   preview_->show(std::move(sheet));
-  shownpage_->setMaximum(pages);
-  shownpage_->setSuffix(QStringLiteral(" of %1").arg(pages));
-  shownpage_->setEnabled(pages > 1);
+  shownPage_->setMaximum(pages);
+  shownPage_->setSuffix(QStringLiteral(" of %1").arg(pages));
+  shownPage_->setEnabled(pages > 1);
 }
 
 }  // namespace moistair

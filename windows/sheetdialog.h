@@ -25,7 +25,7 @@ public:
 
   void show(SheetDrawing sheet);
   using QWidget::show;
-  void showpage(std::size_t page);
+  void showPage(std::size_t page);
 
 protected:
   void paintEvent(QPaintEvent* event) override;
@@ -52,8 +52,8 @@ public:
   const SheetOptions& options() const { return options_; }
 
 private:
-  void makelook(QFormLayout& form);
-  void maketexts(QFormLayout& form);
+  void makeLook(QFormLayout& form);
+  void makeTexts(QFormLayout& form);
   void show(const SheetOptions& options);
   std::optional<SheetOptions> read() const;
   void follow();
@@ -61,23 +61,23 @@ private:
   const SheetContent& content_;
   Write write_;
   SheetOptions options_;
-  ExtentFunction extents_ = sheetextents();
+  ExtentFunction extents_ = sheetExtents();
   QComboBox* page_ = nullptr;
   QLineEdit* size_ = nullptr;  ///< of a page that is none of the named ones
   QComboBox* orientation_ = nullptr;
   QComboBox* colors_ = nullptr;
   QDoubleSpinBox* letters_ = nullptr;
   QComboBox* labels_ = nullptr;
-  QCheckBox* enthalpylines_ = nullptr;
+  QCheckBox* enthalpyLines_ = nullptr;
   QCheckBox* protractor_ = nullptr;
   QCheckBox* table_ = nullptr;
-  QCheckBox* titleblock_ = nullptr;
+  QCheckBox* titleBlock_ = nullptr;
   QLineEdit* title_ = nullptr;
   QLineEdit* project_ = nullptr;
-  QLineEdit* drawnby_ = nullptr;
+  QLineEdit* drawnBy_ = nullptr;
   QLineEdit* date_ = nullptr;
   SheetPreview* preview_;
-  QSpinBox* shownpage_;
+  QSpinBox* shownPage_;
   QLabel* fault_;  ///< what is wrong with the page
   QPushButton* accept_ = nullptr;
 };

@@ -5,7 +5,7 @@
 #include <QtMath>
 #include <utility>
 
-#include "sheet/courses.h"
+#include "sheet/outlines.h"
 #include "toolkit/devicepixels.h"
 #include "toolkit/graphview.h"
 
@@ -22,54 +22,54 @@ SheetView::SheetView(QWidget& drawing) : QWidget(&drawing) {
 
 void SheetView::show(SheetContent content) {
   content_ = std::move(content);
-  laidout_ = false;
+  laidOut_ = false;
   update();
 }
 
-void SheetView::lift(std::vector<std::size_t> entries) {
-  lifted_ = std::move(entries);
+void SheetView::highlight(std::vector<std::size_t> entries) {
+  highlighted_ = std::move(entries);
   update();
 }
 
 PlotBox SheetView::plot() {
-  bringuptodate();
+  refreshImage();
   const SheetPlot& plot = sheet_.plot;
   return {plot.limits, plot.left, plot.top, plot.right, plot.bottom};
 }
 
-void SheetView::resizeEvent(QResizeEvent*) { laidout_ = false; }
+void SheetView::resizeEvent(QResizeEvent*) { laidOut_ = false; }
 
-void SheetView::bringuptodate() {
+void SheetView::refreshImage() {
   constexpr double margin = 14;
-  if (std::exchange(laidout_, true)) return;
+  if (std::exchange(laidOut_, true)) return;
   SheetOptions options;
-  options.page = {std::max(leastside, double(width())), std::max(leastside, double(height()))};
+  options.page = {std::max(leastSide, double(width())), std::max(leastSide, double(height()))};
   options.margin = margin;
-  options.titleblock = options.table = options.notes = false;
-  sheet_ = layoutsheet(content_, options, extents_);
+  options.titleBlock = options.table = options.notes = false;
+  sheet_ = layoutSheet(content_, options, extents_);
   image_ = QImage();
 }
 
 void SheetView::paintEvent(QPaintEvent* event) {
-  bringuptodate();
+  refreshImage();
   const double ratio = devicePixelRatio();
   const QSize size(qCeil(width() * ratio), qCeil(height() * ratio));
   if (image_.size() != size) {
     image_ = QImage(size, QImage::Format_RGB32);
     QPainter painter(&image_);
     painter.scale(ratio, ratio);
-    paintpage(sheet_, 0, painter);
+    paintPage(sheet_, 0, painter);
   }
   QPainter painter(this);
   painter.setClipRegion(event->region());
   painter.save();
-  workindevicepixels(painter, ratio);
+  workInDevicePixels(painter, ratio);
   painter.drawImage(0, 0, image_);
   painter.restore();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(liftingpen());
-  for (const std::size_t entry : lifted_) {
-    for (const auto& course : coursesof(content_, sheet_.plot, entry)) painter.drawPolyline(polygonof(course));
+  painter.setPen(highlightPen());
+  for (const std::size_t entry : highlighted_) {
+    for (const auto& outline : outlinesOf(content_, sheet_.plot, entry)) painter.drawPolyline(polygonOf(outline));
   }
 }
 

@@ -11,7 +11,7 @@
 
 namespace moistair {
 
-/// Shows what stands on the chart as a sheet without title block and table, laid out for the widget's size. It lies
+/// Shows the chart as a sheet without title block and table, laid out for the widget's size. It lies
 /// over the widget that shows the drawing and lets all input through to it, so that the chart is pointed at and marked
 /// as ever; `plot` says where.
 class SheetView final : public QWidget {
@@ -23,8 +23,8 @@ public:
   void show(SheetContent content);
   using QWidget::show;
 
-  /// Shows entries of the document lifted out, above the sheet.
-  void lift(std::vector<std::size_t> entries);
+  /// Highlights entries of the document above the sheet.
+  void highlight(std::vector<std::size_t> entries);
 
   /// Where the plot lies on this widget.
   PlotBox plot();
@@ -34,14 +34,14 @@ protected:
   void resizeEvent(QResizeEvent* event) override;
 
 private:
-  void bringuptodate();
+  void refreshImage();
 
-  ExtentFunction extents_ = sheetextents();
+  ExtentFunction extents_ = sheetExtents();
   SheetContent content_;
   SheetDrawing sheet_;
   QImage image_;  ///< in device pixels
-  std::vector<std::size_t> lifted_;
-  bool laidout_ = false;
+  std::vector<std::size_t> highlighted_;
+  bool laidOut_ = false;
 };
 
 }  // namespace moistair

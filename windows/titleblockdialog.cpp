@@ -7,7 +7,7 @@
 namespace moistair {
 
 TitleBlockDialog::TitleBlockDialog(QWidget* parent, const TitleBlock& begin)
-    : QDialog(parent), title_(new QLineEdit), project_(new QLineEdit), drawnby_(new QLineEdit) {
+    : QDialog(parent), title_(new QLineEdit), project_(new QLineEdit), drawnBy_(new QLineEdit) {
   constexpr int width = 420;  // logical pixels
   setObjectName(QStringLiteral("titleblock"));
   setWindowTitle(QStringLiteral("Title block"));
@@ -19,20 +19,20 @@ TitleBlockDialog::TitleBlockDialog(QWidget* parent, const TitleBlock& begin)
   };
   row(QStringLiteral("T&itle"), title_, "title", begin.title);
   row(QStringLiteral("Pro&ject"), project_, "project", begin.project);
-  row(QStringLiteral("Drawn b&y"), drawnby_, "drawnby", begin.drawnby);
+  row(QStringLiteral("Drawn b&y"), drawnBy_, "drawnby", begin.drawnBy);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
   QPushButton* print = buttons->addButton(QStringLiteral("&Print..."), QDialogButtonBox::AcceptRole);
   form->addRow(buttons);
   print->setDefault(true);  // now that it is in the dialog
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  drawnby_->setFocus();
+  drawnBy_->setFocus();
   resize(width, sizeHint().height());
 }
 
-TitleBlock TitleBlockDialog::titleblock() const {
+TitleBlock TitleBlockDialog::titleBlock() const {
   const auto text = [](const QLineEdit* box) { return box->text().trimmed().toStdString(); };
-  return {text(title_), text(project_), text(drawnby_)};
+  return {text(title_), text(project_), text(drawnBy_)};
 }
 
 }  // namespace moistair

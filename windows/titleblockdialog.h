@@ -15,10 +15,10 @@ class TitleBlockDialog final : public QDialog {
 public:
   TitleBlockDialog(QWidget* parent, const TitleBlock& begin);
 
-  TitleBlock titleblock() const;
+  TitleBlock titleBlock() const;
 
 private:
-  QLineEdit *title_, *project_, *drawnby_;
+  QLineEdit *title_, *project_, *drawnBy_;
 };
 
 }  // namespace moistair

@@ -1,5 +1,5 @@
 /// \file
-/// Makes the page "Validation" of the manual: how good the numbers are, worked out anew by every build.
+/// Makes the page "Validation" of the manual: how good the numbers are, worked out again by every build.
 ///
 ///   moistair_validation SOURCE OUTPUT
 ///
@@ -20,7 +20,7 @@ using namespace moistair::validation;
 
 namespace {
 
-std::string contentof(const std::filesystem::path& path) {
+std::string contentOf(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("cannot read " + path.string());
   return {std::istreambuf_iterator<char>(file), {}};
@@ -40,12 +40,12 @@ int main(int argc, char** argv) {
     if (argc != 3) throw std::runtime_error("usage: moistair_validation SOURCE OUTPUT");
     const std::filesystem::path source = argv[1];
     const std::filesystem::path output = argv[2];
-    const Sheet sheet = worksheet(contentof(source / "published-values.csv"));
+    const Sheet sheet = worksheet(contentOf(source / "published-values.csv"));
     std::filesystem::create_directories(output);
-    write(output / "validation.html", page(contentof(source / "validation.html.in"), sheet));
-    write(output / "validation-published.svg", differencepicture(sheet.published));
-    write(output / "validation-freezing.svg", freezingpicture(sheet.atm));
-    write(output / "validation-pairs.svg", pairspicture(sheet.pairs));
+    write(output / "validation.html", page(contentOf(source / "validation.html.in"), sheet));
+    write(output / "validation-published.svg", differencePicture(sheet.published));
+    write(output / "validation-freezing.svg", freezingPicture(sheet.atm));
+    write(output / "validation-pairs.svg", pairsPicture(sheet.pairs));
     write(output / "differences.csv", differences(sheet));
     return 0;
   } catch (const std::exception& error) {

@@ -11,7 +11,7 @@
 namespace moistair::validation {
 
 /// How a search did with one state.
-enum class Outcome { right, visiblyoff, notfound };
+enum class Outcome { right, visiblyOff, notFound };
 
 struct Trial {
   StatePoint state;
@@ -19,7 +19,7 @@ struct Trial {
 };
 
 /// What one given value was missed by at most, of the states that were found.
-struct Miss {
+struct Residual {
   double residual = 0;
   StatePoint where{};
 };
@@ -27,7 +27,7 @@ struct Miss {
 struct PairMeasure {
   std::array<PropertyKind, 2> kinds;
   std::vector<Trial> trials;
-  std::array<Miss, 2> largest;
+  std::array<Residual, 2> largest;
   int ambiguous = 0;  ///< states with which another one shares both values
 
   double share(Outcome outcome) const;  ///< [percent]
@@ -35,10 +35,10 @@ struct PairMeasure {
 
 /// The states of the grid at the pressure atm [in Hg]: dry bulbs off the whole degrees, relative humidities from dry to
 /// nearly saturated, all that lie within the bounds of a state.
-std::vector<StatePoint> gridstates(double atm);
+std::vector<StatePoint> gridStates(double atm);
 
 /// All twenty pairs on these states, searched as in the mixing window and by the headless tool. Throws if a state is
 /// not among the answers of a pair.
-std::vector<PairMeasure> measurepairs(const std::vector<StatePoint>& states, double atm);
+std::vector<PairMeasure> measurePairs(const std::vector<StatePoint>& states, double atm);
 
 }  // namespace moistair::validation

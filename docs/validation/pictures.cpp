@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "cli/properties.h"
-#include "engine/answers.h"
+#include "engine/exactsolutions.h"
 #include "engine/moistair.h"
 #include "engine/vaporterms.h"
 #include "svg.h"
@@ -24,35 +24,35 @@ constexpr const char* band = "#f6dfc4";
 /// From a difference in percent to its logarithm, with a straight piece about 0.
 double bent(double percent) { return std::copysign(std::log10(1 + std::abs(percent) / 0.01), percent); }
 
-std::string signedtext(double number, int decimals) {
-  return (number > 0 ? "+" : "") + fixeddecimals(number, decimals);
+std::string signedText(double number, int decimals) {
+  return (number > 0 ? "+" : "") + fixedDecimals(number, decimals);
 }
 
 /// A plot's ground: a frame with ticks along both sides.
 struct Plot {
   Axis x, y;
-  int xdecimals, ydecimals;
-  double xstep, ystep;
+  int xDecimals, yDecimals;
+  double xStep, yStep;
 };
 
-void drawground(Svg& svg, const Plot& plot, const char* xtitle, const char* ytitle) {
-  for (int i = 0; plot.x.low + i * plot.xstep < plot.x.high + plot.xstep / 2; ++i) {
-    const double value = plot.x.low + i * plot.xstep;
+void drawGround(Svg& svg, const Plot& plot, const char* xTitle, const char* yTitle) {
+  for (int i = 0; plot.x.low + i * plot.xStep < plot.x.high + plot.xStep / 2; ++i) {
+    const double value = plot.x.low + i * plot.xStep;
     svg.line({plot.x.at(value), plot.y.start}, {plot.x.at(value), plot.y.stop}, rule);
-    svg.text({plot.x.at(value), plot.y.start + 16}, fixeddecimals(value, plot.xdecimals), "middle", 11);
+    svg.text({plot.x.at(value), plot.y.start + 16}, fixedDecimals(value, plot.xDecimals), "middle", 11);
   }
-  for (int i = 0; plot.y.low + i * plot.ystep < plot.y.high + plot.ystep / 2; ++i) {
-    const double value = plot.y.low + i * plot.ystep;
+  for (int i = 0; plot.y.low + i * plot.yStep < plot.y.high + plot.yStep / 2; ++i) {
+    const double value = plot.y.low + i * plot.yStep;
     svg.line({plot.x.start, plot.y.at(value)}, {plot.x.stop, plot.y.at(value)}, rule);
-    svg.text({plot.x.start - 6, plot.y.at(value) + 4}, fixeddecimals(value, plot.ydecimals), "end", 11);
+    svg.text({plot.x.start - 6, plot.y.at(value) + 4}, fixedDecimals(value, plot.yDecimals), "end", 11);
   }
-  svg.text({(plot.x.start + plot.x.stop) / 2, plot.y.start + 36}, xtitle, "middle");
-  svg.text({plot.x.start - 34, plot.y.stop - 12}, ytitle);
+  svg.text({(plot.x.start + plot.x.stop) / 2, plot.y.start + 36}, xTitle, "middle");
+  svg.text({plot.x.start - 34, plot.y.stop - 12}, yTitle);
 }
 
 /// f between two x of a plot, as a curve.
 template <class F>
-void drawcurve(Svg& svg, const Plot& plot, const F& spot, double low, double high, const char* color) {
+void drawCurve(Svg& svg, const Plot& plot, const F& spot, double low, double high, const char* color) {
   constexpr int pieces = 60;
   std::vector<Spot> spots;
   for (int i = 0; i <= pieces; ++i) {
@@ -62,29 +62,29 @@ void drawcurve(Svg& svg, const Plot& plot, const F& spot, double low, double hig
   svg.curve(spots, color);
 }
 
-void drawdewpoint(Svg& svg) {
+void drawDewPoint(Svg& svg) {
   const Plot plot{{0.176, 0.186, 60, 360}, {31.4, 33, 290, 50}, 3, 1, 0.002, 0.2};
-  const double before = std::nextafter(formsmeet, 0);
+  const double before = std::nextafter(formsMeet, 0);
   const double low = psychro_dp(before);
-  const double high = psychro_dp(formsmeet);
+  const double high = psychro_dp(formsMeet);
   svg.box({plot.x.start, plot.y.at(high)}, 300, plot.y.at(low) - plot.y.at(high), band);
-  drawground(svg, plot, "vapour pressure, in Hg", "dew point, deg F");
+  drawGround(svg, plot, "vapour pressure, in Hg", "dew point, deg F");
   const auto spot = [](double pv) { return Spot{pv, psychro_dp(pv)}; };
-  drawcurve(svg, plot, spot, plot.x.low, before, blue);
-  drawcurve(svg, plot, spot, formsmeet, plot.x.high, blue);
+  drawCurve(svg, plot, spot, plot.x.low, before, blue);
+  drawCurve(svg, plot, spot, formsMeet, plot.x.high, blue);
   svg.text({plot.x.start + 6, plot.y.at((low + high) / 2) + 4}, "no air", "start", 11);
 }
 
-void drawwetbulbs(Svg& svg, double atm) {
-  constexpr double drybulb = 40;
+void drawWetBulbs(Svg& svg, double atm) {
+  constexpr double dryBulb = 40;
   constexpr double ratio = 0.00205;
   const Plot plot{{0.0016, 0.0026, 450, 750}, {31, 33, 290, 50}, 4, 1, 0.0002, 0.2};
-  drawground(svg, plot, "humidity ratio at a dry bulb of 40 deg F", "wet bulb, deg F");
+  drawGround(svg, plot, "humidity ratio at a dry bulb of 40 deg F", "wet bulb, deg F");
   svg.line({plot.x.at(ratio), plot.y.start}, {plot.x.at(ratio), plot.y.stop}, orange, 1.5);
-  const auto spot = [&](double wb) { return Spot{psychro_w(drybulb, wb, atm), wb}; };
-  drawcurve(svg, plot, spot, plot.y.low, icewetbulb, blue);
-  drawcurve(svg, plot, spot, std::nextafter(icewetbulb, 33), plot.y.high, blue);
-  for (const StatePoint& state : answers({PropertyKind::db, drybulb}, {PropertyKind::w, ratio}, atm).states) {
+  const auto spot = [&](double wb) { return Spot{psychro_w(dryBulb, wb, atm), wb}; };
+  drawCurve(svg, plot, spot, plot.y.low, iceWetBulb, blue);
+  drawCurve(svg, plot, spot, std::nextafter(iceWetBulb, 33), plot.y.high, blue);
+  for (const StatePoint& state : exactSolutions({PropertyKind::db, dryBulb}, {PropertyKind::w, ratio}, atm).states) {
     svg.dots({{plot.x.at(state.w), plot.y.at(state.wb)}}, 4.5, orange);
   }
 }
@@ -95,34 +95,34 @@ struct Mark {
 };
 
 constexpr Mark marks[] = {
-    {Outcome::right, "found"}, {Outcome::visiblyoff, "found, visibly off"}, {Outcome::notfound, "not found"}};
+    {Outcome::right, "found"}, {Outcome::visiblyOff, "found, visibly off"}, {Outcome::notFound, "not found"}};
 
-void drawmarks(Svg& svg, const std::vector<Spot>& spots, Outcome outcome) {
+void drawMarks(Svg& svg, const std::vector<Spot>& spots, Outcome outcome) {
   switch (outcome) {
     case Outcome::right: svg.dots(spots, 1.3, blue); break;
-    case Outcome::visiblyoff: svg.dots(spots, 2.8, orange); break;
-    case Outcome::notfound: svg.crosses(spots, 2.6, red); break;
+    case Outcome::visiblyOff: svg.dots(spots, 2.8, orange); break;
+    case Outcome::notFound: svg.crosses(spots, 2.6, red); break;
   }
 }
 
 }  // namespace
 
-std::string differencepicture(const std::vector<Comparison>& rows) {
-  constexpr double rowheight = 19;
+std::string differencePicture(const std::vector<Comparison>& rows) {
+  constexpr double rowHeight = 19;
   constexpr double top = 40;
-  const double height = top + rowheight * static_cast<double>(rows.size()) + 10;
+  const double height = top + rowHeight * static_cast<double>(rows.size()) + 10;
   Svg svg(800, height, "Difference of the model from each published figure in percent");
   const Axis axis{bent(-10), bent(10), 340, 740};
   for (const double percent : {-10.0, -1.0, -0.1, 0.0, 0.1, 1.0, 10.0}) {
     const double x = axis.at(bent(percent));
     svg.line({x, top - 6}, {x, height - 10}, percent == 0 ? ink : rule);
-    svg.text({x, top - 12}, (percent > 0 ? "+" : "") + numbertext(percent) + " %", "middle", 11);
+    svg.text({x, top - 12}, (percent > 0 ? "+" : "") + numberText(percent) + " %", "middle", 11);
   }
   double y = top;
   for (const Comparison& row : rows) {
-    y += rowheight;
-    if (!row.inpercent) {
-      y -= rowheight;
+    y += rowHeight;
+    if (!row.inPercent) {
+      y -= rowHeight;
       continue;
     }
     const double from = axis.at(0);
@@ -131,20 +131,20 @@ std::string differencepicture(const std::vector<Comparison>& rows) {
     svg.text({250, y - 5}, row.caption, "end", 11);
     svg.text({258, y - 5}, row.condition, "start", 11);
     svg.box({std::fmin(from, to), y - 15}, std::abs(to - from), 12, large ? orange : blue);
-    svg.text({row.difference < 0 ? to - 4 : to + 4, y - 5}, signedtext(row.difference, 2),
+    svg.text({row.difference < 0 ? to - 4 : to + 4, y - 5}, signedText(row.difference, 2),
              row.difference < 0 ? "end" : "start", 10);
   }
   return svg.picture();
 }
 
-std::string freezingpicture(double atm) {
+std::string freezingPicture(double atm) {
   Svg svg(800, 340, "The dew point jumps from 31.996 to 32.214; the same air has two wet bulbs about 32");
-  drawdewpoint(svg);
-  drawwetbulbs(svg, atm);
+  drawDewPoint(svg);
+  drawWetBulbs(svg, atm);
   return svg.picture();
 }
 
-std::string pairspicture(const std::vector<PairMeasure>& pairs) {
+std::string pairsPicture(const std::vector<PairMeasure>& pairs) {
   constexpr double width = 160;
   constexpr double height = 120;
   constexpr int across = 5;
@@ -152,25 +152,25 @@ std::string pairspicture(const std::vector<PairMeasure>& pairs) {
   Svg svg(across * width, 40 + down * height, "What the search of each pair makes of the states of the grid");
   double x = 20;
   for (const Mark& mark : marks) {
-    drawmarks(svg, {{x, 18}}, mark.outcome);
+    drawMarks(svg, {{x, 18}}, mark.outcome);
     svg.text({x + 10, 22}, mark.words);
     x += 160;
   }
   for (std::size_t i = 0; i < pairs.size(); ++i) {
     const double left = width * static_cast<double>(i % across) + 8;
     const double top = 40 + height * static_cast<double>(i / across);
-    const Axis drybulb{0, 120, left, left + width - 16};
+    const Axis dryBulb{0, 120, left, left + width - 16};
     const Axis ratio{0, 0.03, top + height - 10, top + 18};
-    svg.text({left, top + 12}, std::string(nameof(pairs[i].kinds[0])) + ", " + nameof(pairs[i].kinds[1]));
-    svg.line({drybulb.start, ratio.start}, {drybulb.stop, ratio.start}, rule);
-    svg.line({drybulb.stop, ratio.start}, {drybulb.stop, ratio.stop}, rule);
+    svg.text({left, top + 12}, std::string(nameOf(pairs[i].kinds[0])) + ", " + nameOf(pairs[i].kinds[1]));
+    svg.line({dryBulb.start, ratio.start}, {dryBulb.stop, ratio.start}, rule);
+    svg.line({dryBulb.stop, ratio.start}, {dryBulb.stop, ratio.stop}, rule);
     for (const Mark& mark : marks) {
       std::vector<Spot> spots;
       for (const Trial& trial : pairs[i].trials) {
         if (trial.outcome != mark.outcome) continue;
-        spots.push_back({drybulb.at(trial.state.db), ratio.at(trial.state.w)});
+        spots.push_back({dryBulb.at(trial.state.db), ratio.at(trial.state.w)});
       }
-      drawmarks(svg, spots, mark.outcome);
+      drawMarks(svg, spots, mark.outcome);
     }
   }
   return svg.picture();

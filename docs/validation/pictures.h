@@ -11,12 +11,12 @@
 namespace moistair::validation {
 
 /// A bar for each published figure, as long as the logarithm of its difference in percent.
-std::string differencepicture(const std::vector<Comparison>& rows);
+std::string differencePicture(const std::vector<Comparison>& rows);
 
 /// The dew point about its gap, and the wet bulbs of one dry bulb about freezing.
-std::string freezingpicture(double atm);
+std::string freezingPicture(double atm);
 
 /// A small chart for each pair, with every state of the grid marked by what became of it.
-std::string pairspicture(const std::vector<PairMeasure>& pairs);
+std::string pairsPicture(const std::vector<PairMeasure>& pairs);
 
 }  // namespace moistair::validation

@@ -15,7 +15,7 @@ namespace moistair::validation {
 
 namespace {
 
-double psiofinhg(double inhg) { return inhg / inhgofpsi(1); }
+double psiOfInhg(double inhg) { return inhg / inhgOfPsi(1); }
 
 struct Quantity {
   const char* name;
@@ -24,16 +24,16 @@ struct Quantity {
 };
 
 constexpr Quantity quantities[] = {
-    {"saturation_pressure", "Saturation pressure", [](const Conditions& c) { return psiofinhg(psychro_pvs(c.db)); }},
+    {"saturation_pressure", "Saturation pressure", [](const Conditions& c) { return psiOfInhg(psychro_pvs(c.db)); }},
     {"saturation_humidity_ratio", "Humidity ratio at saturation",
      [](const Conditions& c) { return psychro_w(c.db, c.db, c.inhg); }},
     {"saturation_enthalpy", "Enthalpy at saturation",
      [](const Conditions& c) { return psychro_h(c.db, c.db, c.inhg); }},
-    {"dry_air_enthalpy", "Enthalpy of dry air", [](const Conditions& c) { return enthalpyof(c.db, 0); }},
+    {"dry_air_enthalpy", "Enthalpy of dry air", [](const Conditions& c) { return enthalpyOf(c.db, 0); }},
     {"dry_air_volume", "Volume of dry air",
-     [](const Conditions& c) { return volumeof(volumefactor(c.db), 0, c.inhg); }},
+     [](const Conditions& c) { return volumeOf(volumeFactor(c.db), 0, c.inhg); }},
     {"atmospheric_pressure", "Standard atmosphere",
-     [](const Conditions& c) { return psiofinhg(psychro_atm(c.elevation)); }},
+     [](const Conditions& c) { return psiOfInhg(psychro_atm(c.elevation)); }},
     {"humidity_ratio", "Worked example: humidity ratio",
      [](const Conditions& c) { return psychro_w(c.db, c.wb, c.inhg); }},
     {"enthalpy", "Worked example: enthalpy", [](const Conditions& c) { return psychro_h(c.db, c.wb, c.inhg); }},
@@ -44,23 +44,23 @@ constexpr Quantity quantities[] = {
     {"specific_volume", "Worked example: volume", [](const Conditions& c) { return psychro_v(c.db, c.wb, c.inhg); }},
 };
 
-std::string conditiontext(const std::vector<std::string>& fields) {
+std::string conditionText(const std::vector<std::string>& fields) {
   if (!fields[4].empty()) return fields[4] + " ft";
   return fields[1] + (fields[2].empty() ? "" : "/" + fields[2]) + " deg F";
 }
 
-Comparison comparisonof(const std::vector<std::string>& fields) {
+Comparison comparisonOf(const std::vector<std::string>& fields) {
   const auto quantity = std::find_if(std::begin(quantities), std::end(quantities),
                                      [&](const Quantity& row) { return row.name == fields[0]; });
   if (quantity == std::end(quantities)) throw std::runtime_error(fields[0] + " is no quantity of the model");
-  const Conditions conditions{strictnumber(fields[1]), strictnumber(fields[2]), inhgofpsi(strictnumber(fields[3])),
-                              strictnumber(fields[4])};
-  Comparison row{fields[0], quantity->caption, conditiontext(fields), fields[5], fields[6], fields[7]};
+  const Conditions conditions{strictNumber(fields[1]), strictNumber(fields[2]), inhgOfPsi(strictNumber(fields[3])),
+                              strictNumber(fields[4])};
+  Comparison row{fields[0], quantity->caption, conditionText(fields), fields[5], fields[6], fields[7]};
   row.model = quantity->model(conditions);
-  row.inpercent = row.quantity != "dew_point";
-  const double published = strictnumber(row.published);
-  row.difference = row.inpercent ? 100 * (row.model - published) / std::abs(published) : row.model - published;
-  if (!hasvalue(row.difference)) throw std::runtime_error(row.quantity + " at " + row.condition + " has no value");
+  row.inPercent = row.quantity != "dew_point";
+  const double published = strictNumber(row.published);
+  row.difference = row.inPercent ? 100 * (row.model - published) / std::abs(published) : row.model - published;
+  if (!hasValue(row.difference)) throw std::runtime_error(row.quantity + " at " + row.condition + " has no value");
   return row;
 }
 
@@ -69,14 +69,14 @@ Comparison comparisonof(const std::vector<std::string>& fields) {
 std::vector<Comparison> compare(std::string_view table) {
   std::vector<Comparison> rows;
   CsvRecord record;
-  takerecord(table, record);
+  takeRecord(table, record);
   std::string scratch;
-  while (takerecord(table, record)) {
+  while (takeRecord(table, record)) {
     if (record.blank()) continue;
     std::vector<std::string> fields;
-    eachfield(record.raw, ',', [&](std::string_view field) { fields.emplace_back(fieldtext(field, scratch)); });
+    eachField(record.raw, ',', [&](std::string_view field) { fields.emplace_back(fieldText(field, scratch)); });
     if (fields.size() != 8) throw std::runtime_error("no row of a figure: " + std::string(record.raw));
-    rows.push_back(comparisonof(fields));
+    rows.push_back(comparisonOf(fields));
   }
   return rows;
 }

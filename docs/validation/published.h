@@ -24,7 +24,7 @@ struct Comparison {
   std::string unit, source;
   double model = 0;
   double difference = 0;  ///< model less published [percent of published; deg F of a dew point]
-  bool inpercent = true;  ///< false for a dew point, whose zero means nothing
+  bool inPercent = true;  ///< false for a dew point, whose zero means nothing
 };
 
 /// Compares every row of a table of figures: quantity, dry and wet bulb [deg F], pressure [psi], elevation [ft], value,

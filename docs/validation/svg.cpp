@@ -10,13 +10,13 @@ std::string attribute(std::string_view name, std::string_view value) {
   return " " + std::string(name) + "=\"" + std::string(value) + "\"";
 }
 
-std::string attribute(std::string_view name, double value) { return attribute(name, fixeddecimals(value, 2)); }
+std::string attribute(std::string_view name, double value) { return attribute(name, fixedDecimals(value, 2)); }
 
 }  // namespace
 
 Svg::Svg(double width, double height, std::string_view title)
     : picture_("<svg xmlns=\"http://www.w3.org/2000/svg\"" + attribute("width", width) + attribute("height", height) +
-               attribute("viewBox", "0 0 " + fixeddecimals(width, 1) + " " + fixeddecimals(height, 1)) +
+               attribute("viewBox", "0 0 " + fixedDecimals(width, 1) + " " + fixedDecimals(height, 1)) +
                " font-family=\"DejaVu Sans, sans-serif\" role=\"img\">\n<title>" + std::string(title) + "</title>\n") {
   box({0, 0}, width, height, "white");
 }
@@ -28,7 +28,7 @@ void Svg::line(Spot from, Spot to, std::string_view color, double width) {
 
 void Svg::curve(const std::vector<Spot>& spots, std::string_view color) {
   std::string points;
-  for (const Spot& spot : spots) points += fixeddecimals(spot.x, 2) + "," + fixeddecimals(spot.y, 2) + " ";
+  for (const Spot& spot : spots) points += fixedDecimals(spot.x, 2) + "," + fixedDecimals(spot.y, 2) + " ";
   picture_ +=
       "<polyline fill=\"none\" stroke-width=\"2\"" + attribute("stroke", color) + attribute("points", points) + "/>\n";
 }
@@ -41,16 +41,16 @@ void Svg::box(Spot corner, double width, double height, std::string_view color) 
 /// A dot is a line without length and with round ends. Many marks are one path, a tenth of as many elements.
 void Svg::dots(const std::vector<Spot>& spots, double radius, std::string_view color) {
   std::string moves;
-  for (const Spot& spot : spots) moves += "M" + fixeddecimals(spot.x, 1) + " " + fixeddecimals(spot.y, 1) + "h0";
+  for (const Spot& spot : spots) moves += "M" + fixedDecimals(spot.x, 1) + " " + fixedDecimals(spot.y, 1) + "h0";
   path(moves, 2 * radius, color);
 }
 
 void Svg::crosses(const std::vector<Spot>& spots, double radius, std::string_view color) {
-  const std::string r = fixeddecimals(radius, 1);
-  const std::string d = fixeddecimals(2 * radius, 1);
+  const std::string r = fixedDecimals(radius, 1);
+  const std::string d = fixedDecimals(2 * radius, 1);
   std::string moves;
   for (const Spot& spot : spots) {
-    moves += "M" + fixeddecimals(spot.x, 1) + " " + fixeddecimals(spot.y, 1) + "m-" + r + "-" + r + "l" + d + " " + d +
+    moves += "M" + fixedDecimals(spot.x, 1) + " " + fixedDecimals(spot.y, 1) + "m-" + r + "-" + r + "l" + d + " " + d +
              "m-" + d + " 0l" + d + "-" + d;
   }
   path(moves, 1.4, color);

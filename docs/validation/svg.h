@@ -23,7 +23,7 @@ public:
   void box(Spot corner, double width, double height, std::string_view color);
   void dots(const std::vector<Spot>& spots, double radius, std::string_view color);
   void crosses(const std::vector<Spot>& spots, double radius, std::string_view color);
-  /// @param anchor start, middle or end: which part of the text stands at the spot
+  /// @param anchor start, middle or end: which part of the text is at the spot
   void text(Spot at, std::string_view text, std::string_view anchor = "start", double size = 12);
 
   std::string picture() const { return picture_ + "</svg>\n"; }

@@ -11,10 +11,10 @@ using enum PropertyKind;
 namespace {
 
 /// "F" before the words of a fault.
-std::string told(const BoxNote& note) { return note.fault ? "F " + note.words : note.words; }
+std::string shown(const BoxNote& note) { return note.fault ? "F " + note.words : note.words; }
 
 TEST(PairNotes, MarkTheBoxAtFault) {
-  constexpr const char* aboveboth = "F no state found: above saturation";
+  constexpr const char* aboveBoth = "F no state found: above saturation";
   const struct {
     const char* name;
     PairInput input;
@@ -44,7 +44,7 @@ TEST(PairNotes, MarkTheBoxAtFault) {
        "wet bulb: above 0 and up to 120"},
       {"values that do not go together",
        {db, dp, "50", "60"},
-       {aboveboth, aboveboth},
+       {aboveBoth, aboveBoth},
        "no state found: above saturation"},
       {"beyond the range, but with an exact answer",
        {db, h, "119.5", "61.99"},
@@ -75,11 +75,11 @@ TEST(PairNotes, MarkTheBoxAtFault) {
        "humidity ratio and dew point say the same thing and fix no state",
        "F humidity ratio and dew point say the same thing and fix no state|"
        "F humidity ratio and dew point say the same thing and fix no state"},
-      {"no property", {std::nullopt, wb, "75", "62.5"}, {"", ""}, nopropertychosen, "F no property is chosen|"},
+      {"no property", {std::nullopt, wb, "75", "62.5"}, {"", ""}, noPropertyChosen, "F no property is chosen|"},
       {"neither property",
        {std::nullopt, std::nullopt, "", ""},
        {"", ""},
-       nopropertychosen,
+       noPropertyChosen,
        "F no property is chosen|F no property is chosen"},
       {"missed, and said",
        {h, dp, "13.68", "27.65"},
@@ -89,12 +89,12 @@ TEST(PairNotes, MarkTheBoxAtFault) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     SolverFields fields;
-    const Resolution resolution = resolveinput(row.input, defaultpressure, openrangefinders(), fields);
-    const PairNotes notes = pairnotes(row.input, defaultpressure, resolution);
-    EXPECT_EQ(told(notes.values[0]), row.boxes[0]);
-    EXPECT_EQ(told(notes.values[1]), row.boxes[1]);
+    const Resolution resolution = resolveInput(row.input, defaultPressure, openRangeFinders(), fields);
+    const PairNotes notes = pairNotes(row.input, defaultPressure, resolution);
+    EXPECT_EQ(shown(notes.values[0]), row.boxes[0]);
+    EXPECT_EQ(shown(notes.values[1]), row.boxes[1]);
     EXPECT_EQ(notes.remark.words, row.words);
-    const std::string kinds = told(notes.kinds[0]) + "|" + told(notes.kinds[1]);
+    const std::string kinds = shown(notes.kinds[0]) + "|" + shown(notes.kinds[1]);
     EXPECT_EQ(kinds == "|" ? "" : kinds, row.kinds);
   }
 }
@@ -104,24 +104,24 @@ TEST(BoxNotes, SayWhatATextIsReadAs) {
   const struct {
     const char* name;
     BoxNote note;
-    const char* told;
+    const char* shown;
   } rows[] = {
-      {"a group separator", lenientnote("12,000"), "read as 12"},
-      {"letters behind", lenientnote("30abc"), "read as 30"},
-      {"no number", lenientnote("abc"), "read as 0"},
-      {"an overflow", lenientnote("1e999"), "read as 0"},
-      {"blanks around", lenientnote(" 12 "), ""},
-      {"nothing", lenientnote(""), ""},
-      {"a line's value is all or nothing", zeronote("5o"), "read as 0"},
-      {"a line's value", zeronote("5e1"), ""},
-      {"elevation with a separator", pressurenote({elevation, "5,000"}), "read as 5"},
-      {"elevation left empty", pressurenote({elevation, ""}), "read as 0"},
-      {"pressure left empty", pressurenote({psi, ""}), ""},
-      {"out of range", pressurenote({elevation, "38651"}), "F outside its range (0 - 38650)"},
-      {"read in part and out of range", pressurenote({inhg, "2,9"}), "F read as 2, outside its range (5.906 - 147.65)"},
-      {"the default", pressurenote({standard, "29.92126"}), ""},
+      {"a group separator", lenientNote("12,000"), "read as 12"},
+      {"letters behind", lenientNote("30abc"), "read as 30"},
+      {"no number", lenientNote("abc"), "read as 0"},
+      {"an overflow", lenientNote("1e999"), "read as 0"},
+      {"blanks around", lenientNote(" 12 "), ""},
+      {"nothing", lenientNote(""), ""},
+      {"a line's value is all or nothing", zeroNote("5o"), "read as 0"},
+      {"a line's value", zeroNote("5e1"), ""},
+      {"elevation with a separator", pressureNote({elevation, "5,000"}), "read as 5"},
+      {"elevation left empty", pressureNote({elevation, ""}), "read as 0"},
+      {"pressure left empty", pressureNote({psi, ""}), ""},
+      {"out of range", pressureNote({elevation, "38651"}), "F outside its range (0 - 38650)"},
+      {"read in part and out of range", pressureNote({inhg, "2,9"}), "F read as 2, outside its range (5.906 - 147.65)"},
+      {"the default", pressureNote({standard, "29.92126"}), ""},
   };
-  for (const auto& row : rows) EXPECT_EQ(told(row.note), row.told) << row.name;
+  for (const auto& row : rows) EXPECT_EQ(shown(row.note), row.shown) << row.name;
 }
 
 }  // namespace

@@ -65,13 +65,13 @@ TEST(Remarks, SayWhatTheSearchDoesNot) {
     SolverFields fields;
     const PairInput& input = row.input;
     const Resolution resolution =
-        resolvepair(input.kind1, input.value1, input.kind2, input.value2, defaultpressure, openrangefinders(), fields);
-    const Remark remark = remarkon(input, defaultpressure, resolution);
+        resolvePair(input.kind1, input.value1, input.kind2, input.value2, defaultPressure, openRangeFinders(), fields);
+    const Remark remark = remarkOn(input, defaultPressure, resolution);
     EXPECT_EQ(remark.words, row.words);
-    EXPECT_EQ(remark.exact ? numbertext(remark.exact->db) + " " + numbertext(remark.exact->wb) : "", row.exact);
+    EXPECT_EQ(remark.exact ? numberText(remark.exact->db) + " " + numberText(remark.exact->wb) : "", row.exact);
     if (!remark.exact) continue;
     const Resolution exact =
-        resolvepair({db, remark.exact->db}, {wb, remark.exact->wb}, defaultpressure, openrangefinders(), fields);
+        resolvePair({db, remark.exact->db}, {wb, remark.exact->wb}, defaultPressure, openRangeFinders(), fields);
     EXPECT_TRUE(exact.resolved());
   }
 }

@@ -1,4 +1,4 @@
-// What stands around the digits of a mixture, which are recorded: what a stream keeps, what is refused, what is saved.
+// What surrounds the digits of a mixture, which are recorded: what a stream keeps, what is refused, what is saved.
 #include "chart/drawing.h"
 #include "chart/mixingline.h"
 #include "data/rows.h"
@@ -12,34 +12,34 @@ namespace {
 const std::string one = "db,75,wb,62.5,1000", two = "db,95,wb,75,500";
 
 /// A problem of two streams as they are typed: two kinds with their values, and the flow.
-MixingProblem problemof(const std::string& first, const std::string& second, const PressureEntry& entry = {}) {
-  MixingProblem problem = data::mixtureof(data::fieldsof("29.92126," + first + "," + second));
+MixingProblem problemOf(const std::string& first, const std::string& second, const PressureEntry& entry = {}) {
+  MixingProblem problem = data::mixtureOf(data::fieldsOf("29.92126," + first + "," + second));
   problem.pressure.entry = entry;
-  for (const std::size_t stream : {0U, 1U}) resolvestream(problem, stream);
-  mixstreams(problem);
+  for (const std::size_t stream : {0U, 1U}) resolveStream(problem, stream);
+  mixStreams(problem);
   return problem;
 }
 
 TEST(MixingProblem, AStreamThatIsNoneAnyMoreLeavesTheOtherAlone) {
-  MixingProblem problem = problemof(one, two);
+  MixingProblem problem = problemOf(one, two);
   problem.streams[0].value2 = "80";
-  resolvestream(problem, 0);
-  mixstreams(problem);
+  resolveStream(problem, 0);
+  mixStreams(problem);
   EXPECT_FALSE(problem.streams[0].complete || problem.savable);
-  for (const ReadoutRow& row : readoutrows) {
-    EXPECT_EQ(problem.mixed.*row.text, "") << captionof(row, problem);
-    EXPECT_EQ(problem.streams[0].*row.text, row.text == &AirStream::flow ? "1000" : "") << captionof(row, problem);
+  for (const ReadoutRow& row : readoutRows) {
+    EXPECT_EQ(problem.mixed.*row.text, "") << captionOf(row, problem);
+    EXPECT_EQ(problem.streams[0].*row.text, row.text == &AirStream::flow ? "1000" : "") << captionOf(row, problem);
   }
   EXPECT_EQ(problem.streams[1].dp, "67.1005926");
-  EXPECT_EQ(problem.pressurecaption, "Atmos. pr (in Hg)") << "the caption outlives the stream";
+  EXPECT_EQ(problem.pressureCaption, "Atmos. pr (in Hg)") << "the caption outlives the stream";
 }
 
 /// The window's two streams search with one set of fields: where nothing of a line is seen, the range that the other
 /// stream has left is searched.
 TEST(MixingProblem, TheStreamsShareTheirSearchedRange) {
   const char* unseen = "w,0.0299,v,15.306753,500";
-  EXPECT_FALSE(problemof(one, unseen).streams[1].complete);
-  EXPECT_TRUE(problemof("w,0.025,v,15.08,1000", unseen).streams[1].complete);
+  EXPECT_FALSE(problemOf(one, unseen).streams[1].complete);
+  EXPECT_TRUE(problemOf("w,0.025,v,15.08,1000", unseen).streams[1].complete);
 }
 
 TEST(MixingProblem, AbsurdInputEnds) {
@@ -47,7 +47,7 @@ TEST(MixingProblem, AbsurdInputEnds) {
     for (const char* flow : {"1e308", "1e-308", "1e999"}) {
       SCOPED_TRACE(std::string(atm) + " in Hg, flow " + flow);
       const MixingProblem problem =
-          data::mixtureof({atm, "db", "75", "wb", "62.5", flow, "h", "28", "v", "13.6", flow});
+          data::mixtureOf({atm, "db", "75", "wb", "62.5", flow, "h", "28", "v", "13.6", flow});
       EXPECT_EQ(problem.savable, !problem.mixed.h.empty());
     }
   }
@@ -70,23 +70,23 @@ TEST(MixingLine, FirstPointBeyondTheLimitsIsNamed) {
       {"stream 1 below the lowest dry bulb", one, two, {80, 120, 0, 0.03}, stream1},
       {"stream 1 below the lowest humidity ratio", one, two, {0, 120, 0.010, 0.03}, stream1},
       {"mixture above the highest humidity ratio", one, two, {0, 120, 0, 0.010}, mixed},
-      {"nothing typed in stream 1", unfinished, two, fulllimits, stream1},
-      {"nothing typed in stream 2: the mixture comes before it", one, unfinished, fulllimits, mixed},
-      {"mixture above saturation", "db,40,wb,40,1000", "db,85,wb,85,1000", fulllimits, mixed},
-      {"a saturated stream is accepted", "db,40,wb,40,500", "db,95,wb,60,500", fulllimits, nullptr},
+      {"nothing typed in stream 1", unfinished, two, fullLimits, stream1},
+      {"nothing typed in stream 2: the mixture comes before it", one, unfinished, fullLimits, mixed},
+      {"mixture above saturation", "db,40,wb,40,1000", "db,85,wb,85,1000", fullLimits, mixed},
+      {"a saturated stream is accepted", "db,40,wb,40,500", "db,95,wb,60,500", fullLimits, nullptr},
       {"points on the limits are accepted", one, two, {75, 95, 0.0092932, 0.0142448}, nullptr},
       {"limits turned round hold nothing", one, two, {120, 0, 0, 0.03}, stream1},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     RecordingCanvas canvas;
-    EXPECT_STREQ(drawmixingline(canvas, problemof(row.first, row.second), areaof(row.limits)), row.message);
+    EXPECT_STREQ(drawMixingLine(canvas, problemOf(row.first, row.second), areaOf(row.limits)), row.message);
     EXPECT_EQ(canvas.drawing().operations.empty(), row.message != nullptr) << "it is all or nothing";
   }
 }
 
 TEST(MixingBlock, HoldsAllThatIsShownInColumn57) {
-  const MixingProblem problem = problemof("db,75,wb,62.5,1000.0", "db,95,wb,75, 500acfm", {PressureUnit::psi, "14.70"});
+  const MixingProblem problem = problemOf("db,75,wb,62.5,1000.0", "db,95,wb,75, 500acfm", {PressureUnit::psi, "14.70"});
   EXPECT_EQ(problem.streams[1].flow, " 500acfm") << "saved as typed";
   EXPECT_EQ(problem.mixed.pressure, "14.70");
   EXPECT_EQ(problem.mixed.dp, "59.5601671");
@@ -109,7 +109,7 @@ TEST(MixingBlock, HoldsAllThatIsShownInColumn57) {
   column("Stream 1", problem.streams[0], "");
   column("Steram 2", problem.streams[1], "");
   column("Mixed stream", problem.mixed, std::string(29, '-'));
-  EXPECT_EQ(mixingblock(problem), expected);
+  EXPECT_EQ(mixingBlock(problem), expected);
 }
 
 }  // namespace

@@ -13,9 +13,9 @@ TEST(MarkPoint, LimitsAreIncluded) {
     ChartLimits limits;
     std::size_t operations;  ///< nineteen circles and the identification
   } rows[] = {
-      {"highest corner", 120, .03, 50, fulllimits, 20},
-      {"saturated", 60, .011, 100, fulllimits, 20},
-      {"above saturation by rounding", 60, .011, 100.0000001, fulllimits, 0},
+      {"highest corner", 120, .03, 50, fullLimits, 20},
+      {"saturated", 60, .011, 100, fullLimits, 20},
+      {"above saturation by rounding", 60, .011, 100.0000001, fullLimits, 0},
       {"lowest corner of a narrow chart", 40, .01, 50, narrow, 20},
       {"left of it", 39.9999999, .015, 50, narrow, 0},
       {"right of it", 80.0000001, .015, 50, narrow, 0},
@@ -30,7 +30,7 @@ TEST(MarkPoint, LimitsAreIncluded) {
     point.w = row.w;
     point.rh = row.rh;
     bool marked = false;
-    const auto mark = [&](const Chart& chart) { marked = markpoint(chart.canvas, point, chart.area, "A"); };
+    const auto mark = [&](const Chart& chart) { marked = markPoint(chart.canvas, point, chart.area, "A"); };
     EXPECT_EQ(recorded(mark, row.limits).size(), row.operations);
     EXPECT_EQ(marked, row.operations > 0);
   }

@@ -10,12 +10,12 @@ using namespace moistair;
 namespace {
 
 constexpr ChartLimits whole{0, 120, 0, 0.03};
-constexpr double sea = defaultpressure;
+constexpr double sea = defaultPressure;
 
 /// A plot of 1200 by 600 pixels: a tenth of a degree and 0.00005 to the pixel.
 constexpr PlotBox box{whole, 100, 50, 1300, 650};
 
-double saturation(double db, double atm) { return ratioof(pvsat(db), atm); }
+double saturation(double db, double atm) { return ratioOf(pvsAt(db), atm); }
 
 }  // namespace
 
@@ -24,8 +24,8 @@ TEST(Reading, SaysTheStateOrWhyThereIsNone) {
     const char* name;
     ChartLimits limits;
     double atm;
-    Place place;
-    const char* spoken;
+    ChartCoordinates place;
+    const char* description;
   } rows[] = {
       {"a room",
        whole,
@@ -65,22 +65,22 @@ TEST(Reading, SaysTheStateOrWhyThereIsNone) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const Reading reading = readingat(row.limits, row.atm, row.place);
+    const Reading reading = readingAt(row.limits, row.atm, row.place);
     EXPECT_NE(reading.state.has_value(), reading.reason != NoReading::none);
-    if (row.spoken != nullptr) {
-      EXPECT_EQ(spokenreading(reading), row.spoken);
+    if (row.description != nullptr) {
+      EXPECT_EQ(readingDescription(reading), row.description);
     }
   }
 }
 
 TEST(Reading, PointsAtWhatIsMeant) {
   const double line = box.y(saturation(70, sea));
-  const std::vector<Place> targets = {{75, 0.0092932}, {75.4, 0.0092932}};
+  const std::vector<ChartCoordinates> targets = {{75, 0.0092932}, {75.4, 0.0092932}};
   const struct {
     const char* name;
     double x, y;
     bool whole;
-    Place place;
+    ChartCoordinates place;
     int target;
   } rows[] = {
       {"the place itself", 903.33, 501.13, false, {80.33, 0.00744}, -1},
@@ -96,7 +96,7 @@ TEST(Reading, PointsAtWhatIsMeant) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const Pointing at = pointedat(box, sea, row.x, row.y, targets, row.whole);
+    const Pointing at = pointedAt(box, sea, row.x, row.y, targets, row.whole);
     EXPECT_NEAR(at.place.db, row.place.db, 1e-9);
     EXPECT_NEAR(at.place.w, row.place.w, 1e-7);
     EXPECT_EQ(at.target ? static_cast<int>(*at.target) : -1, row.target);
@@ -106,23 +106,23 @@ TEST(Reading, PointsAtWhatIsMeant) {
 TEST(Reading, FindsSaturatedAirWhereThereIsSome) {
   for (const double atm : {29.92126, 20.5, 31.0}) {
     for (double db = 0.5; db <= 90; db += 0.37) {
-      const auto place = saturatedat(db, atm);
+      const auto place = saturatedAt(db, atm);
       if (saturation(db, atm) > 0.03) continue;
       ASSERT_TRUE(place) << db << " at " << atm;
-      EXPECT_GT(readingat(whole, atm, *place).state->rh, db < 20 ? 98 : 99.9) << db << " at " << atm;
+      EXPECT_GT(readingAt(whole, atm, *place).state->rh, db < 20 ? 98 : 99.9) << db << " at " << atm;
     }
   }
-  EXPECT_FALSE(saturatedat(115, 3)) << "water boils";
+  EXPECT_FALSE(saturatedAt(115, 3)) << "water boils";
 }
 
 TEST(Reading, StepsByKeysWithinTheLimits) {
   const ChartLimits limits{50, 100, 0.01, 0.02};
   const struct {
     const char* name;
-    Place from;
+    ChartCoordinates from;
     int degrees, ratios;
     bool tenths;
-    Place to;
+    ChartCoordinates to;
   } rows[] = {
       {"a degree", {75.32, 0.0123}, 1, 0, false, {76.32, 0.0123}},
       {"a ratio", {75, 0.0092932}, 0, 1, false, {75, 0.01}},
@@ -133,32 +133,32 @@ TEST(Reading, StepsByKeysWithinTheLimits) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const Place to = stepped(limits, row.from, row.degrees, row.ratios, row.tenths);
+    const ChartCoordinates to = stepped(limits, row.from, row.degrees, row.ratios, row.tenths);
     EXPECT_NEAR(to.db, row.to.db, 1e-9);
     EXPECT_NEAR(to.w, row.to.w, 1e-9);
   }
 }
 
 TEST(Reading, KeysComeToAMarkAndGoOn) {
-  const std::vector<Place> marks = {{75, 0.0092932}};
+  const std::vector<ChartCoordinates> marks = {{75, 0.0092932}};
   EXPECT_TRUE(targetAt({75, 0.0092932}, marks));
   EXPECT_FALSE(targetAt({75.1, 0.0092932}, marks)) << "a tenth of a degree away the air is another";
   EXPECT_FALSE(targetAt({75, 0.0093}, marks));
   EXPECT_EQ(caughtBy(marks, {75.4, 0.0095}, false), marks[0]) << "steps of a degree would pass it by";
-  const Place beyond = stepped(whole, marks[0], 1, 0, true);
+  const ChartCoordinates beyond = stepped(whole, marks[0], 1, 0, true);
   EXPECT_EQ(caughtBy(marks, beyond, true), beyond) << "the next step leaves it";
 }
 
 TEST(Reading, CurvesRunThroughThePlaceAndKeepTheirProperty) {
   for (const double atm : {29.92126, 24.9, 5.0}) {
-    const Reading reading = readingat(whole, atm, {80, 0.008});
+    const Reading reading = readingAt(whole, atm, {80, 0.008});
     ASSERT_TRUE(reading.state);
     const StatePoint& state = *reading.state;
-    for (const Place& place : wetbulbcurve(whole, atm, state)) {
+    for (const ChartCoordinates& place : wetBulbCurve(whole, atm, state)) {
       EXPECT_NEAR(place.w, psychro_w(place.db, state.wb, atm), 1e-9) << place.db;
     }
-    EXPECT_EQ(wetbulbcurve(whole, atm, state).front().db, state.wb) << "it begins at saturation";
-    for (const Place& place : humiditycurve(whole, atm, state)) {
+    EXPECT_EQ(wetBulbCurve(whole, atm, state).front().db, state.wb) << "it begins at saturation";
+    for (const ChartCoordinates& place : humidityCurve(whole, atm, state)) {
       EXPECT_NEAR(place.w, psychro_wrh(place.db, state.rh, atm), 1e-5 + 1e-3 * place.w) << place.db;
     }
   }

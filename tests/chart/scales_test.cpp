@@ -7,7 +7,7 @@ namespace {
 
 TEST(Header, StandsAtItsPlace) {
   const auto header = [](const char* text) {
-    return recorded([&](const Chart& chart) { printheader(chart.canvas, {10980, 7905}, text); });
+    return recorded([&](const Chart& chart) { printHeader(chart.canvas, {10980, 7905}, text); });
   };
   EXPECT_EQ(header("Site elevation= ft"),
             std::vector<Operation>{Operation(TextOperation{183, 65.875, "Site elevation= ft"})});
@@ -17,16 +17,16 @@ TEST(Header, StandsAtItsPlace) {
 TEST(Scales, LeaveAWindowWithoutAnAreaEmpty) {
   for (const WindowSize window : {WindowSize{0, 0}, WindowSize{12000, 0}, WindowSize{0, 6000}, WindowSize{-15, -15}}) {
     RecordingCanvas canvas;
-    const Chart chart{canvas, plotarea(fulllimits, window), sealevel};
-    for (const auto draw : {drawgrid, drawdbscale, drawhrscale, drawvaporscale}) draw(chart);
-    drawtitles(chart, "Atmos. pr=29.92126 In Hg");
+    const Chart chart{canvas, plotArea(fullLimits, window), seaLevel};
+    for (const auto draw : {drawGrid, drawDbScale, drawHrScale, drawVaporScale}) draw(chart);
+    drawTitles(chart, "Atmos. pr=29.92126 In Hg");
     EXPECT_TRUE(canvas.drawing().operations.empty());
   }
 }
 
 TEST(Scales, LeaveOutAVaporPressureThatThereIsNot) {
-  EXPECT_EQ(vaporlabel(120, 0.03, sealevel), "1.3768");
-  EXPECT_EQ(vaporlabel(120, 0.09, sealevel), "") << "out of reach: what a wet bulb of 60 gives is negative";
+  EXPECT_EQ(vaporLabel(120, 0.03, seaLevel), "1.3768");
+  EXPECT_EQ(vaporLabel(120, 0.09, seaLevel), "") << "out of reach: what a wet bulb of 60 gives is negative";
 }
 
 }  // namespace

@@ -14,12 +14,12 @@ class Table {
 public:
   explicit Table(std::string header, bool exact = false, bool strict = false) : header_(std::move(header)) {
     std::string_view rest = header_;
-    takerecord(rest, record_);
-    plan_ = {.columns = columnsof(record_, "t.csv"), .finders = &openrangefinders(), .exact = exact, .strict = strict};
+    takeRecord(rest, record_);
+    plan_ = {.columns = columnsOf(record_, "t.csv"), .finders = &openRangeFinders(), .exact = exact, .strict = strict};
   }
 
-  BatchResult rows(const std::string& text) const { return resolverows(text, plan_); }
-  std::string names() const { return headerline(record_, plan_); }
+  BatchResult rows(const std::string& text) const { return resolveRows(text, plan_); }
+  std::string names() const { return headerLine(record_, plan_); }
 
 private:
   std::string header_;
@@ -30,7 +30,7 @@ private:
 constexpr const char* reference =
     ",75.0000000,62.5000000,50.3032182,0.0092932,28.1695563,55.2457239,13.6751968,0.4404820,ok\n";
 
-const std::string nostate(8, ',');
+const std::string emptyState(8, ',');
 
 }  // namespace
 
@@ -39,7 +39,7 @@ TEST(BatchRows, RowsGoThroughAndGetTheirState) {
     const char* name;
     const char* header;
     std::string row;
-    std::string before;  ///< what stands before the state
+    std::string before;  ///< what precedes the state
     std::string behind;  ///< the state and its status
   } rows[] = {
       {"no line end", "db,wb", "75,62.5", "75,62.5", reference},
@@ -53,20 +53,22 @@ TEST(BatchRows, RowsGoThroughAndGetTheirState) {
        ",75.0000000,62.5000000,52.8341213,0.0117771,30.8876764,56.5992672,16.5000448,0.4626439,ok\n"},
       {"no pressure of its own", "db,wb,inhg,psi", "75,62.5,,\n", "75,62.5,,", reference},
       {"two pressures", "db,wb,inhg,psi", "75,62.5,29,14\n", "75,62.5,29,14",
-       nostate + ",the pressure is given twice\n"},
+       emptyState + ",the pressure is given twice\n"},
       {"pressure that is no number", "db,wb,inhg", "75,62.5,30abc\n", "75,62.5,30abc",
-       nostate + ",inhg is no number\n"},
-      {"value that is no number", "db,dp", "75,x\n", "75,x", nostate + ",dp is no number\n"},
-      {"one value", "db,wb", "75,\n", "75,", nostate + ",1 of db wb rh w h dp v are filled where a state takes two\n"},
-      {"w with dp", "dp,w", "50,0.01\n", "50,0.01", nostate + ",w and dp say the same thing and fix no state\n"},
-      {"above saturation", "db,wb", "75,80\n", "75,80", nostate + ",no such state: rh would be above 100\n"},
+       emptyState + ",inhg is no number\n"},
+      {"value that is no number", "db,dp", "75,x\n", "75,x", emptyState + ",dp is no number\n"},
+      {"one value", "db,wb", "75,\n", "75,",
+       emptyState + ",1 of db wb rh w h dp v are filled where a state takes two\n"},
+      {"w with dp", "dp,w", "50,0.01\n", "50,0.01", emptyState + ",w and dp say the same thing and fix no state\n"},
+      {"above saturation", "db,wb", "75,80\n", "75,80", emptyState + ",no such state: rh would be above 100\n"},
       {"dew point of -1", "db,dp", "75,-1\n", "75,-1",
        ",75.0000000,47.1848667,4.0763831,0.0007429,18.8129404,-1.0000000,13.4902292,0.0356950,ok\n"},
       {"fields missing", "db,wb,note,more", "75,62.5\n", "75,62.5,,",
-       nostate + ",2 fields where there are 4 columns\n"},
-      {"fields too many", "db,wb", "75,62.5,\"x,\",y\n", "75,62.5", nostate + ",4 fields where there are 2 columns\n"},
-      {"quote left open", "db,wb,note", "75,62.5,\"x\n", "75,62.5,\"x\n\"", nostate + ",a quote was left open\n"},
-      {"zero bytes", "db,wb", std::string("7\0,\0\n", 5), std::string("7\0,\0", 4), nostate + ",db is no number\n"},
+       emptyState + ",2 fields where there are 4 columns\n"},
+      {"fields too many", "db,wb", "75,62.5,\"x,\",y\n", "75,62.5",
+       emptyState + ",4 fields where there are 2 columns\n"},
+      {"quote left open", "db,wb,note", "75,62.5,\"x\n", "75,62.5,\"x\n\"", emptyState + ",a quote was left open\n"},
+      {"zero bytes", "db,wb", std::string("7\0,\0\n", 5), std::string("7\0,\0", 4), emptyState + ",db is no number\n"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -120,7 +122,7 @@ TEST(BatchRows, NothingIsLeftByAnEarlierRow) {
   const BatchResult result = Table("w,v").rows("0.025,15.08\n0.0299,15.306753\n");
   EXPECT_EQ(result.rows, 2U);
   EXPECT_EQ(result.failed, 1U);
-  EXPECT_TRUE(result.text.ends_with("0.0299,15.306753" + nostate +
+  EXPECT_TRUE(result.text.ends_with("0.0299,15.306753" + emptyState +
                                     ",\"the search found no state; exact: dry bulb 119.90, wet bulb 94.35\"\n"))
       << result.text;
 }
@@ -143,7 +145,7 @@ TEST(BatchRows, TheFirstLineNamesTheColumns) {
       Table table(row.header);
       FAIL() << "no fault";
     } catch (const Fault& fault) {
-      EXPECT_EQ(fault.code(), ExitCode::badusage);
+      EXPECT_EQ(fault.code(), ExitCode::badUsage);
       EXPECT_NE(std::string(fault.what()).find(row.reason), std::string::npos) << fault.what();
     }
   }

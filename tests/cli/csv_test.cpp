@@ -15,19 +15,19 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-Texts fieldsof(const CsvRecord& record) {
+Texts fieldsOf(const CsvRecord& record) {
   Texts texts;
   std::string scratch;
-  eachfield(record.raw, ',', [&](std::string_view field) { texts.emplace_back(fieldtext(field, scratch)); });
+  eachField(record.raw, ',', [&](std::string_view field) { texts.emplace_back(fieldText(field, scratch)); });
   return texts;
 }
 
 /// Ends of all the records in a text but for one that the text breaks off.
-std::vector<std::size_t> recordends(std::string_view text) {
+std::vector<std::size_t> recordEnds(std::string_view text) {
   std::vector<std::size_t> ends;
   CsvRecord record;
-  for (std::string_view rest = text; takerecord(rest, record);) {
-    if (record.lineend.ends_with('\n')) ends.push_back(text.size() - rest.size());
+  for (std::string_view rest = text; takeRecord(rest, record);) {
+    if (record.lineEnd.ends_with('\n')) ends.push_back(text.size() - rest.size());
   }
   return ends;
 }
@@ -46,7 +46,7 @@ TEST(Csv, ARecordTakenApart) {
     std::string text;
     Texts fields;
     std::string raw, rest;
-    bool quoteopen = false;
+    bool quoteOpen = false;
   } rows[] = {
       {"carriage return", "a,b\r\nc", {"a", "b"}, "a,b", "c"},
       {"no line end", "a,b", {"a", "b"}, "a,b", ""},
@@ -61,11 +61,11 @@ TEST(Csv, ARecordTakenApart) {
     SCOPED_TRACE(row.name);
     std::string_view rest = row.text;
     CsvRecord record;
-    ASSERT_TRUE(takerecord(rest, record));
-    EXPECT_EQ(fieldsof(record), row.fields);
+    ASSERT_TRUE(takeRecord(rest, record));
+    EXPECT_EQ(fieldsOf(record), row.fields);
     EXPECT_EQ(record.raw, row.raw);
     EXPECT_EQ(rest, row.rest);
-    EXPECT_EQ(record.quoteopen, row.quoteopen);
+    EXPECT_EQ(record.quoteOpen, row.quoteOpen);
   }
 }
 
@@ -86,7 +86,7 @@ TEST(Csv, OnlyTheFieldsWantedAreKept) {
     SCOPED_TRACE(row.name);
     std::string_view rest = row.text;
     CsvRecord record;
-    ASSERT_TRUE(takerecord(rest, record, ',', selection));
+    ASSERT_TRUE(takeRecord(rest, record, ',', selection));
     EXPECT_EQ(record.fields, row.fields);
     EXPECT_EQ(record.count, row.count);
     EXPECT_EQ(record.columns, row.columns);
@@ -104,7 +104,7 @@ TEST(Csv, BlocksAreCutWhereRecordsEnd) {
   };
   for (const std::string& table : tables) {
     SCOPED_TRACE(table);
-    const auto ends = recordends(table);
+    const auto ends = recordEnds(table);
     for (std::size_t size = 1; size <= table.size(); ++size) {
       RecordScanner scanner;
       for (std::size_t from = 0; from < table.size(); from += size) {
@@ -113,29 +113,29 @@ TEST(Csv, BlocksAreCutWhereRecordsEnd) {
         for (const std::size_t end : ends) {
           if (end > from && end <= from + piece.size()) last = end - from;
         }
-        EXPECT_EQ(scanner.lastend(piece), last) << "piece of " << size << " at " << from;
+        EXPECT_EQ(scanner.lastEnd(piece), last) << "piece of " << size << " at " << from;
       }
     }
   }
 }
 
 TEST(Csv, AQuoteLeftOpenDoesNotFillTheMemory) {
-  Input input(file("a,b\n1,2\n\"" + std::string(BlockReader::longestrecord + 100000, 'x')));
+  Input input(file("a,b\n1,2\n\"" + std::string(BlockReader::longestRecord + 100000, 'x')));
   BlockReader reader(input);
   EXPECT_EQ(reader.next(), "a,b\n1,2\n");
   EXPECT_EQ(reader.next(), std::nullopt);
-  EXPECT_TRUE(reader.gaveup());
+  EXPECT_TRUE(reader.gaveUp());
 }
 
 TEST(Csv, WrittenFieldsReadBack) {
   for (const std::string text : {"", "plain", "a,b", "say \"no\"", "two\nlines", "\r"}) {
     SCOPED_TRACE(text);
     std::string line;
-    appendfield(line, text);
+    appendField(line, text);
     line += ",end\n";
     std::string_view rest = line;
     CsvRecord record;
-    ASSERT_TRUE(takerecord(rest, record));
-    EXPECT_EQ(fieldsof(record), (Texts{text, "end"}));
+    ASSERT_TRUE(takeRecord(rest, record));
+    EXPECT_EQ(fieldsOf(record), (Texts{text, "end"}));
   }
 }

@@ -20,7 +20,7 @@ Fields swapped(Fields row) {
   return row;
 }
 
-void compare(const Table& table, std::size_t expectedrows) {
+void compare(const Table& table, std::size_t expectedRows) {
   std::ifstream file(std::string(MOISTAIR_DATA) + "/" + table.file);
   std::string line;
   std::getline(file, line);
@@ -28,12 +28,12 @@ void compare(const Table& table, std::size_t expectedrows) {
   std::size_t rows = 0;
   while (std::getline(file, line)) {
     ++rows;
-    const Fields row = fieldsof(line);
+    const Fields row = fieldsOf(line);
     EXPECT_EQ(completed(table, row), line) << table.file << ", line " << rows + 1;
     if (table.given != states.given) continue;
     EXPECT_EQ(completed(table, swapped(row)), joined(swapped(row))) << "the other way round, line " << rows + 1;
   }
-  EXPECT_GE(rows, expectedrows) << "rows of " << table.file << " are gone";
+  EXPECT_GE(rows, expectedRows) << "rows of " << table.file << " are gone";
 }
 
 TEST(Digits, OfStatesAreThoseRecorded) { compare(states, 1000); }
@@ -41,7 +41,7 @@ TEST(Digits, OfSearchedRangesAreThoseRecorded) { compare(ranges, 50); }
 TEST(Digits, OfPressuresAreThoseRecorded) {
   compare(pressures, 30);
   // Its digits hang on the last bit of the C library's pow.
-  EXPECT_TRUE(pressurefor({PressureUnit::elevation, "38650"}).accepted) << "the highest elevation";
+  EXPECT_TRUE(pressureFor({PressureUnit::elevation, "38650"}).accepted) << "the highest elevation";
 }
 TEST(Digits, OfNumbersAreThoseRecorded) { compare(numbers, 70); }
 TEST(Digits, OfMixturesAreThoseRecorded) { compare(mixtures, 100); }

@@ -1,6 +1,6 @@
 /// \file
 /// Whole charts, operation by operation: what the life of the chart draws at each pressure, lines, points and mixtures
-/// of its own added, stands where it was recorded. A hundredth of a pixel is how far another C library may move it.
+/// of its own added, is where it was recorded. A hundredth of a pixel is how far another C library may move it.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -31,47 +31,47 @@ struct Studio {
   explicit Studio(const std::string& head) {
     const std::map<std::string, PressureUnit> units = {
         {"inhg", PressureUnit::inhg}, {"psi", PressureUnit::psi}, {"elevation", PressureUnit::elevation}};
-    const Fields words = fieldsof(head, ' ');
-    const Fields texts = fieldsof(words[1]);
+    const Fields words = fieldsOf(head, ' ');
+    const Fields texts = fieldsOf(words[1]);
     limits = {texts[0], texts[1], texts[2], texts[3]};
-    values.charttype = words[0] == "blank" ? ChartType::blank : ChartType::standard;
-    values.pressureentry = {units.at(words[2]), words[3]};
-    values.pressure.settext(pressurefor(values.pressureentry).inhg.value());
-    EXPECT_FALSE(chart.startdraw(limits));
-    chart.drawchart(window);
+    values.chartType = words[0] == "blank" ? ChartType::blank : ChartType::standard;
+    values.pressureEntry = {units.at(words[2]), words[3]};
+    values.pressure.setText(pressureFor(values.pressureEntry).inhg.value());
+    EXPECT_FALSE(chart.startDraw(limits));
+    chart.drawChart(window);
   }
 
   void add(const std::string& addition) {
-    const std::map<std::string, LineKind> lines = {{"rh", LineKind::relativehumidity},
-                                                   {"wb", LineKind::wetbulb},
+    const std::map<std::string, LineKind> lines = {{"rh", LineKind::relativeHumidity},
+                                                   {"wb", LineKind::wetBulb},
                                                    {"h", LineKind::enthalpy},
-                                                   {"v", LineKind::specificvolume}};
+                                                   {"v", LineKind::specificVolume}};
     const std::size_t blank = addition.find(' ');
     const std::string name = addition.substr(0, blank), value = addition.substr(blank + 1);
     if (name == "point") {
-      addpoint(fieldsof(value));
+      addPoint(fieldsOf(value));
     } else if (name == "mix") {
-      Fields row = fieldsof(value);
+      Fields row = fieldsOf(value);
       row.insert(row.begin(), values.pressure.text());
-      EXPECT_STREQ(drawmixingline(canvas, mixtureof(row), chart.plotarea(window)), nullptr);
+      EXPECT_STREQ(drawMixingLine(canvas, mixtureOf(row), chart.plotArea(window)), nullptr);
     } else {
-      EXPECT_FALSE(chart.drawline(lines.at(name), limits, value, window)) << addition;
+      EXPECT_FALSE(chart.drawLine(lines.at(name), limits, value, window)) << addition;
     }
   }
 
   /// Two properties and an identification, each behind its name.
-  void addpoint(const Fields& fields) {
-    const auto value = [&](std::size_t at) { return fieldsof(fields[at], '=')[1]; };
-    const auto kind = [&](std::size_t at) { return kindof(fieldsof(fields[at], '=')[0]); };
-    const RangeFinders finders = chartrangefinders([this] { return chart.plotarea(window); });
+  void addPoint(const Fields& fields) {
+    const auto value = [&](std::size_t at) { return fieldsOf(fields[at], '=')[1]; };
+    const auto kind = [&](std::size_t at) { return kindOf(fieldsOf(fields[at], '=')[0]); };
+    const RangeFinders finders = chartRangeFinders([this] { return chart.plotArea(window); });
     const Resolution found =
-        resolvepair(kind(0), value(0), kind(1), value(1), chart.atmpressure(), finders, values.solverfields);
-    const StatePoint shown = readreport(fillreport(found.point, value(2), values.pressureentry));
-    EXPECT_TRUE(found.resolved() && markpoint(canvas, shown, chart.plotarea(window), value(2))) << joined(fields);
+        resolvePair(kind(0), value(0), kind(1), value(1), chart.atmPressure(), finders, values.solverFields);
+    const StatePoint shown = readReport(fillReport(found.point, value(2), values.pressureEntry));
+    EXPECT_TRUE(found.resolved() && markPoint(canvas, shown, chart.plotArea(window), value(2))) << joined(fields);
   }
 };
 
-/// One operation: what it is, its numbers, and its colour or text.
+/// One operation: what it is, its numbers, and its color or text.
 struct Step {
   char kind = '-';
   std::array<float, 4> numbers{};
@@ -91,22 +91,22 @@ std::ostream& operator<<(std::ostream& out, const Step& step) {
   return out << " [" << step.rest << ']';
 }
 
-Step stepof(const Operation& operation) {
-  const auto colourof = [](const Color& color) {
+Step stepOf(const Operation& operation) {
+  const auto colorOf = [](const Color& color) {
     std::array<char, 8> text{};
     std::snprintf(text.data(), text.size(), "#%02x%02x%02x", color.red, color.green, color.blue);
     return std::string(text.data());
   };
   if (const auto* text = std::get_if<TextOperation>(&operation)) return {'t', {text->x, text->y}, text->text};
   if (const auto* circle = std::get_if<CircleOperation>(&operation)) {
-    return {'o', {circle->x, circle->y, circle->radius}, colourof(circle->color)};
+    return {'o', {circle->x, circle->y, circle->radius}, colorOf(circle->color)};
   }
   const auto& line = std::get<LineOperation>(operation);
-  return {'-', {line.x1, line.y1, line.x2, line.y2}, line.color ? colourof(*line.color) : "foreground"};
+  return {'-', {line.x1, line.y1, line.x2, line.y2}, line.color ? colorOf(*line.color) : "foreground"};
 }
 
-/// The recorded operation on a line of a file; record_drawings.py tells how it is written.
-Step stepof(const std::string& line, const Step& last) {
+/// The recorded operation on a line of a file; record_drawings.py says how it is written.
+Step stepOf(const std::string& line, const Step& last) {
   std::istringstream words(line);
   Step step;
   auto& at = step.numbers;
@@ -128,9 +128,9 @@ Step stepof(const std::string& line, const Step& last) {
 /// last step onto saturation, where the relative humidity is 100 but for rounding. The label goes back with the pen.
 void settle(std::vector<Step>& steps, const PlotArea& area) {
   for (std::size_t i = 1; i < steps.size(); ++i) {
-    const double wetbulb = steps[i].rest.starts_with("WB=") ? lenientnumber(steps[i].rest.substr(3)) : 0;
+    const double wetBulb = steps[i].rest.starts_with("WB=") ? lenientNumber(steps[i].rest.substr(3)) : 0;
     const auto [x1, y1, x2, y2] = steps[i - 1].numbers;
-    if (!(wetbulb > 0 && std::abs(area.plotx(wetbulb) - static_cast<double>(x2)) < 1)) continue;
+    if (!(wetBulb > 0 && std::abs(area.plotX(wetBulb) - static_cast<double>(x2)) < 1)) continue;
     steps[i].numbers = {x1, y1};
     steps.erase(steps.begin() + static_cast<std::ptrdiff_t>(--i));
   }
@@ -145,14 +145,14 @@ TEST_P(Drawings, StandWhereTheyWereRecorded) {
   Studio studio(line);
   while (std::getline(file, line) && !line.empty()) studio.add(line);
   std::vector<Step> recorded, drawn;
-  Step lastline;
+  Step lastLine;
   while (std::getline(file, line)) {
-    recorded.push_back(stepof(line, lastline));
-    if (recorded.back().kind == '-') lastline = recorded.back();
+    recorded.push_back(stepOf(line, lastLine));
+    if (recorded.back().kind == '-') lastLine = recorded.back();
   }
-  for (const Operation& operation : studio.canvas.drawing().operations) drawn.push_back(stepof(operation));
-  settle(recorded, studio.chart.plotarea(window));
-  settle(drawn, studio.chart.plotarea(window));
+  for (const Operation& operation : studio.canvas.drawing().operations) drawn.push_back(stepOf(operation));
+  settle(recorded, studio.chart.plotArea(window));
+  settle(drawn, studio.chart.plotArea(window));
   ASSERT_GT(recorded.size(), 200U) << "hardly anything is recorded";
   for (std::size_t i = 0; i < std::min(recorded.size(), drawn.size()); ++i) {
     ASSERT_TRUE(drawn[i].near(recorded[i]))

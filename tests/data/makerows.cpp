@@ -1,5 +1,5 @@
 /// \file
-/// Completes the rows of the recorded tables anew from their given fields. README.md beside it says
+/// Completes the rows of the recorded tables again from their given fields. README.md next to it says
 /// when that is right.
 ///
 ///   makerows FOLDER
@@ -26,7 +26,7 @@ double __wrap_pow(double, double);
 namespace {
 
 constexpr int nudges = 16;
-int nudge = 0;  ///< which of them is in force; 0 leaves the results as they are
+int nudge = 0;  ///< which of them is current; 0 leaves the results as they are
 
 /// Moves a result by -1, 0 or 1 units in the last place: the first eight nudges move all results of a function alike,
 /// the others each by itself, as another library would.
@@ -55,7 +55,7 @@ bool holds(const Table& table, const Fields& row, const std::string& line) {
   return same;
 }
 
-void makeanew(const Table& table, const std::string& folder) {
+void remake(const Table& table, const std::string& folder) {
   const std::string path = folder + "/" + table.file;
   std::vector<std::string> kept = {table.columns};
   std::size_t rows = 0;
@@ -64,7 +64,7 @@ void makeanew(const Table& table, const std::string& folder) {
     std::string line;
     std::getline(file, line);
     for (; std::getline(file, line); ++rows) {
-      const Fields row = fieldsof(line);
+      const Fields row = fieldsOf(line);
       line = completed(table, row);
       if (holds(table, row, line)) kept.push_back(line);
     }
@@ -79,5 +79,5 @@ void makeanew(const Table& table, const std::string& folder) {
 
 int main(int argc, char** argv) {
   using namespace moistair::data;
-  for (const Table& table : {states, ranges, mixtures, pressures, numbers}) makeanew(table, argc > 1 ? argv[1] : ".");
+  for (const Table& table : {states, ranges, mixtures, pressures, numbers}) remake(table, argc > 1 ? argv[1] : ".");
 }

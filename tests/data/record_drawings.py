@@ -6,8 +6,8 @@ usage: record_drawings.py MOISTAIR-CLI
 A file begins with what is drawn: type, limits, unit and entry of the pressure on one line, then an addition on each. Behind
 an empty line stands what is recorded, one operation on each line, in twips with two decimals:
 
-    - X1 Y1 X2 Y2 COLOUR    line          > X2 Y2             line from where the last one ended, in its colour
-    o X Y RADIUS COLOUR     circle        t X Y TEXT          text, with its blanks
+    - X1 Y1 X2 Y2 COLOR    line          > X2 Y2             line from where the last one ended, in its color
+    o X Y RADIUS COLOR     circle        t X Y TEXT          text, with its blanks
 """
 
 import json
@@ -44,10 +44,10 @@ def lines(operations):
         elif operation["op"] == "circle":
             yield f"o {numbers(operation, 'x', 'y', 'r')} {operation['color']}"
         else:
-            colour = operation.get("color", "foreground")
-            follows = (operation["x1"], operation["y1"], colour) == end
-            yield f"> {numbers(operation, 'x2', 'y2')}" if follows else f"- {numbers(operation, 'x1', 'y1', 'x2', 'y2')} {colour}"
-            end = operation["x2"], operation["y2"], colour
+            color = operation.get("color", "foreground")
+            follows = (operation["x1"], operation["y1"], color) == end
+            yield f"> {numbers(operation, 'x2', 'y2')}" if follows else f"- {numbers(operation, 'x1', 'y1', 'x2', 'y2')} {color}"
+            end = operation["x2"], operation["y2"], color
 
 
 def same(line, recorded):

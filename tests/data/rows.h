@@ -1,7 +1,7 @@
 /// \file
 /// The rows of the recorded tables: what is given, and behind it what the program makes of that.
 ///
-/// The test and the generator share `completed`, which takes the given fields of a row and returns the whole row anew.
+/// The test and the generator share `completed`, which takes the given fields of a row and returns the whole row again.
 #pragma once
 
 #include <iomanip>
@@ -21,7 +21,7 @@ namespace moistair::data {
 
 using Fields = std::vector<std::string>;
 
-inline Fields fieldsof(const std::string& line, char separator = ',') {
+inline Fields fieldsOf(const std::string& line, char separator = ',') {
   Fields fields;
   std::istringstream stream(line + separator);
   for (std::string field; std::getline(stream, field, separator);) fields.push_back(field);
@@ -34,11 +34,11 @@ inline std::string joined(const Fields& fields) {
   return line;
 }
 
-inline constexpr std::array<const char*, kindcount> kindnames = {"db", "wb", "rh", "w", "h", "dp", "v"};
+inline constexpr std::array<const char*, kindCount> kindNames = {"db", "wb", "rh", "w", "h", "dp", "v"};
 
-inline std::optional<PropertyKind> kindof(const std::string& name) {
-  for (int i = 0; i < kindcount; ++i) {
-    if (kindnames[static_cast<std::size_t>(i)] == name) return kindat(i);
+inline std::optional<PropertyKind> kindOf(const std::string& name) {
+  for (int i = 0; i < kindCount; ++i) {
+    if (kindNames[static_cast<std::size_t>(i)] == name) return kindAt(i);
   }
   return std::nullopt;
 }
@@ -51,92 +51,92 @@ struct Table {
   void (*complete)(Fields& row);
 };
 
-inline std::string outcomeof(const Resolution& resolution) {
+inline std::string outcomeOf(const Resolution& resolution) {
   constexpr std::array<const char*, 8> reasons = {"found",  "samekind",   "wwithdp", "blank",
                                                   "nokind", "givenvalue", "search",  "state"};
   std::string outcome = reasons[static_cast<std::size_t>(resolution.reason)];
-  if (resolution.reason >= Unresolved::givenvalue) {
-    outcome += std::string(" ") + kindnames[static_cast<std::size_t>(resolution.kind)];
+  if (resolution.reason >= Unresolved::givenValue) {
+    outcome += std::string(" ") + kindNames[static_cast<std::size_t>(resolution.kind)];
   }
-  if (resolution.reason == Unresolved::givenvalue || resolution.reason == Unresolved::state) {
-    outcome += " " + numbertext(resolution.limits.above) + " to " + numbertext(resolution.limits.upto);
+  if (resolution.reason == Unresolved::givenValue || resolution.reason == Unresolved::state) {
+    outcome += " " + numberText(resolution.range.above) + " to " + numberText(resolution.range.upTo);
   }
-  if (resolution.unseenline) outcome += " unseen";
+  if (resolution.unseenLine) outcome += " unseen";
   return outcome;
 }
 
 /// Finders of a chart of these limits, "0:120:0:0.030", those that know no chart for none, and those before the first
 /// chart is drawn for "undrawn".
-inline RangeFinders findersof(const std::string& chart) {
-  if (chart.empty()) return openrangefinders();
-  if (chart == "undrawn") return chartrangefinders([] { return PlotArea{{0, 120, 0, 0.03}, {}, {12000, 6000}}; });
-  const Fields texts = fieldsof(chart, ':');
+inline RangeFinders findersOf(const std::string& chart) {
+  if (chart.empty()) return openRangeFinders();
+  if (chart == "undrawn") return chartRangeFinders([] { return PlotArea{{0, 120, 0, 0.03}, {}, {12000, 6000}}; });
+  const Fields texts = fieldsOf(chart, ':');
   ChartLimits limits;
-  readlimits({texts[0], texts[1], texts[2], texts[3]}, limits);
-  return chartrangefinders([=] { return plotarea(limits, {12000, 6000}); });
+  readLimits({texts[0], texts[1], texts[2], texts[3]}, limits);
+  return chartRangeFinders([=] { return plotArea(limits, {12000, 6000}); });
 }
 
-/// The digits of a state that is refused tell where its search ended; of a refused value there are none.
-inline void completestate(Fields& row) {
-  SolverFields solverfields;
-  const Resolution resolution = resolvepair(kindof(row[2]), row[3], kindof(row[4]), row[5], lenientnumber(row[0]),
-                                            findersof(row[1]), solverfields);
-  row.push_back(outcomeof(resolution));
+/// The digits of a state that is refused show where its search ended; of a refused value there are none.
+inline void completeState(Fields& row) {
+  SolverFields solverFields;
+  const Resolution resolution = resolvePair(kindOf(row[2]), row[3], kindOf(row[4]), row[5], lenientNumber(row[0]),
+                                            findersOf(row[1]), solverFields);
+  row.push_back(outcomeOf(resolution));
   if (resolution.reason != Unresolved::none && resolution.reason < Unresolved::search) return;
   row.push_back(std::to_string(resolution.iterations));
   if (resolution.reason == Unresolved::search) return;
-  for (int kind = 0; kind < kindcount; ++kind) row.push_back(showvalue(resolution.point.at(*kindat(kind))));
-  row.push_back(showvalue(resolution.point.pv));
+  for (int kind = 0; kind < kindCount; ++kind) row.push_back(showValue(resolution.point.at(*kindAt(kind))));
+  row.push_back(showValue(resolution.point.pv));
 }
 
 /// The problem that a row gives: the pressure, and for each stream two kinds with their values and the flow.
-inline MixingProblem mixtureof(const Fields& row) {
+inline MixingProblem mixtureOf(const Fields& row) {
   MixingProblem problem;
-  problem.pressure = {lenientnumber(row[0]), {}};
+  problem.pressure = {lenientNumber(row[0]), {}};
   for (const std::size_t i : {0U, 1U}) {
     AirStream& stream = problem.streams[i];
     const std::size_t at = 1 + 5 * i;
-    stream.kind1 = kindof(row[at]);
+    stream.kind1 = kindOf(row[at]);
     stream.value1 = row[at + 1];
-    stream.kind2 = kindof(row[at + 2]);
+    stream.kind2 = kindOf(row[at + 2]);
     stream.value2 = row[at + 3];
     stream.flow = row[at + 4];
-    resolvestream(problem, i);
+    resolveStream(problem, i);
   }
-  mixstreams(problem);
+  mixStreams(problem);
   return problem;
 }
 
-inline void completemixture(Fields& row) {
-  const MixingProblem problem = mixtureof(row);
+inline void completeMixture(Fields& row) {
+  const MixingProblem problem = mixtureOf(row);
   row.push_back(problem.savable ? "savable" : "unfinished");
   for (const AirStream& stream : problem.streams) {
-    for (const std::string& text : {stream.db, stream.wb, stream.dryrate, stream.vaporrate, stream.moistrate}) {
+    for (const std::string& text : {stream.db, stream.wb, stream.dryRate, stream.vaporRate, stream.moistRate}) {
       row.push_back(text);
     }
   }
-  for (const ReadoutRow& readout : readoutrows) {
+  for (const ReadoutRow& readout : readoutRows) {
     if (readout.caption != nullptr) row.push_back(problem.mixed.*readout.text);
   }
 }
 
-inline void completerange(Fields& row) {
-  const RangeFinders finders = findersof(row[1]);
-  const RangeFinder& finder = row[2] == "rh"  ? finders.dbrangeofrh
-                              : row[2] == "h" ? finders.dbrangeofh
-                                              : finders.dbrangeofspvol;
-  const auto range = finder(strictnumber(row[3]), strictnumber(row[0]));
-  row.push_back(range ? numbertext(range->low) : "nothing");
-  if (range) row.push_back(numbertext(range->high));
+inline void completeRange(Fields& row) {
+  const RangeFinders finders = findersOf(row[1]);
+  const RangeFinder& finder = row[2] == "rh"  ? finders.dbRangeOfRh
+                              : row[2] == "h" ? finders.dbRangeOfH
+                                              : finders.dbRangeOfSpvol;
+  const auto range = finder(strictNumber(row[3]), strictNumber(row[0]));
+  row.push_back(range ? numberText(range->low) : "nothing");
+  if (range) row.push_back(numberText(range->high));
 }
 
 /// A typed text read as a number, or a number shown as text.
-inline void completenumber(Fields& row) {
+inline void completeNumber(Fields& row) {
   const auto precise = [](double number) {
     std::ostringstream text;
     text.imbue(std::locale::classic());
     text << std::setprecision(17) << number;
-    return hasvalue(number) ? text.str() : "none";
+    return hasValue(number) ? text.str() : "none";
   };
   const auto written = [](void (*append)(std::string&, double), double value) {
     std::string text = "=";
@@ -144,44 +144,44 @@ inline void completenumber(Fields& row) {
     return text;
   };
   const std::string& way = row[0];
-  const double number = strictnumber(row[1]);
+  const double number = strictNumber(row[1]);
   row.push_back(way == "strict"      ? precise(number)
-                : way == "lenient"   ? precise(lenientnumber(row[1]))
-                : way == "shown"     ? showvalue(number)
-                : way == "text"      ? numbertext(number)
-                : way == "four"      ? fixeddecimals(number, 4)
-                : way == "seven"     ? written(appendsevendecimals, number)
-                : way == "roundtrip" ? written(appendroundtrip, number)
-                                     : printednumber(number));
+                : way == "lenient"   ? precise(lenientNumber(row[1]))
+                : way == "shown"     ? showValue(number)
+                : way == "text"      ? numberText(number)
+                : way == "four"      ? fixedDecimals(number, 4)
+                : way == "seven"     ? written(appendSevenDecimals, number)
+                : way == "roundtrip" ? written(appendRoundTrip, number)
+                                     : printedNumber(number));
 }
 
 /// What the pressure window shows of an entry whose read-outs were "a", "b" and "c" before, and what it comes to.
-inline void completepressure(Fields& row) {
+inline void completePressure(Fields& row) {
   std::optional<PressureUnit> unit;
   for (int i = 0; i < 4; ++i) {
     if (row[0] == std::array{"default", "inhg", "psi", "elevation"}[static_cast<std::size_t>(i)])
-      unit = pressureunitat(i);
+      unit = pressureUnitAt(i);
   }
   const PressureEntry entry{unit, row[1]};
-  const PressureReadouts readouts = pressurereadouts(entry, {"a", "b", "c"});
-  const PressureSetting setting = pressurefor(entry);
+  const PressureReadouts readouts = pressureReadouts(entry, {"a", "b", "c"});
+  const PressureSetting setting = pressureFor(entry);
   for (const std::string& text : {readouts.inhg, readouts.psi, readouts.feet}) row.push_back(text);
   row.push_back(setting.inhg.value_or("kept"));
   row.push_back(setting.accepted ? "accepted" : "refused");
-  for (const std::string& text : {headerline(entry), pressurecaption(entry), pressureshown(entry)}) row.push_back(text);
+  for (const std::string& text : {headerLine(entry), pressureCaption(entry), pressureShown(entry)}) row.push_back(text);
 }
 
-inline constexpr Table numbers{"numbers.csv", "way,given,result", 2, completenumber};
+inline constexpr Table numbers{"numbers.csv", "way,given,result", 2, completeNumber};
 inline constexpr Table pressures{"pressures.csv", "unit,entry,inhg,psi,feet,stored,outcome,header,caption,shown", 2,
-                                 completepressure};
-inline constexpr Table ranges{"ranges.csv", "pressure,chart,kind,line,low,high", 4, completerange};
+                                 completePressure};
+inline constexpr Table ranges{"ranges.csv", "pressure,chart,kind,line,low,high", 4, completeRange};
 inline constexpr Table states{
-    "states.csv", "pressure,chart,kind1,value1,kind2,value2,outcome,iterations,db,wb,rh,w,h,dp,v,pv", 6, completestate};
+    "states.csv", "pressure,chart,kind1,value1,kind2,value2,outcome,iterations,db,wb,rh,w,h,dp,v,pv", 6, completeState};
 inline constexpr Table mixtures{"mixtures.csv",
                                 "pressure,kind1,value1,kind2,value2,flow1,kind1,value1,kind2,value2,flow2,outcome,"
                                 "db1,wb1,dryrate1,vaporrate1,moistrate1,db2,wb2,dryrate2,vaporrate2,moistrate2,"
                                 "flow,db,wb,rh,h,v,w,dp,pv,pvsat,dryrate,vaporrate,moistrate",
-                                11, completemixture};
+                                11, completeMixture};
 
 /// The row as the program completes it now; only the given fields are read.
 inline std::string completed(const Table& table, Fields row) {

@@ -10,7 +10,7 @@ using enum PropertyKind;
 
 namespace {
 
-StatePoint bulbs(double dryBulb, double wetBulb) { return stateat(dryBulb, wetBulb, defaultpressure); }
+StatePoint bulbs(double dryBulb, double wetBulb) { return stateAt(dryBulb, wetBulb, defaultPressure); }
 
 TEST(Exact, NearestIsByDryBulbThenByWetBulb) {
   std::vector<StatePoint> states = {bulbs(60, 40), bulbs(50.5, 30), bulbs(50.5, 48)};
@@ -38,7 +38,7 @@ TEST(Exact, OneOfSeveralIsChosenByTheSearchOnly) {
     Resolution resolution;
     resolution.reason = Unresolved::search;
     if (row.found) resolution = resolutionOf(*row.found);
-    const ExactChoice choice = exactChoice(row.pair, defaultpressure, resolution);
+    const ExactChoice choice = exactChoice(row.pair, defaultPressure, resolution);
     EXPECT_NEAR(choice.state ? choice.state->wb : 0, row.wetBulb, 1e-4);
   }
 }
@@ -53,9 +53,9 @@ MixingProblem solved(const std::array<std::array<const char*, 3>, 2>& streams, c
     stream.value1 = streams[i][0];
     stream.value2 = streams[i][1];
     stream.flow = streams[i][2];
-    resolvestream(problem, i);
+    resolveStream(problem, i);
   }
-  mixstreams(problem);
+  mixStreams(problem);
   return problem;
 }
 
@@ -71,39 +71,39 @@ TEST(Exact, AMixedWetBulbBelowBothStreamsIsMissedAndTheExactOneIsNot) {
   ASSERT_TRUE(missed.any());
   EXPECT_EQ(missed.values[0].kind, wb);
   problem.exactMixture = true;
-  mixstreams(problem);
+  mixStreams(problem);
   EXPECT_TRUE(problem.mixed.exact);
   EXPECT_FALSE(judgedMixture(problem).any());
-  const double exact = strictnumber(problem.mixed.wb);
+  const double exact = strictNumber(problem.mixed.wb);
   EXPECT_NEAR(exact, missed.values[0].wanted, 1e-6);
-  EXPECT_GT(exact, strictnumber(found));
+  EXPECT_GT(exact, strictNumber(found));
   problem.exactMixture = false;
-  mixstreams(problem);
+  mixStreams(problem);
   EXPECT_EQ(problem.mixed.wb, found) << "the search's digits are what they were";
   EXPECT_FALSE(problem.mixed.exact);
 }
 
 TEST(Exact, AMixtureWithinWhatCanBeSeenIsNotMarked) {
   EXPECT_FALSE(
-      judgedMixture(solved({{{"75", "62.5", "1000"}, {"95", "75", "500"}}}, {{{wb, 0}, {wb, 0}}}, defaultpressure))
+      judgedMixture(solved({{{"75", "62.5", "1000"}, {"95", "75", "500"}}}, {{{wb, 0}, {wb, 0}}}, defaultPressure))
           .any());
 }
 
 TEST(Exact, AStreamIsExactWhenItIsToBe) {
   MixingProblem problem;
-  problem.pressure.atm = defaultpressure;
+  problem.pressure.atm = defaultPressure;
   AirStream& stream = problem.streams[0];
   stream.kind1 = h;
   stream.kind2 = dp;
   stream.value1 = "13.68";
   stream.value2 = "27.65";
   stream.flow = "1";
-  resolvestream(problem, 0);
-  EXPECT_EQ(judged(*givenOf(stream), shownState(stream), defaultpressure).values.size(), 1U);
+  resolveStream(problem, 0);
+  EXPECT_EQ(judged(*givenOf(stream), shownState(stream), defaultPressure).values.size(), 1U);
   stream.exact = true;
-  resolvestream(problem, 0);
+  resolveStream(problem, 0);
   EXPECT_EQ(stream.db, "43.1289323");
-  EXPECT_FALSE(judged(*givenOf(stream), shownState(stream), defaultpressure).any());
+  EXPECT_FALSE(judged(*givenOf(stream), shownState(stream), defaultPressure).any());
 }
 
 }  // namespace

@@ -10,7 +10,7 @@ using namespace moistair;
 
 namespace {
 
-constexpr double atm = defaultpressure;
+constexpr double atm = defaultPressure;
 constexpr double infinite = std::numeric_limits<double>::infinity();
 
 /// Seven printed decimals.
@@ -35,18 +35,18 @@ TEST(Functions, ThatNoRecordedStateUses) {
 }
 
 TEST(NoValue, IsNeitherInventedNorInfinite) {
-  const double boiling80 = psychro_pvs(80);  // the vapour of saturated air at 80 takes all of this pressure
+  const double boiling80 = psychro_pvs(80);  // the vapor of saturated air at 80 takes all of this pressure
   const Row rows[] = {
       {"log10 of 0", moistair::log10(0)},
       {"log10 of an infinity", moistair::log10(infinite)},
       {"pvs at absolute zero", psychro_pvs(-459.67)},
       {"pvs of a huge temperature", psychro_pvs(1e300)},
-      {"pvs of no value", psychro_pvs(novalue)},
+      {"pvs of no value", psychro_pvs(noValue)},
       {"dp of 0", psychro_dp(0)},
       {"dp of an infinity", psychro_dp(infinite)},
       {"pv1 of boiling water", psychro_pv1(90, 80, boiling80)},
       {"pv1 of saturated air in a vacuum", psychro_pv1(60, 60, 0)},
-      {"pv1 of no pressure", psychro_pv1(75, 60, novalue)},
+      {"pv1 of no pressure", psychro_pv1(75, 60, noValue)},
       {"w of boiling water", psychro_w(90, 80, boiling80)},
       {"h of an infinite dry bulb", psychro_h(infinite, 60, atm)},
       {"v in a vacuum", psychro_v(75, 20, 0)},
@@ -65,7 +65,7 @@ TEST(NoValue, IsNeitherInventedNorInfinite) {
 
 TEST(NoValue, AssignmentKeepsTheTarget) {
   double target = 3;
-  assign(target, novalue);
+  assign(target, noValue);
   assign(target, infinite);
   EXPECT_EQ(target, 3);
 }

@@ -14,10 +14,10 @@ constexpr double atm = 29.92126;
 
 TEST(NestedPairs, AFinderThatFindsNothingLeavesTheLastRange) {
   SolverFields fields;
-  resolvepair({dp, 50}, {v, 30}, atm, RangeFinders{}, fields);
+  resolvePair({dp, 50}, {v, 30}, atm, RangeFinders{}, fields);
   EXPECT_EQ(fields.candidate.text(), "0") << "without any range the search sits at 0";
-  resolvepair({rh, 50}, {h, 28}, atm, openrangefinders(), fields);
-  resolvepair({dp, 50}, {v, 30}, atm, openrangefinders(), fields);
+  resolvePair({rh, 50}, {h, 28}, atm, openRangeFinders(), fields);
+  resolvePair({dp, 50}, {v, 30}, atm, openRangeFinders(), fields);
   EXPECT_EQ(fields.low.text(), "0");
   EXPECT_EQ(fields.high.text(), "112");
 }
@@ -25,9 +25,9 @@ TEST(NestedPairs, AFinderThatFindsNothingLeavesTheLastRange) {
 TEST(NestedPairs, TheFinderSeesFifteenDigits) {
   double seen = 0;
   RangeFinders finders;
-  finders.dbrangeofh = [&](double line, double) { return seen = line, std::nullopt; };
+  finders.dbRangeOfH = [&](double line, double) { return seen = line, std::nullopt; };
   SolverFields fields;
-  resolvepair({h, 28.000000000000004}, {v, 13.7}, atm, finders, fields);
+  resolvePair({h, 28.000000000000004}, {v, 13.7}, atm, finders, fields);
   EXPECT_EQ(seen, 28);
 }
 
@@ -35,7 +35,7 @@ TEST(NestedPairs, KeepToTheRangeTheyAreGiven) {
   const auto within = [](double low, double high, Given first, Given second) {
     const RangeFinder fixed = [=](double, double) { return DryBulbRange{low, high}; };
     SolverFields fields;
-    return resolvepair(first, second, atm, {fixed, fixed, fixed}, fields).resolved();
+    return resolvePair(first, second, atm, {fixed, fixed, fixed}, fields).resolved();
   };
   EXPECT_FALSE(within(80, 120, {rh, 50.3032182}, {v, 13.6751968})) << "a state beside the range";
   // Were the search for the wet bulb kept from running above its reach too, its midpoint of 60 would do here.
@@ -43,10 +43,10 @@ TEST(NestedPairs, KeepToTheRangeTheyAreGiven) {
 }
 
 TEST(Kinds, AreCountedFromTheTopOfTheirList) {
-  EXPECT_EQ(kindat(6), v);
-  EXPECT_EQ(kindat(-1), std::nullopt);
-  EXPECT_EQ(kindat(kindcount), std::nullopt);
-  EXPECT_EQ(kindnamed("pv"), std::nullopt) << "it can fix no state";
+  EXPECT_EQ(kindAt(6), v);
+  EXPECT_EQ(kindAt(-1), std::nullopt);
+  EXPECT_EQ(kindAt(kindCount), std::nullopt);
+  EXPECT_EQ(kindNamed("pv"), std::nullopt) << "it can fix no state";
   EXPECT_EQ(keysOfKinds(), "db wb rh w h dp v");
 }
 

@@ -31,15 +31,15 @@ bool fails(const char* call, int error) {
   return true;
 }
 
-bool isplain(int file) {
+bool isPlain(int file) {
   struct stat facts;
   return ::fstat(file, &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
 }  // namespace
 
-void failfrom(const std::string& call, int n, int fortimes) {
-  times = fortimes;
+void failFrom(const std::string& call, int n, int forTimes) {
+  times = forTimes;
   failing = call;
   first = n;
   calls = 0;
@@ -47,11 +47,11 @@ void failfrom(const std::string& call, int n, int fortimes) {
 
 namespace {
 
-[[maybe_unused]] const bool told = [] {
+[[maybe_unused]] const bool configured = [] {
   const char* fault = std::getenv("FAULT");
   if (fault == nullptr) return false;
   const std::string text = fault;
-  failfrom(text.substr(0, text.find(' ')), std::atoi(text.c_str() + text.find(' ')));
+  failFrom(text.substr(0, text.find(' ')), std::atoi(text.c_str() + text.find(' ')));
   return true;
 }();
 
@@ -89,7 +89,7 @@ int open(const char* name, int flags, ...) {
 }
 
 ssize_t write(int file, const void* bytes, size_t size) {
-  const int before = isplain(file) ? left("write") : 1;
+  const int before = isPlain(file) ? left("write") : 1;
   if (before > 0) return ::syscall(SYS_write, file, bytes, size);
   if (before == 0 && size > 1) return ::syscall(SYS_write, file, bytes, size / 2);
   errno = ENOSPC;
@@ -106,17 +106,17 @@ int ftruncate(int file, off_t size) noexcept {
   return fails("ftruncate", EIO) ? -1 : static_cast<int>(::syscall(SYS_ftruncate, file, size));
 }
 
-int renameat(int fromfolder, const char* from, int tofolder, const char* to) noexcept {
-  return fails("rename", EIO) ? -1 : static_cast<int>(::syscall(SYS_renameat2, fromfolder, from, tofolder, to, 0));
+int renameat(int fromFolder, const char* from, int toFolder, const char* to) noexcept {
+  return fails("rename", EIO) ? -1 : static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, 0));
 }
 
-int renameat2(int fromfolder, const char* from, int tofolder, const char* to, unsigned flags) noexcept {
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept {
   if (fails("renameat2", EXDEV)) return -1;
-  return static_cast<int>(::syscall(SYS_renameat2, fromfolder, from, tofolder, to, flags));
+  return static_cast<int>(::syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags));
 }
 
-int linkat(int fromfolder, const char* from, int tofolder, const char* to, int flags) noexcept {
+int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
   if (fails("linkat", EIO)) return -1;
-  return static_cast<int>(::syscall(SYS_linkat, fromfolder, from, tofolder, to, flags));
+  return static_cast<int>(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
 }
 }

@@ -20,7 +20,7 @@ using namespace moistair::sessiontest;
 
 namespace {
 
-mode_t modeof(const fs::path& path) {
+mode_t modeOf(const fs::path& path) {
   struct stat facts {};
   ::stat(path.c_str(), &facts);
   return facts.st_mode & 07777;
@@ -40,7 +40,7 @@ private:
   uid_t former_;
 };
 
-Error notopened(int number) { return {ErrorCode::notOpened, {}, std::strerror(number)}; }
+Error notOpened(int number) { return {ErrorCode::notOpened, {}, std::strerror(number)}; }
 
 class OutputFileTest : public testing::Test {
 protected:
@@ -59,7 +59,7 @@ TEST_F(OutputFileTest, LinksStayAndWhatTheyLeadToIsWritten) {
   fs::create_symlink("below", folder / "around");
   const struct {
     const char* name;
-    const char* leadsto;
+    const char* leadsTo;
     const char* written;
   } rows[] = {
       {"to a file", "below/old", "below/old"},
@@ -67,10 +67,10 @@ TEST_F(OutputFileTest, LinksStayAndWhatTheyLeadToIsWritten) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    fs::create_symlink(row.leadsto, target);
+    fs::create_symlink(row.leadsTo, target);
     fs::create_symlink(target, folder / "second");
-    EXPECT_TRUE(writefile(folder / "second", "new"));
-    EXPECT_EQ(bytesof(folder / row.written), "new");
+    EXPECT_TRUE(writeFile(folder / "second", "new"));
+    EXPECT_EQ(bytesOf(folder / row.written), "new");
     EXPECT_TRUE(fs::is_symlink(target) && fs::is_symlink(folder / "second"));
     fs::remove(target);
     fs::remove(folder / "second");
@@ -87,35 +87,35 @@ TEST_F(OutputFileTest, WhatCannotBeWrittenIsToldBeforehand) {
     fs::path path;
     Error error;
   } rows[] = {
-      {"no name", "", notopened(ENOENT)},
-      {"no such folder", folder / "nowhere" / "a", notopened(ENOENT)},
-      {"a file for a folder", folder / "file" / "a", notopened(ENOTDIR)},
-      {"a folder", folder, notopened(EISDIR)},
-      {"a folder that is not there", folder / "new" / "", notopened(EISDIR)},
-      {"a loop of links", folder / "loop", notopened(ELOOP)},
+      {"no name", "", notOpened(ENOENT)},
+      {"no such folder", folder / "nowhere" / "a", notOpened(ENOENT)},
+      {"a file for a folder", folder / "file" / "a", notOpened(ENOTDIR)},
+      {"a folder", folder, notOpened(EISDIR)},
+      {"a folder that is not there", folder / "new" / "", notOpened(EISDIR)},
+      {"a loop of links", folder / "loop", notOpened(ELOOP)},
       {"a link to nothing",
        folder / "dangling",
        {ErrorCode::notOpened, {}, "It is a link to a file that does not exist"}},
-      {"a FIFO that nobody reads", folder / "fifo", notopened(ENXIO)},
-      {"too long", folder / std::string(300, 'x'), notopened(ENAMETOOLONG)},
+      {"a FIFO that nobody reads", folder / "fifo", notOpened(ENXIO)},
+      {"too long", folder / std::string(300, 'x'), notOpened(ENAMETOOLONG)},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const Outcome written = writefile(row.path, "new");
+    const Outcome written = writeFile(row.path, "new");
     ASSERT_FALSE(written);
     EXPECT_EQ(written.error(), row.error);
   }
-  EXPECT_EQ(namesin(folder), (std::vector<std::string>{"dangling", "fifo", "file", "loop"}));
+  EXPECT_EQ(namesIn(folder), (std::vector<std::string>{"dangling", "fifo", "file", "loop"}));
 }
 
 TEST_F(OutputFileTest, PermissionsStay) {
   const mode_t mask = ::umask(027);
-  EXPECT_TRUE(writefile(target, "new"));
+  EXPECT_TRUE(writeFile(target, "new"));
   ::umask(mask);
-  EXPECT_EQ(modeof(target), 0640U) << "those of a new file are the user's affair";
+  EXPECT_EQ(modeOf(target), 0640U) << "those of a new file are the user's affair";
   fs::permissions(target, fs::perms(0604));
-  EXPECT_TRUE(writefile(target, "newer"));
-  EXPECT_EQ(modeof(target), 0604U);
+  EXPECT_TRUE(writeFile(target, "newer"));
+  EXPECT_EQ(modeOf(target), 0604U);
 }
 
 TEST_F(OutputFileTest, AUsersFileInAFolderThatIsClosed) {
@@ -130,13 +130,13 @@ TEST_F(OutputFileTest, AUsersFileInAFolderThatIsClosed) {
   fs::permissions(shut, fs::perms(0555));
   {
     const OrdinaryUser user;
-    EXPECT_TRUE(writefile(shut / "open", "new"));
-    EXPECT_EQ(writefile(shut / "shut", "new").error(), notopened(EACCES));
-    EXPECT_EQ(writefile(shut / "absent", "new").error(), notopened(EACCES));
-    EXPECT_EQ(writefile(target, "new").error(), notopened(EACCES)) << "protected, though its folder may be open";
+    EXPECT_TRUE(writeFile(shut / "open", "new"));
+    EXPECT_EQ(writeFile(shut / "shut", "new").error(), notOpened(EACCES));
+    EXPECT_EQ(writeFile(shut / "absent", "new").error(), notOpened(EACCES));
+    EXPECT_EQ(writeFile(target, "new").error(), notOpened(EACCES)) << "protected, though its folder may be open";
   }
-  EXPECT_EQ(bytesof(shut / "open"), "new");
-  EXPECT_EQ(namesin(shut), (std::vector<std::string>{"open", "shut"}));
+  EXPECT_EQ(bytesOf(shut / "open"), "new");
+  EXPECT_EQ(namesIn(shut), (std::vector<std::string>{"open", "shut"}));
   fs::permissions(shut, fs::perms(0755));
 }
 
@@ -155,11 +155,11 @@ TEST_F(OutputFileTest, CopyingOverFailsWithoutMixingOldAndNew) {
         SCOPED_TRACE(std::string(call) + " " + std::to_string(n) + ", " + std::to_string(old.size()) + " bytes");
         make(shut / "file", old);
         const OrdinaryUser user;
-        faults::failfrom(call, n, 1);
-        const Outcome written = writefile(shut / "file", fresh);
-        faults::failfrom("", 0);
+        faults::failFrom(call, n, 1);
+        const Outcome written = writeFile(shut / "file", fresh);
+        faults::failFrom("", 0);
         failed = !written;
-        const std::string left = bytesof(shut / "file");
+        const std::string left = bytesOf(shut / "file");
         EXPECT_TRUE(left == fresh || (failed && left == old)) << left.size() << " bytes are there";
         ASSERT_LT(n, 20);
       }
@@ -183,24 +183,24 @@ TEST_F(OutputFileTest, NamesOfOurOwnAreNeverFollowed) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     row.put();
-    EXPECT_FALSE(writeownfile(target, "new"));
-    EXPECT_EQ(modeof(target), 0600U);
+    EXPECT_FALSE(writeOwnFile(target, "new"));
+    EXPECT_EQ(modeOf(target), 0600U);
     EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(target)));
-    EXPECT_EQ(bytesof(target) + bytesof(folder / "else"), "newelse");
+    EXPECT_EQ(bytesOf(target) + bytesOf(folder / "else"), "newelse");
     fs::remove(target);
   }
-  EXPECT_EQ(namesin(folder), std::vector<std::string>{"else"});
+  EXPECT_EQ(namesIn(folder), std::vector<std::string>{"else"});
 }
 
 TEST_F(OutputFileTest, TheKernelDecidesWhichLinksAreFollowed) {
   make(folder / "else", "else");
   fs::create_symlink("else", target);
-  faults::failfrom("follow", 1);  // as another user's link in a shared folder, where links are protected
-  const Outcome written = writefile(target, "new");
-  faults::failfrom("", 0);
+  faults::failFrom("follow", 1);  // as another user's link in a shared folder, where links are protected
+  const Outcome written = writeFile(target, "new");
+  faults::failFrom("", 0);
   ASSERT_FALSE(written);
-  EXPECT_EQ(written.error(), notopened(EACCES));
-  EXPECT_EQ(bytesof(folder / "else"), "else");
+  EXPECT_EQ(written.error(), notOpened(EACCES));
+  EXPECT_EQ(bytesOf(folder / "else"), "else");
 }
 
 TEST_F(OutputFileTest, FilesOfDeadProcessesAreRemoved) {
@@ -215,16 +215,16 @@ TEST_F(OutputFileTest, FilesOfDeadProcessesAreRemoved) {
   const Descriptor locked(::open((folder / (dead + "1")).c_str(), O_RDONLY | O_CLOEXEC));
   ASSERT_EQ(::flock(locked.number(), LOCK_EX), 0);
   fs::create_symlink("else", folder / (dead + "2"));
-  removeabandoned(folder);
+  removeAbandoned(folder);
   std::vector<std::string> left = {dead + "1", dead + "2", alive + "-0", ".moistair-x-0", dead.substr(1)};
   std::sort(left.begin(), left.end());
-  EXPECT_EQ(namesin(folder), left);
+  EXPECT_EQ(namesIn(folder), left);
 }
 
 TEST_F(OutputFileTest, WhatIsNoFileIsWrittenInto) {
   ASSERT_EQ(::mkfifo(target.c_str(), 0600), 0);
   std::string read;
-  std::thread reader([&] { read = bytesof(target); });
+  std::thread reader([&] { read = bytesOf(target); });
   {
     OutputFile file(target);
     EXPECT_TRUE(file.write("through") && file.commit());
@@ -234,7 +234,7 @@ TEST_F(OutputFileTest, WhatIsNoFileIsWrittenInto) {
   EXPECT_TRUE(fs::is_fifo(target));
   fs::create_symlink("/dev/full", folder / "device");
   const Error full{ErrorCode::notWritten, {}, "No space left on device"};
-  EXPECT_EQ(writefile(folder / "device", "x").error(), full);
+  EXPECT_EQ(writeFile(folder / "device", "x").error(), full);
 }
 
 TEST_F(OutputFileTest, ADescriptorByItsNameGoesOnWhereItStands) {
@@ -242,15 +242,15 @@ TEST_F(OutputFileTest, ADescriptorByItsNameGoesOnWhereItStands) {
   OutputFile before = OutputFile::through(descriptor.number());
   EXPECT_TRUE(before.write("a") && before.commit());
   fs::create_symlink("/dev/fd/" + std::to_string(descriptor.number()), folder / "name");
-  EXPECT_TRUE(writefile(folder / "name", "b"));
-  EXPECT_EQ(bytesof(target), "ab");
+  EXPECT_TRUE(writeFile(folder / "name", "b"));
+  EXPECT_EQ(bytesOf(target), "ab");
 }
 
 TEST_F(OutputFileTest, NamesThatAreNoTextStayTwo) {
-  EXPECT_TRUE(writefile(folder / "a\xFF", "1"));
-  EXPECT_TRUE(writefile(folder / "a\xFE", "2"));
-  EXPECT_EQ(namesin(folder), (std::vector<std::string>{"a\xFE", "a\xFF"}));
-  EXPECT_EQ(bytesof(folder / "a\xFF"), "1");
+  EXPECT_TRUE(writeFile(folder / "a\xFF", "1"));
+  EXPECT_TRUE(writeFile(folder / "a\xFE", "2"));
+  EXPECT_EQ(namesIn(folder), (std::vector<std::string>{"a\xFE", "a\xFF"}));
+  EXPECT_EQ(bytesOf(folder / "a\xFF"), "1");
 }
 
 TEST_F(OutputFileTest, OneThatIsGivenUpLeavesTheOldFileAlone) {
@@ -259,6 +259,6 @@ TEST_F(OutputFileTest, OneThatIsGivenUpLeavesTheOldFileAlone) {
     OutputFile file(target);
     EXPECT_TRUE(file.write("new"));
   }
-  EXPECT_EQ(bytesof(target), "old");
-  EXPECT_EQ(namesin(folder).size(), 1U);
+  EXPECT_EQ(bytesOf(target), "old");
+  EXPECT_EQ(namesIn(folder).size(), 1U);
 }

@@ -12,32 +12,32 @@ using fuzz::must;
 
 namespace {
 
-void checkfault(const std::string& fault) { must(!fault.empty() && fault.size() < 300); }
+void checkFault(const std::string& fault) { must(!fault.empty() && fault.size() < 300); }
 
-void checkchanges(const Document& document, const std::string& text) {
+void checkChanges(const Document& document, const std::string& text) {
   History history(document);
-  history.carryout(clearing(history.document()));
-  if (!history.document().entries.empty()) history.carryout(deletion(history.document(), {0}));
-  history.carryout(repressuring(history.document(), {}));
-  while (!history.undoname().empty()) history.undo();
-  must(filetext(history.document()) == text);
+  history.carryOut(clearing(history.document()));
+  if (!history.document().entries.empty()) history.carryOut(deletion(history.document(), {0}));
+  history.carryOut(pressureChange(history.document(), {}));
+  while (!history.undoName().empty()) history.undo();
+  must(fileText(history.document()) == text);
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto read = readdocument(fuzz::textof(data, size));
+  const auto read = readDocument(fuzz::textOf(data, size));
   if (!read) {
-    checkfault(read.error().text());
+    checkFault(read.error().text());
     return 0;
   }
-  const std::string text = filetext(read->document);
-  must(isutf8(text));
-  const auto again = readdocument(text);
+  const std::string text = fileText(read->document);
+  must(isUtf8(text));
+  const auto again = readDocument(text);
   must(again && again->document.entries == read->document.entries);
-  must(filetext(*again.document) == text);
-  must(readdocument(recoverytext(read->document, read->file))->file == read->file);
-  tabletext(tablerows(read->document), ',');
-  checkchanges(read->document, text);
+  must(fileText(*again.document) == text);
+  must(readDocument(recoveryText(read->document, read->file))->file == read->file);
+  tableText(tableRows(read->document), ',');
+  checkChanges(read->document, text);
   return 0;
 }

@@ -11,7 +11,7 @@ inline void must(bool holds) {
   if (!holds) __builtin_trap();
 }
 
-inline std::string_view textof(const std::uint8_t* data, std::size_t size) {
+inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
   return size == 0 ? std::string_view() : std::string_view(reinterpret_cast<const char*>(data), size);
 }
 

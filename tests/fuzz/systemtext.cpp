@@ -29,7 +29,7 @@ void checkWritten(const SystemText& text) {
   std::string lines;
   for (const ProcessStep& step : text.system.steps) lines += lineOf(step) + "\n";
   for (const Goal& goal : text.goals) lines += lineOf(goal) + "\n";
-  must(isutf8(lines));
+  must(isUtf8(lines));
   const ReadSystem again = readSystem(lines);
   must(again.errors.empty());
   checkSame(again.text, text);
@@ -39,7 +39,7 @@ void checkRun(const CompiledSystem& system, double atm) {
   const Site site{.atm = atm};
   const Solution solution = solve(system, site);
   for (std::size_t i = 0; i < system.steps.size(); ++i) {
-    must(solution.solved(i) == hasvalue(solution.streams[mainStream(i)].state.db));
+    must(solution.solved(i) == hasValue(solution.streams[mainStream(i)].state.db));
     if (solution.solved(i)) readoutOf(solution.streams[mainStream(i)], site);
   }
   if (!solution.complete) return;
@@ -51,7 +51,7 @@ void checkRun(const CompiledSystem& system, double atm) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const ReadSystem read = readSystem(fuzz::textof(data, size));
+  const ReadSystem read = readSystem(fuzz::textOf(data, size));
   checkErrors(read.errors);
   checkWritten(read.text);
   checkErrors(checkGoals(read.text));
@@ -60,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!compilation.errors.empty()) return 0;
   must(circleWords(compilation.system).empty() == compilation.system.tears.empty());
   if (compilation.system.tears.empty()) {
-    for (const double atm : {defaultpressure, 5.906, 147.65}) checkRun(compilation.system, atm);
+    for (const double atm : {defaultPressure, 5.906, 147.65}) checkRun(compilation.system, atm);
   }
   return 0;
 }

@@ -26,7 +26,7 @@ protected:
   /// What the earlier sessions have left, the latest first.
   std::vector<std::string> kept() const {
     std::vector<std::string> texts;
-    for (const EarlierSession& session : earliersessions(places.sessions)) texts.push_back(bytesof(session.file));
+    for (const EarlierSession& session : earlierSessions(places.sessions)) texts.push_back(bytesOf(session.file));
     return texts;
   }
 
@@ -66,10 +66,10 @@ private:
 TEST_F(SessionLogTest, FirstRecordOfASessionByteForByte) {
   SolverFields fields;
   const StatePoint point =
-      resolvepair(PropertyKind::db, "75", PropertyKind::wb, "62.5", defaultpressure, openrangefinders(), fields).point;
-  ASSERT_TRUE(log.newlog());
-  ASSERT_TRUE(log.append(pointrecord(fillreport(point, "A", {}))));
-  EXPECT_EQ(bytesof(log.path()),
+      resolvePair(PropertyKind::db, "75", PropertyKind::wb, "62.5", defaultPressure, openRangeFinders(), fields).point;
+  ASSERT_TRUE(log.newLog());
+  ASSERT_TRUE(log.append(pointRecord(fillReport(point, "A", {}))));
+  EXPECT_EQ(bytesOf(log.path()),
             "\r\n"
             "-------------------------\r\n"
             "Point Id                                                A\r\n"
@@ -89,7 +89,7 @@ TEST_F(SessionLogTest, IsForTheUserAlone) {
   const auto mode = [&] { return fs::status(log.path()).permissions(); };
   make(first, "");
   fs::permissions(first, fs::perms(0644));
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   EXPECT_EQ(mode(), fs::perms(0600)) << "one that was there";
   fs::remove(first);
   ASSERT_TRUE(log.append({"a"}));
@@ -97,36 +97,36 @@ TEST_F(SessionLogTest, IsForTheUserAlone) {
 }
 
 TEST_F(SessionLogTest, TooLargeALogIsNotShown) {
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   fs::resize_file(first, largestshown + 1);
   EXPECT_EQ(log.read().error().words, "It is larger than 8 MB, the limit.");
 }
 
 TEST_F(SessionLogTest, BlocksFollowEachOtherInOneByteACharacter) {
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   for (int i = 0; i < 2; ++i) ASSERT_TRUE(log.append({"K\u00FChler \u20AC", "a\r\nb"}));
-  EXPECT_EQ(bytesof(log.path()), "\r\nK\xFChler ?\r\na  b\r\nK\xFChler ?\r\na  b\r\n");
+  EXPECT_EQ(bytesOf(log.path()), "\r\nK\xFChler ?\r\na  b\r\nK\xFChler ?\r\na  b\r\n");
   EXPECT_EQ(*log.read(), "\r\nK\u00FChler ?\r\na  b\r\nK\u00FChler ?\r\na  b\r\n");
-  ASSERT_TRUE(log.newlog());
-  EXPECT_EQ(bytesof(log.path()), "\r\n") << "an earlier run's log is emptied";
+  ASSERT_TRUE(log.newLog());
+  EXPECT_EQ(bytesOf(log.path()), "\r\n") << "an earlier run's log is emptied";
 }
 
 TEST_F(SessionLogTest, AVanishedLogIsMadeAnewWithoutTheEmptyLine) {
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   fs::remove(log.path());
   EXPECT_EQ(log.read().error().words, "It is gone.");
-  EXPECT_FALSE(log.copyto(folder / "copy.txt"));
+  EXPECT_FALSE(log.copyTo(folder / "copy.txt"));
   EXPECT_FALSE(fs::exists(folder / "copy.txt"));
   ASSERT_TRUE(log.append({"a"}));
-  EXPECT_EQ(bytesof(log.path()), "a\r\n");
+  EXPECT_EQ(bytesOf(log.path()), "a\r\n");
   fs::rename(log.path(), folder / "edited");
   fs::copy(folder / "edited", log.path());
   ASSERT_TRUE(log.append({"b"})) << "put back by an editor";
-  EXPECT_EQ(bytesof(log.path()), "a\r\nb\r\n");
+  EXPECT_EQ(bytesOf(log.path()), "a\r\nb\r\n");
 }
 
 TEST_F(SessionLogTest, AFullDiskLeavesTheEarlierBytes) {
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   ASSERT_TRUE(log.append({"first"}));
   SessionLog other(places);
   {
@@ -135,12 +135,12 @@ TEST_F(SessionLogTest, AFullDiskLeavesTheEarlierBytes) {
     EXPECT_FALSE(other.append({std::string(30, 'x')}));
   }
   for (const char* call : {"write", "fsync"}) {
-    faults::failfrom(call, 1);
+    faults::failFrom(call, 1);
     EXPECT_FALSE(log.append({"second"})) << call;
-    faults::failfrom("", 0);
+    faults::failFrom("", 0);
   }
-  EXPECT_EQ(bytesof(log.path()), "\r\nfirst\r\n");
-  EXPECT_EQ(namesin(folder / "beside").size(), 1U) << "a file that a failed append has made is taken back";
+  EXPECT_EQ(bytesOf(log.path()), "\r\nfirst\r\n");
+  EXPECT_EQ(namesIn(folder / "beside").size(), 1U) << "a file that a failed append has made is taken back";
   EXPECT_TRUE(log.append({"second"}));
 }
 
@@ -161,12 +161,12 @@ TEST_F(SessionLogTest, WhatIsNoPlainFileIsNotTouched) {
     row.put();
     const auto type = fs::symlink_status(odd).type();
     SessionLog elsewhere(places);
-    ASSERT_TRUE(elsewhere.newlog());
+    ASSERT_TRUE(elsewhere.newLog());
     EXPECT_EQ(elsewhere.path(), folder / "state" / "temp.txt");
     EXPECT_TRUE(elsewhere.append({"a"}));
     EXPECT_TRUE(elsewhere.end());
     EXPECT_EQ(fs::symlink_status(odd).type(), type);
-    EXPECT_EQ(bytesof(folder / "else"), "else");
+    EXPECT_EQ(bytesOf(folder / "else"), "else");
     fs::remove(odd);
   }
   EXPECT_EQ(kept().size(), 4U);
@@ -174,51 +174,51 @@ TEST_F(SessionLogTest, WhatIsNoPlainFileIsNotTouched) {
 
 TEST_F(SessionLogTest, WithoutAPlaceAllFailsQuietly) {
   SessionLog bad(LogPlaces{{folder / "nowhere"}, folder / "nowhere" / "sessions"});
-  EXPECT_FALSE(bad.newlog());
+  EXPECT_FALSE(bad.newLog());
   EXPECT_FALSE(bad.append({"a"}));
   EXPECT_EQ(bad.read().error().words, "It is gone.");
-  EXPECT_FALSE(bad.copyto(folder / "copy.txt"));
+  EXPECT_FALSE(bad.copyTo(folder / "copy.txt"));
   EXPECT_TRUE(bad.end());
-  ASSERT_TRUE(log.newlog());
-  EXPECT_FALSE(log.copyto(folder)) << "a folder of that name";
+  ASSERT_TRUE(log.newLog());
+  EXPECT_FALSE(log.copyTo(folder)) << "a folder of that name";
 }
 
 TEST_F(SessionLogTest, TwoCopiesHaveALogEach) {
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   ASSERT_TRUE(log.append({"one"}));
   make(folder / "beside" / "temp-2.txt", "notes of the user's own");
   SessionLog second(places);
-  ASSERT_TRUE(second.newlog());
+  ASSERT_TRUE(second.newLog());
   EXPECT_EQ(second.path(), folder / "beside" / "temp-3.txt");
   ASSERT_TRUE(second.append({"two"}));
-  EXPECT_EQ(bytesof(first), "\r\none\r\n");
+  EXPECT_EQ(bytesOf(first), "\r\none\r\n");
   fs::remove(first);
   SessionLog third(places);
-  ASSERT_TRUE(third.newlog()) << "in the place of the first log, which was removed from outside";
+  ASSERT_TRUE(third.newLog()) << "in the place of the first log, which was removed from outside";
   ASSERT_TRUE(log.append({"more"}));
   EXPECT_NE(log.path(), third.path());
   for (SessionLog* ending : {&second, &third, &log}) EXPECT_TRUE(ending->end());
-  EXPECT_EQ(namesin(folder / "beside"), std::vector<std::string>{"temp-2.txt"});
+  EXPECT_EQ(namesIn(folder / "beside"), std::vector<std::string>{"temp-2.txt"});
   EXPECT_EQ(kept().size(), 2U) << "the third has saved nothing";
 }
 
 TEST_F(SessionLogTest, WhatASessionSavedIsKeptAndTheLogGoes) {
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   EXPECT_TRUE(log.end());
   EXPECT_TRUE(kept().empty()) << "nothing was saved";
   for (int i = 0; i < 12; ++i) {
-    ASSERT_TRUE(log.newlog());
+    ASSERT_TRUE(log.newLog());
     ASSERT_TRUE(log.append({std::to_string(i)}));
     ::timespec times[2] = {{0, UTIME_OMIT}, {1'700'000'000 + i * 3600, 0}};
     ::utimensat(AT_FDCWD, first.c_str(), times, 0);
-    faults::failfrom("renameat2", i % 2);  // as if the sessions lay on another disk
+    faults::failFrom("renameat2", i % 2);  // as if the sessions lay on another disk
     EXPECT_TRUE(log.end());
-    faults::failfrom("", 0);
+    faults::failFrom("", 0);
     EXPECT_FALSE(fs::exists(first));
   }
-  ASSERT_EQ(kept().size(), keptsessions);
+  ASSERT_EQ(kept().size(), keptSessions);
   EXPECT_EQ(kept().front(), "\r\n11\r\n");
-  EXPECT_EQ(earliersessions(places.sessions).front().lastsaved, 1'700'000'000 + 11 * 3600);
+  EXPECT_EQ(earlierSessions(places.sessions).front().lastSaved, 1'700'000'000 + 11 * 3600);
   EXPECT_EQ(kept().back(), "\r\n2\r\n");
 }
 
@@ -226,31 +226,31 @@ TEST_F(SessionLogTest, ARunThatCouldNotEndLosesNothing) {
   make(first, "\r\ncrashed\r\n");
   make(folder / "beside" / "temp-2.txt", "\r\n----\r\n");
   make(folder / "state" / "temp.txt", "\r\n");
-  ASSERT_TRUE(log.newlog());
-  EXPECT_EQ(bytesof(first), "\r\n");
+  ASSERT_TRUE(log.newLog());
+  EXPECT_EQ(bytesOf(first), "\r\n");
   EXPECT_EQ(kept().size(), 2U);
-  EXPECT_EQ(namesin(folder / "beside"), std::vector<std::string>{"temp.txt"});
-  EXPECT_EQ(namesin(folder / "state"), std::vector<std::string>{"sessions"});
+  EXPECT_EQ(namesIn(folder / "beside"), std::vector<std::string>{"temp.txt"});
+  EXPECT_EQ(namesIn(folder / "state"), std::vector<std::string>{"sessions"});
 }
 
 TEST_F(SessionLogTest, WhatCannotBeKeptStays) {
   make(places.sessions, "a file where the folder should be");
   make(first, "\r\ncrashed\r\n");
-  ASSERT_TRUE(log.newlog());
+  ASSERT_TRUE(log.newLog());
   EXPECT_EQ(log.path(), folder / "beside" / "temp-2.txt");
   ASSERT_TRUE(log.append({"a"}));
   EXPECT_FALSE(log.end());
-  EXPECT_EQ(bytesof(first), "\r\ncrashed\r\n");
-  EXPECT_EQ(bytesof(log.path()), "\r\na\r\n");
+  EXPECT_EQ(bytesOf(first), "\r\ncrashed\r\n");
+  EXPECT_EQ(bytesOf(log.path()), "\r\na\r\n");
 }
 
 TEST_F(SessionLogTest, CopiesReplaceAndTheLogStays) {
   const fs::path copy = folder / "copy.txt";
   ASSERT_TRUE(log.append({"first"}));
   make(copy, "something longer than the log");
-  EXPECT_TRUE(log.copyto(copy));
+  EXPECT_TRUE(log.copyTo(copy));
   ASSERT_TRUE(log.append({"second"}));
-  EXPECT_EQ(bytesof(copy), "first\r\n");
+  EXPECT_EQ(bytesOf(copy), "first\r\n");
 }
 
 TEST_F(SessionLogTest, ACopyOntoItselfChangesNothing) {
@@ -258,8 +258,8 @@ TEST_F(SessionLogTest, ACopyOntoItselfChangesNothing) {
   fs::create_symlink(log.path(), folder / "symbolic");
   for (const fs::path& path : {folder / "beside" / "." / "temp.txt", folder / "symbolic"}) {
     SCOPED_TRACE(path);
-    EXPECT_TRUE(log.copyto(path));
-    EXPECT_EQ(bytesof(log.path()), "first\r\n");
+    EXPECT_TRUE(log.copyTo(path));
+    EXPECT_EQ(bytesOf(log.path()), "first\r\n");
     EXPECT_FALSE(fs::is_symlink(log.path()));
   }
 }
@@ -291,7 +291,7 @@ TEST(LogPlacesTest, FollowTheUserAndThePlaceOfTheProgram) {
     SCOPED_TRACE(row.name);
     const Environment atHome("HOME", home.c_str());
     const Environment state("XDG_STATE_HOME", row.variable);
-    const LogPlaces places = logplaces(row.program);
+    const LogPlaces places = logPlaces(row.program);
     EXPECT_EQ(places.folders, row.folders);
     EXPECT_EQ(places.sessions, row.folders.back() / "sessions");
     EXPECT_TRUE(fs::is_directory(row.folders.back()));

@@ -1,4 +1,4 @@
-// The chart from the first drawing to a new pressure, without a widget. The pressure in force is never the default.
+// The chart from the first drawing to a new pressure, without a widget. The current pressure is never the default.
 #include "model/chartlifecycle.h"
 
 #include <gtest/gtest.h>
@@ -9,19 +9,19 @@ namespace moistair {
 namespace {
 
 constexpr WindowSize window{12000, 6000};
-constexpr const char* standsalready =
+constexpr const char* alreadyDrawn =
     "Do one of the followings to draw new chart - 1) Change chart ranges 2) Reset atmos. pressure 3) Clear graph ";
-constexpr const char* lowerbeside = "Choose Lower Dry bulb temperature for chart only from the drop down menu";
+constexpr const char* lowerDryBulbOnly = "Choose Lower Dry bulb temperature for chart only from the drop down menu";
 
 const LimitTexts whole{"0", "120", "0", "0.030"}, narrow{"40", "80", "0", "0.030"}, beside{"15", "80", "0", "0.030"};
-const LimitTexts nonumber{"abc", "80", "0", "0.030"};
+const LimitTexts notANumbers{"abc", "80", "0", "0.030"};
 
 class ChartLife : public testing::Test {
 protected:
   ChartLife() {
-    values.pressureentry = {PressureUnit::elevation, "5000"};
-    values.pressure.settext("24.8961078291965");
-    values.charttype = ChartType::blank;
+    values.pressureEntry = {PressureUnit::elevation, "5000"};
+    values.pressure.setText("24.8961078291965");
+    values.chartType = ChartType::blank;
   }
 
   std::string texts() const {
@@ -37,17 +37,17 @@ protected:
 
   /// Both halves of drawing, as the two windows run them; the refusal, empty for none.
   std::string draw(const LimitTexts& limits) {
-    const auto refusal = chart.startdraw(limits);
+    const auto refusal = chart.startDraw(limits);
     if (refusal) return refusal->text;
-    EXPECT_FALSE(chart.testlimits(limits));
-    chart.drawchart(window);
+    EXPECT_FALSE(chart.testLimits(limits));
+    chart.drawChart(window);
     return "";
   }
 
-  std::string line(const LimitTexts& limits, LineKind kind = LineKind::wetbulb, const char* value = "60") {
-    const auto refusal = chart.drawline(kind, limits, value, window);
+  std::string line(const LimitTexts& limits, LineKind kind = LineKind::wetBulb, const char* value = "60") {
+    const auto refusal = chart.drawLine(kind, limits, value, window);
     if (!refusal) return "";
-    EXPECT_EQ(refusal->withcancel, refusal->text == std::string(drawaxisfirst));
+    EXPECT_EQ(refusal->withCancel, refusal->text == std::string(drawAxisFirst));
     return refusal->text;
   }
 
@@ -57,9 +57,9 @@ protected:
 };
 
 TEST_F(ChartLife, NothingIsAddedBeforeTheFirst) {
-  canvas.Print("header");
-  EXPECT_EQ(line(whole), drawaxisfirst);
-  EXPECT_EQ(draw(beside), lowerbeside);
+  canvas.print("header");
+  EXPECT_EQ(line(whole), drawAxisFirst);
+  EXPECT_EQ(draw(beside), lowerDryBulbOnly);
   EXPECT_EQ(texts(), "header|") << "a refused chart clears nothing";
   EXPECT_EQ(draw(whole), "");
   EXPECT_FALSE(shows("header"));
@@ -70,70 +70,70 @@ TEST_F(ChartLife, NothingIsAddedBeforeTheFirst) {
 TEST_F(ChartLife, TakesLinesWhileItStandsAndNoSecondChart) {
   draw(whole);
   const std::size_t drawn = canvas.drawing().operations.size();
-  EXPECT_EQ(draw(whole), standsalready);
+  EXPECT_EQ(draw(whole), alreadyDrawn);
   EXPECT_EQ(canvas.drawing().operations.size(), drawn);
   const struct {
     LineKind kind;
     const char *value, *label;  ///< no label where nothing can be drawn
-  } lines[] = {{LineKind::relativehumidity, "35", "Rh= 35 "}, {LineKind::relativehumidity, "35x", "Rh= 0 "},
-               {LineKind::relativehumidity, "101", nullptr},  {LineKind::wetbulb, "65.50", "WB= 65.5 "},
-               {LineKind::wetbulb, "200", nullptr},           {LineKind::enthalpy, "28", "h= 28 "},
-               {LineKind::enthalpy, "-1e9", nullptr},         {LineKind::specificvolume, "16.75", "v= 16.75 "},
-               {LineKind::specificvolume, "", nullptr}};
+  } lines[] = {{LineKind::relativeHumidity, "35", "Rh= 35 "}, {LineKind::relativeHumidity, "35x", "Rh= 0 "},
+               {LineKind::relativeHumidity, "101", nullptr},  {LineKind::wetBulb, "65.50", "WB= 65.5 "},
+               {LineKind::wetBulb, "200", nullptr},           {LineKind::enthalpy, "28", "h= 28 "},
+               {LineKind::enthalpy, "-1e9", nullptr},         {LineKind::specificVolume, "16.75", "v= 16.75 "},
+               {LineKind::specificVolume, "", nullptr}};
   for (const auto& [kind, value, label] : lines) {
-    EXPECT_EQ(line(whole, kind, value), label == nullptr ? linenotfeasible : "") << value;
+    EXPECT_EQ(line(whole, kind, value), label == nullptr ? lineNotFeasible : "") << value;
     EXPECT_TRUE(label == nullptr || shows(label)) << label;
   }
 }
 
 TEST_F(ChartLife, OtherLimitsInTheListsRefuseLinesAndAllowAChart) {
   draw(whole);
-  EXPECT_EQ(line(narrow), drawaxisfirst);
+  EXPECT_EQ(line(narrow), drawAxisFirst);
   EXPECT_EQ(line(whole), "") << "the lists are back at the limits of the chart";
   EXPECT_EQ(draw(narrow), "");
   EXPECT_FALSE(shows("WB= 60 ")) << "the chart before is gone";
-  EXPECT_EQ(line(nonumber), "") << "a text that is no number leaves the limit as it was";
-  EXPECT_EQ(line(whole), drawaxisfirst);
+  EXPECT_EQ(line(notANumbers), "") << "a text that is no number leaves the limit as it was";
+  EXPECT_EQ(line(whole), drawAxisFirst);
 }
 
 TEST_F(ChartLife, LeftBetweenItsHalvesLeavesAnEmptyCanvasWithTheOldLimits) {
   draw(whole);
-  EXPECT_FALSE(chart.startdraw(narrow));
+  EXPECT_FALSE(chart.startDraw(narrow));
   EXPECT_TRUE(empty());
-  EXPECT_EQ(line(narrow), drawaxisfirst);
-  EXPECT_EQ(draw(whole), standsalready) << "the limits are those remembered, though nothing is seen of them";
+  EXPECT_EQ(line(narrow), drawAxisFirst);
+  EXPECT_EQ(draw(whole), alreadyDrawn) << "the limits are those remembered, though nothing is seen of them";
   EXPECT_EQ(line(whole), "");
   EXPECT_EQ(texts(), "WB= 60 |");
 }
 
 TEST_F(ChartLife, ClearedTakesTheSameLimitsAgain) {
   draw(whole);
-  canvas.KeepPicture();
-  EXPECT_FALSE(chart.startdraw(narrow));
+  canvas.keepPicture();
+  EXPECT_FALSE(chart.startDraw(narrow));
   EXPECT_FALSE(empty()) << "the picture that was saved is the background of the next chart";
-  chart.clearchart();
+  chart.clearChart();
   EXPECT_TRUE(empty()) << "and goes with clearing";
-  EXPECT_EQ(line(whole), drawaxisfirst);
+  EXPECT_EQ(line(whole), drawAxisFirst);
   EXPECT_EQ(draw(whole), "");
 }
 
 TEST_F(ChartLife, ANewPressureStartsAfresh) {
   draw(whole);
-  canvas.KeepPicture();
-  values.pressureentry = {PressureUnit::psi, "14.7"};
-  values.pressure.settext("29.9295087");
+  canvas.keepPicture();
+  values.pressureEntry = {PressureUnit::psi, "14.7"};
+  values.pressure.setText("29.9295087");
   chart.restart(window);
   EXPECT_EQ(texts(), "Atmos. pr=14.7 Pounds/sq inch|");
-  EXPECT_EQ(line(whole), drawaxisfirst);
+  EXPECT_EQ(line(whole), drawAxisFirst);
   EXPECT_EQ(draw(whole), "");
   EXPECT_TRUE(shows("1.3772|")) << texts();
-  values.pressure.settext("30abc");
-  EXPECT_EQ(chart.atmpressure(), 30) << "the store is read leniently";
+  values.pressure.setText("30abc");
+  EXPECT_EQ(chart.atmPressure(), 30) << "the store is read leniently";
 }
 
 TEST_F(ChartLife, ALineFollowsTheWindowOfItsMoment) {
   draw(whole);
-  EXPECT_FALSE(chart.drawline(LineKind::wetbulb, whole, "60", {24000, 6000}));
+  EXPECT_FALSE(chart.drawLine(LineKind::wetBulb, whole, "60", {24000, 6000}));
   EXPECT_EQ(std::get<TextOperation>(canvas.drawing().operations.back()).x, 12000) << "60 deg F, of twice the width";
 }
 

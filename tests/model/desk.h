@@ -15,7 +15,7 @@
 namespace moistair::test {
 
 inline constexpr WindowSize window{12000, 6000};
-inline constexpr ChartLimits fulllimits{0, 120, 0, 0.03};
+inline constexpr ChartLimits fullLimits{0, 120, 0, 0.03};
 
 inline MixingProblem mixture(const char* db1, const char* wb1, const char* db2, const char* wb2,
                              const MixingPressure& pressure = {29.92126, {}}) {
@@ -29,9 +29,9 @@ inline MixingProblem mixture(const char* db1, const char* wb1, const char* db2, 
     stream.value1 = typed[number][0];
     stream.value2 = typed[number][1];
     stream.flow = typed[number][2];
-    resolvestream(problem, number);
+    resolveStream(problem, number);
   }
-  mixstreams(problem);
+  mixStreams(problem);
   return problem;
 }
 
@@ -43,61 +43,61 @@ struct Desk {
   LimitTexts lists{"0", "120", "0", "0.030"};
 
   Desk() {
-    values.pressure.settext(defaultpressuretext);
+    values.pressure.setText(defaultPressureText);
     commands.start(window);
   }
 
   const Document& document() const { return commands.document(); }
 
   bool draw(ChartType type = ChartType::blank) {
-    if (commands.startdraw(lists)) return false;
-    values.charttype = type;
-    commands.drawchart(window);
+    if (commands.startDraw(lists)) return false;
+    values.chartType = type;
+    commands.drawChart(window);
     return true;
   }
 
-  bool line(LineKind kind, const char* value) { return !commands.drawline(kind, lists, value, window); }
-  bool rhline(const char* value) { return line(LineKind::relativehumidity, value); }
+  bool line(LineKind kind, const char* value) { return !commands.drawLine(kind, lists, value, window); }
+  bool rhLine(const char* value) { return line(LineKind::relativeHumidity, value); }
 
   /// Marks the point of a dry and a wet bulb, as the report shows it.
   bool point(const char* db, const char* wb, const char* identification) {
     const PairInput input{PropertyKind::db, PropertyKind::wb, db, wb};
     SolverFields fields;
-    const Location location = locatepoint(
-        input, [] { return true; }, lifecycle.atmpressure(), {}, fields);
-    const PointReport report = fillreport(location.resolution.point, identification, values.pressureentry);
-    return commands.markpoint(input, readreport(report), lists, identification, window);
+    const Location location = locatePoint(
+        input, [] { return true; }, lifecycle.atmPressure(), {}, fields);
+    const PointReport report = fillReport(location.resolution.point, identification, values.pressureEntry);
+    return commands.markPoint(input, readReport(report), lists, identification, window);
   }
 
   /// Marks a point whose dew point the search misses.
   bool missing(const char* identification) {
     const PairInput input{PropertyKind::h, PropertyKind::dp, "13.68", "27.65"};
     SolverFields fields;
-    const Resolution found = resolvepair(input.kind1, input.value1, input.kind2, input.value2, lifecycle.atmpressure(),
-                                         openrangefinders(), fields);
-    return commands.markpoint(input, readreport(fillreport(found.point, {}, {})), lists, identification, window);
+    const Resolution found = resolvePair(input.kind1, input.value1, input.kind2, input.value2, lifecycle.atmPressure(),
+                                         openRangeFinders(), fields);
+    return commands.markPoint(input, readReport(fillReport(found.point, {}, {})), lists, identification, window);
   }
 
   bool mix(const char* db1 = "75", const char* wb1 = "62.5", const char* db2 = "95", const char* wb2 = "75") {
     ChartLimits limits;
-    readlimits(lists, limits);
-    const MixingPressure pressure{lifecycle.atmpressure(), values.pressureentry};
-    return commands.drawmixture(mixture(db1, wb1, db2, wb2, pressure), limits, window) == nullptr;
+    readLimits(lists, limits);
+    const MixingPressure pressure{lifecycle.atmPressure(), values.pressureEntry};
+    return commands.drawMixture(mixture(db1, wb1, db2, wb2, pressure), limits, window) == nullptr;
   }
 
-  bool pin(const Place& place = {80, 0.0101}) {
-    const Setting setting{fulllimits, {values.pressureentry, lifecycle.atmpressure()}};
-    const auto pinned = readingtokeep(setting, place);
+  bool pin(const ChartCoordinates& place = {80, 0.0101}) {
+    const Setting setting{fullLimits, {values.pressureEntry, lifecycle.atmPressure()}};
+    const auto pinned = readingToKeep(setting, place);
     return pinned && commands.add({setting, *pinned}, window) == nullptr;
   }
 
-  /// The pressure window is opened, which puts the default in force, and left.
-  void lookatpressure() { values.pressure.settext(defaultpressuretext); }
+  /// The pressure window is opened, which makes the default current, and left.
+  void lookAtPressure() { values.pressure.setText(defaultPressureText); }
 
-  void setpressure(const PressureEntry& entry) {
-    lookatpressure();
-    if (const auto inhg = pressurefor(entry).inhg) values.pressure.settext(*inhg);
-    commands.changepressure(entry, window);
+  void setPressure(const PressureEntry& entry) {
+    lookAtPressure();
+    if (const auto inhg = pressureFor(entry).inhg) values.pressure.setText(*inhg);
+    commands.changePressure(entry, window);
   }
 };
 

@@ -11,16 +11,16 @@ namespace {
 std::string sample() {
   static const std::string text = [] {
     Desk desk;
-    desk.commands.keeppicture();
+    desk.commands.keepPicture();
     desk.draw();
-    desk.rhline("40");
+    desk.rhLine("40");
     desk.point("75", "62.5", "A");
     desk.mix();
     desk.pin();
     Document document = desk.document();
-    document.previous = {{{{{50, 100, 0, 0.02}, document.pressure}, PropertyLine{LineKind::wetbulb, "99"}}, "too wet"}};
-    document.titleblock = TitleBlock{"Office", "Job 7", "A. B."};
-    return filetext(document);
+    document.previous = {{{{{50, 100, 0, 0.02}, document.pressure}, PropertyLine{LineKind::wetBulb, "99"}}, "too wet"}};
+    document.titleBlock = TitleBlock{"Office", "Job 7", "A. B."};
+    return fileText(document);
   }();
   return text;
 }
@@ -98,13 +98,13 @@ const Damage damages[] = {
 
 TEST(DocumentFile, IsReadByAPerson) {
   Desk desk;
-  desk.setpressure({PressureUnit::elevation, "5000"});
+  desk.setPressure({PressureUnit::elevation, "5000"});
   desk.draw();
-  desk.lookatpressure();
-  desk.rhline("40 ");
+  desk.lookAtPressure();
+  desk.rhLine("40 ");
   desk.point("75", "62.5", "A \"b\"\n\xc3\xa9");
   EXPECT_EQ(
-      filetext(desk.document()),
+      fileText(desk.document()),
       R"({
 "format": 1,
 "pressure": {"unit":"elevation","entry":"5000","inhg":24.8961078291965},
@@ -121,10 +121,10 @@ TEST(DocumentFile, IsReadByAPerson) {
 }
 
 TEST(DocumentFile, DamageIsToldWithItsPlaceAndItsReason) {
-  ASSERT_TRUE(readdocument(sample()));
+  ASSERT_TRUE(readDocument(sample()));
   for (const Damage& damage : damages) {
     SCOPED_TRACE(damage.name);
-    const auto read = readdocument(replaced(sample(), damage.old, damage.with));
+    const auto read = readDocument(replaced(sample(), damage.old, damage.with));
     ASSERT_FALSE(read);
     EXPECT_EQ(read.error().text().substr(0, std::string_view(damage.fault).size()), damage.fault);
     EXPECT_LT(read.error().text().size(), 200U) << "it has to fit into a message";
@@ -132,16 +132,16 @@ TEST(DocumentFile, DamageIsToldWithItsPlaceAndItsReason) {
 }
 
 TEST(DocumentFile, RubbishIsNoDocument) {
-  const std::string deep(100000, '['), longkey = "{\"format\":1,\"" + std::string(100000, 'k') + "\":1,\"pressure\":1}";
+  const std::string deep(100000, '['), longKey = "{\"format\":1,\"" + std::string(100000, 'k') + "\":1,\"pressure\":1}";
   for (const std::string& text : {std::string(), std::string("\0\0", 2), std::string("null"), std::string("[]"), deep,
-                                  longkey, std::string("{\"format\":1}"), sample() + "x"}) {
-    const auto read = readdocument(text);
+                                  longKey, std::string("{\"format\":1}"), sample() + "x"}) {
+    const auto read = readDocument(text);
     ASSERT_FALSE(read);
     EXPECT_FALSE(read.error().text().empty());
     EXPECT_LT(read.error().text().size(), 200U);
   }
   for (std::size_t size = 0; size + 1 < sample().size(); ++size) {
-    EXPECT_FALSE(readdocument(sample().substr(0, size))) << "cut off at " << size;
+    EXPECT_FALSE(readDocument(sample().substr(0, size))) << "cut off at " << size;
   }
 }
 
@@ -152,15 +152,15 @@ TEST(DocumentFile, APointTooDryForSevenDecimalsIsReadAgain) {
   shown.db = 1e-7;
   shown.rh = 1e-7;
   const PairInput input{PropertyKind::db, PropertyKind::rh, ".0000001", ".0000001"};
-  ASSERT_TRUE(desk.commands.markpoint(input, shown, desk.lists, "", window));
-  EXPECT_TRUE(readdocument(filetext(desk.document())));
+  ASSERT_TRUE(desk.commands.markPoint(input, shown, desk.lists, "", window));
+  EXPECT_TRUE(readDocument(fileText(desk.document())));
 }
 
 TEST(DocumentFile, WhatThePressureWindowLeavesBehindIsReadAgain) {
   const struct {
     const char* name;
     PressureEntry set;    ///< and accepted
-    const char* refused;  ///< in force afterwards, empty for none
+    const char* refused;  ///< current afterward, empty for none
   } rows[] = {
       {"read leniently", {PressureUnit::inhg, "30abc"}, ""},
       {"a bound", {PressureUnit::elevation, "38650"}, ""},
@@ -171,23 +171,23 @@ TEST(DocumentFile, WhatThePressureWindowLeavesBehindIsReadAgain) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     Desk desk;
-    desk.setpressure(row.set);
-    if (*row.refused != '\0') desk.values.pressure.settext(row.refused);
+    desk.setPressure(row.set);
+    if (*row.refused != '\0') desk.values.pressure.setText(row.refused);
     desk.draw();
-    desk.lookatpressure();
-    desk.rhline("40");
-    const auto read = readdocument(filetext(desk.document()));
+    desk.lookAtPressure();
+    desk.rhLine("40");
+    const auto read = readDocument(fileText(desk.document()));
     ASSERT_TRUE(read) << read.error().text();
-    EXPECT_EQ(filetext(read->document), filetext(desk.document()));
+    EXPECT_EQ(fileText(read->document), fileText(desk.document()));
   }
 }
 
 TEST(DocumentFile, UnsavedWorkKnowsWhereItBelongs) {
-  const Document document = readdocument(sample())->document;
+  const Document document = readDocument(sample())->document;
   for (const std::string path : {"", "/home/a/b \"c\".moistair", "/home/\xff\x01.moistair"}) {
-    const auto read = readdocument(recoverytext(document, path));
+    const auto read = readDocument(recoveryText(document, path));
     ASSERT_TRUE(read) << read.error().text();
     EXPECT_EQ(read->file, path);
-    EXPECT_EQ(filetext(read->document), sample());
+    EXPECT_EQ(fileText(read->document), sample());
   }
 }

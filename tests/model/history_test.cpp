@@ -15,10 +15,10 @@ public:
   explicit Editor(unsigned seed) : random_(seed) {
     Desk desk;
     desk.draw();
-    desk.rhline("40");
+    desk.rhLine("40");
     desk.point("75", "62.5", "A");
     desk.mix();
-    desk.line(LineKind::wetbulb, "60");
+    desk.line(LineKind::wetBulb, "60");
     desk.pin();
     samples_ = {desk.document().entries.begin() + 1, desk.document().entries.end()};
     chart_ = desk.document().entries.front();
@@ -27,19 +27,19 @@ public:
   void edit(History& history) {
     const Document& document = history.document();
     switch (below(18)) {
-      case 16: return history.carryout(retitling(document, {"T" + std::to_string(below(100)), "", ""}));
-      case 17: return history.carryout(takingover(document, "again", {samples_[below(samples_.size())]}, {}));
-      case 0: return history.carryout(drawing(document, chart()));
-      case 1: return history.carryout(below(3) == 0 ? emptying(document) : clearing(document));
-      case 2: return history.carryout(repressuring(document, {{PressureUnit::elevation, "5000"}, 24.9}));
-      case 3: return history.keeppicture();
-      case 4: return history.carryout(deletion(document, places(document)));
+      case 16: return history.carryOut(retitling(document, {"T" + std::to_string(below(100)), "", ""}));
+      case 17: return history.carryOut(takingOver(document, "again", {samples_[below(samples_.size())]}, {}));
+      case 0: return history.carryOut(drawing(document, chart()));
+      case 1: return history.carryOut(below(3) == 0 ? emptying(document) : clearing(document));
+      case 2: return history.carryOut(pressureChange(document, {{PressureUnit::elevation, "5000"}, 24.9}));
+      case 3: return history.keepPicture();
+      case 4: return history.carryOut(deletion(document, places(document)));
       case 5: return below(2) == 0 ? rename(history) : move(history);
       case 6:
       case 7:
       case 8: return history.undo();
       case 9: return history.redo();
-      default: return history.carryout(addition(document, samples_[below(samples_.size())]));
+      default: return history.carryOut(addition(document, samples_[below(samples_.size())]));
     }
   }
 
@@ -62,19 +62,19 @@ private:
 
   void rename(History& history) {
     for (std::size_t i = 0; i < history.document().entries.size(); ++i) {
-      const bool ispoint = std::holds_alternative<MarkedPoint>(history.document().entries[i].content);
-      if (ispoint) return history.carryout(renaming(history.document(), i, "B" + std::to_string(below(100))));
+      const bool isPoint = std::holds_alternative<MarkedPoint>(history.document().entries[i].content);
+      if (isPoint) return history.carryOut(renaming(history.document(), i, "B" + std::to_string(below(100))));
     }
   }
 
   void move(History& history) {
-    const std::vector<Mark> marks = marksof(history.document());
+    const std::vector<Mark> marks = marksOf(history.document());
     if (marks.empty()) return;
     const std::size_t place = marks[below(marks.size())].entry;
     const Entry& entry = history.document().entries[place];
     const auto moved =
-        ispoint(entry) ? movedto(entry, {70.0 + static_cast<double>(below(20)), 0.01}, window) : std::nullopt;
-    if (moved) history.carryout(moving(history.document(), place, *moved));
+        isPoint(entry) ? movedTo(entry, {70.0 + static_cast<double>(below(20)), 0.01}, window) : std::nullopt;
+    if (moved) history.carryOut(moving(history.document(), place, *moved));
   }
 
   std::mt19937 random_;
@@ -85,21 +85,21 @@ private:
 }  // namespace
 
 TEST(History, TenThousandEditsUndoneAndRedone) {
-  const Document start = newdocument({});
+  const Document start = newDocument({});
   History history(start);
   Editor editor(1);
   for (int i = 0; i < 10000; ++i) editor.edit(history);
-  while (!history.redoname().empty()) history.redo();
-  const std::string end = filetext(history.document());
-  const Drawing drawing = drawingof(history.document(), window);
+  while (!history.redoName().empty()) history.redo();
+  const std::string end = fileText(history.document());
+  const Drawing drawing = drawingOf(history.document(), window);
   std::size_t steps = 0;
-  for (; !history.undoname().empty(); ++steps) history.undo();
+  for (; !history.undoName().empty(); ++steps) history.undo();
   EXPECT_GT(steps, 1000U);
   EXPECT_EQ(history.document().entries, start.entries);
-  EXPECT_EQ(drawingof(history.document(), window).operations, drawingof(start, window).operations);
+  EXPECT_EQ(drawingOf(history.document(), window).operations, drawingOf(start, window).operations);
   while (steps-- > 0) history.redo();
-  EXPECT_EQ(filetext(history.document()), end);
-  EXPECT_EQ(drawingof(history.document(), window), drawing);
+  EXPECT_EQ(fileText(history.document()), end);
+  EXPECT_EQ(drawingOf(history.document(), window), drawing);
 }
 
 TEST(History, KnowsWhatIsUnsaved) {
@@ -108,14 +108,14 @@ TEST(History, KnowsWhatIsUnsaved) {
   EXPECT_FALSE(changed()) << "a program that has just started";
   desk.draw();
   EXPECT_TRUE(changed());
-  desk.commands.marksaved();
-  desk.rhline("40");
+  desk.commands.markSaved();
+  desk.rhLine("40");
   desk.commands.undo(window);
   EXPECT_FALSE(changed()) << "back at what was saved";
   desk.commands.undo(window);
   desk.draw();
   EXPECT_TRUE(changed()) << "what was saved can no longer be reached";
-  desk.commands.marksaved();
-  desk.commands.keeppicture();
+  desk.commands.markSaved();
+  desk.commands.keepPicture();
   EXPECT_TRUE(changed()) << "the background is in the file";
 }

@@ -17,7 +17,7 @@ struct Case {
   GoalAnswer answer;
   Site site;
 
-  explicit Case(const std::string& lines, double atm = defaultpressure) : site{atm} {
+  explicit Case(const std::string& lines, double atm = defaultPressure) : site{atm} {
     const ReadSystem read = readSystem(lines);
     for (const Error& error : read.errors) ADD_FAILURE() << error.text();
     compilation = compile(read.text.system);
@@ -47,7 +47,7 @@ struct Case {
       if (path.substr(dot + 1) == name) return number;
     }
     ADD_FAILURE() << path;
-    return novalue;
+    return noValue;
   }
 };
 
@@ -104,9 +104,9 @@ TEST(Goals, ReheatAtPartLoadAsPublished) {
   const Case full("CC: air db=56.5,rh=?\nRM: room CC sensible=80000,latent=20000\ngoal RM db=78,rh=50");
   ASSERT_EQ(full.answer.found.size(), 1u) << full.firstError();
   std::string part = "CC: air db=56.5,w=";
-  appendroundtrip(part, full.value("CC.w"));
+  appendRoundTrip(part, full.value("CC.w"));
   part += ",lbh=";
-  appendroundtrip(part, full.value("CC.lbh"));
+  appendRoundTrip(part, full.value("CC.lbh"));
   const Case reheated(part + "\nRH: heat CC db=?\nRM: room RH sensible=47000,latent=20000\ngoal RM db=78");
   ASSERT_EQ(reheated.answer.found.size(), 1u) << reheated.firstError();
   EXPECT_NEAR(reheated.value("RH.db"), 65.4, 0.2);
@@ -178,19 +178,19 @@ TEST(Goals, RecoverWhatWasReplacedByUnknowns) {
     std::string backward;
     for (const auto& [text, low, high] : numbers) {
       std::string number;
-      appendroundtrip(number, std::uniform_real_distribution(low, high)(random));
+      appendRoundTrip(number, std::uniform_real_distribution(low, high)(random));
       const std::string before = text;
       const bool unknown = std::any_of(question.unknowns.begin(), question.unknowns.end(),
                                        [&](const std::string& name) { return before.ends_with(name + '='); });
       forward += before + number;
       backward += before + (unknown ? "?" : number);
     }
-    const double atm = i % 2 == 0 ? defaultpressure : 24.896;
+    const double atm = i % 2 == 0 ? defaultPressure : 24.896;
     const Case given(forward, atm);
     if (given.answer.found.empty()) continue;
     for (const std::string& goal : question.goals) {
       backward += "\ngoal " + goal.substr(0, 2) + ' ' + goal.substr(3) + '=';
-      appendroundtrip(backward, given.value(goal));
+      appendRoundTrip(backward, given.value(goal));
     }
     ++solvable;
     const Case asked(backward, atm);

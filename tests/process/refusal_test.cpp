@@ -131,9 +131,9 @@ TEST(Processes, ReadOutsOfUnusualAir) {
   ASSERT_EQ(solved.errors, "");
   EXPECT_NEAR(solved.value("TWO.wb"), 32.10277, 1e-5);
   EXPECT_NE(wordsOf(readoutOf(solved.result("TWO").leaving, solved.site)).find("31.642 over ice"), std::string::npos);
-  EXPECT_FALSE(hasvalue(solved.value("NONE.wb")));
-  EXPECT_NEAR(psychro_w(200, solved.value("HOT.wb"), defaultpressure), 0.05, 1e-15);
-  EXPECT_NEAR(psychro_rh(-40, solved.value("COLD.wb"), defaultpressure), 50, 1e-9);
+  EXPECT_FALSE(hasValue(solved.value("NONE.wb")));
+  EXPECT_NEAR(psychro_w(200, solved.value("HOT.wb"), defaultPressure), 0.05, 1e-15);
+  EXPECT_NEAR(psychro_rh(-40, solved.value("COLD.wb"), defaultPressure), 50, 1e-9);
   EXPECT_NEAR(solved.value("DRY.db"), 50, 1e-12);
   EXPECT_NEAR(solved.value("GAS.dp"), 100, 1e-9);
 }

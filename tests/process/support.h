@@ -20,7 +20,7 @@ inline AirSystem systemOf(const std::string& lines) {
 
 /// A system with its solution.
 struct Solved {
-  explicit Solved(const std::string& lines, double atm = defaultpressure) : Solved(systemOf(lines), atm) {}
+  explicit Solved(const std::string& lines, double atm = defaultPressure) : Solved(systemOf(lines), atm) {}
   explicit Solved(const AirSystem& given, double atm) : system(given), site{atm}, compilation(compile(system)) {
     for (const Error& error : compilation.errors) errors += error.text() + "\n";
     if (!compilation.errors.empty()) return;
@@ -53,7 +53,7 @@ struct Solved {
       return outcomeOf(*parameter, system.steps.at(at / 2).kind, result, site);
     }
     ADD_FAILURE() << "no value " << path;
-    return novalue;
+    return noValue;
   }
 
   AirSystem system;

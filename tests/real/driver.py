@@ -76,29 +76,29 @@ def screenshot(path, area=None):
     subprocess.run(["import", "-silent", "-window", "root", "-depth", "8", *crop, path], check=True)
 
 
-#: The colours of slanted lines
+#: The colors of slanted lines
 INKS = ["#FF0000", "#008000", "#FF00FF", "#800000", "#808080", "#000000"]
 
 
-def ink(colour):
-    """The colour of the line that covers at least half of a pixel, white showing through; else that of the pixel."""
-    pixel = bytes.fromhex(colour[1:])
+def ink(color):
+    """The color of the line that covers at least half of a pixel, white showing through; else that of the pixel."""
+    pixel = bytes.fromhex(color[1:])
     for line in INKS:
         full = bytes.fromhex(line[1:])
         share = max((255 - a) / (255 - b) for a, b in zip(pixel, full) if b < 255)
         if 0.5 <= share <= 1 and all(abs(255 - share * (255 - b) - a) < 2 for a, b in zip(pixel, full)):
             return line
-    return colour
+    return color
 
 
-def colours(picture, *part):
-    """How many pixels of each colour a picture has, or a part of it: x, y, width, height."""
+def colors(picture, *part):
+    """How many pixels of each color a picture has, or a part of it: x, y, width, height."""
     crop = ["-crop", "{2}x{3}+{0}+{1}".format(*part), "+repage"] if part else []
     histogram = subprocess.run(["convert", picture, *crop, "-depth", "8", "-format", "%c", "histogram:info:-"], check=True,
                                capture_output=True, text=True).stdout
     found = Counter()
-    for count, colour in re.findall(r"(\d+): .*?(#[0-9A-F]{6})", histogram):
-        found[ink(colour)] += int(count)
+    for count, color in re.findall(r"(\d+): .*?(#[0-9A-F]{6})", histogram):
+        found[ink(color)] += int(count)
     return found
 
 

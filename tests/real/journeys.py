@@ -10,7 +10,7 @@ import signal
 import struct
 import subprocess
 
-from driver import BOX, BUTTON, LABEL, LIST, Role, colours, equal, expect, key, otherscreen, screenshot, wait, xdotool
+from driver import BOX, BUTTON, LABEL, LIST, Role, colors, equal, expect, key, otherscreen, screenshot, wait, xdotool
 from keeping import offers, recovery
 from pointing import byhand, readings
 from session import (BLACK, BLUE, BOXTITLE, BROWN, CHARTTYPE, FIRSTVALUE, GREEN, GREY, LOG, MAGENTA, MAIN, MIXING, PRESSURE,
@@ -27,7 +27,7 @@ FLOW = "air flow rate in actual cubic feet per minute"
 #: Outlines of a box that is read as something else, and of one that is refused
 NOTED, REFUSED = "#A05A00", "#BE1414"
 
-#: Button, box, value, label and colour of the lines that a user can add
+#: Button, box, value, label and color of the lines that a user can add
 LINES = [
     ("Rel. Humidity line", "Rel Hum, %", "35", "Rh= 35", GREEN),
     ("Const WB line", "WBT, Deg F", "65.50", "WB= 65.5", BROWN),
@@ -103,9 +103,9 @@ def chart(session):
     """A standard chart, a blank one with lines of one's own, and nothing at all after clearing."""
     main = session.begin()
     session.draw()
-    seen = session.colours()
-    for colour in (GREEN, BROWN, MAGENTA, BLUE, BLACK):
-        expect(seen[colour] > 500, f"only {seen[colour]} pixels of {colour}")
+    seen = session.colors()
+    for color in (GREEN, BROWN, MAGENTA, BLUE, BLACK):
+        expect(seen[color] > 500, f"only {seen[color]} pixels of {color}")
     for db, hr in ((80, 0.0130), (83.5, 0.005)):
         session.waitspot(db, hr, BLUE)
     main.typein("L. DBT(F)", "15")
@@ -113,18 +113,18 @@ def chart(session):
     main.choose("L. DBT(F)", "0")
     main.click("Clear chart")
     session.backonchart()
-    wait(lambda: set(session.colours()) == {WHITE}, "the chart to be cleared")
+    wait(lambda: set(session.colors()) == {WHITE}, "the chart to be cleared")
 
     session.draw(blank=True)
-    seen = session.colours()
+    seen = session.colors()
     expect(seen[GREEN] > 300, "no saturation line")
     equal(seen[MAGENTA] + seen[BROWN], 0, "pixels of families that a blank chart has not")
-    for button, box, value, label, colour in LINES:
+    for button, box, value, label, color in LINES:
         main.typein(box, value)
-        before = session.colours()[colour]
+        before = session.colors()[color]
         main.click(button)
         session.backonchart()
-        wait(lambda: session.colours()[colour] > before + 100, f"the line {label}")
+        wait(lambda: session.colors()[color] > before + 100, f"the line {label}")
     session.expecttexts(*[label for _, _, _, label, _ in LINES])
     main.typein(LINES[0][1], "101")
     session.told(LINES[0][0], "The line is either out of chart limits or is not feasible")
@@ -163,7 +163,7 @@ def mixing(session):
     main = session.begin()
     session.draw()
     main.choose("H. DBT(F)", "90")
-    before = session.colours()
+    before = session.colors()
     window = session.opened("Mixing problem", MIXING)
     expect(not window.enabled("Save data"), "an empty problem can be saved")
     for number, *values in ((1, "75", "62.5", "1000"), (2, "95", "75", "500")):
@@ -178,8 +178,8 @@ def mixing(session):
     window.click("Draw mixing line and points on the chart")
     window.gone()
     session.main()
-    wait(lambda: (session.colours() - before)[RED] > 60, "three marks")
-    expect((session.colours() - before)[BLACK] > 30, "no line between the marks")
+    wait(lambda: (session.colors() - before)[RED] > 60, "three marks")
+    expect((session.colors() - before)[BLACK] > 30, "no line between the marks")
     session.expecttexts("St1", "Mix", "St2")
 
 
@@ -245,7 +245,7 @@ def picture(session):
     equal(difference(session.shown(), "bmp:" + path), "0", "the saved chart is gone from under the next: pixels")
     main.click("Clear chart")
     session.backonchart()
-    wait(lambda: set(session.colours()) == {WHITE}, "the saved chart to be cleared")
+    wait(lambda: set(session.colors()) == {WHITE}, "the saved chart to be cleared")
 
 
 def exports(session):
@@ -256,7 +256,7 @@ def exports(session):
     session.export(pdf)
     expecttext(pdf)
     session.export(png)
-    expect(colours(png)[MAGENTA] > 2000, "the PNG shows no chart")
+    expect(colors(png)[MAGENTA] > 2000, "the PNG shows no chart")
     session.export(svg)
     before = {name: os.path.getmtime(os.path.join(session.home, name)) for name in os.listdir(session.home)}
     session.menu("Export chart...", "e")
@@ -334,9 +334,9 @@ def scaledscreen(session):
     session.scale = 1.5
     main = session.begin()
     session.draw()
-    before = session.colours()[BLACK]
+    before = session.colors()[BLACK]
     subprocess.run(["wmctrl", "-F", "-r", MAIN, "-b", "remove,maximized_vert,maximized_horz"], check=True)
-    wait(lambda: main.rect().width < 1900 and abs(session.colours()[BLACK] - before) < before / 5, "texts and axes")
+    wait(lambda: main.rect().width < 1900 and abs(session.colors()[BLACK] - before) < before / 5, "texts and axes")
     main.click("Exit")
     session.waitended()
 
@@ -401,11 +401,11 @@ def document(session):
     key("ctrl+l")
     wait(lambda: table not in session.titles(), "the table to go")
     main.click("Clear chart")
-    wait(lambda: set(session.colours()) == {WHITE}, "the chart to be cleared")
+    wait(lambda: set(session.colors()) == {WHITE}, "the chart to be cleared")
     key("ctrl+z")
     session.waitspot(75, 0.0092932, RED)
     key("ctrl+z", "ctrl+z", "ctrl+z")
-    wait(lambda: session.colours()[GREEN] + session.colours()[RED] == 0, "point, line and chart to be taken back")
+    wait(lambda: session.colors()[GREEN] + session.colors()[RED] == 0, "point, line and chart to be taken back")
     key("ctrl+shift+z", "ctrl+shift+z", "ctrl+shift+z")
     session.waitspot(75, 0.0092932, RED)
     session.expecttexts("A", "Rh= 35")
@@ -443,7 +443,7 @@ def nothingsilent(session):
         wait(lambda: control.now().get_description() == words, lambda: f"{words!r} at {name}")
         picture, area = os.path.join(session.home, "mark.png"), control.rect()
         screenshot(picture, area)
-        found = colours(picture)
+        found = colors(picture)
         expect(found[NOTED] + found[REFUSED] > area.width, f"no outline at {name}: {found}")
 
     def setpressure(window, *entry):

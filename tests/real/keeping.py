@@ -48,7 +48,7 @@ def recovery(session):
     expect("unsaved work on a chart without a file, last kept on 20" in text, text)
     screenshot(os.path.join(session.pictures, "recovery-question.png"))
     key("alt+y")
-    wait(lambda: session.colours()["#FF00FF"] > 100, "the recovered chart")
+    wait(lambda: session.colors()["#FF00FF"] > 100, "the recovered chart")
     session.main().click("Exit")
     session.waitended()
 

@@ -5,7 +5,7 @@ import re
 import subprocess
 import xml.etree.ElementTree
 
-from driver import Program, Rect, Role, State, colours, equal, expect, key, oneline, screenshot, wait, xdotool
+from driver import Program, Rect, Role, State, colors, equal, expect, key, oneline, screenshot, wait, xdotool
 
 MAIN = "Psychrometric chart - English Units"
 PRESSURE = "Change pressure"
@@ -154,8 +154,8 @@ class Session(Program):
         screenshot(path, area)
         return path
 
-    def colours(self):
-        return colours(self.shown())
+    def colors(self):
+        return colors(self.shown())
 
     def spot(self, db, hr):
         """Where a state stands on the chart of the start's limits."""
@@ -163,10 +163,10 @@ class Session(Program):
         return (round(inner.width * db / (120 * 12 / 10) + inner.width / 12),
                 round(inner.height * 4700 / 6000 - inner.height * hr / (0.030 * 6000 / 4500)))
 
-    def waitspot(self, db, hr, colour):
-        """A colour where a state stands, in the three by three pixels about it."""
+    def waitspot(self, db, hr, color):
+        """A color where a state stands, in the three by three pixels about it."""
         x, y = self.spot(db, hr)
-        wait(lambda: colours(self.shown(), x - 1, y - 1, 3, 3)[colour], lambda: f"{colour} at {x}, {y}")
+        wait(lambda: colors(self.shown(), x - 1, y - 1, 3, 3)[color], lambda: f"{color} at {x}, {y}")
 
     def logbytes(self):
         with open(self.log, "rb") as file:

@@ -13,7 +13,7 @@ constexpr const char* fontconfig = R"(<fontconfig>
   <match target="pattern"><edit name="hintstyle" mode="append"><const>hintslight</const></edit></match>
 </fontconfig>)";
 
-void usefonts(const QTemporaryDir& folder) {
+void useFonts(const QTemporaryDir& folder) {
   const std::filesystem::path file = folder.filePath(QStringLiteral("fonts.conf")).toStdString();
   std::ofstream(file) << fontconfig;
   setenv("FONTCONFIG_FILE", file.c_str(), 1);
@@ -24,8 +24,8 @@ void usefonts(const QTemporaryDir& folder) {
 int main(int argc, char** argv) {
   if (argc < 3) return 2;
   const QTemporaryDir temporary;
-  moistair::windowtest::usescreen(temporary);
-  usefonts(temporary);
+  moistair::windowtest::useScreen(temporary);
+  useFonts(temporary);
   setenv("TZ", "UTC", 1);
   setenv("HOME", temporary.path().toStdString().c_str(), 1);
   setenv("LC_ALL", "C.UTF-8", 1);

@@ -89,8 +89,8 @@ bool StoppedClocks::eventFilter(QObject* watched, QEvent* event) {
   return !running && timer != nullptr && timer->interval() > 100;
 }
 
-Session::Session(Stand stand, bool withpoint) : Pointed(withpoint, stand) {
-  attendant.path = [this](const QFileDialog& dialog) { return filefor(dialog); };
+Session::Session(Stand chartState, bool withPoint) : Pointed(withPoint, chartState) {
+  attendant.path = [this](const QFileDialog& dialog) { return fileFor(dialog); };
 }
 
 /// A chart type window that is still open would be taken for the next program's.
@@ -100,7 +100,7 @@ Session::~Session() {
   }
 }
 
-QString Session::filefor(const QFileDialog& dialog) const {
+QString Session::fileFor(const QFileDialog& dialog) const {
   if (dialog.acceptMode() == QFileDialog::AcceptSave) return path("out");
   return QFile::exists(path("room.moistair")) ? path("room.moistair") : QString();
 }
@@ -118,9 +118,9 @@ Lines Session::drawn() {
   for (const Operation& operation : operations()) {
     if (const auto* text = std::get_if<TextOperation>(&operation)) {
       // Where a wet bulb's line ends hangs on the last bit of the C library, and whether one of the family is there.
-      const bool wetbulb = text->text.starts_with("WB=");
-      if (wetbulb && text->text.ends_with("0 ")) continue;
-      lines.push_back("drawn \"" + text->text + "\"" + (wetbulb ? "" : " at " + pixel(text->x) + " " + pixel(text->y)));
+      const bool wetBulb = text->text.starts_with("WB=");
+      if (wetBulb && text->text.ends_with("0 ")) continue;
+      lines.push_back("drawn \"" + text->text + "\"" + (wetBulb ? "" : " at " + pixel(text->x) + " " + pixel(text->y)));
     } else if (const auto* circle = std::get_if<CircleOperation>(&operation)) {
       lines.push_back("drawn circle at " + pixel(circle->x) + " " + pixel(circle->y));
     } else {
@@ -180,7 +180,7 @@ Lines Session::seen() {
 }
 
 /// One line stands for all those of a window, which begin with its name; the first one has its title.
-void foldwindows(Lines& lines, const Lines& others) {
+void foldWindows(Lines& lines, const Lines& others) {
   const auto window = [](const std::string& line) { return line.substr(0, line.find('.') + 1); };
   std::map<std::string, bool> folded;
   for (const std::string& line : lines) {
@@ -199,15 +199,15 @@ Lines Session::changes(Lines& before, bool fold) {
   const Lines all = now;
   Lines gone = std::exchange(before, now), changed;
   if (fold) {
-    foldwindows(now, gone);
-    foldwindows(gone, all);
+    foldWindows(now, gone);
+    foldWindows(gone, all);
   }
   const auto add = [&](const char* sign, const Lines& lines) {
     constexpr int few = 20;
-    const auto isdrawn = [](const std::string& line) { return line.starts_with("drawn \""); };
-    const auto drawn = std::count_if(lines.begin(), lines.end(), isdrawn);
+    const auto isDrawn = [](const std::string& line) { return line.starts_with("drawn \""); };
+    const auto drawn = std::count_if(lines.begin(), lines.end(), isDrawn);
     for (const std::string& line : lines) {
-      if (!fold || drawn <= few || !isdrawn(line)) changed.push_back(sign + line);
+      if (!fold || drawn <= few || !isDrawn(line)) changed.push_back(sign + line);
     }
     if (fold && drawn > few) changed.push_back(sign + std::to_string(drawn) + " drawn texts");
   };

@@ -44,7 +44,7 @@ protected:
 };
 
 struct Session : windowtest::Pointed {
-  explicit Session(Stand stand = OnChart, bool withpoint = false);
+  explicit Session(Stand chartState = OnChart, bool withPoint = false);
   ~Session();
 
   /// Everything that is due has happened.
@@ -62,7 +62,7 @@ struct Session : windowtest::Pointed {
   std::string plain(std::string text) const;
 
   /// Folder and name of a file for the dialog that asks for one: of a document that is there, or of a new file.
-  QString filefor(const QFileDialog& dialog) const;
+  QString fileFor(const QFileDialog& dialog) const;
 
   StoppedClocks stopped;
   Attendant attendant;

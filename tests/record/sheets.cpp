@@ -11,7 +11,7 @@ namespace moistair::record {
 
 namespace {
 
-std::string colorof(const Color& color) {
+std::string colorOf(const Color& color) {
   char text[8];
   std::snprintf(text, sizeof text, "#%02x%02x%02x", color.red, color.green, color.blue);
   return text;
@@ -26,7 +26,7 @@ struct Writer {
   void operator()(const PolylineOperation& line) {
     const char* const dashes[] = {"solid", "dashed", "dotted"};
     const std::string now =
-        "stroke " + decimals(line.width) + " " + colorof(line.color) + " " + dashes[static_cast<int>(line.dash)] + "\n";
+        "stroke " + decimals(line.width) + " " + colorOf(line.color) + " " + dashes[static_cast<int>(line.dash)] + "\n";
     if (now != stroke) text += stroke = now;
     const auto& points = line.points;
     if (points.size() == 2) {
@@ -52,27 +52,27 @@ struct Writer {
       low = {std::min(low.x, point.x), std::min(low.y, point.y)};
       high = {std::max(high.x, point.x), std::max(high.y, point.y)};
     }
-    text += "area" + at(low) + at(high - low) + " " + colorof(area.color) + "\n";
+    text += "area" + at(low) + at(high - low) + " " + colorOf(area.color) + "\n";
   }
 
   void operator()(const SheetTextOperation& words) {
     const char* const anchors[] = {"start", "middle", "end"};
     text += "text" + at(words.at) + " " + decimals(words.style.size) + " " + decimals(words.angle) +
             (words.style.bold ? " bold " : " plain ") + anchors[static_cast<int>(words.anchor)] + " " +
-            colorof(words.style.color) + "|" + words.text + "\n";
+            colorOf(words.style.color) + "|" + words.text + "\n";
   }
 };
 
 }  // namespace
 
 void sheets(const std::filesystem::path& folder) {
-  for (const test::RecordedSheet& sheet : test::recordedsheets()) {
-    const SheetDrawing drawing = layoutsheet(contentof(sheet.document), sheet.options, test::extentof);
+  for (const test::RecordedSheet& sheet : test::recordedSheets()) {
+    const SheetDrawing drawing = layoutSheet(contentOf(sheet.document), sheet.options, test::extentOf);
     Writer writer;
     int number = 0;
     for (const SheetPage& page : drawing.pages) {
       writer.text += "page " + std::to_string(++number) + " " + decimals(drawing.width) + " " +
-                     decimals(drawing.height) + " " + colorof(drawing.paper) + "\n";
+                     decimals(drawing.height) + " " + colorOf(drawing.paper) + "\n";
       for (const SheetOperation& operation : page.operations) std::visit(writer, operation);
     }
     write(folder, sheet.name, writer.text);

@@ -23,18 +23,18 @@ std::string quoted(const QString& text) {
   return '"' + line.replace(u'\n', QStringLiteral("\\n")).replace(u'\r', QStringLiteral("\\r")).toStdString() + '"';
 }
 
-void addtext(std::string& line, const char* name, const QString& text) {
+void addText(std::string& line, const char* name, const QString& text) {
   if (!text.isEmpty()) line += std::string(" ") + name + quoted(text);
 }
 
 /// Whether a widget is all that there is to say of it and what it is made of.
-bool iswhole(const QWidget& widget) {
+bool isWhole(const QWidget& widget) {
   return widget.inherits("QComboBox") || widget.inherits("QAbstractSpinBox") || widget.inherits("QAbstractItemView") ||
          widget.inherits("QPlainTextEdit") || widget.inherits("QMenu") || widget.inherits("QMenuBar") ||
          widget.inherits("QAbstractScrollArea");
 }
 
-std::string lineof(QWidget& widget, bool brief) {
+std::string lineOf(QWidget& widget, bool brief) {
   std::string line;
   for (const char* name : {"text", "plainText", "title", "currentText", "value"}) {
     const QVariant value = widget.property(name);
@@ -44,7 +44,7 @@ std::string lineof(QWidget& widget, bool brief) {
   if (widget.property("checked").toBool()) line += " checked";
   const auto* mark = widget.findChild<QWidget*>(QStringLiteral("mark"), Qt::FindDirectChildrenOnly);
   if (mark != nullptr && mark->isVisibleTo(&widget)) line += " marked";
-  addtext(line, "about=", widget.accessibleDescription());
+  addText(line, "about=", widget.accessibleDescription());
   if (brief) return line;
   if (const auto* list = qobject_cast<QComboBox*>(&widget)) {
     QStringList items;
@@ -52,19 +52,19 @@ std::string lineof(QWidget& widget, bool brief) {
     line += " of " + quoted(items.join(u'|'));
   }
   for (const char* name : {"placeholderText", "prefix", "suffix", "specialValueText"}) {
-    addtext(line, (std::string(name) + "=").c_str(), widget.property(name).toString());
+    addText(line, (std::string(name) + "=").c_str(), widget.property(name).toString());
   }
   if (widget.property("readOnly").toBool()) line += " readonly";
-  addtext(line, "tip=", widget.toolTip());
+  addText(line, "tip=", widget.toolTip());
   if (QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&widget)) {
-    addtext(line, "named=", reader->text(QAccessible::Name));
-    addtext(line, "value=", reader->text(QAccessible::Value));
+    addText(line, "named=", reader->text(QAccessible::Name));
+    addText(line, "value=", reader->text(QAccessible::Value));
     line += " role=" + std::to_string(static_cast<int>(reader->role()));
   }
   return line;
 }
 
-void addtable(Lines& lines, const QAbstractItemModel& model) {
+void addTable(Lines& lines, const QAbstractItemModel& model) {
   for (int row = -1; row < model.rowCount(); ++row) {
     std::string line = "  ";
     for (int column = 0; column < model.columnCount(); ++column) {
@@ -78,7 +78,7 @@ void addtable(Lines& lines, const QAbstractItemModel& model) {
 
 bool speaks(const QWidget& widget) { return !widget.objectName().isEmpty() && !widget.objectName().startsWith(u"qt_"); }
 
-std::string nameof(const QWidget& widget) {
+std::string nameOf(const QWidget& widget) {
   if (speaks(widget)) return widget.objectName().toStdString();
   auto* reader = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&widget));
   const QString name = reader == nullptr ? QString() : reader->text(QAccessible::Name);
@@ -86,16 +86,16 @@ std::string nameof(const QWidget& widget) {
 }
 
 void add(Lines& lines, QWidget& widget, bool brief, std::vector<QWidget*>& seen) {
-  const std::string line = lineof(widget, brief);
-  const bool isplain = widget.metaObject()->className() == std::string("QWidget");
+  const std::string line = lineOf(widget, brief);
+  const bool isPlain = widget.metaObject()->className() == std::string("QWidget");
   if (widget.objectName().startsWith(u"qt_") && !widget.inherits("QDialog")) return;
-  if (speaks(widget) || (!isplain && line.find('"') != std::string::npos)) {
-    lines.push_back(nameof(widget) + line);
-    const bool isframe = widget.inherits("QGroupBox") || widget.inherits("QMainWindow") || widget.isWindow();
-    if (!isframe) seen.push_back(&widget);
+  if (speaks(widget) || (!isPlain && line.find('"') != std::string::npos)) {
+    lines.push_back(nameOf(widget) + line);
+    const bool isFrame = widget.inherits("QGroupBox") || widget.inherits("QMainWindow") || widget.isWindow();
+    if (!isFrame) seen.push_back(&widget);
   }
-  if (const auto* table = qobject_cast<QTableView*>(&widget)) addtable(lines, *table->model());
-  if (iswhole(widget)) return;
+  if (const auto* table = qobject_cast<QTableView*>(&widget)) addTable(lines, *table->model());
+  if (isWhole(widget)) return;
   for (QObject* child : widget.children()) {
     auto* part = qobject_cast<QWidget*>(child);
     if (part != nullptr && !part->isWindow() && part->isVisibleTo(&widget)) add(lines, *part, brief, seen);
@@ -103,7 +103,7 @@ void add(Lines& lines, QWidget& widget, bool brief, std::vector<QWidget*>& seen)
 }
 
 /// Those that begin above the middle of one are in its row.
-Lines rowsof(const QWidget& window, std::vector<QWidget*> widgets) {
+Lines rowsOf(const QWidget& window, std::vector<QWidget*> widgets) {
   const auto place = [&](const QWidget* widget) { return QRect(widget->mapTo(&window, QPoint()), widget->size()); };
   std::stable_sort(widgets.begin(), widgets.end(), [&](auto* a, auto* b) { return place(a).top() < place(b).top(); });
   Lines rows;
@@ -112,54 +112,54 @@ Lines rowsof(const QWidget& window, std::vector<QWidget*> widgets) {
     auto end = std::find_if(widgets.begin(), widgets.end(), [&](auto* w) { return place(w).top() > middle; });
     std::stable_sort(widgets.begin(), end, [&](auto* a, auto* b) { return place(a).left() < place(b).left(); });
     std::string row = "row:";
-    std::for_each(widgets.begin(), end, [&](auto* widget) { row += ' ' + nameof(*widget); });
+    std::for_each(widgets.begin(), end, [&](auto* widget) { row += ' ' + nameOf(*widget); });
     rows.push_back(row);
     widgets.erase(widgets.begin(), end);
   }
   return rows;
 }
 
-std::string taborder(QWidget& window) {
+std::string tabOrder(QWidget& window) {
   std::string order = "tab:";
   const QWidget* first = window.focusWidget() != nullptr ? window.focusWidget() : &window;
   const QWidget* widget = first;
   do {
     const bool takes =
         (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisibleTo(&window) && widget->isEnabled();
-    if (takes && widget->focusProxy() == nullptr) order += ' ' + nameof(*widget);
+    if (takes && widget->focusProxy() == nullptr) order += ' ' + nameOf(*widget);
     widget = widget->nextInFocusChain();
   } while (widget != first);
   return order;
 }
 
-void addmenu(Lines& lines, const QMenu& menu, const std::string& indent);
+void addMenu(Lines& lines, const QMenu& menu, const std::string& indent);
 
-void addactions(Lines& lines, const QList<QAction*>& actions, const std::string& indent) {
+void addActions(Lines& lines, const QList<QAction*>& actions, const std::string& indent) {
   for (const QAction* action : actions) {
     std::string line = indent + (action->isSeparator() ? "----" : quoted(action->text()));
-    addtext(line, "keys=", action->shortcut().toString());
+    addText(line, "keys=", action->shortcut().toString());
     if (!action->isEnabled()) line += " disabled";
     if (action->isChecked()) line += " checked";
     if (!action->isVisible()) line += " hidden";
     if (action->toolTip() != QString(action->text()).remove(u'&').remove(QStringLiteral("...")))
-      addtext(line, "tip=", action->toolTip().section(u'\n', 0, 0));
+      addText(line, "tip=", action->toolTip().section(u'\n', 0, 0));
     lines.push_back(line);
-    if (action->menu() != nullptr) addmenu(lines, *action->menu(), indent + "  ");
+    if (action->menu() != nullptr) addMenu(lines, *action->menu(), indent + "  ");
   }
 }
 
-void addmenu(Lines& lines, const QMenu& menu, const std::string& indent) {
+void addMenu(Lines& lines, const QMenu& menu, const std::string& indent) {
   Q_EMIT const_cast<QMenu&>(menu).aboutToShow();
-  addactions(lines, menu.actions(), indent);
+  addActions(lines, menu.actions(), indent);
   Q_EMIT const_cast<QMenu&>(menu).aboutToHide();
 }
 
-void addoffers(std::vector<Offer>& offers, const std::string& path, const QList<QAction*>& actions) {
+void addOffers(std::vector<Offer>& offers, const std::string& path, const QList<QAction*>& actions) {
   for (QAction* action : actions) {
     const std::string name = path + action->text().section(u'\t', 0, 0).toStdString();
     if (action->menu() != nullptr) {
       Q_EMIT action->menu()->aboutToShow();
-      addoffers(offers, name + " > ", action->menu()->actions());
+      addOffers(offers, name + " > ", action->menu()->actions());
       Q_EMIT action->menu()->aboutToHide();
     } else if (!action->isSeparator() && action->isEnabled()) {
       offers.push_back({name, [action] { action->trigger(); }});
@@ -168,16 +168,16 @@ void addoffers(std::vector<Offer>& offers, const std::string& path, const QList<
 }
 
 /// Where a picture has this part; each place but those that others cover already.
-std::vector<QPoint> placesof(const QImage& picture, const QImage& part, const std::vector<QRect>& covered) {
+std::vector<QPoint> placesOf(const QImage& picture, const QImage& part, const std::vector<QRect>& covered) {
   std::vector<QPoint> places;
   for (int y = 0; y + part.height() <= picture.height(); ++y) {
     for (int x = 0; x + part.width() <= picture.width(); ++x) {
-      const auto samerow = [&](int row) {
+      const auto sameRow = [&](int row) {
         const auto* here = reinterpret_cast<const QRgb*>(picture.constScanLine(y + row)) + x;
         return std::equal(here, here + part.width(), reinterpret_cast<const QRgb*>(part.constScanLine(row)));
       };
-      bool same = samerow(part.height() / 2);
-      for (int row = 0; same && row < part.height(); ++row) same = samerow(row);
+      bool same = sameRow(part.height() / 2);
+      for (int row = 0; same && row < part.height(); ++row) same = sameRow(row);
       const QRect place(QPoint(x, y), part.size());
       same = same && std::none_of(covered.begin(), covered.end(), [&](const QRect& r) { return r.intersects(place); });
       if (same) places.emplace_back(x, y);
@@ -208,26 +208,26 @@ QImage letters(const QString& text, const QFont& font, bool centered) {
 }  // namespace
 
 Lines shown(QWidget& window, bool brief) {
-  Lines lines = {nameof(window) + " " + quoted(window.windowTitle())};
+  Lines lines = {nameOf(window) + " " + quoted(window.windowTitle())};
   std::vector<QWidget*> seen;
   for (QObject* child : window.children()) {
     auto* part = qobject_cast<QWidget*>(child);
     if (part != nullptr && !part->isWindow() && part->isVisibleTo(&window)) add(lines, *part, brief, seen);
   }
   if (brief) return lines;
-  lines.push_back("focus: " + (window.focusWidget() == nullptr ? "none" : nameof(*window.focusWidget())));
-  lines.push_back(taborder(window));
-  for (std::string& row : rowsof(window, seen)) lines.push_back(std::move(row));
+  lines.push_back("focus: " + (window.focusWidget() == nullptr ? "none" : nameOf(*window.focusWidget())));
+  lines.push_back(tabOrder(window));
+  for (std::string& row : rowsOf(window, seen)) lines.push_back(std::move(row));
   return lines;
 }
 
 Lines menus(QWidget& owner) {
   Lines lines;
-  addactions(lines, owner.actions(), "");
+  addActions(lines, owner.actions(), "");
   return lines;
 }
 
-Lines readtexts(const QImage& picture, const QFont& font, const QStringList& texts) {
+Lines readTexts(const QImage& picture, const QFont& font, const QStringList& texts) {
   QStringList longest = texts;
   std::stable_sort(longest.begin(), longest.end(), [](auto& a, auto& b) { return a.size() > b.size(); });
   longest.removeDuplicates();
@@ -237,7 +237,7 @@ Lines readtexts(const QImage& picture, const QFont& font, const QStringList& tex
   for (const QString& text : longest) {
     for (const bool centered : {false, true}) {
       const QImage part = letters(text, font, centered);
-      for (const QPoint& place : placesof(shown, part, covered)) {
+      for (const QPoint& place : placesOf(shown, part, covered)) {
         covered.emplace_back(place, part.size());
         const int middle = covered.back().center().y();
         const auto row =
@@ -254,14 +254,14 @@ Lines readtexts(const QImage& picture, const QFont& font, const QStringList& tex
   return lines;
 }
 
-std::vector<Offer> offersof(QWidget& window) {
+std::vector<Offer> offersOf(QWidget& window) {
   std::vector<Offer> offers;
-  if (auto* menu = qobject_cast<QMenu*>(&window)) addoffers(offers, "", menu->actions());
-  if (auto* bar = window.findChild<QMenuBar*>()) addoffers(offers, "", bar->actions());
+  if (auto* menu = qobject_cast<QMenu*>(&window)) addOffers(offers, "", menu->actions());
+  if (auto* bar = window.findChild<QMenuBar*>()) addOffers(offers, "", bar->actions());
   for (auto* button : window.findChildren<QAbstractButton*>()) {
     const bool there = button->isVisibleTo(&window) && button->isEnabled() && button->window() == &window;
     if (!there || button->objectName().startsWith(u"qt_") || button->text().isEmpty()) continue;
-    offers.push_back({nameof(*button) + " " + quoted(button->text()), [button] { button->click(); }});
+    offers.push_back({nameOf(*button) + " " + quoted(button->text()), [button] { button->click(); }});
   }
   return offers;
 }

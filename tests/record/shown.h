@@ -21,13 +21,13 @@ Lines shown(QWidget& window, bool brief = false);
 Lines menus(QWidget& owner);
 
 /// Texts in a picture, row by row, a bar between those of a row. Only such texts are seen as are looked for.
-Lines readtexts(const QImage& picture, const QFont& font, const QStringList& texts);
+Lines readTexts(const QImage& picture, const QFont& font, const QStringList& texts);
 
 /// A button or menu entry of a window and what presses it.
 struct Offer {
   std::string name;
   std::function<void()> press;
 };
-std::vector<Offer> offersof(QWidget& window);
+std::vector<Offer> offersOf(QWidget& window);
 
 }  // namespace moistair::record

@@ -74,9 +74,9 @@ struct Walk : Session {
   }
 };
 
-constexpr const char* drybulbs[] = {"75", "75", "75", "95", "95", "80", "40", "118", "20", "", "5o"};
-constexpr const char* wetbulbs[] = {"62.5", "62.5", "62.5", "61", "70", "74", "38", "12.3", "-5", ""};
-constexpr const char* linevalues[] = {"50", "50", "61", "27", "13.6", "13.6", "130", "", "0"};
+constexpr const char* dryBulbs[] = {"75", "75", "75", "95", "95", "80", "40", "118", "20", "", "5o"};
+constexpr const char* wetBulbs[] = {"62.5", "62.5", "62.5", "61", "70", "74", "38", "12.3", "-5", ""};
+constexpr const char* lineValues[] = {"50", "50", "61", "27", "13.6", "13.6", "130", "", "0"};
 constexpr const char* entries[] = {"29.92126", "24.9", "14.2", "5000", "5000", "2.89", "1e300", "", "12"};
 constexpr const char* names[] = {"A", "", "Room 1", "Supply"};
 constexpr const char* files[] = {"", "a.moistair", "b.moistair", "c"};
@@ -132,7 +132,7 @@ const Command commands[] = {
      [](Walk& w) {
        constexpr const char* kinds[] = {"Text1", "Text2", "Text3", "Text6"};
        const std::string box = w.pick(kinds);
-       w.enter("Form1", box.c_str(), w.pick(linevalues));
+       w.enter("Form1", box.c_str(), w.pick(lineValues));
        w.press("Form1", box == "Text1"   ? "Command5"
                         : box == "Text2" ? "Command6"
                         : box == "Text3" ? "Command7"
@@ -140,8 +140,8 @@ const Command commands[] = {
      }},
     {"Form1", 8, "values",
      [](Walk& w) {
-       w.enter("Form1", "Text4", w.pick(drybulbs));
-       w.enter("Form1", "Text5", w.pick(wetbulbs));
+       w.enter("Form1", "Text4", w.pick(dryBulbs));
+       w.enter("Form1", "Text5", w.pick(wetBulbs));
      }},
     {"Form1", 2, "kinds",
      [](Walk& w) {
@@ -165,9 +165,9 @@ const Command commands[] = {
     {"Form1", 4, "mixing", [](Walk& w) { w.press("Form1", "Command13"); }},
     {"Form5", 6, "streams",
      [](Walk& w) {
-       const std::pair<const char*, const char*> all[] = {{"Text4", w.pick(drybulbs)}, {"Text5", w.pick(wetbulbs)},
-                                                          {"Text2", "1000"},           {"Text6", w.pick(drybulbs)},
-                                                          {"Text7", w.pick(wetbulbs)}, {"Text3", "500"}};
+       const std::pair<const char*, const char*> all[] = {{"Text4", w.pick(dryBulbs)}, {"Text5", w.pick(wetBulbs)},
+                                                          {"Text2", "1000"},           {"Text6", w.pick(dryBulbs)},
+                                                          {"Text7", w.pick(wetBulbs)}, {"Text3", "500"}};
        for (const auto& [box, text] : all) w.enter("Form5", box, text);
      }},
     {"Form5", 2, "last problem", [](Walk& w) { w.press("Form5", "lastproblem"); }},
@@ -223,12 +223,12 @@ const Command commands[] = {
     {"Form1", 3, "drag",
      [](Walk& w) {
        const auto [db, ratio] = place(w);
-       const auto [todb, toratio] = place(w);
+       const auto [toDb, toratio] = place(w);
        w.point(db, ratio);
        w.Pointed::press(db, ratio);
-       w.drag((db + todb) / 2, (ratio + toratio) / 2);
-       w.drag(todb, toratio);
-       w.release(todb, toratio);
+       w.drag((db + toDb) / 2, (ratio + toratio) / 2);
+       w.drag(toDb, toratio);
+       w.release(toDb, toratio);
      }},
     {"Form1", 4, "key",
      [](Walk& w) {
@@ -249,9 +249,9 @@ const Command commands[] = {
 const Command& choose(Walk& walk) {
   const char* const dialogs[] = {"Form2", "Form3", "Form4", "Form5"};
   const auto* open =
-      std::find_if(std::begin(dialogs), std::end(dialogs), [&](auto* form) { return walk.isopen(form); });
+      std::find_if(std::begin(dialogs), std::end(dialogs), [&](auto* form) { return walk.isOpen(form); });
   const auto possible = [&](const Command& command) {
-    if (command.form == std::string("Form6")) return walk.isopen("Form6");
+    if (command.form == std::string("Form6")) return walk.isOpen("Form6");
     return command.form == std::string(open == std::end(dialogs) ? "Form1" : *open);
   };
   std::size_t all = 0;
@@ -273,7 +273,7 @@ std::string digest(const std::string& text) {
 }
 
 /// Whether a line says what the program says and not what it does: words can change and all else stay.
-bool iswords(const std::string& line) {
+bool isWords(const std::string& line) {
   constexpr const char* wordy[] = {"  asks",      "Form1.voice",   "Form1.inforce", "Form1.header", "Form1.changes",
                                    "Form1.stand", "Form1.records", "about=",        "Form5.note",   "Form2.note"};
   return std::any_of(std::begin(wordy), std::end(wordy),
@@ -297,7 +297,7 @@ void traces(const std::filesystem::path& folder, int first, int count, bool full
       Session::settle();
       const Lines changes = walk.changes(before, false);
       steps += "> " + std::string(command.name) + walk.done + "\n";
-      for (const std::string& line : changes) (iswords(line) ? words : steps) += line + "\n";
+      for (const std::string& line : changes) (isWords(line) ? words : steps) += line + "\n";
       if (full) all += "> " + std::string(command.name) + walk.done + "\n";
       for (const std::string& line : changes) all += full ? line + "\n" : "";
     }

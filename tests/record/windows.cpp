@@ -42,10 +42,10 @@ private:
 struct State {
   const char* name;
   std::function<QWidget&(Session&)> reach;
-  Session::Stand stand = Session::OnChart;
+  Session::Stand chartState = Session::OnChart;
 };
 
-void typeall(QWidget& window, std::initializer_list<std::pair<const char*, const char*>> texts) {
+void typeAll(QWidget& window, std::initializer_list<std::pair<const char*, const char*>> texts) {
   for (const auto& [box, text] : texts) type(window, box, text);
 }
 
@@ -54,16 +54,16 @@ constexpr std::initializer_list<std::pair<const char*, const char*>> streams = {
 
 /// A chart with one of everything, saved once, its point under the pointer, and another pressure current.
 QWidget& work(Session& session) {
-  session.addlineandpoint();
-  typeall(session.window, {{"Text2", "61"}, {"Text3", "27"}, {"Text6", "13.6"}});
+  session.addLineAndPoint();
+  typeAll(session.window, {{"Text2", "61"}, {"Text3", "27"}, {"Text6", "13.6"}});
   QWidget& mixing = session.open("Command13", "Form5");
-  typeall(mixing, streams);
+  typeAll(mixing, streams);
   click(mixing, "Command1");
   session.point(60, 0.006);
   session.keys(Qt::Key_P);
   session.attendant.path = [&](const QFileDialog&) { return session.path("room.moistair"); };
   action(session.window, "Sa&ve").trigger();
-  session.attendant.path = [&](const QFileDialog& dialog) { return session.filefor(dialog); };
+  session.attendant.path = [&](const QFileDialog& dialog) { return session.fileFor(dialog); };
   type(session.window, "Text1", "40");
   click(session.window, "Command5");
   session.settle();
@@ -78,17 +78,17 @@ QWidget& pressure(Session& session, const char* value, int unit = 3) {
   return window;
 }
 
-void setpressure(Session& session) { click(pressure(session, "5000"), "Command1"); }
+void setPressure(Session& session) { click(pressure(session, "5000"), "Command1"); }
 
 QWidget& report(Session& session) {
-  session.typepoint("75", "62.5");
+  session.typePoint("75", "62.5");
   type(session.window, "Text7", "Room & <b>");
   return session.open("Command14", "Form3");
 }
 
 QWidget& mixing(Session& session) {
   QWidget& window = session.open("Command13", "Form5");
-  typeall(window, streams);
+  typeAll(window, streams);
   return window;
 }
 
@@ -100,15 +100,15 @@ QWidget& panel(Session& session) {
   return panel;
 }
 
-QWidget& charttype(Session& session) {
+QWidget& chartType(Session& session) {
   select(session.window, "Combo4", 8);
   QWidget& window = session.open("Command3", "Form6");
   click(window, "Option2");
   return window;
 }
 
-QWidget& menuat(Session& session, double db, double w) {
-  session.addlineandpoint();
+QWidget& menuAt(Session& session, double db, double w) {
+  session.addLineAndPoint();
   session.point(db, w);
   QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(), QPoint(10, 10));
   QApplication::sendEvent(&session.graph, &event);
@@ -122,18 +122,18 @@ const State states[] = {
      [](Session& s) -> QWidget& {
        select(s.window, "Combo1", 4);
        select(s.window, "Combo2", 5);
-       s.typepoint("13.68", "27.65");
-       typeall(s.window, {{"Text1", "5o"}, {"Text2", "130"}});
+       s.typePoint("13.68", "27.65");
+       typeAll(s.window, {{"Text1", "5o"}, {"Text2", "130"}});
        select(s.window, "Combo4", 10);
        return s.window;
      }},
     {"main-other-pressure",
      [](Session& s) -> QWidget& {
-       setpressure(s);
-       s.drawchart();
-       s.typepoint("75", "62.5");
+       setPressure(s);
+       s.drawChart();
+       s.typePoint("75", "62.5");
        click(s.window, "Command4");
-       s.returntochart();
+       s.returnToChart();
        return s.window;
      }},
     {"pressure-start", [](Session& s) -> QWidget& { return s.dialog("Form2"); }, Session::AtStart},
@@ -142,9 +142,9 @@ const State states[] = {
     {"report", report},
     {"report-unnamed",
      [](Session& s) -> QWidget& {
-       setpressure(s);
-       s.drawchart();
-       s.typepoint("75", "62.5");
+       setPressure(s);
+       s.drawChart();
+       s.typePoint("75", "62.5");
        return s.open("Command14", "Form3");
      }},
     {"log",
@@ -162,7 +162,7 @@ const State states[] = {
        QWidget& window = s.open("Command13", "Form5");
        select(window, "Combo1", 4);
        select(window, "Combo2", 5);
-       typeall(window, {{"Text4", "13.68"},
+       typeAll(window, {{"Text4", "13.68"},
                         {"Text5", "27.65"},
                         {"Text2", "12,000"},
                         {"Text6", "95"},
@@ -170,20 +170,20 @@ const State states[] = {
                         {"Text3", "-5"}});
        return window;
      }},
-    {"charttype", charttype},
+    {"charttype", chartType},
     {"panel", panel},
-    {"menu-on-point", [](Session& s) -> QWidget& { return menuat(s, 75, 0.0092932); }},
-    {"menu-on-air", [](Session& s) -> QWidget& { return menuat(s, 90, 0.012); }},
+    {"menu-on-point", [](Session& s) -> QWidget& { return menuAt(s, 75, 0.0092932); }},
+    {"menu-on-air", [](Session& s) -> QWidget& { return menuAt(s, 90, 0.012); }},
 };
 
 /// What each button and entry does, each in a program of its own.
-void recordeffects(const std::filesystem::path& folder, const State& state) {
+void recordEffects(const std::filesystem::path& folder, const State& state) {
   Book book(folder, std::string("does-") + state.name);
   for (std::size_t i = 0;; ++i) {
-    Session session(state.stand);
+    Session session(state.chartState);
     QWidget& window = state.reach(session);
     session.settle();
-    const std::vector<Offer> offers = offersof(window);
+    const std::vector<Offer> offers = offersOf(window);
     if (i == offers.size()) break;
     session.attendant.asked.clear();
     session.attendant.name = QStringLiteral("Office");
@@ -199,9 +199,9 @@ void recordeffects(const std::filesystem::path& folder, const State& state) {
   }
 }
 
-void recordstate(const std::filesystem::path& folder, const State& state) {
+void recordState(const std::filesystem::path& folder, const State& state) {
   Book book(folder, state.name);
-  Session session(state.stand);
+  Session session(state.chartState);
   QWidget& window = state.reach(session);
   session.settle();
   if (qobject_cast<QMenu*>(&window) != nullptr) return book.stage(session, "menu", menus(window));
@@ -211,7 +211,7 @@ void recordstate(const std::filesystem::path& folder, const State& state) {
 }
 
 /// What is painted where somebody points, and what a screen reader is told.
-void recordreading(const std::filesystem::path& folder) {
+void recordReading(const std::filesystem::path& folder) {
   Book book(folder, "reading");
   Session session(Session::OnChart, true);
   auto& layer = control<ReadingLayer>(session.window, "reading");
@@ -220,7 +220,7 @@ void recordreading(const std::filesystem::path& folder) {
     session.stopped.running = true;
     const QString told = QString::fromStdString(session.told());
     session.stopped.running = false;
-    QStringList texts = {QString::fromUtf8(abovesaturation), QString::fromUtf8(outsidelimits),
+    QStringList texts = {QString::fromUtf8(aboveSaturation), QString::fromUtf8(outsideLimits),
                          QStringLiteral("Point A")};
     for (const PropertyKind kind : shownOrder) {
       texts << QString::fromUtf8(propertyOf(kind).shortCaption) << QString::fromUtf8(propertyOf(kind).unit);
@@ -229,7 +229,7 @@ void recordreading(const std::filesystem::path& folder) {
       if (!word.isEmpty() && (word[0].isDigit() || word[0] == u'-' || word[0] == u'.')) texts << word;
     }
     Lines lines = {"told: " + told.toStdString()};
-    for (std::string& row : readtexts(session.graph.grab().toImage(), layer.font(), texts))
+    for (std::string& row : readTexts(session.graph.grab().toImage(), layer.font(), texts))
       lines.push_back(std::move(row));
     book.stage(session, caption, lines);
   };
@@ -242,7 +242,7 @@ void recordreading(const std::filesystem::path& folder) {
   look("by keys", 0, 0, true);
 }
 
-std::string titleblock(const std::string& svg) {
+std::string titleBlock(const std::string& svg) {
   std::string texts;
   for (std::size_t at = svg.find(">TITLE<");
        at != std::string::npos && (at = svg.find("<text", at)) != std::string::npos;) {
@@ -252,10 +252,10 @@ std::string titleblock(const std::string& svg) {
   return texts;
 }
 
-void recordsheetdialog(const std::filesystem::path& folder) {
+void recordSheetDialog(const std::filesystem::path& folder) {
   Book book(folder, "sheet-dialog");
   Session session;
-  session.addlineandpoint();
+  session.addLineAndPoint();
   session.attendant.path = [&](const QFileDialog&) { return session.path("s.svg"); };
   const auto fields = [](QDialog& dialog) { return dialog.findChildren<QLineEdit*>(); };
   int round = 0;
@@ -270,7 +270,7 @@ void recordsheetdialog(const std::filesystem::path& folder) {
       if (box->objectName() != u"size" && box->parentWidget() == &dialog && next < texts.size())
         box->setText(texts[next++]);
     }
-    control<QComboBox>(dialog, "page").setCurrentIndex(round == 1 ? static_cast<int>(namedpages.size()) : 1);
+    control<QComboBox>(dialog, "page").setCurrentIndex(round == 1 ? static_cast<int>(namedPages.size()) : 1);
     if (round == 1) type(dialog, "size", "20x");
     book.stage(session, "changed " + std::to_string(round), shown(dialog));
     if (round == 1) type(dialog, "size", "900x600");
@@ -285,13 +285,13 @@ void recordsheetdialog(const std::filesystem::path& folder) {
     action(session.window, "Export s&heet").trigger();
     const std::string svg = session.file("s.svg");
     book.stage(session, "written",
-               {titleblock(svg), svg.substr(svg.find("viewBox"), 30),
+               {titleBlock(svg), svg.substr(svg.find("viewBox"), 30),
                 svg.find("Sensible heat") == std::string::npos ? "no protractor" : "protractor"});
   }
 }
 
 /// Documents saved under one name twice and under another: each is offered once, the latest first.
-void recordrecent(const std::filesystem::path& folder) {
+void recordRecent(const std::filesystem::path& folder) {
   Book book(folder, "recent");
   Session session;
   for (const char* name : {"a.moistair", "b.moistair", "a.moistair"}) {
@@ -303,12 +303,12 @@ void recordrecent(const std::filesystem::path& folder) {
 }
 
 /// What is put on a chart again, at another pressure.
-void recordcarriedover(const std::filesystem::path& folder) {
+void recordCarriedOver(const std::filesystem::path& folder) {
   Book book(folder, "carried-over");
   Session session;
   work(session);
-  setpressure(session);
-  session.drawchart();
+  setPressure(session);
+  session.drawChart();
   session.settle();
   Lines before = session.seen();
   action(session.window, "&Again").trigger();
@@ -320,16 +320,16 @@ void recordcarriedover(const std::filesystem::path& folder) {
 
 void windows(const std::filesystem::path& folder) {
   for (const State& state : states) {
-    recordstate(folder, state);
+    recordState(folder, state);
     const std::string name = state.name;
     const bool plain = name == "main-work" || name == "pressure-elevation" || name == "report" || name == "mixing" ||
                        name == "charttype" || name == "panel" || name.starts_with("menu") || name == "main-empty";
-    if (plain) recordeffects(folder, state);
+    if (plain) recordEffects(folder, state);
   }
-  recordreading(folder);
-  recordsheetdialog(folder);
-  recordrecent(folder);
-  recordcarriedover(folder);
+  recordReading(folder);
+  recordSheetDialog(folder);
+  recordRecent(folder);
+  recordCarriedOver(folder);
 }
 
 }  // namespace moistair::record

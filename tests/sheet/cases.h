@@ -12,7 +12,7 @@
 namespace moistair::test {
 
 /// About what a sans serif font measures.
-inline TextExtent extentof(const std::string& text, double size, bool bold) {
+inline TextExtent extentOf(const std::string& text, double size, bool bold) {
   std::size_t letters = 0;
   for (const char c : text) letters += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
   return {static_cast<double>(letters) * size * (bold ? 0.66 : 0.6), 0.76 * size, 0.22 * size};
@@ -30,7 +30,7 @@ inline constexpr PageSize upright{816, 1056};
 inline constexpr PageSize a3{1587, 1123};
 inline constexpr PageSize small{640, 420};
 inline constexpr PageSize wide{1366, 560};
-inline const PressureEntry sea{PressureUnit::standard, defaultpressuretext};
+inline const PressureEntry sea{PressureUnit::standard, defaultPressureText};
 inline const PressureEntry mountain{PressureUnit::elevation, "5000"};
 inline const PressureEntry low{PressureUnit::inhg, "20"};
 inline const PressureEntry lowest{PressureUnit::inhg, "5.906"};
@@ -52,15 +52,15 @@ inline const Sheet sheets[] = {
     {"screen", {"0", "120", "0", "0.030"}, sea, wide},
     {"a strip", {"0", "90", "0.020", "0.030"}, lowest, {3000, 300}},
     {"a slip", {"10", "70", "0", "0.030"}, highest, {300, 1000}},
-    {"smallest", {"30", "70", "0.020", "0.030"}, mountain, {leastside, leastside}},
+    {"smallest", {"30", "70", "0.020", "0.030"}, mountain, {leastSide, leastSide}},
     {"no air at all", {"0", "20", "0.020", "0.030"}, sea, letter},
 };
 
 /// A chart with what its limits let in: a crowd of points about a room, a mixture, two read-outs, a line of each kind.
-inline Document documentof(const Sheet& sheet, int crowd = 6) {
+inline Document documentOf(const Sheet& sheet, int crowd = 6) {
   Desk desk;
   desk.lists = sheet.limits;
-  desk.setpressure(sheet.pressure);
+  desk.setPressure(sheet.pressure);
   desk.draw(ChartType::standard);
   desk.point("75", "62", "Room");
   desk.point("56", "55", "Supply air behind the coil, as measured");
@@ -71,10 +71,10 @@ inline Document documentof(const Sheet& sheet, int crowd = 6) {
   desk.mix("74", "60", "88", "71");
   desk.pin();
   desk.pin({58, 0.006});
-  desk.rhline("55");
-  desk.line(LineKind::wetbulb, "63");
+  desk.rhLine("55");
+  desk.line(LineKind::wetBulb, "63");
   desk.line(LineKind::enthalpy, "27");
-  desk.line(LineKind::specificvolume, "13.7");
+  desk.line(LineKind::specificVolume, "13.7");
   Document document = desk.document();
   document.previous = {{document.entries.back(), {}}, {document.entries.back(), {}}};
   return document;
@@ -86,7 +86,7 @@ inline SheetOptions looking(const PageSize& page, SheetColors colors = SheetColo
   options.colors = colors;
   options.title = "Supply air";
   options.project = "Clinic";
-  options.drawnby = "A. Writer";
+  options.drawnBy = "A. Writer";
   options.date = "2020-01-31";
   options.program = "Program";
   return options;
@@ -99,29 +99,29 @@ struct RecordedSheet {
 };
 
 /// Paper sizes, altitude, cold, crowded, mixtures, read-outs, the three looks, upright, no parts but the chart.
-inline std::vector<RecordedSheet> recordedsheets() {
+inline std::vector<RecordedSheet> recordedSheets() {
   const auto sheet = [](const char* name) -> const Sheet& {
     return *std::find_if(std::begin(sheets), std::end(sheets),
                          [&](const Sheet& s) { return s.name == std::string(name); });
   };
   std::vector<RecordedSheet> recorded = {
-      {"letter", documentof(sheet("whole")), looking(letter)},
-      {"upright-a4", documentof(sheet("mountain")), looking({794, 1123})},
-      {"a3-ten-degrees", documentof(sheet("ten degrees")), looking(a3)},
-      {"tabloid-dark", documentof(sheet("thin air")), looking({1632, 1056}, SheetColors::dark)},
-      {"cold", documentof(sheet("cold")), looking(letter)},
-      {"crowded", documentof(sheet("whole"), 40), looking(letter)},
-      {"gray", documentof(sheet("dense air")), looking(letter, SheetColors::grey)},
-      {"small", documentof(sheet("small")), looking(small)},
+      {"letter", documentOf(sheet("whole")), looking(letter)},
+      {"upright-a4", documentOf(sheet("mountain")), looking({794, 1123})},
+      {"a3-ten-degrees", documentOf(sheet("ten degrees")), looking(a3)},
+      {"tabloid-dark", documentOf(sheet("thin air")), looking({1632, 1056}, SheetColors::dark)},
+      {"cold", documentOf(sheet("cold")), looking(letter)},
+      {"crowded", documentOf(sheet("whole"), 40), looking(letter)},
+      {"gray", documentOf(sheet("dense air")), looking(letter, SheetColors::gray)},
+      {"small", documentOf(sheet("small")), looking(small)},
   };
-  recorded[3].options.enthalpylines = true;
-  recorded[7].options.titleblock = recorded[7].options.table = recorded[7].options.protractor = false;
-  recorded[7].options.lettersize = 9;
+  recorded[3].options.enthalpyLines = true;
+  recorded[7].options.titleBlock = recorded[7].options.table = recorded[7].options.protractor = false;
+  recorded[7].options.letterSize = 9;
   Desk mixtures, pinned;
   mixtures.draw(ChartType::blank);
   mixtures.mix();
   mixtures.mix("40", "38", "100", "72");
-  pinned.setpressure(mountain);
+  pinned.setPressure(mountain);
   pinned.draw();
   pinned.pin();
   pinned.pin({58, 0.006});
@@ -132,7 +132,7 @@ inline std::vector<RecordedSheet> recordedsheets() {
   return recorded;
 }
 
-inline std::vector<const SheetTextOperation*> textsof(const SheetPage& page) {
+inline std::vector<const SheetTextOperation*> textsOf(const SheetPage& page) {
   std::vector<const SheetTextOperation*> texts;
   for (const SheetOperation& operation : page.operations) {
     if (const auto* text = std::get_if<SheetTextOperation>(&operation)) texts.push_back(text);

@@ -7,26 +7,26 @@ namespace {
 
 using namespace moistair;
 
-const ExtentFunction tenwide = [](const std::string&, double, bool) { return TextExtent{10, 8, 0}; };
+const ExtentFunction tenWide = [](const std::string&, double, bool) { return TextExtent{10, 8, 0}; };
 
 LabelPlace at(const char* text, double x, double cost = 0) {
   return {{{x, 50}, text, {}, Anchor::middle, 0}, cost, {}};
 }
 
-/// The texts that stand, each with its place.
+/// The texts that are drawn, each with its place.
 std::string placed(LabelBoard& board, std::vector<Label> labels) {
-  SheetCanvas canvas(tenwide);
+  SheetCanvas canvas(tenWide);
   for (Label& label : labels) board.add(std::move(label));
   board.place(canvas, {});
   std::string texts;
-  for (const SheetOperation& operation : canvas.takepage().operations) {
+  for (const SheetOperation& operation : canvas.takePage().operations) {
     const auto& text = std::get<SheetTextOperation>(operation);
     texts += text.text + std::to_string(static_cast<int>(text.at.x)) + " ";
   }
   return texts;
 }
 
-LabelBoard board() { return {boxof(SheetPoint{0, 0}, {100, 100}), 0}; }
+LabelBoard board() { return {boxOf(SheetPoint{0, 0}, {100, 100}), 0}; }
 
 TEST(Labels, TheMoreImportantOneStandsWhereOnlyOneCan) {
   LabelBoard one = board();
@@ -41,7 +41,7 @@ TEST(Labels, OneThatHasAnotherPlaceMakesRoom) {
 TEST(Labels, WallsFixedTextsAndTheEdgeAreKeptOff) {
   LabelBoard one = board();
   one.wall({{30, 0}, {30, 100}});
-  one.fix(boxof(SheetPoint{45, 40}, {65, 60}));
+  one.fix(boxOf(SheetPoint{45, 40}, {65, 60}));
   EXPECT_EQ(placed(one, {{1, {at("a", 30), at("a", 50, 1), at("a", 98, 2), at("a", 80, 3)}}}), "a80 ");
 }
 

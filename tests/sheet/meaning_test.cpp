@@ -14,24 +14,24 @@ namespace {
 using namespace moistair;
 using namespace moistair::test;
 
-double numberin(std::string text) {
+double numberIn(std::string text) {
   if (text.starts_with("−")) text.replace(0, std::string("−").size(), "-");
-  return strictnumber(text);
+  return strictNumber(text);
 }
 
-SheetPoint centreof(const SheetTextOperation& text) {
-  return textbox(text, extentof(text.text, text.style.size, text.style.bold)).centre;
+SheetPoint centerOf(const SheetTextOperation& text) {
+  return textBox(text, extentOf(text.text, text.style.size, text.style.bold)).center;
 }
 
-StatePoint airat(double db, double w, double atm) {
-  return readingat({-400, 500, -1, 5}, atm, {db, w})
-      .state.value_or(StatePoint{novalue, novalue, novalue, novalue, novalue, novalue, novalue, novalue});
+StatePoint airAt(double db, double w, double atm) {
+  return readingAt({-400, 500, -1, 5}, atm, {db, w})
+      .state.value_or(StatePoint{noValue, noValue, noValue, noValue, noValue, noValue, noValue, noValue});
 }
 
 /// The first page of a sheet as its reader sees it.
 struct Page {
   explicit Page(const SheetContent& content, const SheetOptions& options)
-      : drawing(layoutsheet(content, options, extentof)), plot(drawing.plot), texts(textsof(drawing.pages[0])) {
+      : drawing(layoutSheet(content, options, extentOf)), plot(drawing.plot), texts(textsOf(drawing.pages[0])) {
     for (const SheetOperation& operation : drawing.pages[0].operations) {
       const auto* line = std::get_if<PolylineOperation>(&operation);
       if (line != nullptr && line->points.size() == 2) straight.push_back(line);
@@ -50,8 +50,8 @@ struct Page {
   std::vector<std::pair<SheetPoint, double>> numbers(double size, SheetPoint low, SheetPoint high) const {
     std::vector<std::pair<SheetPoint, double>> found;
     for (const auto* text : texts) {
-      const SheetPoint at = centreof(*text);
-      const double value = numberin(text->text);
+      const SheetPoint at = centerOf(*text);
+      const double value = numberIn(text->text);
       const bool inside = at.x > low.x && at.y > low.y && at.x < high.x && at.y < high.y;
       if (text->style.bold && size == 1) continue;  // a point's
       if (inside && value == value && std::abs(text->style.size - size * em) < 0.01) found.emplace_back(at, value);
@@ -60,7 +60,7 @@ struct Page {
   }
 
   /// Where the tick of a number begins: of the lines of such lengths the one that ends nearest to it.
-  SheetPoint tickto(SheetPoint number, double least, double most = 3) const {
+  SheetPoint tickTo(SheetPoint number, double least, double most = 3) const {
     const PolylineOperation* nearest = nullptr;
     for (const auto* line : straight) {
       const double length = distance(line->points[0], line->points[1]) / em;
@@ -81,16 +81,16 @@ struct Page {
   SheetPlot plot;
   std::vector<const SheetTextOperation*> texts;
   std::vector<const PolylineOperation*> straight;
-  double em = novalue;
+  double em = noValue;
 };
 
 /// Every recorded sheet, and those of all limits and pressures.
-void oneachpage(const std::function<void(const Page&, const SheetContent&)>& look) {
-  std::vector<RecordedSheet> all = recordedsheets();
-  for (const Sheet& sheet : sheets) all.push_back({sheet.name, documentof(sheet), looking(sheet.page)});
+void onEachPage(const std::function<void(const Page&, const SheetContent&)>& look) {
+  std::vector<RecordedSheet> all = recordedSheets();
+  for (const Sheet& sheet : sheets) all.push_back({sheet.name, documentOf(sheet), looking(sheet.page)});
   for (const RecordedSheet& sheet : all) {
     SCOPED_TRACE(sheet.name);
-    const SheetContent content = contentof(sheet.document);
+    const SheetContent content = contentOf(sheet.document);
     const Page page(content, sheet.options);
     if (page.em == page.em) look(page, content);
   }
@@ -100,20 +100,20 @@ constexpr double near = 0.5;  // pixels
 
 TEST(SheetNumbers, AreWhereTheEngineHasTheirValues) {
   std::map<std::string, int> seen;
-  oneachpage([&](const Page& page, const SheetContent&) {
+  onEachPage([&](const Page& page, const SheetContent&) {
     const SheetPlot& plot = page.plot;
     const double em = page.em;
-    const auto drybulb = [](double db, double) { return db; };
+    const auto dryBulb = [](double db, double) { return db; };
     for (const auto& [at, value] : page.numbers(1, {0, plot.bottom}, {plot.right + em, plot.bottom + 2.5 * em})) {
-      EXPECT_LT(page.off(at, value, drybulb), near) << "dry bulb " << value;
-      EXPECT_LT(page.off(page.tickto(at, 0.75, 0.75), value, drybulb), near) << "tick of dry bulb " << value;
+      EXPECT_LT(page.off(at, value, dryBulb), near) << "dry bulb " << value;
+      EXPECT_LT(page.off(page.tickTo(at, 0.75, 0.75), value, dryBulb), near) << "tick of dry bulb " << value;
       ++seen["dry bulb"];
     }
     const std::map<char, std::function<double(double)>> ratios = {
         {'H', [](double w) { return w; }},
         {'G', [](double w) { return 7000 * w; }},
-        {'V', [&](double w) { return pressureofratio(w, plot.atm); }},
-        {'D', [&](double w) { return psychro_dp(pressureofratio(w, plot.atm)); }}};
+        {'V', [&](double w) { return pressureOfRatio(w, plot.atm); }},
+        {'D', [&](double w) { return psychro_dp(pressureOfRatio(w, plot.atm)); }}};
     double left = plot.right;
     std::vector<const SheetTextOperation*> titles;
     for (const auto* text : page.texts) {
@@ -126,17 +126,17 @@ TEST(SheetNumbers, AreWhereTheEngineHasTheirValues) {
         const auto& ratio = ratios.at(full[0]);
         if (full[0] == 'D' && std::abs(value - 32) < 1.5) continue;  // the dew point jumps there
         EXPECT_LT(page.off(at, value, [&](double, double w) { return ratio(w); }), near) << full << " " << value;
-        EXPECT_NEAR(page.tickto(at, 0.75, 0.75).y, at.y, near);
+        EXPECT_NEAR(page.tickTo(at, 0.75, 0.75).y, at.y, near);
         ++seen[full.substr(0, 3)];
       }
       left = title->at.x;
     }
     for (const auto& [at, value] : page.numbers(1, {0, 0}, {plot.right, plot.bottom})) {
-      EXPECT_LT(page.off(page.tickto(at, 0.75), value, enthalpyof), near) << "enthalpy " << value;
+      EXPECT_LT(page.off(page.tickTo(at, 0.75), value, enthalpyOf), near) << "enthalpy " << value;
       ++seen["enthalpy"];
     }
     for (const auto& [at, value] : page.numbers(0.9, {0, 0}, {plot.right, plot.bottom})) {
-      EXPECT_LT(page.off(page.tickto(at, 0.4, 0.4), value, drybulb), near) << "wet bulb " << value;
+      EXPECT_LT(page.off(page.tickTo(at, 0.4, 0.4), value, dryBulb), near) << "wet bulb " << value;
       ++seen["wet bulb"];
     }
   });
@@ -146,33 +146,33 @@ TEST(SheetNumbers, AreWhereTheEngineHasTheirValues) {
 }
 
 /// A property of the air at a place of the chart, by what a line's label says behind the number.
-const std::map<std::string, double StatePoint::*> lineunits = {{" %", &StatePoint::rh},
+const std::map<std::string, double StatePoint::*> lineUnits = {{" %", &StatePoint::rh},
                                                                {" % RH", &StatePoint::rh},
                                                                {" % relative humidity", &StatePoint::rh},
                                                                {" °F wet bulb", &StatePoint::wb},
                                                                {" cu ft per lb of dry air", &StatePoint::v},
                                                                {" Btu per lb of dry air", &StatePoint::h}};
-const std::map<std::string, double StatePoint::*> linesymbols = {
+const std::map<std::string, double StatePoint::*> lineSymbols = {
     {"WB ", &StatePoint::wb}, {"h ", &StatePoint::h}, {"v ", &StatePoint::v}};
 
 TEST(SheetLabels, AreOnTheLinesThatTheyName) {
   std::map<double StatePoint::*, int> seen;
   int labels = 0;
-  oneachpage([&](const Page& page, const SheetContent& content) {
+  onEachPage([&](const Page& page, const SheetContent& content) {
     for (const auto* text : page.texts) {
-      const SheetPoint at = centreof(*text);
+      const SheetPoint at = centerOf(*text);
       if (!page.plot.holds(at)) continue;
       double StatePoint::*property = nullptr;
-      double value = novalue;
+      double value = noValue;
       const std::size_t behind = text->text.find_first_not_of("0123456789.");
       const std::string unit = behind == std::string::npos ? "" : text->text.substr(behind);
-      if (lineunits.contains(unit)) property = lineunits.at(unit), value = numberin(text->text.substr(0, behind));
-      for (const auto& [symbol, named] : linesymbols) {
+      if (lineUnits.contains(unit)) property = lineUnits.at(unit), value = numberIn(text->text.substr(0, behind));
+      for (const auto& [symbol, named] : lineSymbols) {
         if (text->style.bold && text->text.starts_with(symbol))
-          property = named, value = lenientnumber(text->text.substr(symbol.size()));
+          property = named, value = lenientNumber(text->text.substr(symbol.size()));
       }
       if (property == nullptr) continue;
-      const auto there = [&](double db, double w) { return airat(db, w, content.pressure.atm).*property; };
+      const auto there = [&](double db, double w) { return airAt(db, w, content.pressure.atm).*property; };
       EXPECT_LT(page.off(at, value, there), 2.5) << text->text;
       ++labels;
     }
@@ -187,23 +187,23 @@ TEST(SheetTable, HasTheStatesUnderTheirHeads) {
       {"Sp. volume", {&StatePoint::v, "cu ft/lb"}}, {"Hum. ratio", {&StatePoint::w, "lb/lb"}},
       {"Dew point", {&StatePoint::dp, "°F"}},       {"Vapor pr.", {&StatePoint::pv, "in Hg"}}};
   int seen = 0;
-  oneachpage([&](const Page& page, const SheetContent& content) {
+  onEachPage([&](const Page& page, const SheetContent& content) {
     for (const SheetPage& one : page.drawing.pages) {
       std::map<double, std::string> row;  // texts that end at an x, as they come; heads stay
       std::map<double, const std::pair<double StatePoint::*, const char*>*> columns;
       const SheetState* state = nullptr;
-      for (const auto* text : textsof(one)) {
+      for (const auto* text : textsOf(one)) {
         if (text->anchor != Anchor::end || text->at.x > page.plot.right + 20 * page.em) continue;
         if (heads.contains(text->text)) columns[text->at.x] = &heads.at(text->text);
         const auto column = columns.find(text->at.x);
-        const double number = numberin(text->text);
+        const double number = numberIn(text->text);
         if (column == columns.end()) {
           if (!columns.empty() && text->style.bold && number >= 1)
             state = &content.states.at(static_cast<std::size_t>(number) - 1);
         } else if (!(number == number) && !heads.contains(text->text)) {
           EXPECT_EQ(text->text, column->second->second);
         } else if (state != nullptr && number == number) {
-          const double engine = airat(state->db(), state->w(), state->atm).*column->second->first;
+          const double engine = airAt(state->db(), state->w(), state->atm).*column->second->first;
           const std::size_t point = text->text.find('.');
           EXPECT_NEAR(number, engine, 0.7 * std::pow(10, -double(text->text.size() - point - 1)))
               << state->number << column->second->second;
@@ -217,7 +217,7 @@ TEST(SheetTable, HasTheStatesUnderTheirHeads) {
 
 TEST(SheetMixture, SaysHowMuchOfEachStreamIsInIt) {
   int seen = 0;
-  oneachpage([&](const Page& page, const SheetContent& content) {
+  onEachPage([&](const Page& page, const SheetContent& content) {
     for (const auto* text : page.texts) {
       double shares[2] = {};
       char names[2][80] = {};
@@ -250,30 +250,30 @@ TEST(SheetMixture, SaysHowMuchOfEachStreamIsInIt) {
 
 TEST(SheetProtractor, HasSpokesAlongTheProcessesOfTheirRatios) {
   int seen = 0;
-  oneachpage([&](const Page& page, const SheetContent&) {
+  onEachPage([&](const Page& page, const SheetContent&) {
     const auto* caption = page.find("Sensible heat / total heat");
     if (caption == nullptr) return;
     ASSERT_NE(page.find("from the reference point, 78 °F 50 %"), nullptr);
-    const SheetPoint centre = centreof(*caption) - SheetPoint{0, 1.35 * page.em};
+    const SheetPoint center = centerOf(*caption) - SheetPoint{0, 1.35 * page.em};
     const double w = psychro_wrh(78, 50, page.plot.atm);
     for (const auto* text : page.texts) {
-      const double ratio = text->text == "∞" ? 1e6 : numberin(text->text);
-      const SheetPoint way = centreof(*text) - centre;
+      const double ratio = text->text == "∞" ? 1e6 : numberIn(text->text);
+      const SheetPoint way = centerOf(*text) - center;
       if (!(ratio == ratio) || std::abs(text->style.size - 0.85 * page.em) > 0.01) continue;
       const PolylineOperation* spoke = nullptr;
       for (const auto* line : page.straight) {
-        const SheetPoint along = line->points[1] - centre;
-        const bool begins = distance(line->points[0], centre) < 0.01;
+        const SheetPoint along = line->points[1] - center;
+        const bool begins = distance(line->points[0], center) < 0.01;
         if (begins &&
-            (spoke == nullptr || dot(unit(along), unit(way)) > dot(unit(spoke->points[1] - centre), unit(way))))
+            (spoke == nullptr || dot(unit(along), unit(way)) > dot(unit(spoke->points[1] - center), unit(way))))
           spoke = line;
       }
       ASSERT_NE(spoke, nullptr);
-      if (distance(spoke->points[1], centreof(*text)) > 2 * page.em) continue;  // on a line of the chart
-      const SheetPoint step = unit(spoke->points[1] - centre) * 1e-3;
-      const double db = step.x / page.plot.perdb(), dw = -step.y / page.plot.perw();
-      const double sensible = enthalpyof(78 + db, w) - enthalpyof(78, w);
-      const double total = enthalpyof(78 + db, w + dw) - enthalpyof(78, w);
+      if (distance(spoke->points[1], centerOf(*text)) > 2 * page.em) continue;  // on a line of the chart
+      const SheetPoint step = unit(spoke->points[1] - center) * 1e-3;
+      const double db = step.x / page.plot.perDb(), dw = -step.y / page.plot.perW();
+      const double sensible = enthalpyOf(78 + db, w) - enthalpyOf(78, w);
+      const double total = enthalpyOf(78 + db, w + dw) - enthalpyOf(78, w);
       const bool latent = std::abs(ratio) < 0.5;
       EXPECT_NEAR(latent ? sensible / total : total / sensible, latent ? ratio : 1 / ratio, 2e-3) << text->text;
       ++seen;

@@ -18,29 +18,29 @@ namespace {
 using namespace moistair;
 using namespace moistair::test;
 
-SheetDrawing laidout(const Document& document, const PageSize& page, bool lines = false) {
+SheetDrawing laidOut(const Document& document, const PageSize& page, bool lines = false) {
   SheetOptions options;
   options.page = page;
-  options.enthalpylines = lines;
+  options.enthalpyLines = lines;
   options.title = "A title that is longer than any title block has room for, on a page that is not a poster";
-  options.project = options.drawnby = options.title;
-  return layoutsheet(contentof(document), options, extentof);
+  options.project = options.drawnBy = options.title;
+  return layoutSheet(contentOf(document), options, extentOf);
 }
 
-Box placeof(const SheetTextOperation& text) {
-  return textbox(text, extentof(text.text, text.style.size, text.style.bold));
+Box placeOf(const SheetTextOperation& text) {
+  return textBox(text, extentOf(text.text, text.style.size, text.style.bold));
 }
 
 /// A point's name, which alone is bold on the chart, or a line from a label to what it names, between the scales.
-std::string amongscales(const SheetPlot& plot, const SheetPage& page) {
-  const auto& ink = themeof(SheetColors::color).ink;
+std::string amongScales(const SheetPlot& plot, const SheetPage& page) {
+  const auto& ink = themeOf(SheetColors::color).ink;
   const auto beyond = [&](SheetPoint at) {
     return at.x < plot.left || at.x > plot.right || at.y < plot.top || at.y > plot.bottom;
   };
   std::string faults;
   for (const SheetOperation& operation : page.operations) {
     if (const auto* text = std::get_if<SheetTextOperation>(&operation)) {
-      const auto corners = placeof(*text).corners();
+      const auto corners = placeOf(*text).corners();
       const bool name = text->style.bold && (text->text.starts_with("Zone") || text->text.starts_with("Room"));
       if (name && std::any_of(corners.begin(), corners.end(), beyond)) faults += text->text + " among scales; ";
     } else if (const auto* line = std::get_if<PolylineOperation>(&operation)) {
@@ -52,28 +52,28 @@ std::string amongscales(const SheetPlot& plot, const SheetPage& page) {
 }
 
 /// Titles and identifications may be cut off where they are too long.
-bool iscut(const std::string& text) {
-  constexpr std::array mayend = {"A ", "Supply", "Zone", "Read-out"};
+bool isCut(const std::string& text) {
+  constexpr std::array mayEnd = {"A ", "Supply", "Zone", "Read-out"};
   const bool may =
-      std::any_of(mayend.begin(), mayend.end(), [&](const char* start) { return text.starts_with(start); });
+      std::any_of(mayEnd.begin(), mayEnd.end(), [&](const char* start) { return text.starts_with(start); });
   return text.ends_with("…") && !may;
 }
 
 /// Faults of a page in words: two texts over each other, one over the frame, one beyond the edge, a name off the plot,
 /// a text of the program that is cut off.
-std::string faultsof(const SheetDrawing& sheet, const SheetPage& page, const std::vector<SheetPoint>& frame) {
-  std::string faults = frame.empty() ? std::string() : amongscales(sheet.plot, page);
-  const auto texts = textsof(page);
+std::string faultsOf(const SheetDrawing& sheet, const SheetPage& page, const std::vector<SheetPoint>& frame) {
+  std::string faults = frame.empty() ? std::string() : amongScales(sheet.plot, page);
+  const auto texts = textsOf(page);
   for (std::size_t i = 0; i < texts.size(); ++i) {
-    const Box box = placeof(*texts[i]);
-    if (iscut(texts[i]->text)) faults += texts[i]->text + " is cut off; ";
+    const Box box = placeOf(*texts[i]);
+    if (isCut(texts[i]->text)) faults += texts[i]->text + " is cut off; ";
     for (const SheetPoint corner : box.corners()) {
       if (corner.x < 0 || corner.y < 0 || corner.x > sheet.width || corner.y > sheet.height) {
         faults += texts[i]->text + " beyond the edge; ";
       }
     }
     for (std::size_t j = 0; j < i; ++j) {
-      if (overlap(box, placeof(*texts[j]))) faults += texts[i]->text + " over " + texts[j]->text + "; ";
+      if (overlap(box, placeOf(*texts[j]))) faults += texts[i]->text + " over " + texts[j]->text + "; ";
     }
     for (std::size_t j = 1; j < frame.size(); ++j) {
       if (crosses(box, frame[j - 1], frame[j])) faults += texts[i]->text + " over the frame; ";
@@ -85,19 +85,19 @@ std::string faultsof(const SheetDrawing& sheet, const SheetPage& page, const std
 TEST(Sheet, NoTextLiesOverAnotherOrOverTheFrame) {
   for (const Sheet& sheet : sheets) {
     for (const bool lines : {false, true}) {
-      const SheetDrawing drawing = laidout(documentof(sheet), sheet.page, lines);
-      const Boundary boundary = boundaryof(drawing.plot);
+      const SheetDrawing drawing = laidOut(documentOf(sheet), sheet.page, lines);
+      const Boundary boundary = boundaryOf(drawing.plot);
       const auto frame = boundary.empty ? std::vector<SheetPoint>() : boundary.outline(drawing.plot);
       for (std::size_t page = 0; page < drawing.pages.size(); ++page) {
         const auto edges = page == 0 ? frame : std::vector<SheetPoint>();
-        EXPECT_EQ(faultsof(drawing, drawing.pages[page], edges), "") << sheet.name << ", page " << page + 1;
+        EXPECT_EQ(faultsOf(drawing, drawing.pages[page], edges), "") << sheet.name << ", page " << page + 1;
       }
     }
   }
 }
 
 /// How far a place of a line is from the polyline that was traced for it.
-double distanceto(const std::vector<SheetPoint>& line, SheetPoint place) {
+double distanceTo(const std::vector<SheetPoint>& line, SheetPoint place) {
   double nearest = 1e9;
   for (std::size_t i = 1; i < line.size(); ++i) {
     const SheetPoint way = line[i] - line[i - 1];
@@ -113,14 +113,14 @@ TEST(Sheet, LinesAreTracedToATenthOfAPixelAndEndAtTheFrameOrAtSaturation) {
     LineKind kind;
     double value, atm;
   } lines[] = {
-      {"humidity", LineKind::relativehumidity, 90, 29.92126}, {"dry", LineKind::relativehumidity, 10, 20},
-      {"wet bulb", LineKind::wetbulb, 65, 29.92126},          {"over ice", LineKind::wetbulb, 20, 24.9},
-      {"enthalpy", LineKind::enthalpy, 30, 29.92126},         {"volume", LineKind::specificvolume, 13.5, 29.92126},
+      {"humidity", LineKind::relativeHumidity, 90, 29.92126}, {"dry", LineKind::relativeHumidity, 10, 20},
+      {"wet bulb", LineKind::wetBulb, 65, 29.92126},          {"over ice", LineKind::wetBulb, 20, 24.9},
+      {"enthalpy", LineKind::enthalpy, 30, 29.92126},         {"volume", LineKind::specificVolume, 13.5, 29.92126},
   };
   for (const auto& [name, kind, value, atm] : lines) {
-    const SheetPlot plot{50, 40, 1850, 1200, fulllimits, atm};
-    const LineFunction w = linefunction(kind, value, atm);
-    const auto stretches = visibleline(plot, kind, value, atm);
+    const SheetPlot plot{50, 40, 1850, 1200, fullLimits, atm};
+    const LineFunction w = lineFunction(kind, value, atm);
+    const auto stretches = visibleLine(plot, kind, value, atm);
     ASSERT_EQ(stretches.size(), 1u) << name;
     const auto& line = stretches.front();
     const double from = plot.db(line.front().x);
@@ -128,11 +128,11 @@ TEST(Sheet, LinesAreTracedToATenthOfAPixelAndEndAtTheFrameOrAtSaturation) {
     double worst = 0;
     for (int i = 0; i <= 2000; ++i) {
       const double db = from + (to - from) * i / 2000;
-      worst = std::max(worst, distanceto(line, plot.at(db, w(db))));
+      worst = std::max(worst, distanceTo(line, plot.at(db, w(db))));
     }
     EXPECT_LE(worst, 0.1) << name;
     for (const SheetPoint end : {line.front(), line.back()}) {
-      const double above = plot.at(plot.db(end.x), saturationratio(plot.db(end.x), atm)).y;
+      const double above = plot.at(plot.db(end.x), saturationRatio(plot.db(end.x), atm)).y;
       const double off = std::min({std::abs(end.x - plot.left), std::abs(end.x - plot.right),
                                    std::abs(end.y - plot.top), std::abs(end.y - plot.bottom), std::abs(end.y - above)});
       EXPECT_LE(off, 0.1) << name;
@@ -141,7 +141,7 @@ TEST(Sheet, LinesAreTracedToATenthOfAPixelAndEndAtTheFrameOrAtSaturation) {
 }
 
 TEST(Sheet, NothingOfTheGridIsAboveSaturation) {
-  const SheetDrawing sheet = laidout(documentof(sheets[0]), letter);
+  const SheetDrawing sheet = laidOut(documentOf(sheets[0]), letter);
   const auto& plot = sheet.plot;
   int quiet = 0;
   for (const SheetOperation& operation : sheet.pages[0].operations) {
@@ -151,24 +151,24 @@ TEST(Sheet, NothingOfTheGridIsAboveSaturation) {
     if (!grid) continue;
     ++quiet;
     for (const SheetPoint end : line->points) {
-      EXPECT_LE(plot.w(end.y), saturationratio(plot.db(end.x), plot.atm) + 1e-6) << plot.db(end.x);
+      EXPECT_LE(plot.w(end.y), saturationRatio(plot.db(end.x), plot.atm) + 1e-6) << plot.db(end.x);
     }
   }
   EXPECT_GT(quiet, 10);
 }
 
 TEST(Sheet, TheTableGoesOnUntilItHasEveryState) {
-  const Document document = documentof(sheets[0], 100);
-  const std::size_t states = contentof(document).states.size();
-  const SheetDrawing sheet = laidout(document, letter);
+  const Document document = documentOf(sheets[0], 100);
+  const std::size_t states = contentOf(document).states.size();
+  const SheetDrawing sheet = laidOut(document, letter);
   ASSERT_GT(states, 100u);
   ASSERT_GE(sheet.pages.size(), 3u);
   std::vector<int> seen(200);
   for (const SheetPage& page : sheet.pages) {
-    for (const auto* text : textsof(page)) {
-      const double number = strictnumber(text->text);
-      const bool ofthetable = text->style.bold && text->anchor == Anchor::end && number >= 1 && number < 200;
-      if (ofthetable) ++seen[static_cast<std::size_t>(number)];
+    for (const auto* text : textsOf(page)) {
+      const double number = strictNumber(text->text);
+      const bool ofTheTable = text->style.bold && text->anchor == Anchor::end && number >= 1 && number < 200;
+      if (ofTheTable) ++seen[static_cast<std::size_t>(number)];
     }
   }
   for (std::size_t number = 1; number <= states; ++number) EXPECT_EQ(seen[number], 1) << number;
@@ -179,21 +179,21 @@ TEST(Sheet, AStateThatMissesAGivenValueHasAMarkAndANote) {
   desk.draw(ChartType::standard);
   desk.point("75", "62.5", "Room");
   ASSERT_TRUE(desk.missing("Supply"));
-  const SheetContent content = contentof(desk.document());
+  const SheetContent content = contentOf(desk.document());
   const std::string note =
       "* 2 Supply: this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56";
   for (const bool table : {true, false}) {
     SheetOptions options;
     options.page = letter;
     options.table = table;
-    const SheetDrawing sheet = layoutsheet(content, options, extentof);
+    const SheetDrawing sheet = layoutSheet(content, options, extentOf);
     std::map<std::string, int> seen;
-    for (const auto* text : textsof(sheet.pages[0])) ++seen[text->text];
+    for (const auto* text : textsOf(sheet.pages[0])) ++seen[text->text];
     EXPECT_EQ(seen["Supply*"], 1) << "on the chart";
     EXPECT_EQ(seen["Room"], table ? 2 : 1) << "no mark";
     EXPECT_EQ(seen["2*"], table ? 1 : 0) << "in the table";
     EXPECT_EQ(seen[note], 1) << "under it";
-    EXPECT_EQ(faultsof(sheet, sheet.pages[0], {}), "");
+    EXPECT_EQ(faultsOf(sheet, sheet.pages[0], {}), "");
   }
 }
 
@@ -201,27 +201,27 @@ TEST(Sheet, NotesGoOnUntilAllAreThere) {
   Desk desk;
   desk.draw(ChartType::standard);
   for (int i = 0; i < 60; ++i) ASSERT_TRUE(desk.missing(("P" + std::to_string(i)).c_str()));
-  const SheetDrawing sheet = laidout(desk.document(), letter);
+  const SheetDrawing sheet = laidOut(desk.document(), letter);
   std::size_t notes = 0;
   for (const SheetPage& page : sheet.pages) {
-    EXPECT_EQ(faultsof(sheet, page, {}), "");
-    for (const auto* text : textsof(page)) notes += text->text.starts_with("* ") ? 1U : 0U;
+    EXPECT_EQ(faultsOf(sheet, page, {}), "");
+    for (const auto* text : textsOf(page)) notes += text->text.starts_with("* ") ? 1U : 0U;
   }
   EXPECT_EQ(notes, 60U);
 }
 
 TEST(Sheet, SaysHowManyEntriesOfThePreviousChartAreNotOnIt) {
-  Document document = documentof(sheets[0]);
-  const std::size_t lines = contentof(document).lines.size();
+  Document document = documentOf(sheets[0]);
+  const std::size_t lines = contentOf(document).lines.size();
   for (const char* wanted : {"2 entries of the previous chart are not on this one",
                              "1 entry of the previous chart is not on this one", ""}) {
-    const SheetDrawing sheet = laidout(document, letter);
+    const SheetDrawing sheet = laidOut(document, letter);
     std::string said;
-    for (const auto* text : textsof(sheet.pages.front())) {
+    for (const auto* text : textsOf(sheet.pages.front())) {
       if (text->text.find("previous chart") != std::string::npos) said = text->text;
     }
     EXPECT_EQ(said, wanted);
-    EXPECT_EQ(contentof(document).lines.size(), lines);
+    EXPECT_EQ(contentOf(document).lines.size(), lines);
     if (!document.previous.empty()) document.previous.pop_back();
   }
 }
@@ -231,7 +231,7 @@ TEST(Sheet, AMixtureTellsTheSharesOfItsStreams) {
   desk.draw(ChartType::standard);
   desk.mix();
   desk.mix();
-  const SheetContent content = contentof(desk.document());
+  const SheetContent content = contentOf(desk.document());
   ASSERT_EQ(content.states.size(), 6u);
   EXPECT_EQ(content.states[4].name, "Mix (2)");
   ASSERT_EQ(content.mixtures.size(), 2u);
@@ -260,7 +260,7 @@ TEST(Sheet, PagesByTheirNames) {
       {"500xnan", false, {}},
   };
   for (const auto& [text, portrait, size] : pages) {
-    EXPECT_EQ(pagenamed(text, portrait).value_or(PageSize()), size) << text;
+    EXPECT_EQ(pageNamed(text, portrait).value_or(PageSize()), size) << text;
   }
 }
 
@@ -270,22 +270,22 @@ struct Cost {
 };
 
 /// What a sheet of so many entries takes.
-Cost costof(const Entry& entry, std::size_t count, double apart) {
-  Document document = documentof(sheets[0], 0);
+Cost costOf(const Entry& entry, std::size_t count, double apart) {
+  Document document = documentOf(sheets[0], 0);
   for (std::size_t i = 0; i < count; ++i) {
     document.entries.push_back(entry);
     Content& content = document.entries.back().content;
     const double shift = apart * static_cast<double>(i);
     if (auto* point = std::get_if<MarkedPoint>(&content)) point->state.db += shift;
-    if (auto* line = std::get_if<PropertyLine>(&content)) line->value = numbertext(50 + shift);
+    if (auto* line = std::get_if<PropertyLine>(&content)) line->value = numberText(50 + shift);
   }
   const std::clock_t begin = std::clock();
-  const SheetDrawing sheet = layoutsheet(contentof(document), {}, extentof);
+  const SheetDrawing sheet = layoutSheet(contentOf(document), {}, extentOf);
   return {static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, sheet.pages.front().operations.size()};
 }
 
 TEST(Sheet, EqualAndStackedEntriesTakeTimeInProportion) {
-  const Document document = documentof(sheets[0], 0);
+  const Document document = documentOf(sheets[0], 0);
   const auto holds = [&](auto content) {
     return *std::find_if(document.entries.begin(), document.entries.end(),
                          [&](const Entry& entry) { return std::holds_alternative<decltype(content)>(entry.content); });
@@ -300,8 +300,8 @@ TEST(Sheet, EqualAndStackedEntriesTakeTimeInProportion) {
               {"equal read-outs", holds(PinnedReading()), 0}, {"equal charts", holds(DrawnChart()), 0}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const Cost few = costof(row.entry, 500, row.apart);
-    const Cost many = costof(row.entry, 8000, row.apart);
+    const Cost few = costOf(row.entry, 500, row.apart);
+    const Cost many = costOf(row.entry, 8000, row.apart);
     EXPECT_LT(many.time, 24 * (few.time + 0.01)) << "16 times as many";
     if (row.apart > 0) continue;
     EXPECT_EQ(many.operations, few.operations) << "what is covered is drawn once";

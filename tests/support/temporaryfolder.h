@@ -46,7 +46,7 @@ private:
   std::optional<std::string> before_;
 };
 
-inline std::string bytesof(const fs::path& path) {
+inline std::string bytesOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -54,7 +54,7 @@ inline std::string bytesof(const fs::path& path) {
 inline void make(const fs::path& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
 /// Names in a folder, in their order.
-inline std::vector<std::string> namesin(const fs::path& folder) {
+inline std::vector<std::string> namesIn(const fs::path& folder) {
   std::vector<std::string> names;
   for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
   std::sort(names.begin(), names.end());

@@ -28,19 +28,19 @@ std::string printed(double number, Format... format) {
   return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, format...).ptr};
 }
 
-double plainread(const std::string& text) {
+double plainRead(const std::string& text) {
   double number = 0;
   std::from_chars(text.data(), text.data() + text.size(), number);
   return number;
 }
 
-std::string plaintext(double number) {
+std::string plainText(double number) {
   std::string text = number == 0 ? "0" : printed(number, std::chars_format::general, 15);
   if (const std::size_t mark = text.find('e'); mark != std::string::npos) text[mark] = 'E';
   return text;
 }
 
-std::string plainfixed(double number, std::size_t decimals, const char* zero) {
+std::string plainFixed(double number, std::size_t decimals, const char* zero) {
   const std::string shown = printed(std::abs(number), std::chars_format::scientific, 14);
   std::string digits = shown.substr(0, 1) + shown.substr(2, 14);
   int exponent = std::stoi(shown.substr(shown.find('e') + 1));
@@ -60,18 +60,18 @@ std::string plainfixed(double number, std::size_t decimals, const char* zero) {
 void compare(double magnitude) {
   for (const double number : {magnitude, -magnitude}) {
     ++tried;
-    const std::string text = plaintext(number);
-    if (showvalue(number) == (number == -1 ? "" : plainfixed(number, 7, "")) &&
-        fixeddecimals(number, 4) == plainfixed(number, 4, "0") && numbertext(number) == text &&
-        fifteendigits(number) == plainread(text) && strictnumber(printed(number)) == number) {
+    const std::string text = plainText(number);
+    if (showValue(number) == (number == -1 ? "" : plainFixed(number, 7, "")) &&
+        fixedDecimals(number, 4) == plainFixed(number, 4, "0") && numberText(number) == text &&
+        fifteenDigits(number) == plainRead(text) && strictNumber(printed(number)) == number) {
       continue;
     }
     if (++differing <= 20)
-      std::printf("%s %s %s differ\n", printed(number).c_str(), text.c_str(), showvalue(number).c_str());
+      std::printf("%s %s %s differ\n", printed(number).c_str(), text.c_str(), showValue(number).c_str());
   }
 }
 
-void comparearound(double number) {
+void compareAround(double number) {
   double up = number;
   double down = number;
   for (int i = 0; i < 10; ++i) {
@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
   std::mt19937_64 random(argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : 1);
   std::uniform_real_distribution<double> part(0, 1);
   const auto below = [&](double limit) { return part(random) * limit; };
-  for (int power = -320; power <= 308; ++power) comparearound(plainread("1e" + std::to_string(power)));
+  for (int power = -320; power <= 308; ++power) compareAround(plainRead("1e" + std::to_string(power)));
   for (long i = 0; i < count; ++i) {
     compare(std::pow(10, below(36) - 16));
     compare(below(0.03));

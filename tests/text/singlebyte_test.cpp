@@ -20,7 +20,7 @@ TEST(SingleByte, OneByteForEachCharacter) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    EXPECT_EQ(tosinglebyte(row.utf8), row.bytes);
+    EXPECT_EQ(toSingleByte(row.utf8), row.bytes);
   }
 }
 
@@ -29,6 +29,6 @@ TEST(SingleByte, ReadsBackWhatItWrote) {
   for (int c = 0x20; c < 0x100; ++c) {
     if (c < 0x7F || c >= 0xA0) bytes += static_cast<char>(c);
   }
-  EXPECT_EQ(fromsinglebyte("\xFC"), "\u00FC");
-  EXPECT_EQ(tosinglebyte(fromsinglebyte(bytes)), bytes);
+  EXPECT_EQ(fromSingleByte("\xFC"), "\u00FC");
+  EXPECT_EQ(toSingleByte(fromSingleByte(bytes)), bytes);
 }

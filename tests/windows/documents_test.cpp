@@ -32,7 +32,7 @@ void drop(QWidget& window, const QString& path) {
   QApplication::processEvents();
 }
 
-void keepnow(QWidget& window) {
+void keepNow(QWidget& window) {
   auto& timer = *window.findChild<DocumentFiles*>()->findChild<QTimer*>();
   timer.setInterval(0);
   QTest::qWait(20);
@@ -46,8 +46,8 @@ TEST(Files, AreSavedAndOpenedAsTheyWere) {
   Program program;
   EXPECT_EQ(caption(program.window), "Untitled");
   select(program.window, "Combo4", 10);
-  program.drawchart();
-  program.addlineandpoint();
+  program.drawChart();
+  program.addLineAndPoint();
   EXPECT_EQ(caption(program.window), "Untitled *");
   {
     const SaveAnswer save(program.path("room"));
@@ -76,19 +76,19 @@ TEST(Files, AreSavedAndOpenedAsTheyWere) {
 }
 
 TEST(Files, BringTheirPressureInForce) {
-  Program program(Program::AtStart);
-  program.setelevation("5000");
-  program.drawchart();
+  Program program(Program::atStart);
+  program.setElevation("5000");
+  program.drawChart();
   const SaveAnswer save(program.path("high"));
   action(program.window, "Save &as").trigger();
   Program other;
   drop(other.window, program.path("high.moistair"));
-  other.typepoint("75", "62.5");
+  other.typePoint("75", "62.5");
   EXPECT_EQ(text(other.window, "Label15"), "52.8341213");
 }
 
 TEST(Files, ThatAreNoneAreToldAndChangeNothing) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   const auto before = program.operations();
   const struct {
     const char *name, *content, *reason;
@@ -102,8 +102,8 @@ TEST(Files, ThatAreNoneAreToldAndChangeNothing) {
     if (file.content != nullptr) std::ofstream(program.path(file.name).toStdString()) << file.content;
     drop(program.window, program.path(file.name));
     QTest::qWait(30);
-    EXPECT_NE(answers.lasttext().find(program.path(file.name).toStdString()), std::string::npos) << answers.lasttext();
-    EXPECT_NE(answers.lasttext().find(file.reason), std::string::npos) << answers.lasttext();
+    EXPECT_NE(answers.lastText().find(program.path(file.name).toStdString()), std::string::npos) << answers.lastText();
+    EXPECT_NE(answers.lastText().find(file.reason), std::string::npos) << answers.lastText();
     EXPECT_EQ(program.operations(), before);
   }
   EXPECT_EQ(caption(program.window), "Untitled *");
@@ -113,7 +113,7 @@ TEST(Files, AreNotReplacedUnsavedUnlessTheUserWantsIt) {
   const struct {
     const char* name;
     QMessageBox::StandardButton answer;
-    const char* saveas;
+    const char* saveAs;
     bool replaced;
   } cases[] = {{"cancelled", QMessageBox::Cancel, "", false},
                {"discarded", QMessageBox::Discard, "", true},
@@ -121,18 +121,18 @@ TEST(Files, AreNotReplacedUnsavedUnlessTheUserWantsIt) {
                {"saved", QMessageBox::Save, "saved", true}};
   for (const auto& test : cases) {
     SCOPED_TRACE(test.name);
-    Program program(Program::OnChart);
+    Program program(Program::onChart);
     const BoxAnswers answers(test.answer);
-    const SaveAnswer save(*test.saveas == '\0' ? QString() : program.path(test.saveas));
+    const SaveAnswer save(*test.saveAs == '\0' ? QString() : program.path(test.saveAs));
     action(program.window, "&New").trigger();
     EXPECT_EQ(program.operations().size() == 1, test.replaced);
     EXPECT_EQ(answers.count(), 1u);
-    EXPECT_EQ(QFile::exists(program.path("saved.moistair")), *test.saveas != '\0');
+    EXPECT_EQ(QFile::exists(program.path("saved.moistair")), *test.saveAs != '\0');
   }
 }
 
 TEST(Files, OpenedLastAreOffered) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   const auto listed = [&] {
     Q_EMIT program.window.menuBar()->actions().first()->menu()->aboutToShow();
     QStringList names;
@@ -157,13 +157,13 @@ TEST(Files, OpenedLastAreOffered) {
 }
 
 TEST(UnsavedWork, IsNotWrittenThroughALink) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   QFile other(program.path("other"));
   ASSERT_TRUE(other.open(QFile::WriteOnly) && other.write("other") == 5);
   other.close();
-  program.addlineandpoint();
+  program.addLineAndPoint();
   ASSERT_TRUE(other.link(program.path(".temp-unsaved.moistair")));
-  keepnow(program.window);
+  keepNow(program.window);
   EXPECT_EQ(other.size(), 5);
   const auto work = std::filesystem::symlink_status(program.path(".temp-unsaved.moistair").toStdString());
   EXPECT_EQ(work.type(), std::filesystem::file_type::regular);
@@ -172,10 +172,10 @@ TEST(UnsavedWork, IsNotWrittenThroughALink) {
 
 TEST(UnsavedWork, IsOfferedAfterAKill) {
   for (const bool wanted : {true, false}) {
-    Program killed(Program::OnChart);
-    killed.addlineandpoint();
+    Program killed(Program::onChart);
+    killed.addLineAndPoint();
     EXPECT_FALSE(QFile::exists(killed.path(".temp-unsaved.moistair")));
-    keepnow(killed.window);
+    keepNow(killed.window);
     QTemporaryDir folder;
     ASSERT_TRUE(
         QFile::copy(killed.path(".temp-unsaved.moistair"), folder.filePath(QStringLiteral(".temp-unsaved.moistair"))));
@@ -193,8 +193,8 @@ TEST(UnsavedWork, IsOfferedAfterAKill) {
     }
     QTest::qWait(30);
     EXPECT_EQ(answers.count(), 1u);
-    EXPECT_NE(answers.lasttext().find("unsaved work on a chart without a file, last kept on 20"), std::string::npos)
-        << answers.lasttext();
+    EXPECT_NE(answers.lastText().find("unsaved work on a chart without a file, last kept on 20"), std::string::npos)
+        << answers.lastText();
     const auto& drawn = control<GraphView>(window, "graph").drawing().operations;
     EXPECT_EQ(drawn.size(), wanted ? killed.operations().size() : 1u);
     EXPECT_EQ(caption(window), wanted ? "Untitled *" : "Untitled");
@@ -203,9 +203,9 @@ TEST(UnsavedWork, IsOfferedAfterAKill) {
 }
 
 TEST(UnsavedWork, IsKeptAtTheEndAndNoLongerOnceItIsSaved) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   const auto drawn = program.operations();
-  keepnow(program.window);
+  keepNow(program.window);
   EXPECT_TRUE(QFile::exists(program.path(".temp-unsaved.moistair")));
   {
     const SaveAnswer save(program.path("saved"));
@@ -215,7 +215,7 @@ TEST(UnsavedWork, IsKeptAtTheEndAndNoLongerOnceItIsSaved) {
   program.window.close();
   EXPECT_TRUE(kept(program).isEmpty());
 
-  Program unsaved(Program::OnChart);
+  Program unsaved(Program::onChart);
   const BoxAnswers answers;
   click(unsaved.window, "Command8");
   EXPECT_TRUE(unsaved.ended);
@@ -230,10 +230,10 @@ TEST(UnsavedWork, IsKeptAtTheEndAndNoLongerOnceItIsSaved) {
   EXPECT_EQ(unsaved.operations(), drawn);
 }
 
-/// The program with a line and a point, and the table beside the chart.
+/// The program with a line and a point, and the table next to the chart.
 struct WithTable : Program {
-  WithTable() : Program(OnChart) {
-    addlineandpoint();
+  WithTable() : Program(onChart) {
+    addLineAndPoint();
     action(window, "&Points and lines").trigger();
     QApplication::processEvents();
   }
@@ -256,7 +256,7 @@ TEST(Table, RenamesAPointInItsPlace) {
   EXPECT_TRUE(model.setData(model.index(2, 1), QStringLiteral("Office")));
   QApplication::processEvents();
   EXPECT_EQ(program.cell(2, 1), "Office");
-  EXPECT_EQ(program.lastprint(), "Office");
+  EXPECT_EQ(program.lastPrint(), "Office");
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Rename Point A");
 }
 
@@ -287,7 +287,7 @@ TEST(Table, MarksAStateThatMissesAValueAndTakesTheExactOne) {
   EXPECT_FALSE(action(program.window, "Ta&ke exact states").isEnabled());
   select(program.window, "Combo1", 4);
   select(program.window, "Combo2", 5);
-  program.typepoint("13.68", "27.65");
+  program.typePoint("13.68", "27.65");
   click(program.open("Command14", "Form3"), "Command1");
   const auto missed = [&](int role) { return program.table().model()->index(3, 0).data(role); };
   EXPECT_EQ(program.cell(3, 11), "dp 28.7211 for 27.65");
@@ -330,12 +330,12 @@ TEST(Table, WritesTheRowsSelectedOrAll) {
   }
 }
 
-TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
-  Program program(Program::OnChart);
-  program.addlineandpoint();
+TEST(CarriedOver, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
+  Program program(Program::onChart);
+  program.addLineAndPoint();
   EXPECT_FALSE(action(program.window, "&Again").isEnabled());
   select(program.window, "Combo4", 7);
-  program.drawchart(true);
+  program.drawChart(true);
   const std::size_t bare = program.operations().size();
   BoxAnswers answers;
   ASSERT_TRUE(action(program.window, "&Again").isEnabled());
@@ -350,7 +350,7 @@ TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
   click(program.window, "offer");
   EXPECT_EQ(text(program.window, "offer"), "");
   EXPECT_GT(program.operations().size(), bare);
-  EXPECT_NE(answers.lasttext().find("Point A: The point"), std::string::npos) << answers.lasttext();
+  EXPECT_NE(answers.lastText().find("Point A: The point"), std::string::npos) << answers.lastText();
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Again on this chart");
   EXPECT_FALSE(action(program.window, "&Again").isEnabled()) << "once is enough";
   action(program.window, "&Points and lines").trigger();
@@ -366,10 +366,10 @@ TEST(Again, PutsTheChartBeforeOnTheNewOneAndTellsWhatDoesNotFit) {
 
 TEST(Fitted, FillsEveryPictureWithEvenMargins) {
   for (const QSize size : {QSize(1123, 794), QSize(794, 1123), QSize(600, 400)}) {
-    Document document = newdocument({});
+    Document document = newDocument({});
     document.entries = {{{}, DrawnChart{ChartType::standard}}};
     document.entries.front().setting.limits = {0, 120, 0, 0.030};
-    const QImage picture = drawingimage(fittedto(document, size), size);
+    const QImage picture = drawingImage(fittedTo(document, size), size);
     QRect ink;
     for (int y = 0; y < size.height(); ++y) {
       for (int x = 0; x < size.width(); ++x) {

@@ -17,11 +17,11 @@ namespace {
 using namespace windowtest;
 
 /// A click of the pointer on the chart.
-void clickchart(Program& program, double db, double w) {
+void clickChart(Program& program, double db, double w) {
   auto& graph = control<GraphView>(program.window, "graph");
   const QSize size = program.window.centralWidget()->size();
   const PlotBox box =
-      plotbox(plotarea({0, 120, 0, 0.03}, {size.width() * twipsperpixel, size.height() * twipsperpixel}));
+      plotBox(plotArea({0, 120, 0, 0.03}, {size.width() * twipsPerPixel, size.height() * twipsPerPixel}));
   const QPoint place = QPointF(box.x(db), box.y(w)).toPoint();
   for (const auto type : {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
     QMouseEvent event(type, place, graph.mapToGlobal(place), Qt::LeftButton,
@@ -47,38 +47,38 @@ TEST(UnsavedWork, IsNotTouchedBeforeTheStartQuestionsAreAnswered) {
   window.findChild<DocumentFiles*>()->findChild<QTimer*>()->setInterval(0);
   QTest::qWait(50);
   EXPECT_TRUE(QFile::exists(work)) << "the question about the screen is open";
-  window.endsession();
+  window.endSession();
   EXPECT_TRUE(QFile::exists(work)) << "and is answered by a signal";
 }
 
 TEST(UnsavedWork, ThatCannotBeKeptIsReportedUntilItIs) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   program.window.findChild<DocumentFiles*>()->findChild<QTimer*>()->setInterval(0);
-  const QString inway = program.path(".temp-unsaved.moistair");
+  const QString inWay = program.path(".temp-unsaved.moistair");
   QTest::qWait(20);
-  QFile::remove(inway);
-  QDir().mkpath(inway + QStringLiteral("/x"));
-  program.addlineandpoint();
+  QFile::remove(inWay);
+  QDir().mkpath(inWay + QStringLiteral("/x"));
+  program.addLineAndPoint();
   QTest::qWait(50);
   EXPECT_EQ(text(program.window, "unkept").substr(0, 32), "Unsaved work is not being kept: ");
-  QDir(inway).removeRecursively();
+  QDir(inWay).removeRecursively();
   QTest::qWait(50);
   EXPECT_EQ(text(program.window, "unkept"), "");
-  EXPECT_TRUE(QFile::exists(inway));
+  EXPECT_TRUE(QFile::exists(inWay));
 }
 
 TEST(Boxes, HoldWhatWasTypedUntilAClickOnTheChartAndAfterIt) {
-  Program program(Program::OnChart);
-  clickchart(program, 60, 0.008);
+  Program program(Program::onChart);
+  clickChart(program, 60, 0.008);
   EXPECT_EQ(text(program.window, "offer"), "") << "nothing was typed";
   select(program.window, "Combo2", 2);
-  program.typepoint("75", "50");
+  program.typePoint("75", "50");
   const std::string typed = pair(program);
   const std::string row = program.row();
   for (const bool bykey : {false, true}) {
-    clickchart(program, 70, 0.01);
+    clickChart(program, 70, 0.01);
     const std::string taken = pair(program);
-    clickchart(program, 80, 0.012);
+    clickChart(program, 80, 0.012);
     EXPECT_EQ(text(program.window, "offer"), "The boxes held 75 and 50: put it back");
     auto& box = control<QLineEdit>(program.window, "Text5");
     QTest::keyClicks(&box, QStringLiteral("1"));
@@ -94,8 +94,8 @@ TEST(Boxes, HoldWhatWasTypedUntilAClickOnTheChartAndAfterIt) {
 }
 
 TEST(Return, OnTheChartLocatesOnlyWhereKeysHaveGone) {
-  Program program(Program::OnChart);
-  clickchart(program, 75, 0.0095);
+  Program program(Program::onChart);
+  clickChart(program, 75, 0.0095);
   type(program.window, "Text1", "50");
   QApplication::setActiveWindow(&program.window);
   auto& graph = control<QWidget>(program.window, "graph");
@@ -103,22 +103,22 @@ TEST(Return, OnTheChartLocatesOnlyWhereKeysHaveGone) {
   QTest::keyClick(&control<QWidget>(program.window, "Text1"), Qt::Key_Return);
   ASSERT_TRUE(graph.hasFocus());
   QTest::keyClick(&graph, Qt::Key_Return);
-  EXPECT_FALSE(program.isopen("Form3")) << "the pointer is over the chart";
+  EXPECT_FALSE(program.isOpen("Form3")) << "the pointer is over the chart";
   QTest::keyClick(&graph, Qt::Key_Left);
   control<QWidget>(program.window, "Text1").setFocus();
   QTest::keyClick(&control<QWidget>(program.window, "Text1"), Qt::Key_Return);
   QTest::keyClick(&graph, Qt::Key_Return);
-  EXPECT_FALSE(program.isopen("Form3")) << "the cross hair was moved before the line was drawn";
+  EXPECT_FALSE(program.isOpen("Form3")) << "the cross hair was moved before the line was drawn";
   QTest::keyClick(&graph, Qt::Key_Left);
   QTest::keyClick(&graph, Qt::Key_Return);
-  EXPECT_TRUE(program.isopen("Form3"));
+  EXPECT_TRUE(program.isOpen("Form3"));
 }
 
 TEST(FirstFile, NamesItselfAndAsksWhichPressureHolds) {
-  Program high(Program::AtStart);
-  high.setelevation("5000");
-  high.drawchart();
-  high.addlineandpoint();
+  Program high(Program::atStart);
+  high.setElevation("5000");
+  high.drawChart();
+  high.addLineAndPoint();
   {
     const SaveAnswer save(high.path("high"));
     action(high.window, "Save &as").trigger();
@@ -132,8 +132,8 @@ TEST(FirstFile, NamesItselfAndAsksWhichPressureHolds) {
                {"the one set", "4000", "The one I have &set", "25.84171 in Hg, 4000 ft", 2}};
   for (const auto& test : cases) {
     SCOPED_TRACE(test.name);
-    Program program(Program::AtStart);
-    program.returntochart();
+    Program program(Program::atStart);
+    program.returnToChart();
     QTemporaryDir folder;
     const std::string path = folder.path().toStdString();
     MainWindow window(LogPlaces{{path}, path + "/sessions"});
@@ -167,7 +167,7 @@ TEST(FirstFile, NamesItselfAndAsksWhichPressureHolds) {
 
 /// Fills in a title block, or cancels it.
 template <class Answer>
-std::string printsheet(Program& program, Answer answer) {
+std::string printSheet(Program& program, Answer answer) {
   std::string began = "not asked";
   const Watch<QMessageBox> what([](QMessageBox& box) {
     for (QAbstractButton* button : box.buttons()) {
@@ -184,15 +184,15 @@ std::string printsheet(Program& program, Answer answer) {
 }
 
 TEST(TitleBlock, IsTheDocumentsAndWhoDrewItTheNextOnesToo) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   const auto fill = [](TitleBlockDialog& dialog) {
     type(dialog, "project", "Job 7");
     type(dialog, "drawnby", "A. B.");
     QTest::keyClick(&control<QWidget>(dialog, "drawnby"), Qt::Key_Return);
   };
-  EXPECT_EQ(printsheet(program, [](TitleBlockDialog& dialog) { dialog.reject(); }), "Psychrometric chart||");
-  EXPECT_EQ(printsheet(program, fill), "Psychrometric chart||");
-  EXPECT_EQ(printsheet(program, fill), "not asked");
+  EXPECT_EQ(printSheet(program, [](TitleBlockDialog& dialog) { dialog.reject(); }), "Psychrometric chart||");
+  EXPECT_EQ(printSheet(program, fill), "Psychrometric chart||");
+  EXPECT_EQ(printSheet(program, fill), "not asked");
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Title block");
   {
     const SaveAnswer save(program.path("titled"));
@@ -200,12 +200,12 @@ TEST(TitleBlock, IsTheDocumentsAndWhoDrewItTheNextOnesToo) {
   }
   EXPECT_NE(program.file("titled.moistair").find(R"("project":"Job 7","drawnby":"A. B.")"), std::string::npos);
   action(program.window, "&New").trigger();
-  program.drawchart();
-  EXPECT_EQ(printsheet(program, [](TitleBlockDialog& dialog) { dialog.reject(); }), "Psychrometric chart||A. B.");
+  program.drawChart();
+  EXPECT_EQ(printSheet(program, [](TitleBlockDialog& dialog) { dialog.reject(); }), "Psychrometric chart||A. B.");
 }
 
 TEST(Sheets, StayInTheirDialogWhenNoFileIsChosen) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   const SaveAnswer cancel(QString{});
   int exports = 0;
   const Watch<SheetDialog> watch([&](SheetDialog& dialog) {
@@ -220,7 +220,7 @@ TEST(Sheets, StayInTheirDialogWhenNoFileIsChosen) {
 }
 
 TEST(Export, ByItsKeyIsOfWhatIsOnTheScreen) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   const auto key = [&](const char* name) { return action(program.window, name).shortcut().toString().toStdString(); };
   EXPECT_EQ(key("&Export chart") + "|" + key("Export s&heet"), "Ctrl+E|");
   action(program.window, "As a &sheet").trigger();
@@ -231,18 +231,18 @@ TEST(Export, ByItsKeyIsOfWhatIsOnTheScreen) {
 
 TEST(Paper, IsTheLocales) {
   for (const char* locale : {"C", "C.UTF-8", "POSIX", "en_US.UTF-8", "es_MX", "fr_CA@euro", "en"}) {
-    EXPECT_TRUE(usesletter(locale)) << locale;
+    EXPECT_TRUE(usesLetter(locale)) << locale;
   }
-  for (const char* locale : {"de_DE.UTF-8", "en_GB", "C_DE", "de", "sv_SE"}) EXPECT_FALSE(usesletter(locale)) << locale;
+  for (const char* locale : {"de_DE.UTF-8", "en_GB", "C_DE", "de", "sv_SE"}) EXPECT_FALSE(usesLetter(locale)) << locale;
   setenv("LC_ALL", "de_AT.UTF-8", 1);
-  EXPECT_EQ(firstpage().pageSize().id(), QPageSize::A4);
+  EXPECT_EQ(firstPage().pageSize().id(), QPageSize::A4);
   setenv("LC_ALL", "C", 1);
-  EXPECT_EQ(firstpage().pageSize().id(), QPageSize::Letter);
-  EXPECT_EQ(firstpage().margins(QPageLayout::Inch), QMarginsF(0.5, 0.5, 0.5, 0.5));
+  EXPECT_EQ(firstPage().pageSize().id(), QPageSize::Letter);
+  EXPECT_EQ(firstPage().margins(QPageLayout::Inch), QMarginsF(0.5, 0.5, 0.5, 0.5));
 }
 
 TEST(SaveChart, OntoTheLogIsRefusedInTheStatusLine) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   std::vector<std::string> texts;
   const Watch<QMessageBox> watch([&](QMessageBox& box) {
     const bool replacing = box.standardButtons().testFlag(QMessageBox::Yes);
@@ -272,7 +272,7 @@ TEST(Failures, CarryAWarning) {
 }
 
 TEST(Chart, ShowsItsScalesInTheSmallestWindow) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   program.window.resize(1, 1);
   QApplication::processEvents();
   const QWidget& graph = control<QWidget>(program.window, "graph");
@@ -280,13 +280,13 @@ TEST(Chart, ShowsItsScalesInTheSmallestWindow) {
   ASSERT_LT(program.window.height(), 728) << "it fits the smallest screen";
   for (const Operation& operation : program.operations()) {
     const auto* print = std::get_if<TextOperation>(&operation);
-    if (print != nullptr) EXPECT_LE(double{print->y + lineheight} / twipsperpixel, visible) << print->text;
+    if (print != nullptr) EXPECT_LE(double{print->y + lineHeight} / twipsPerPixel, visible) << print->text;
   }
 }
 
 TEST(ReadingLayer, DrawsItsCurvesAsWideOnEveryScreen) {
-  Program program(Program::OnChart);
-  clickchart(program, 75, 0.0095);
+  Program program(Program::onChart);
+  clickChart(program, 75, 0.0095);
   auto& layer = control<ReadingLayer>(program.window, "reading");
   const auto ink = [&](int scale) {
     QImage image(layer.size() * scale, QImage::Format_RGB32);

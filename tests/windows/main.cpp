@@ -7,7 +7,7 @@ int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();  // the build lists the tests, where no platform need be there
   const QTemporaryDir folder;
-  moistair::windowtest::usescreen(folder);
+  moistair::windowtest::useScreen(folder);
   QApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

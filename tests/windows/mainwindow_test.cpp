@@ -14,18 +14,18 @@ namespace {
 
 using namespace windowtest;
 
-constexpr const char* referencerow =
+constexpr const char* referenceRow =
     "75.0000000|62.5000000|50.3032182|28.1695563|13.6751968|.0092932|55.2457239|.4404820|";
-constexpr const char* drawfirst = "First draw axis as per latest chart limits";
-constexpr const char* noline = "The line is either out of chart limits or is not feasible";
+constexpr const char* drawFirst = "First draw axis as per latest chart limits";
+constexpr const char* noLine = "The line is either out of chart limits or is not feasible";
 
 TEST(StartUp, LeavesThePressureWindowInFrontOfAnEmptyChart) {
-  Program program(Program::AtStart);
+  Program program(Program::atStart);
   EXPECT_TRUE(program.started);
   EXPECT_TRUE(program.window.isVisible());
   EXPECT_TRUE(program.dialog("Form2").isModal());
   EXPECT_EQ(program.operations().size(), 1u);
-  EXPECT_EQ(program.lastprint(), "Atmos. pr= 29.92126  In Hg");
+  EXPECT_EQ(program.lastPrint(), "Atmos. pr= 29.92126  In Hg");
   EXPECT_EQ(program.file("temp.txt"), "\r\n");
   EXPECT_FALSE(control<QWidget>(program.window, "Command2").isEnabled());
   EXPECT_EQ(program.row(), "||||||||");
@@ -39,9 +39,9 @@ TEST(StartUp, LeavesThePressureWindowInFrontOfAnEmptyChart) {
 }
 
 TEST(StartUp, AsksAboutASmallScreen) {
-  EXPECT_TRUE(checkrez(1024, 728, 1024 * 15, 728 * 15));
-  EXPECT_FALSE(checkrez(1024, 728, 1024 * 15, 727 * 15));
-  EXPECT_FALSE(checkrez(1024, 728, 1023 * 15, 768 * 15));
+  EXPECT_TRUE(checkRez(1024, 728, 1024 * 15, 728 * 15));
+  EXPECT_FALSE(checkRez(1024, 728, 1024 * 15, 727 * 15));
+  EXPECT_FALSE(checkRez(1024, 728, 1023 * 15, 768 * 15));
 }
 
 TEST(StartUp, WorksWithoutALog) {
@@ -49,7 +49,7 @@ TEST(StartUp, WorksWithoutALog) {
   MainWindow window(LogPlaces{{"/nonexistent/folder"}, "/nonexistent/sessions"});
   EXPECT_TRUE(window.start());
   EXPECT_EQ(answers.count(), 1u);
-  EXPECT_NE(answers.lasttext().find("cannot be kept"), std::string::npos);
+  EXPECT_NE(answers.lastText().find("cannot be kept"), std::string::npos);
 }
 
 TEST(LiveRow, FollowsEveryKey) {
@@ -57,26 +57,26 @@ TEST(LiveRow, FollowsEveryKey) {
   type(program.window, "Text4", "75");
   EXPECT_EQ(program.row(), "||||||||");
   type(program.window, "Text5", "62.5");
-  EXPECT_EQ(program.row(), referencerow);
+  EXPECT_EQ(program.row(), referenceRow);
   type(program.window, "Text5", "62.5x");
   EXPECT_EQ(program.row(), "|||||||.4404820|") << "the vapour pressure keeps its last value";
   type(program.window, "Text5", " 6.25E+1 ");
-  EXPECT_EQ(program.row(), referencerow);
+  EXPECT_EQ(program.row(), referenceRow);
 }
 
 TEST(LiveRow, FollowsTheListsButNotTextTypedIntoThem) {
   Program program;
   select(program.window, "Combo1", 1);
   select(program.window, "Combo2", 0);
-  program.typepoint("62.5", "75");
-  EXPECT_EQ(program.row(), referencerow) << "the other order";
+  program.typePoint("62.5", "75");
+  EXPECT_EQ(program.row(), referenceRow) << "the other order";
   select(program.window, "Combo1", 0);
   EXPECT_EQ(program.row(), "|||||||.4404820|") << "twice the same kind";
   select(program.window, "Combo1", 1);
   auto& list = *control<ListBox>(program.window, "Combo1").lineEdit();
   list.selectAll();
   QTest::keyClicks(&list, QStringLiteral("Rel humidity"));
-  EXPECT_EQ(program.row(), referencerow) << "typing runs nothing";
+  EXPECT_EQ(program.row(), referenceRow) << "typing runs nothing";
   type(program.window, "Text5", "76");
   EXPECT_EQ(program.row().substr(0, 7), "|||||||") << "no kind is selected now";
   select(program.window, "Combo1", 1);
@@ -88,25 +88,25 @@ TEST(LiveRow, TellsAtEachKeyThatALineDoesNotCrossTheChart) {
   select(program.window, "Combo1", 2);
   select(program.window, "Combo2", 4);
   BoxAnswers answers;
-  program.typepoint("5", "28");
+  program.typePoint("5", "28");
   EXPECT_EQ(answers.count(), 2u) << "no chart has been drawn: one for each digit";
-  EXPECT_EQ(answers.lasttext(), noline);
+  EXPECT_EQ(answers.lastText(), noLine);
 }
 
 TEST(Pressure, ByElevationStartsTheChartAfresh) {
-  Program program(Program::AtStart);
-  program.setelevation("5000");
-  EXPECT_EQ(program.lastprint(), "Site elevation=5000 ft");
+  Program program(Program::atStart);
+  program.setElevation("5000");
+  EXPECT_EQ(program.lastPrint(), "Site elevation=5000 ft");
   EXPECT_EQ(program.operations().size(), 1u);
-  program.drawchart();
-  program.typepoint("75", "62.5");
+  program.drawChart();
+  program.typePoint("75", "62.5");
   EXPECT_EQ(text(program.window, "Label15"), "52.8341213") << "computed at the pressure of that elevation";
 
   click(program.window, "Command4");
-  program.returntochart();
+  program.returnToChart();
   type(program.window, "Text5", "62");
   type(program.window, "Text5", "62.5");
-  EXPECT_EQ(program.row(), referencerow) << "the dialog's opening put the default back in force";
+  EXPECT_EQ(program.row(), referenceRow) << "the dialog's opening put the default back in force";
   QWidget& report = program.open("Command14", "Form3");
   EXPECT_EQ(labels(report, 20, 21), "Site elevation (ft)|5000|");
   report.close();
@@ -116,14 +116,14 @@ TEST(Pressure, ByElevationStartsTheChartAfresh) {
 }
 
 TEST(Chart, IsDrawnOfTheTypeChosenAndClearedFromThePicture) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   const auto picture = [&] { return control<GraphView>(program.window, "graph").picture(); };
   const std::size_t standard = program.operations().size();
   EXPECT_GT(standard, 1500u);
   const BoxAnswers answers;
   click(program.window, "Command3");
   EXPECT_EQ(answers.count(), 1u) << "the chart stands";
-  EXPECT_FALSE(program.isopen("Form6"));
+  EXPECT_FALSE(program.isOpen("Form6"));
   QImage empty = picture();
   empty.fill(Qt::white);
   EXPECT_NE(picture(), empty);
@@ -132,7 +132,7 @@ TEST(Chart, IsDrawnOfTheTypeChosenAndClearedFromThePicture) {
   EXPECT_TRUE(program.operations().empty());
   EXPECT_EQ(picture(), empty) << "the old picture stays";
   EXPECT_EQ(text(program.window, "Text4"), "");
-  program.drawchart(true);
+  program.drawChart(true);
   EXPECT_LT(program.operations().size(), standard / 2) << "blank";
   EXPECT_NE(picture(), empty);
 }
@@ -148,26 +148,26 @@ TEST(Lines, AreDrawnByTheirButtonFromTheirBox) {
   BoxAnswers answers(QMessageBox::Cancel);
   for (const auto& line : lines) click(program.window, line.button);
   EXPECT_EQ(answers.count(), 4u);
-  EXPECT_EQ(answers.lasttext(), drawfirst);
-  program.drawchart(true);
+  EXPECT_EQ(answers.lastText(), drawFirst);
+  program.drawChart(true);
   for (const auto& line : lines) {
     type(program.window, line.box, line.value);
     click(program.window, line.button);
-    EXPECT_EQ(program.lastprint(), line.label);
+    EXPECT_EQ(program.lastPrint(), line.label);
     EXPECT_EQ(program.window.focusWidget()->objectName().toStdString(), "graph");
   }
   type(program.window, "Text1", "101");
   click(program.window, "Command5");
-  EXPECT_EQ(answers.lasttext(), noline);
+  EXPECT_EQ(answers.lastText(), noLine);
 }
 
 TEST(Point, TravelsFromKeyToLog) {
   Program program;
-  program.typepoint("75", "62.5");
+  program.typePoint("75", "62.5");
   BoxAnswers answers;
   click(program.window, "Command14");
-  EXPECT_EQ(answers.lasttext(), drawfirst);
-  program.drawchart();
+  EXPECT_EQ(answers.lastText(), drawFirst);
+  program.drawChart();
   const std::size_t chart = program.operations().size();
   type(program.window, "Text7", "A");
   QWidget& report = program.open("Command14", "Form3");
@@ -176,24 +176,24 @@ TEST(Point, TravelsFromKeyToLog) {
   EXPECT_TRUE(control<QWidget>(program.window, "Command2").isEnabled());
   click(report, "Command1");
   EXPECT_EQ(program.operations().size(), chart + 20) << "nineteen circles and the identification";
-  EXPECT_EQ(program.lastprint(), "A");
-  EXPECT_EQ(program.row(), referencerow);
+  EXPECT_EQ(program.lastPrint(), "A");
+  EXPECT_EQ(program.row(), referenceRow);
 
   const std::string log = program.file("temp.txt");
   EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1 + 12) << "the empty line and one record";
 }
 
 TEST(Point, IsMarkedWithWhatWasTypedOrNotAtAll) {
-  Program program(Program::OnChart);
-  program.typepoint("75", "62.5");
+  Program program(Program::onChart);
+  program.typePoint("75", "62.5");
   click(program.open("Command14", "Form3"), "Command1");
-  EXPECT_EQ(program.lastprint(), "") << "no identification: the report says Nil, the chart nothing";
+  EXPECT_EQ(program.lastPrint(), "") << "no identification: the report says Nil, the chart nothing";
   QWidget& report = program.open("Command14", "Form3");
   const std::size_t before = program.operations().size();
   control<ListBox>(program.window, "Combo3").setEditText(QStringLiteral("80"));
   BoxAnswers answers;
   click(report, "Command1");
-  EXPECT_EQ(answers.lasttext(), "The point as per input parameters is out of chart limits");
+  EXPECT_EQ(answers.lastText(), "The point as per input parameters is out of chart limits");
   EXPECT_EQ(program.operations().size(), before);
   EXPECT_EQ(program.row(), "|||||||.4404820|");
 }
@@ -221,19 +221,19 @@ TEST(EarlierSessions, AreListedAndRead) {
   const auto listed = sessions();
   std::filesystem::resize_file(file, (8 << 20) + 1);
   listed.first()->trigger();
-  EXPECT_EQ(answers.lasttext(), refused + "It is larger than 8 MB, the limit.");
+  EXPECT_EQ(answers.lastText(), refused + "It is larger than 8 MB, the limit.");
   std::filesystem::remove(file);
   listed.first()->trigger();
-  EXPECT_EQ(answers.lasttext(), refused + "No such file or directory");
+  EXPECT_EQ(answers.lastText(), refused + "No such file or directory");
 }
 
 TEST(Windows, AreLeftByTheirWayBack) {
-  Program program(Program::AtStart);
+  Program program(Program::atStart);
   program.dialog("Form2").close();
-  program.drawchart();
-  program.typepoint("75", "62.5");
+  program.drawChart();
+  program.typePoint("75", "62.5");
   const struct {
-    const char *opener, *name, *wayback;
+    const char *opener, *name, *wayBack;
   } dialogs[] = {{"Command4", "Form2", "Command2"},
                  {"Command14", "Form3", "Command2"},
                  {"Command1", "Form4", "Command1"},
@@ -241,20 +241,20 @@ TEST(Windows, AreLeftByTheirWayBack) {
   for (const auto& dialog : dialogs) {
     SCOPED_TRACE(dialog.name);
     program.open(dialog.opener, dialog.name).close();
-    EXPECT_FALSE(program.isopen(dialog.name));
+    EXPECT_FALSE(program.isOpen(dialog.name));
     QTest::keyClick(&program.open(dialog.opener, dialog.name), Qt::Key_Escape);
-    EXPECT_FALSE(program.isopen(dialog.name));
+    EXPECT_FALSE(program.isOpen(dialog.name));
     QWidget& window = program.open(dialog.opener, dialog.name);
     program.window.close();
     EXPECT_FALSE(program.ended) << "closing the main window is ignored meanwhile";
-    if (dialog.name == std::string("Form5")) pressreturn(window, "Text7");
-    EXPECT_TRUE(program.isopen(dialog.name)) << "Return in a value box presses nothing";
-    pressreturn(window, dialog.wayback);
-    EXPECT_FALSE(program.isopen(dialog.name)) << "Return presses the button";
+    if (dialog.name == std::string("Form5")) pressReturn(window, "Text7");
+    EXPECT_TRUE(program.isOpen(dialog.name)) << "Return in a value box presses nothing";
+    pressReturn(window, dialog.wayBack);
+    EXPECT_FALSE(program.isOpen(dialog.name)) << "Return presses the button";
   }
   select(program.window, "Combo4", 8);
   program.open("Command3", "Form6").showMinimized();
-  pressreturn(program.window, "Command3");
+  pressReturn(program.window, "Command3");
   EXPECT_FALSE(program.dialog("Form6").isMinimized()) << "Draw chart brings it back";
   program.window.close();
   EXPECT_TRUE(program.ended) << "closing does what Exit does";
@@ -262,10 +262,10 @@ TEST(Windows, AreLeftByTheirWayBack) {
 }
 
 TEST(Chart, FollowsTheWindowAndEachStepCanBeUndone) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   type(program.window, "Text1", "50");
   click(program.window, "Command5");
-  program.typepoint("75", "62.5");
+  program.typePoint("75", "62.5");
   click(program.open("Command14", "Form3"), "Command1");
   const std::vector<Operation> before = program.operations();
   program.window.resize(1280, 900);
@@ -286,7 +286,7 @@ TEST(Chart, FollowsTheWindowAndEachStepCanBeUndone) {
       EXPECT_EQ(program.operations(), before) << "the clearing undone";
     }
   }
-  EXPECT_EQ(program.lastprint(), "Atmos. pr= 29.92126  In Hg");
+  EXPECT_EQ(program.lastPrint(), "Atmos. pr= 29.92126  In Hg");
   EXPECT_FALSE(action(program.window, "&Undo").isEnabled());
   for (int step = 0; step < 3; ++step) action(program.window, "&Redo").trigger();
   EXPECT_EQ(program.operations(), before);
@@ -295,7 +295,7 @@ TEST(Chart, FollowsTheWindowAndEachStepCanBeUndone) {
 TEST(Strip, NamesAndOrdersItsControls) {
   Program program;
   control<QWidget>(program.window, "Combo6").setFocus();
-  EXPECT_EQ(taborder(program.window),
+  EXPECT_EQ(tabOrder(program.window),
             "Command1|Command8|Command16|Combo5|Combo4|Combo3|graph|Command14|Command3|Command4|Command5|Text1|"
             "Command6|Text2|Command7|Text3|Combo1|Combo2|Text4|Text5|Command9|Text6|Command11|Text7|Command12|"
             "Command13|Combo6|");
@@ -307,7 +307,7 @@ TEST(Strip, NamesAndOrdersItsControls) {
 
 TEST(Strip, FitsEveryScreen) {
   Program program;
-  program.typepoint("119.3333333", "85.7777777");
+  program.typePoint("119.3333333", "85.7777777");
   for (const QSize size : {QSize(1024, 728), QSize(1366, 768), QSize(1920, 1080)}) {
     program.window.resize(size);
     QApplication::processEvents();

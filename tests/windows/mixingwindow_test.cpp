@@ -8,7 +8,7 @@ class MixingWindowTest : public ::testing::Test {
 protected:
   MixingWindowTest() { QApplication::processEvents(); }
 
-  void typereference() {
+  void typeReference() {
     const std::pair<const char*, const char*> inputs[] = {{"Text4", "75"}, {"Text5", "62.5"}, {"Text2", "1000"},
                                                           {"Text6", "95"}, {"Text7", "75"},   {"Text3", "500"}};
     for (const auto& [box, value] : inputs) type(window, box, value);
@@ -16,7 +16,7 @@ protected:
 
   bool savable() { return control<QWidget>(window, "Command3").isEnabled(); }
 
-  Program program{Program::OnChart};
+  Program program{Program::onChart};
   const std::size_t chart = program.operations().size();
   QWidget& window = program.open("Command13", "Form5");
 };
@@ -29,16 +29,16 @@ TEST_F(MixingWindowTest, OpensEmptyAndTabWalksFromTheLastBoxBackwards) {
   EXPECT_FALSE(savable());
   EXPECT_EQ(window.focusWidget()->objectName().toStdString(), "Text7");
 
-  typereference();  // "Save data" takes the focus only when it is enabled
+  typeReference();  // "Save data" takes the focus only when it is enabled
   control<QLineEdit>(window, "Text7").setFocus();
-  EXPECT_EQ(taborder(window),
+  EXPECT_EQ(tabOrder(window),
             "Text6|Text5|Text4|Text3|Text2|Combo4|Combo3|Combo2|Combo1|Command1|Command3|Command4|Text7|");
 }
 
 TEST_F(MixingWindowTest, FillsInTheProblemBeforeWhenAskedTo) {
   EXPECT_FALSE(control<QWidget>(window, "lastproblem").isEnabled()) << "there was none";
   select(window, "Combo2", 2);
-  typereference();
+  typeReference();
   type(window, "Text5", "50");
   const std::string typed = labels(window, 23, 50);
   click(window, "Command4");
@@ -51,7 +51,7 @@ TEST_F(MixingWindowTest, FillsInTheProblemBeforeWhenAskedTo) {
 }
 
 TEST_F(MixingWindowTest, ReferenceCaseTypedSavedAndDrawn) {
-  typereference();
+  typeReference();
   EXPECT_EQ(text(window, "Label20"), "Atmos. pr (in Hg)");
   EXPECT_EQ(labels(window, 23, 50),
             "29.92126|75.0000000|62.5000000|50.3032182|28.1695563|13.6751968|.0092932|55.2457239|.4404820|"
@@ -59,7 +59,7 @@ TEST_F(MixingWindowTest, ReferenceCaseTypedSavedAndDrawn) {
             "29.92126|81.5312397|66.9312397|47.3819943|31.5274150|13.8770324|.0109004|59.5601671|.5145064|1500|");
   QTest::keyClick(&control<QLineEdit>(window, "Text7"), Qt::Key_Return);
   EXPECT_EQ(program.file("temp.txt"), "\r\n") << "Enter in a box presses no button";
-  EXPECT_TRUE(program.isopen("Form5"));
+  EXPECT_TRUE(program.isOpen("Form5"));
 
   ASSERT_TRUE(savable());
   click(window, "Command3");
@@ -71,11 +71,11 @@ TEST_F(MixingWindowTest, ReferenceCaseTypedSavedAndDrawn) {
 
   click(window, "Command1");
   EXPECT_EQ(program.operations().size(), chart + 19 + 39 + 19 + 3 + 2) << "three marks, their names and two lines";
-  EXPECT_FALSE(program.isopen("Form5"));
+  EXPECT_FALSE(program.isOpen("Form5"));
 }
 
 TEST_F(MixingWindowTest, ChangesReachTheirStreamAndTheMixtureOnly) {
-  typereference();
+  typeReference();
   select(window, "Combo2", 0);
   EXPECT_EQ(text(window, "Label24"), "") << "the same property twice";
   EXPECT_EQ(text(window, "Label42"), "");
@@ -97,7 +97,7 @@ TEST_F(MixingWindowTest, ChangesReachTheirStreamAndTheMixtureOnly) {
 }
 
 TEST_F(MixingWindowTest, OffersTheExactMixtureUntilAnInputChanges) {
-  typereference();
+  typeReference();
   EXPECT_EQ(text(window, "note3"), "") << "nothing to be seen";
   type(window, "Text4", "94.5");
   type(window, "Text5", "60.1");
@@ -116,7 +116,7 @@ TEST_F(MixingWindowTest, OffersTheExactMixtureUntilAnInputChanges) {
 }
 
 TEST_F(MixingWindowTest, NothingIsClippedOnASmallScreen) {
-  typereference();
+  typeReference();
   QApplication::processEvents();
   EXPECT_LE(window.width(), 1024);
   EXPECT_LE(window.height(), 700);

@@ -1,4 +1,5 @@
-// What the windows say beside texts, row and messages: status line, marks of boxes, remarks that can be clicked.
+// What the windows show in addition to texts, row and messages: status line, marks of boxes, remarks that can be
+// clicked.
 #include <QAccessible>
 
 #include "support.h"
@@ -19,7 +20,7 @@ QAccessible::Role role(QWidget& window, const char* line) {
   return QAccessible::queryAccessibleInterface(&control<QWidget>(window, line))->role();
 }
 
-/// Why a control is marked, as its tool tip and assistive technology tell it; empty for one that is not.
+/// Why a control is marked, as its tool tip and assistive technology have it; empty for one that is not.
 std::string marked(QWidget& window, const char* name) {
   auto& found = control<QWidget>(window, name);
   EXPECT_EQ(found.toolTip(), found.accessibleDescription());
@@ -32,12 +33,12 @@ std::string marked(QWidget& window, const char* name) {
 TEST(StatusLine, PutsThePressureOfTheHeaderBackInForce) {
   Program program;
   EXPECT_EQ(facts(program.window), "29.92126 in Hg|||No chart|no records|");
-  program.setelevation("5000");
-  program.drawchart();
-  program.typepoint("75", "62.5");
+  program.setElevation("5000");
+  program.drawChart();
+  program.typePoint("75", "62.5");
   const std::string row = program.row();
   click(program.window, "Command4");
-  program.returntochart();
+  program.returnToChart();
   const char* chart = "|Standard chart, 5000 ft, 0 to 120 Deg F, 0 to 0.030|no records|";
   EXPECT_EQ(facts(program.window), std::string("29.92126 in Hg in force|header says 5000 ft|") + chart);
   type(program.window, "Text5", "62.5");
@@ -48,7 +49,7 @@ TEST(StatusLine, PutsThePressureOfTheHeaderBackInForce) {
 }
 
 TEST(StatusLine, NamesLimitsThatAreNotDrawn) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   select(program.window, "Combo4", 10);
   EXPECT_EQ(text(program.window, "changes"), "limits changed, not drawn");
   EXPECT_EQ(marked(program.window, "Combo4"), "limits changed, not drawn");
@@ -58,8 +59,8 @@ TEST(StatusLine, NamesLimitsThatAreNotDrawn) {
 }
 
 TEST(StatusLine, AnswersCommands) {
-  Program program(Program::OnChart);
-  program.typepoint("75", "62.5");
+  Program program(Program::onChart);
+  program.typePoint("75", "62.5");
   QWidget& report = program.open("Command14", "Form3");
   click(report, "Command3");
   click(report, "Command3");
@@ -80,7 +81,7 @@ TEST(StatusLine, AnswersCommands) {
 }
 
 TEST(Boxes, SayWhatTheyAreReadAs) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   type(program.window, "Text1", "5o");
   EXPECT_EQ(marked(program.window, "Text1"), "read as 0");
   EXPECT_EQ(said(program.window), "Relative humidity line: read as 0");
@@ -99,15 +100,15 @@ TEST(Boxes, SayWhatTheyAreReadAs) {
 }
 
 TEST(Remarks, PutTheExactStateIntoTheBoxes) {
-  Program program(Program::OnChart);
+  Program program(Program::onChart);
   select(program.window, "Combo1", 4);
   select(program.window, "Combo2", 5);
-  program.typepoint("13.68", "27.65");
+  program.typePoint("13.68", "27.65");
   EXPECT_EQ(said(program.window),
             "this state has dew point 28.72 for the 27.65 given; exact: dry bulb 43.13, wet bulb 36.56");
   EXPECT_EQ(text(program.window, "Label13"), "42.4687500") << "the row stays as it is";
-  const auto& voice = control<QWidget>(program.window, "voice");
-  EXPECT_GE(voice.width(), voice.sizeHint().width()) << "what stands is cut before a remark";
+  const auto& message = control<QWidget>(program.window, "voice");
+  EXPECT_GE(message.width(), message.sizeHint().width()) << "what stands is cut before a remark";
   click(program.window, "voice");
   EXPECT_EQ(text(program.window, "Text4") + "|" + text(program.window, "Text5"), "43.1289323|36.5554906");
   EXPECT_EQ(text(program.window, "Label16").substr(0, 7) + text(program.window, "Label24").substr(0, 7),
@@ -119,25 +120,25 @@ TEST(Remarks, FollowThePressureTheChartAndTheListsBetweenKeys) {
   Program program;
   select(program.window, "Combo1", 4);
   select(program.window, "Combo2", 5);
-  program.typepoint("13.68", "27.65");
+  program.typePoint("13.68", "27.65");
   const char* exact = "exact: dry bulb 43.13, wet bulb 36.56";
   EXPECT_EQ(said(program.window), std::string("no state found by the search: draw a chart to search on; ") + exact);
-  program.drawchart();
+  program.drawChart();
   const std::string missed = std::string("this state has dew point 28.72 for the 27.65 given; ") + exact;
   EXPECT_EQ(said(program.window), "row above: empty until the next key; now: " + missed);
-  program.typepoint("13.68", "27.65");
+  program.typePoint("13.68", "27.65");
   EXPECT_EQ(said(program.window), missed);
   select(program.window, "Combo3", 5);
   EXPECT_EQ(said(program.window), std::string("row above: from before; now: no state found by the search; ") + exact);
   select(program.window, "Combo3", 0);
   EXPECT_EQ(said(program.window), missed);
-  program.setelevation("5000");
-  program.drawchart();
-  program.typepoint("13.68", "27.65");
+  program.setElevation("5000");
+  program.drawChart();
+  program.typePoint("13.68", "27.65");
   EXPECT_EQ(said(program.window), "");
   const std::string row = program.row();
   click(program.window, "Command4");
-  program.returntochart();
+  program.returnToChart();
   EXPECT_EQ(said(program.window), "row above: at 24.896 in Hg; now: " + missed);
   EXPECT_EQ(program.row(), row);
   click(program.open("Command14", "Form3"), "Command1");
@@ -146,9 +147,9 @@ TEST(Remarks, FollowThePressureTheChartAndTheListsBetweenKeys) {
 
 TEST(Remarks, OfStreamsStandBelowTheMixingTable) {
   Program program;
-  program.setelevation("5000");
+  program.setElevation("5000");
   click(program.window, "Command4");
-  program.returntochart();
+  program.returnToChart();
   QWidget& window = program.open("Command13", "Form5");
   EXPECT_EQ(text(window, "pressurenote"), "calculated at 29.92126 in Hg, not at 5000 ft");
   select(window, "Combo1", 4);

@@ -20,9 +20,9 @@ TEST(PressureWindow, FollowsTheUnitAndTheTypingAndSetsWhatItAccepts) {
   PressureWindow window(nullptr);
   std::string written;
   std::vector<PressureEntry> set;
-  QObject::connect(&window, &PressureWindow::pressurewritten, &window,
+  QObject::connect(&window, &PressureWindow::pressureWritten, &window,
                    [&](const std::string& inhg) { written += inhg + "|"; });
-  QObject::connect(&window, &PressureWindow::pressureset, &window,
+  QObject::connect(&window, &PressureWindow::pressureSet, &window,
                    [&](const PressureEntry& entry) { set.push_back(entry); });
   const BoxAnswers boxes(QMessageBox::Yes);
   const struct {

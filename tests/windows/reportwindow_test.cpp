@@ -15,8 +15,8 @@ namespace {
 PointReport report(const char* identification, const char* entered = "5000") {
   SolverFields fields;
   const StatePoint point =
-      resolvepair(PropertyKind::db, "75", PropertyKind::wb, "62.5", defaultpressure, openrangefinders(), fields).point;
-  return fillreport(point, identification, {PressureUnit::elevation, entered});
+      resolvePair(PropertyKind::db, "75", PropertyKind::wb, "62.5", defaultPressure, openRangeFinders(), fields).point;
+  return fillReport(point, identification, {PressureUnit::elevation, entered});
 }
 
 }  // namespace
@@ -45,5 +45,5 @@ TEST(ReportWindow, ButtonsFollowEachOtherInTabOrder) {
   ReportWindow window(nullptr, report("A"));
   window.show();
   control<QPushButton>(window, "Command1").setFocus();
-  EXPECT_EQ(taborder(window), "Command2|Command3|Command1|");
+  EXPECT_EQ(tabOrder(window), "Command2|Command3|Command1|");
 }

@@ -10,7 +10,7 @@
 namespace moistair::windowtest {
 
 /// A screen of 1366 x 768 pixels: the platform's own is too small for the program not to ask about it.
-inline void usescreen(const QTemporaryDir& folder) {
+inline void useScreen(const QTemporaryDir& folder) {
   QFile file(folder.filePath(QStringLiteral("screen.json")));
   if (!file.open(QIODevice::WriteOnly)) std::abort();
   file.write(R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": false,

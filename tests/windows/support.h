@@ -63,7 +63,7 @@ inline void click(QWidget& window, const char* name) {
 }
 
 /// Names of the controls that Tab walks through from the one that has the focus, until it is back there.
-inline std::string taborder(QWidget& window) {
+inline std::string tabOrder(QWidget& window) {
   std::string order;
   const QWidget* const first = window.focusWidget();
   do {
@@ -74,7 +74,7 @@ inline std::string taborder(QWidget& window) {
 }
 
 /// Presses Return on the control that has the focus.
-inline void pressreturn(QWidget& window, const char* name) {
+inline void pressReturn(QWidget& window, const char* name) {
   QApplication::setActiveWindow(&window);
   control<QWidget>(window, name).setFocus();
   QTest::keyClick(&control<QWidget>(window, name), Qt::Key_Return);
@@ -114,7 +114,7 @@ public:
         }) {}
 
   std::size_t count() const { return texts_.size(); }
-  std::string lasttext() const { return texts_.empty() ? std::string() : texts_.back(); }
+  std::string lastText() const { return texts_.empty() ? std::string() : texts_.back(); }
 
 private:
   std::vector<std::string> texts_;
@@ -143,21 +143,21 @@ private:
 /// The program after start-up: in its pressure window, back on the empty chart, or with a standard chart drawn.
 class Program {
 public:
-  enum Stand { AtStart, OnEmptyChart, OnChart };
+  enum StartState { atStart, onEmptyChart, onChart };
 
-  explicit Program(Stand stand = OnEmptyChart)
+  explicit Program(StartState startState = onEmptyChart)
       : window(LogPlaces{{folder.path().toStdString()}, path("sessions").toStdString()}) {
     QObject::connect(&window, &MainWindow::ended, &window, [this] { ended = true; });
     started = window.start();
     window.showNormal();
     window.resize(1024, 748);
-    if (stand != AtStart) returntochart();
-    if (stand == OnChart) drawchart();
+    if (startState != atStart) returnToChart();
+    if (startState == onChart) drawChart();
   }
 
   QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
 
-  bool isopen(const char* name) const { return find(name) != nullptr; }
+  bool isOpen(const char* name) const { return find(name) != nullptr; }
 
   /// A window that is open, by its layout name.
   QWidget& dialog(const char* name) const {
@@ -171,31 +171,31 @@ public:
     return dialog(name);
   }
 
-  void returntochart() { click(dialog("Form2"), "Command2"); }
+  void returnToChart() { click(dialog("Form2"), "Command2"); }
 
   /// Sets the elevation of the site in the pressure window, which is open at the start and else opened.
-  void setelevation(const char* feet) {
-    QWidget& pressure = isopen("Form2") ? dialog("Form2") : open("Command4", "Form2");
+  void setElevation(const char* feet) {
+    QWidget& pressure = isOpen("Form2") ? dialog("Form2") : open("Command4", "Form2");
     select(pressure, "Combo1", 3);
     type(pressure, "Text1", feet);
     const BoxAnswers answers(QMessageBox::Yes);
     click(pressure, "Command1");
   }
 
-  void drawchart(bool blank = false) {
-    QWidget& charttype = open("Command3", "Form6");
-    if (blank) control<QAbstractButton>(charttype, "Option2").click();
-    click(charttype, "Command1");
+  void drawChart(bool blank = false) {
+    QWidget& chartType = open("Command3", "Form6");
+    if (blank) control<QAbstractButton>(chartType, "Option2").click();
+    click(chartType, "Command1");
   }
 
-  void typepoint(const char* value1, const char* value2) {
+  void typePoint(const char* value1, const char* value2) {
     type(window, "Text4", value1);
     type(window, "Text5", value2);
   }
 
   const std::vector<Operation>& operations() { return control<GraphView>(window, "graph").drawing().operations; }
 
-  std::string lastprint() {
+  std::string lastPrint() {
     const auto& all = operations();
     for (auto operation = all.rbegin(); operation != all.rend(); ++operation) {
       if (const auto* print = std::get_if<TextOperation>(&*operation)) return print->text;
@@ -206,7 +206,7 @@ public:
   /// The eight read-outs of the live row.
   std::string row() {
     std::string texts;
-    for (const ReadoutField& field : readoutfields) texts += text(window, field.name) + "|";
+    for (const ReadoutField& field : readoutFields) texts += text(window, field.name) + "|";
     return texts;
   }
 
@@ -216,10 +216,10 @@ public:
   }
 
   /// A line, a point with a name, the pressure as it is.
-  void addlineandpoint() {
+  void addLineAndPoint() {
     type(window, "Text1", "50");
     click(window, "Command5");
-    typepoint("75", "62.5");
+    typePoint("75", "62.5");
     type(window, "Text7", "A");
     click(open("Command14", "Form3"), "Command1");
   }
@@ -240,14 +240,14 @@ private:
 
 /// A standard chart, with a point where it says so, and the pointer over it.
 struct Pointed : Program {
-  explicit Pointed(bool withpoint = false, Stand stand = OnChart) : Program(stand) {
-    if (withpoint) addlineandpoint();
+  explicit Pointed(bool withPoint = false, StartState startState = onChart) : Program(startState) {
+    if (withPoint) addLineAndPoint();
   }
 
   QPoint at(double db, double w) {
     const QSize size = window.centralWidget()->size();
     const PlotBox box =
-        plotbox(plotarea({0, 120, 0, 0.03}, {size.width() * twipsperpixel, size.height() * twipsperpixel}));
+        plotBox(plotArea({0, 120, 0, 0.03}, {size.width() * twipsPerPixel, size.height() * twipsPerPixel}));
     return QPointF(box.x(db), box.y(w)).toPoint();
   }
 
@@ -270,10 +270,10 @@ struct Pointed : Program {
     QTest::keyClick(&graph, key, modifiers);
   }
 
-  /// What who cannot see the chart is told.
+  /// What screen readers announce of the chart.
   std::string told() {
-    const auto* telling = graph.findChild<QTimer*>(QStringLiteral("telling"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !telling->isActive(); }));
+    const auto* isMessageLine = graph.findChild<QTimer*>(QStringLiteral("telling"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isMessageLine->isActive(); }));
     return graph.accessibleDescription().toStdString();
   }
   std::string boxes() { return text(window, "Text4") + "|" + text(window, "Text5"); }

@@ -13,11 +13,11 @@ TEST(GraphView, ShowsACurveThatCameInPartsAsAnyOtherPictureDoes) {
   GraphView view;
   view.resize(300, 200);
   for (const double x : {150, 1500, 2850}) {
-    view.canvas().Line(x, x / 2, x + 1350, x / 2 + 675);
+    view.canvas().line(x, x / 2, x + 1350, x / 2 + 675);
     QTest::qWait(20);
-    view.canvas().Refresh();
+    view.canvas().refresh();
   }
-  EXPECT_EQ(view.picture(), drawingimage(view.drawing(), view.size()));
+  EXPECT_EQ(view.picture(), drawingImage(view.drawing(), view.size()));
 }
 
 TEST(Boxes, StandOutFromADarkWindow) {
@@ -63,7 +63,7 @@ TEST(SaveDialog, WantsAFolderAndListsAllNamesUnderAllFiles) {
   EXPECT_EQ(dialog.ask(nullptr, {QString(), {QStringLiteral("B (*.bmp)"), QStringLiteral("AllFiles (*.*)")}}),
             folder.filePath(QStringLiteral("c")));
   EXPECT_EQ(listed, (std::vector{1, 0, 1}));
-  EXPECT_EQ(answers.lasttext(), "There is no folder " + folder.filePath(QStringLiteral("gone")).toStdString());
+  EXPECT_EQ(answers.lastText(), "There is no folder " + folder.filePath(QStringLiteral("gone")).toStdString());
 }
 
 }  // namespace

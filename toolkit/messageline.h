@@ -11,14 +11,14 @@ namespace moistair {
 /// Shows as much of its words as it has room for, with the sign of a mark before them, and is hidden while it has none.
 /// Where a click does something the words are underlined. It never takes the focus, so it is no tab stop; assistive
 /// technology gets all of the words, as a text, or as a button where a click does something.
-class TellingLine final : public QAbstractButton {
+class MessageLine final : public QAbstractButton {
   Q_OBJECT
 
 public:
-  explicit TellingLine(QWidget* parent = nullptr);
+  explicit MessageLine(QWidget* parent = nullptr);
 
   /// @param tip what else there is to say; the words themselves where there is nothing and they are cut
-  void tell(const QString& words, BoxMark mark = BoxMark::none, bool clickable = false, const QString& tip = {});
+  void setMessage(const QString& words, BoxMark mark = BoxMark::none, bool clickable = false, const QString& tip = {});
 
   bool clickable() const { return clickable_; }
 
@@ -30,7 +30,7 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  int textleft() const;
+  int textLeft() const;
   void elide(int room);
 
   BoxMark mark_ = BoxMark::none;

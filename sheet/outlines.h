@@ -10,6 +10,6 @@
 namespace moistair {
 
 /// What an entry runs along: its line, the rims of its marks. Nothing for what is not on the plot, and for a chart.
-std::vector<std::vector<SheetPoint>> coursesof(const SheetContent& content, const SheetPlot& plot, std::size_t entry);
+std::vector<std::vector<SheetPoint>> outlinesOf(const SheetContent& content, const SheetPlot& plot, std::size_t entry);
 
 }  // namespace moistair

@@ -9,7 +9,7 @@
 namespace moistair::windowtest {
 namespace {
 
-TEST(Instrument, IsAboveTheDrawingAndNeverInIt) {
+TEST(ChartPointer, IsAboveTheDrawingAndNeverInIt) {
   Pointed program;
   const auto seen = [&] { return program.graph.grab().toImage(); };
   const QImage before = seen(), picture = program.graph.picture();
@@ -27,10 +27,10 @@ TEST(Instrument, IsAboveTheDrawingAndNeverInIt) {
   EXPECT_EQ(program.told(), "");
   program.point(75, 0.0095);
   click(program.window, "Command12");
-  EXPECT_TRUE(control<ReadingLayer>(program.window, "reading").isclear()) << "there is no chart to read";
+  EXPECT_TRUE(control<ReadingLayer>(program.window, "reading").isClear()) << "there is no chart to read";
 }
 
-TEST(Instrument, TakesAPlaceIntoTheBoxesAndLocatesIt) {
+TEST(ChartPointer, TakesAPlaceIntoTheBoxesAndLocatesIt) {
   Pointed program;
   select(program.window, "Combo1", 2);
   select(program.window, "Combo2", 4);
@@ -51,7 +51,7 @@ TEST(Instrument, TakesAPlaceIntoTheBoxesAndLocatesIt) {
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Point");
 }
 
-TEST(Instrument, DragsAPointInOneStep) {
+TEST(ChartPointer, DragsAPointInOneStep) {
   const struct {
     const char* name;
     Qt::KeyboardModifiers modifiers;
@@ -75,14 +75,14 @@ TEST(Instrument, DragsAPointInOneStep) {
     const std::string told = program.told();
     EXPECT_NEAR(std::stod(told.substr(std::string("Point A: DB ").size())), row.db, 0.1) << told;
     EXPECT_NEAR(std::stod(told.substr(told.find("ratio") + 6)), row.w, 1e-4) << told;
-    EXPECT_EQ(program.lastprint(), "A");
+    EXPECT_EQ(program.lastPrint(), "A");
     EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Move Point A");
     action(program.window, "&Undo").trigger();
     EXPECT_EQ(program.operations(), before);
   }
 }
 
-TEST(Instrument, LeavesAPointWhereThereIsNoAirForItAndOnEsc) {
+TEST(ChartPointer, LeavesAPointWhereThereIsNoAirForItAndOnEsc) {
   Pointed program(true);
   const auto before = program.operations();
   program.press(75, 0.0092932);
@@ -97,7 +97,7 @@ TEST(Instrument, LeavesAPointWhereThereIsNoAirForItAndOnEsc) {
   EXPECT_EQ(program.operations(), before);
 }
 
-TEST(Instrument, IsWorkedByKeysAlone) {
+TEST(ChartPointer, IsWorkedByKeysAlone) {
   Pointed program;
   program.keys(Qt::Key_Right);
   EXPECT_EQ(program.told().substr(0, 15), "DB 60.00 Deg F,") << "it begins in the midst";
@@ -119,11 +119,11 @@ TEST(Instrument, IsWorkedByKeysAlone) {
   program.keys(Qt::Key_Escape);
   EXPECT_EQ(program.told(), "");
   type(program.window, "Text1", "50");
-  pressreturn(program.window, "Text1");
+  pressReturn(program.window, "Text1");
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Relative humidity line 50");
 }
 
-TEST(Instrument, NamesAMarkOnlyWhereTheCrossHairIsOnIt) {
+TEST(ChartPointer, NamesAMarkOnlyWhereTheCrossHairIsOnIt) {
   Pointed program(true);
   program.point(75, 0.0092932);
   EXPECT_TRUE(program.told().starts_with("Point A: DB 75.00 Deg F,")) << program.told();
@@ -140,7 +140,7 @@ TEST(Instrument, NamesAMarkOnlyWhereTheCrossHairIsOnIt) {
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Delete Point A");
 }
 
-TEST(Instrument, OffersWhatCanBeDoneAtAPlace) {
+TEST(ChartPointer, OffersWhatCanBeDoneAtAPlace) {
   const auto offered = [](Pointed& program) {
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(), QPoint(10, 10));
     QApplication::sendEvent(&program.graph, &event);
@@ -155,7 +155,7 @@ TEST(Instrument, OffersWhatCanBeDoneAtAPlace) {
   Pointed program(true);
   program.point(75, 0.0092932);
   choose(offered(program), "Wet bulb line 62.50");
-  EXPECT_EQ(program.lastprint().substr(0, 8), "WB= 62.5");
+  EXPECT_EQ(program.lastPrint().substr(0, 8), "WB= 62.5");
   const Watch<QInputDialog> name([](QInputDialog& dialog) {
     dialog.setTextValue(QStringLiteral("Office"));
     dialog.accept();

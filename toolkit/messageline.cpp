@@ -1,4 +1,4 @@
-#include "toolkit/tellingline.h"
+#include "toolkit/messageline.h"
 
 #include <QAccessibleWidget>
 #include <QEvent>
@@ -12,10 +12,10 @@ namespace {
 
 constexpr int margin = 3;  // pixels, on both sides
 
-/// What assistive technology is told of a line: only one that does something is a button.
+/// How assistive technology sees a line: only one that does something is a button.
 class LineInterface final : public QAccessibleWidget {
 public:
-  explicit LineInterface(TellingLine& line) : QAccessibleWidget(&line), line_(line) {}
+  explicit LineInterface(MessageLine& line) : QAccessibleWidget(&line), line_(line) {}
 
   QAccessible::Role role() const override {
     return line_.clickable() ? QAccessible::PushButton : QAccessible::StaticText;
@@ -26,18 +26,18 @@ public:
   }
 
 private:
-  TellingLine& line_;
+  MessageLine& line_;
 };
 
-QAccessibleInterface* lineinterface(const QString&, QObject* object) {
-  auto* line = qobject_cast<TellingLine*>(object);
+QAccessibleInterface* lineInterface(const QString&, QObject* object) {
+  auto* line = qobject_cast<MessageLine*>(object);
   return line == nullptr ? nullptr : new LineInterface(*line);
 }
 
 }  // namespace
 
-TellingLine::TellingLine(QWidget* parent) : QAbstractButton(parent) {
-  QAccessible::installFactory(lineinterface);  // does nothing the second time
+MessageLine::MessageLine(QWidget* parent) : QAbstractButton(parent) {
+  QAccessible::installFactory(lineInterface);  // does nothing the second time
   QSizePolicy kept(QSizePolicy::Expanding, QSizePolicy::Fixed);
   kept.setRetainSizeWhenHidden(true);
   setSizePolicy(kept);
@@ -48,7 +48,7 @@ TellingLine::TellingLine(QWidget* parent) : QAbstractButton(parent) {
   });
 }
 
-void TellingLine::tell(const QString& words, BoxMark mark, bool clickable, const QString& tip) {
+void MessageLine::setMessage(const QString& words, BoxMark mark, bool clickable, const QString& tip) {
   if (words == text() && mark == mark_ && clickable == clickable_ && tip == tip_) return;
   mark_ = mark;
   clickable_ = clickable;
@@ -63,16 +63,16 @@ void TellingLine::tell(const QString& words, BoxMark mark, bool clickable, const
   update();
 }
 
-int TellingLine::textleft() const { return margin + (mark_ == BoxMark::none ? 0 : fontMetrics().ascent() + margin); }
+int MessageLine::textLeft() const { return margin + (mark_ == BoxMark::none ? 0 : fontMetrics().ascent() + margin); }
 
-QSize TellingLine::sizeHint() const {
+QSize MessageLine::sizeHint() const {
   if (text().isEmpty()) return {0, fontMetrics().height()};
-  return {textleft() + fontMetrics().horizontalAdvance(text()) + margin + 1, fontMetrics().height()};
+  return {textLeft() + fontMetrics().horizontalAdvance(text()) + margin + 1, fontMetrics().height()};
 }
 
-QSize TellingLine::minimumSizeHint() const { return {0, fontMetrics().height()}; }
+QSize MessageLine::minimumSizeHint() const { return {0, fontMetrics().height()}; }
 
-void TellingLine::elide(int room) {
+void MessageLine::elide(int room) {
   room_ = room;
   const QString whole = printable(text());
   shown_ = fontMetrics().elidedText(whole, Qt::ElideRight, room, Qt::TextSingleLine);
@@ -81,21 +81,21 @@ void TellingLine::elide(int room) {
   if (tip != toolTip()) setToolTip(tip);
 }
 
-void TellingLine::changeEvent(QEvent* event) {
+void MessageLine::changeEvent(QEvent* event) {
   room_ = -1;
   QAbstractButton::changeEvent(event);
 }
 
-void TellingLine::paintEvent(QPaintEvent*) {
+void MessageLine::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QRect room = rect().adjusted(textleft(), 0, -margin, 0);
+  const QRect room = rect().adjusted(textLeft(), 0, -margin, 0);
   if (room.width() != room_) elide(room.width());
   if (mark_ != BoxMark::none) {
-    QColor tint = markcolor(mark_, palette());
+    QColor tint = markColor(mark_, palette());
     tint.setAlphaF(0.14F);
     painter.fillRect(rect(), tint);
     const int side = fontMetrics().ascent();
-    paintsign(painter, QRectF(margin, (height() - side) / 2.0, side, side), mark_, palette());
+    paintSign(painter, QRectF(margin, (height() - side) / 2.0, side, side), mark_, palette());
   }
   QFont font = this->font();
   font.setUnderline(clickable_);

@@ -22,33 +22,33 @@
 
 namespace moistair {
 
-class Instrument final : public QObject {
+class ChartPointer final : public QObject {
   Q_OBJECT
 
 public:
   /// What it asks for, at the moment it needs it.
-  struct Ground {
+  struct PlotGeometry {
     std::function<PlotBox(const ChartLimits&)> plot;  ///< where the plot lies on the widget
     std::function<WindowSize()> window;               ///< that changes of the document are laid out for
   };
 
   /// @param widget shows the chart; takes the focus
-  /// @param values for the pressure in force
-  Instrument(QWidget& widget, ChartCommands& chart, const SessionValues& values, Ground ground);
+  /// @param values for the current pressure
+  ChartPointer(QWidget& widget, ChartCommands& chart, const SessionValues& values, PlotGeometry geometry);
 
   /// Commands on the place that the cross hair is at, with their keys.
-  void fillmenu(QMenu& menu);
+  void fillMenu(QMenu& menu);
 
   /// To be called after every change of the document and of the place where the plot lies.
   void follow();
 
 Q_SIGNALS:
   /// A place was chosen: its texts belong into the two boxes.
-  void chosen(const QString& drybulb, const QString& ratio);
+  void chosen(const QString& dryBulb, const QString& ratio);
   /// And the point there is to be located.
   void located();
   /// An entry is to have its exact state.
-  void exactchosen(std::size_t entry);
+  void exactChosen(std::size_t entry);
   /// Something was not drawn, in the words for the user.
   void refused(const QString& reason);
 
@@ -57,69 +57,69 @@ protected:
 
 private:
   /// What the cross hair is at.
-  struct Spot {
+  struct CrossHair {
     Reading reading;
     std::optional<std::size_t> mark;  ///< of `marks_`
   };
 
   struct Command;
   static const std::vector<Command>& commands();
-  bool runcommand(QKeyCombination keys);
+  bool runCommand(QKeyCombination keys);
 
-  bool onmouse(const QMouseEvent& event);
-  bool onkey(const QKeyEvent& event);
-  void onmove(Qt::KeyboardModifiers modifiers);
-  void onleave();
-  void onfocus(Qt::FocusReason reason);
-  bool ispulled() const;
+  bool onMouse(const QMouseEvent& event);
+  bool onKey(const QKeyEvent& event);
+  void onMove(Qt::KeyboardModifiers modifiers);
+  void onLeave();
+  void onFocus(Qt::FocusReason reason);
+  bool isPulled() const;
   void press(const QMouseEvent& event);
   void release();
   void point(QPointF place, Qt::KeyboardModifiers modifiers);
   void drag(QPointF place, Qt::KeyboardModifiers modifiers);
   bool step(Qt::Key key, bool tenths);
-  void showat(const Place& place);
-  void show(Spot spot, double atm);
+  void showAt(const ChartCoordinates& place);
+  void show(CrossHair crossHair, double atm);
   void hide();
-  void tell();
-  void setshape();
-  QString titleof(const Spot& spot, double atm) const;
+  void announce();
+  void setShape();
+  QString titleOf(const CrossHair& crossHair, double atm) const;
 
   bool movable(std::size_t mark) const;
-  const Entry& entryof(std::size_t mark) const { return chart_.document().entries[marks_[mark].entry]; }
+  const Entry& entryOf(std::size_t mark) const { return chart_.document().entries[marks_[mark].entry]; }
 
-  void choose(const Spot& spot);
-  void locate(const Spot& spot);
+  void choose(const CrossHair& crossHair);
+  void locate(const CrossHair& crossHair);
   void drop();
-  void draw(LineKind kind, const Spot& spot);
-  void pin(const Spot& spot);
-  void dismiss(const Spot& spot);
-  void erase(const Spot& spot);
-  void rename(const Spot& spot);
-  void copy(const Spot& spot);
-  void openmenu(const QContextMenuEvent& event);
-  void staywith(QMenu& menu);
-  std::vector<Spot> atsameplace(const Spot& spot) const;
-  void fillmenu(QMenu& menu, const Spot& spot);
+  void draw(LineKind kind, const CrossHair& crossHair);
+  void pin(const CrossHair& crossHair);
+  void dismiss(const CrossHair& crossHair);
+  void erase(const CrossHair& crossHair);
+  void rename(const CrossHair& crossHair);
+  void copy(const CrossHair& crossHair);
+  void openMenu(const QContextMenuEvent& event);
+  void stayWith(QMenu& menu);
+  std::vector<CrossHair> atSameCoordinates(const CrossHair& crossHair) const;
+  void fillMenu(QMenu& menu, const CrossHair& crossHair);
 
   QWidget& widget_;
   ChartCommands& chart_;
   const SessionValues& values_;
-  Ground ground_;
+  PlotGeometry geometry_;
   ReadingLayer* layer_;
-  std::optional<Setting> standing_;  ///< the chart that is read
+  std::optional<Setting> currentChart_;  ///< the chart that is read
   std::vector<Mark> marks_;
-  std::vector<Place> targets_;  ///< the marks' places
-  std::optional<Spot> spot_;
-  Place last_;  ///< where the keys begin; of no use before `haslast_`
-  bool haslast_ = false;
-  bool bykeys_ = false;   ///< whether the cross hair is where keys have put it
+  std::vector<ChartCoordinates> targets_;  ///< the marks' places
+  std::optional<CrossHair> crossHair_;
+  ChartCoordinates last_;  ///< where the keys begin; of no use before `hasLast_`
+  bool hasLast_ = false;
+  bool byKeys_ = false;   ///< whether the cross hair is where keys have put it
   bool steered_ = false;  ///< and they have done so since the chart has had the focus
   std::optional<QPointF> pressed_;
   QPointF pointer_;
   bool dragging_ = false;
   std::optional<std::size_t> grabbed_;  ///< the mark under the pointer when the button went down
   QString title_;                       ///< what is shown above the reading
-  QTimer telling_{this};
+  QTimer announceTimer_{this};
 };
 
 }  // namespace moistair

@@ -1,5 +1,6 @@
 /// \file
-/// What it costs to judge a pair at a key press: `answers`, and all the words said of it beside the search itself.
+/// What it costs to judge a pair at a keystroke: `exactSolutions`, and all the words about it, in addition to the
+/// search itself.
 ///
 /// For each pair 3000 inputs at three pressures; of every other one the two values are those of a state, of the rest
 /// they are anything within their limits, so that most have no state. Processor time of one call, the least of three.
@@ -14,7 +15,7 @@
 #include <vector>
 
 #include "advice/pairnotes.h"
-#include "engine/answers.h"
+#include "engine/exactsolutions.h"
 #include "engine/openfinders.h"
 
 namespace moistair {
@@ -50,20 +51,20 @@ class Inputs {
 public:
   /// A pair of values, of a state or of none.
   std::array<double, 2> next(PropertyKind first, PropertyKind second, double atm, bool state) {
-    const double drybulb = within(1, 120);
-    const StatePoint point = stateat(drybulb, within(1, drybulb), atm);
+    const double dryBulb = within(1, 120);
+    const StatePoint point = stateAt(dryBulb, within(1, dryBulb), atm);
     if (state) return {point.at(first), point.at(second)};
-    return {anyvalue(first), anyvalue(second)};
+    return {anyValue(first), anyValue(second)};
   }
 
 private:
   double within(double low, double high) { return std::uniform_real_distribution<>(low, high)(random_); }
 
-  double anyvalue(PropertyKind kind) {
-    constexpr std::array<Limits, kindcount> ranges = {
+  double anyValue(PropertyKind kind) {
+    constexpr std::array<Range, kindCount> ranges = {
         {{1, 120}, {1, 120}, {0, 100}, {0, 0.03}, {0, 61.9}, {-55, 120}, {11, 20}}};
-    const Limits& range = ranges[static_cast<std::size_t>(kind)];
-    return within(range.above, range.upto);
+    const Range& range = ranges[static_cast<std::size_t>(kind)];
+    return within(range.above, range.upTo);
   }
 
   std::mt19937 random_{14};
@@ -77,15 +78,17 @@ void measure(PropertyKind first, PropertyKind second) {
   for (int i = 0; i < inputs; ++i) {
     const double atm = pressures[static_cast<std::size_t>(i) % pressures.size()];
     const auto values = random.next(first, second, atm, i % 2 == 0);
-    const PairInput input{first, second, numbertext(values[0]), numbertext(values[1])};
+    const PairInput input{first, second, numberText(values[0]), numberText(values[1])};
     SolverFields fields;
-    const Resolution resolution = resolveinput(input, atm, openrangefinders(), fields);
+    const Resolution resolution = resolveInput(input, atm, openRangeFinders(), fields);
     std::size_t kept = 0;  // so that nothing is left out
-    judging.all.push_back(least([&] { kept += answers({first, values[0]}, {second, values[1]}, atm).states.size(); }));
-    words.all.push_back(least([&] { kept += pairnotes(input, atm, resolution).remark.words.size(); }));
+    judging.all.push_back(least([&] {
+      kept += exactSolutions({first, values[0]}, {second, values[1]}, atm).states.size();
+    }));
+    words.all.push_back(least([&] { kept += pairNotes(input, atm, resolution).remark.words.size(); }));
     if (kept == ~std::size_t{0}) std::puts("");
   }
-  const std::string name = std::string(nameof(first)) + "," + nameof(second);
+  const std::string name = std::string(nameOf(first)) + "," + nameOf(second);
   std::printf("%-8s %10.2f %10.2f %10.2f %10.2f %10.2f %10.2f\n", name.c_str(), judging.at(0.5), judging.at(0.99),
               judging.at(1), words.at(0.5), words.at(0.99), words.at(1));
 }
@@ -97,10 +100,10 @@ int main() {
   using namespace moistair;
   std::printf("%-8s %32s %32s\n%-8s %10s %10s %10s %10s %10s %10s\n", "us", "answers", "with all words", "pair",
               "median", "99 %", "worst", "median", "99 %", "worst");
-  for (int i = 0; i < kindcount * kindcount; ++i) {
-    const PropertyKind first = *kindat(i / kindcount);
-    const PropertyKind second = *kindat(i % kindcount);
-    const bool samething = first == PropertyKind::w && second == PropertyKind::dp;
-    if (first < second && !samething) measure(first, second);
+  for (int i = 0; i < kindCount * kindCount; ++i) {
+    const PropertyKind first = *kindAt(i / kindCount);
+    const PropertyKind second = *kindAt(i % kindCount);
+    const bool sameThing = first == PropertyKind::w && second == PropertyKind::dp;
+    if (first < second && !sameThing) measure(first, second);
   }
 }

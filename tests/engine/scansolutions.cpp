@@ -16,7 +16,7 @@
 #include <random>
 #include <vector>
 
-#include "engine/answers.h"
+#include "engine/exactsolutions.h"
 #include "engine/moistair.h"
 #include "text/numbertext.h"
 #include "text/value.h"
@@ -31,15 +31,15 @@ double between(Random& random, double low, double high) {
   return std::uniform_real_distribution<double>(low, high)(random);
 }
 
-double valueat(PropertyKind kind, double drybulb, double wetbulb, double atm) {
+double valueAt(PropertyKind kind, double dryBulb, double wetBulb, double atm) {
   switch (kind) {
-    case db: return drybulb;
-    case wb: return wetbulb;
-    case rh: return psychro_rh(drybulb, wetbulb, atm);
-    case w: return psychro_w(drybulb, wetbulb, atm);
-    case h: return psychro_h(drybulb, wetbulb, atm);
-    case dp: return psychro_dp(psychro_pv1(drybulb, wetbulb, atm));
-    default: return psychro_v(drybulb, wetbulb, atm);
+    case db: return dryBulb;
+    case wb: return wetBulb;
+    case rh: return psychro_rh(dryBulb, wetBulb, atm);
+    case w: return psychro_w(dryBulb, wetBulb, atm);
+    case h: return psychro_h(dryBulb, wetBulb, atm);
+    case dp: return psychro_dp(psychro_pv1(dryBulb, wetBulb, atm));
+    default: return psychro_v(dryBulb, wetBulb, atm);
   }
 }
 
@@ -53,18 +53,18 @@ struct Query {
 };
 
 struct Found {
-  double drybulb, wetbulb;
+  double dryBulb, wetBulb;
 };
 
 /// Whether a value may lie in a square: what nine points of it have, and half as much on either side.
-bool maycontain(const Square& square, const Given& given, double atm) {
+bool mayContain(const Square& square, const Given& given, double atm) {
   double low = std::numeric_limits<double>::infinity();
   double high = -low;
   bool whole = true;
   for (const double x : {square.left, (square.left + square.right) / 2, square.right}) {
     for (const double y : {square.bottom, (square.bottom + square.top) / 2, square.top}) {
-      const double value = valueat(given.kind, x, y, atm);
-      whole = whole && hasvalue(value);
+      const double value = valueAt(given.kind, x, y, atm);
+      whole = whole && hasValue(value);
       low = std::fmin(low, value);
       high = std::fmax(high, value);
     }
@@ -73,16 +73,16 @@ bool maycontain(const Square& square, const Given& given, double atm) {
   return given.value <= high + margin && (!whole || given.value >= low - margin);
 }
 
-bool isstate(const Found& point, const Query& query) {
-  const double drybulb = point.drybulb;
-  const double wetbulb = point.wetbulb;
-  const double humidity = valueat(rh, drybulb, wetbulb, query.atm);
-  const double ratio = valueat(w, drybulb, wetbulb, query.atm);
+bool isState(const Found& point, const Query& query) {
+  const double dryBulb = point.dryBulb;
+  const double wetBulb = point.wetBulb;
+  const double humidity = valueAt(rh, dryBulb, wetBulb, query.atm);
+  const double ratio = valueAt(w, dryBulb, wetBulb, query.atm);
   const double turn = std::exp(-24.873 / (2 * 0.8927));
-  const bool ofdewpoint = query.given[0].kind == dp || query.given[1].kind == dp;
-  return drybulb > 0 && drybulb <= 120 && wetbulb > 0 && wetbulb <= 120 && humidity > 0 && humidity <= 100 + 1e-9 &&
-         ratio > 0 && ratio <= 0.03 * (1 + 1e-11) && valueat(h, drybulb, wetbulb, query.atm) > 0 &&
-         (!ofdewpoint || psychro_pv1(drybulb, wetbulb, query.atm) >= turn);
+  const bool ofDewPoint = query.given[0].kind == dp || query.given[1].kind == dp;
+  return dryBulb > 0 && dryBulb <= 120 && wetBulb > 0 && wetBulb <= 120 && humidity > 0 && humidity <= 100 + 1e-9 &&
+         ratio > 0 && ratio <= 0.03 * (1 + 1e-11) && valueAt(h, dryBulb, wetBulb, query.atm) > 0 &&
+         (!ofDewPoint || psychro_pv1(dryBulb, wetBulb, query.atm) >= turn);
 }
 
 /// Newton's method from the middle of a square, or from its moistest corner if a dew point has no value in the middle,
@@ -90,22 +90,22 @@ bool isstate(const Found& point, const Query& query) {
 Found polished(const Square& square, const Square& region, const Query& query) {
   Found point{(square.left + square.right) / 2, (square.bottom + square.top) / 2};
   const auto off = [&](std::size_t i, double x, double y) {
-    return valueat(query.given[i].kind, x, y, query.atm) - query.given[i].value;
+    return valueAt(query.given[i].kind, x, y, query.atm) - query.given[i].value;
   };
-  const auto faroff = [&] {
+  const auto farOff = [&] {
     double worst = 0;
     for (std::size_t i = 0; i < 2; ++i) {
-      const double error = off(i, point.drybulb, point.wetbulb) / propertyOf(query.given[i].kind).visible;
+      const double error = off(i, point.dryBulb, point.wetBulb) / propertyOf(query.given[i].kind).visible;
       worst = error == error ? std::max(worst, std::abs(error)) : std::numeric_limits<double>::infinity();
     }
     return worst;
   };
-  if (!hasvalue(faroff())) point = {square.left, square.top};
+  if (!hasValue(farOff())) point = {square.left, square.top};
   double errors[2];
   bool arrived = false;
   for (int step = 0; step < 40; ++step) {
-    const double x = point.drybulb;
-    const double y = point.wetbulb;
+    const double x = point.dryBulb;
+    const double y = point.wetBulb;
     const Square near{std::max(x - 1e-6, region.left), std::min(x + 1e-6, region.right),
                       std::max(y - 1e-6, region.bottom), std::min(y + 1e-6, region.top)};
     double slope[2][2];
@@ -115,20 +115,20 @@ Found polished(const Square& square, const Square& region, const Query& query) {
       slope[i][1] = (off(i, x, near.top) - off(i, x, near.bottom)) / (near.top - near.bottom);
     }
     const double determinant = slope[0][0] * slope[1][1] - slope[0][1] * slope[1][0];
-    const double movex = (errors[0] * slope[1][1] - errors[1] * slope[0][1]) / determinant;
-    const double movey = (errors[1] * slope[0][0] - errors[0] * slope[1][0]) / determinant;
-    if (!hasvalue(movex) || !hasvalue(movey)) break;
-    arrived = std::abs(movex) < 1e-6 && std::abs(movey) < 1e-6;
+    const double moveX = (errors[0] * slope[1][1] - errors[1] * slope[0][1]) / determinant;
+    const double moveY = (errors[1] * slope[0][0] - errors[0] * slope[1][0]) / determinant;
+    if (!hasValue(moveX) || !hasValue(moveY)) break;
+    arrived = std::abs(moveX) < 1e-6 && std::abs(moveY) < 1e-6;
     // A step that leads away, or into air so dry that it has no dew point, is cut short.
-    const double before = faroff();
+    const double before = farOff();
     double part = 1;
     do {
-      point.drybulb = std::clamp(x - part * std::clamp(movex, -1.0, 1.0), region.left, region.right);
-      point.wetbulb = std::clamp(y - part * std::clamp(movey, -1.0, 1.0), region.bottom, region.top);
+      point.dryBulb = std::clamp(x - part * std::clamp(moveX, -1.0, 1.0), region.left, region.right);
+      point.wetBulb = std::clamp(y - part * std::clamp(moveY, -1.0, 1.0), region.bottom, region.top);
       part /= 2;
-    } while (!(faroff() < before) && part > 1e-4);
+    } while (!(farOff() < before) && part > 1e-4);
   }
-  return arrived && faroff() < 1e-7 ? point : Found{novalue, novalue};
+  return arrived && farOff() < 1e-7 ? point : Found{noValue, noValue};
 }
 
 void scan(const Square& square, const Square& region, const Query& query, std::vector<Found>& found) {
@@ -137,15 +137,15 @@ void scan(const Square& square, const Square& region, const Query& query, std::v
   const double size = std::max(square.right - square.left, square.top - square.bottom);
   if (size < 2) {
     for (const Given& given : query.given) {
-      if (!maycontain(square, given, query.atm)) return;
+      if (!mayContain(square, given, query.atm)) return;
     }
   }
   if (size < 0.004) {
     const Found point = polished(square, region, query);
     const auto same = [&](const Found& other) {
-      return std::hypot(other.drybulb - point.drybulb, other.wetbulb - point.wetbulb) < 1e-6;
+      return std::hypot(other.dryBulb - point.dryBulb, other.wetBulb - point.wetBulb) < 1e-6;
     };
-    if (isstate(point, query) && std::none_of(found.begin(), found.end(), same)) found.push_back(point);
+    if (isState(point, query) && std::none_of(found.begin(), found.end(), same)) found.push_back(point);
     return;
   }
   scan({square.left, middle, square.bottom, level}, region, query, found);
@@ -176,68 +176,68 @@ std::vector<Found> scanned(const Query& query) {
 
 /// Half the pairs are those of a state, one in four of them with a wet or dry bulb at freezing; the others need have
 /// nothing in common.
-Query anyquery(PropertyKind first, PropertyKind second, double atm, Random& random) {
-  constexpr std::array<std::array<double, 2>, kindcount> usual = {
+Query anyQuery(PropertyKind first, PropertyKind second, double atm, Random& random) {
+  constexpr std::array<std::array<double, 2>, kindCount> usual = {
       {{0, 121}, {0, 110}, {0, 102}, {0, 0.031}, {0, 62}, {-60, 92}, {11, 16}}};
-  const auto oneof = [&](int count) { return std::uniform_int_distribution<int>(0, count - 1)(random); };
-  const bool ofstate = oneof(2) == 0;
+  const auto oneOf = [&](int count) { return std::uniform_int_distribution<int>(0, count - 1)(random); };
+  const bool ofState = oneOf(2) == 0;
   for (;;) {
-    double drybulb = oneof(8) == 0 ? between(random, 31, 33) : between(random, 0, 120);
-    double wetbulb = oneof(4) == 0 ? between(random, 30.5, 33.5) : between(random, 0, drybulb);
-    if (oneof(20) == 0) wetbulb = drybulb;
+    double dryBulb = oneOf(8) == 0 ? between(random, 31, 33) : between(random, 0, 120);
+    double wetBulb = oneOf(4) == 0 ? between(random, 30.5, 33.5) : between(random, 0, dryBulb);
+    if (oneOf(20) == 0) wetBulb = dryBulb;
     Query query{{Given{first, 0}, Given{second, 0}}, atm};
-    if (ofstate && !isstate({drybulb, wetbulb}, query)) continue;
+    if (ofState && !isState({dryBulb, wetBulb}, query)) continue;
     for (Given& given : query.given) {
       const auto [low, high] = usual[static_cast<std::size_t>(given.kind)];
-      given.value = ofstate           ? valueat(given.kind, drybulb, wetbulb, atm)
-                    : given.kind == v ? between(random, low, high) * defaultpressure / atm
+      given.value = ofState           ? valueAt(given.kind, dryBulb, wetBulb, atm)
+                    : given.kind == v ? between(random, low, high) * defaultPressure / atm
                                       : between(random, low, high);
     }
     return query;
   }
 }
 
-void print(const char* words, const Query& query, double drybulb, double wetbulb) {
+void print(const char* words, const Query& query, double dryBulb, double wetBulb) {
   std::printf("%s: %d %.17g, %d %.17g at %g in Hg: dry bulb %.12g, wet bulb %.12g\n", words,
               static_cast<int>(query.given[0].kind), query.given[0].value, static_cast<int>(query.given[1].kind),
-              query.given[1].value, query.atm, drybulb, wetbulb);
+              query.given[1].value, query.atm, dryBulb, wetBulb);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto argument = [&](int at, double otherwise) { return at < argc ? lenientnumber(argv[at]) : otherwise; };
+  const auto argument = [&](int at, double otherwise) { return at < argc ? lenientNumber(argv[at]) : otherwise; };
   const int count = static_cast<int>(argument(1, 2));
   Random random(static_cast<std::uint64_t>(argument(2, 1)));
-  std::vector<double> pressures{defaultpressure, 20.577, 60.0};
+  std::vector<double> pressures{defaultPressure, 20.577, 60.0};
   if (argc > 3) pressures.clear();
-  for (int i = 3; i < argc; ++i) pressures.push_back(lenientnumber(argv[i]));
+  for (int i = 3; i < argc; ++i) pressures.push_back(lenientNumber(argv[i]));
   std::array<int, 4> pairs{};  // without an answer, with one, with two, with more
   int faults = 0;
   for (const double atm : pressures) {
-    for (int i = 0; i < kindcount * kindcount * count; ++i) {
-      const auto first = *kindat(i % kindcount);
-      const auto second = *kindat(i / kindcount % kindcount);
+    for (int i = 0; i < kindCount * kindCount * count; ++i) {
+      const auto first = *kindAt(i % kindCount);
+      const auto second = *kindAt(i / kindCount % kindCount);
       if (first >= second || (first == w && second == dp)) continue;
-      const Query query = anyquery(first, second, atm, random);
-      const Answers told = answers(query.given[0], query.given[1], atm);
+      const Query query = anyQuery(first, second, atm, random);
+      const ExactSolutions reported = exactSolutions(query.given[0], query.given[1], atm);
       const std::vector<Found> found = scanned(query);
       const auto apart = [](const StatePoint& state, const Found& point) {
-        return std::hypot(state.db - point.drybulb, state.wb - point.wetbulb) > 1e-4;
+        return std::hypot(state.db - point.dryBulb, state.wb - point.wetBulb) > 1e-4;
       };
       for (const Found& point : found) {
         const auto other = [&](const StatePoint& state) { return apart(state, point); };
-        if (!std::all_of(told.states.begin(), told.states.end(), other)) continue;
+        if (!std::all_of(reported.states.begin(), reported.states.end(), other)) continue;
         ++faults;
-        print("missed", query, point.drybulb, point.wetbulb);
+        print("missed", query, point.dryBulb, point.wetBulb);
       }
-      for (const StatePoint& state : told.states) {
+      for (const StatePoint& state : reported.states) {
         const auto other = [&](const Found& point) { return apart(state, point); };
         if (!std::all_of(found.begin(), found.end(), other)) continue;
         ++faults;
         print("invented", query, state.db, state.wb);
       }
-      if (told.states.empty() == (told.reason == NoAnswer::none)) print("reason", query, 0, ++faults);
+      if (reported.states.empty() == (reported.reason == NoSolution::none)) print("reason", query, 0, ++faults);
       ++pairs[std::min<std::size_t>(found.size(), 3)];
     }
   }

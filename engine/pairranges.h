@@ -9,8 +9,8 @@
 
 namespace moistair {
 
-/// The limits that the row of a pair sets to its values, in the order asked for. `resolvepair` names the first value
+/// The limits that the row of a pair sets to its values, in the order asked for. `resolvePair` names the first value
 /// that is beyond them and stops there. None for two kinds that are no pair.
-std::optional<std::array<Limits, 2>> limitsof(PropertyKind first, PropertyKind second);
+std::optional<std::array<Range, 2>> rangesOf(PropertyKind first, PropertyKind second);
 
 }  // namespace moistair

@@ -1,4 +1,4 @@
-#include "model/again.h"
+#include "model/carryover.h"
 
 #include <utility>
 
@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* noExactState = "No exact state has both values";
 
-/// Works an entry out anew; returns nullptr, or the message with which it is refused.
+/// Works an entry out again; returns nullptr, or the message with which it is refused.
 struct Reworker {
   const Setting& setting;
   const RangeFinders& finders;
@@ -24,17 +24,17 @@ struct Reworker {
     const auto& [one, two] = point.given;
     SolverFields fields;  // no other point can change the result
     if (point.exact) return reworkExactly(point, fields);
-    const Location location = locatepoint(
+    const Location location = locatePoint(
         {one.kind, two.kind, one.value, two.value}, [] { return true; }, setting.pressure.atm, finders, fields);
     if (location.refusal) return location.refusal->text;
-    point.state = readreport(fillreport(location.resolution.point, point.identification, setting.pressure.entry));
+    point.state = readReport(fillReport(location.resolution.point, point.identification, setting.pressure.entry));
     return nullptr;
   }
 
   const char* reworkExactly(MarkedPoint& point, SolverFields& fields) const {
     const auto& [one, two] = point.given;
     const double atm = setting.pressure.atm;
-    const Resolution found = resolvepair(one.kind, one.value, two.kind, two.value, atm, finders, fields);
+    const Resolution found = resolvePair(one.kind, one.value, two.kind, two.value, atm, finders, fields);
     const auto state = exactChoice(givenOf(point), atm, found).state;
     if (!state) return noExactState;
     point.state = asReported(*state);
@@ -47,19 +47,19 @@ struct Reworker {
     problem.pressure = {setting.pressure.atm, setting.pressure.entry};
     problem.streams = {line.columns.at(0), line.columns.at(1)};
     for (const std::size_t stream : {std::size_t{0}, std::size_t{1}}) {
-      problem.solverfields = {};
-      resolvestream(problem, stream);
+      problem.solverFields = {};
+      resolveStream(problem, stream);
     }
     problem.exactMixture = line.columns.at(2).exact;
-    mixstreams(problem);
+    mixStreams(problem);
     line.columns = {problem.streams[0], problem.streams[1], problem.mixed};
     return nullptr;
   }
 
   /// The same place of the other chart, where the air is another.
   const char* operator()(PinnedReading& pinned) const {
-    const auto again = readingtokeep(setting, {pinned.state.db, pinned.state.w});
-    if (!again) return pointoutoflimits;
+    const auto again = readingToKeep(setting, {pinned.state.db, pinned.state.w});
+    if (!again) return pointOutOfLimits;
     pinned.state = again->state;
     return nullptr;
   }
@@ -71,10 +71,10 @@ struct Reworker {
 
 }  // namespace
 
-Again again(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window) {
-  const PlotArea area = plotarea(setting.limits, window);
-  const RangeFinders finders = chartrangefinders([area] { return area; });
-  Again result;
+CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window) {
+  const PlotArea area = plotArea(setting.limits, window);
+  const RangeFinders finders = chartRangeFinders([area] { return area; });
+  CarriedOver result;
   RecordingCanvas scratch;
   for (const LeftOut& earlier : previous) {
     Entry entry{setting, earlier.entry.content};
@@ -83,7 +83,7 @@ Again again(const std::vector<LeftOut>& previous, const Setting& setting, Window
     if (message == nullptr) {
       result.entries.push_back(std::move(entry));
     } else {
-      result.leftout.push_back({earlier.entry, message});
+      result.leftOut.push_back({earlier.entry, message});
     }
   }
   return result;

@@ -1,4 +1,4 @@
-#include "advice/standing.h"
+#include "advice/statustexts.h"
 
 #include <gtest/gtest.h>
 
@@ -9,25 +9,26 @@ using namespace moistair::test;
 
 namespace {
 
-std::string told(const Desk& desk) {
-  const Standing standing = standingof(desk.document(), desk.lifecycle.atmpressure(), desk.lists);
+std::string shown(const Desk& desk) {
+  const StatusTexts statusTexts = statusTextsOf(desk.document(), desk.lifecycle.atmPressure(), desk.lists);
   std::string lists;
-  for (const bool changed : standing.changed) lists += changed ? '*' : '-';
-  return standing.pressure + "|" + standing.header + "|" + standing.chart + "|" + standing.changes + "|" + lists;
+  for (const bool changed : statusTexts.changed) lists += changed ? '*' : '-';
+  return statusTexts.pressure + "|" + statusTexts.header + "|" + statusTexts.chart + "|" + statusTexts.changes + "|" +
+         lists;
 }
 
 void set(Desk& desk, const PressureEntry& entry) {
-  desk.values.pressure.settext(*pressurefor(entry).inhg);
-  desk.commands.changepressure(entry, window);
+  desk.values.pressure.setText(*pressureFor(entry).inhg);
+  desk.commands.changePressure(entry, window);
 }
 
-TEST(Standing, TellsPressuresAndLimitsApart) {
+TEST(StatusTexts, TellsPressuresAndLimitsApart) {
   const auto high = [](Desk& desk) { set(desk, {PressureUnit::elevation, "5000"}); };
-  const auto look = [](Desk& desk) { desk.values.pressure.settext(defaultpressuretext); };
+  const auto look = [](Desk& desk) { desk.values.pressure.setText(defaultPressureText); };
   const struct {
     const char* name;
     std::function<void(Desk&)> work;
-    const char* told;
+    const char* shown;
   } rows[] = {
       {"the start", [](Desk&) {}, "29.92126 in Hg||No chart||----"},
       {"a chart", [](Desk& d) { d.draw(); },
@@ -46,40 +47,40 @@ TEST(Standing, TellsPressuresAndLimitsApart) {
        "30 in Hg||No chart||----"},
       {"the pressure window looked at", [&](Desk& d) { high(d), d.draw(), look(d); },
        "29.92126 in Hg in force|header says 5000 ft|Blank chart, 5000 ft, 0 to 120 Deg F, 0 to 0.030||----"},
-      {"put back", [&](Desk& d) { high(d), d.draw(), look(d), d.commands.takeheaderpressure(); },
+      {"put back", [&](Desk& d) { high(d), d.draw(), look(d), d.commands.adoptFilePressure(); },
        "24.896 in Hg, 5000 ft||Blank chart, 5000 ft, 0 to 120 Deg F, 0 to 0.030||----"},
       {"a chart drawn at another pressure than its header says",
-       [&](Desk& d) { high(d), look(d), d.draw(), d.commands.takeheaderpressure(); },
+       [&](Desk& d) { high(d), look(d), d.draw(), d.commands.adoptFilePressure(); },
        "24.896 in Hg, 5000 ft||Blank chart, 5000 ft, 0 to 120 Deg F, 0 to 0.030|drawn at 29.92126 in Hg|----"},
-      {"a refused pressure that stays in force", [](Desk& d) { d.values.pressure.settext("3"); },
+      {"a refused pressure that stays in force", [](Desk& d) { d.values.pressure.setText("3"); },
        "3 in Hg in force|header says 29.92126 in Hg|No chart||----"},
-      {"other limits", [](Desk& d) { d.draw(), d.lists.highdb = "100", d.lists.lowhr = "x"; },
+      {"other limits", [](Desk& d) { d.draw(), d.lists.highDb = "100", d.lists.lowHr = "x"; },
        "29.92126 in Hg||Blank chart, 29.92126 in Hg, 0 to 120 Deg F, 0 to 0.030|limits changed, not drawn|-**-"},
-      {"the same limits in other words", [](Desk& d) { d.draw(), d.lists.highdb = "120.0", d.lists.lowhr = ".0"; },
+      {"the same limits in other words", [](Desk& d) { d.draw(), d.lists.highDb = "120.0", d.lists.lowHr = ".0"; },
        "29.92126 in Hg||Blank chart, 29.92126 in Hg, 0 to 120 Deg F, 0 to 0.030||----"},
-      {"cleared", [](Desk& d) { d.draw(), d.commands.clearchart(), d.lists.highdb = "100"; },
+      {"cleared", [](Desk& d) { d.draw(), d.commands.clearChart(), d.lists.highDb = "100"; },
        "29.92126 in Hg||No chart||----"},
       {"cleared for a chart that was then not drawn",
-       [](Desk& d) { d.draw(), d.lists.highdb = "100", d.commands.startdraw(d.lists); },
+       [](Desk& d) { d.draw(), d.lists.highDb = "100", d.commands.startDraw(d.lists); },
        "29.92126 in Hg||Nothing drawn, 29.92126 in Hg, 0 to 120 Deg F, 0 to 0.030|limits changed, not drawn|-*--"},
   };
   for (const auto& row : rows) {
     Desk desk;
     row.work(desk);
-    EXPECT_EQ(told(desk), row.told) << row.name;
+    EXPECT_EQ(shown(desk), row.shown) << row.name;
   }
 }
 
 /// What the placeholders promise is what the buttons then draw.
-TEST(Standing, KnowsWhichEmptyBoxesDrawALine) {
+TEST(StatusTexts, KnowsWhichEmptyBoxesDrawALine) {
   const LimitTexts limits[] = {{"0", "120", "0", "0.030"}, {"40", "120", "0.010", "0.030"}};
   for (const LimitTexts& lists : limits) {
     Desk desk;
     desk.lists = lists;
     desk.draw();
-    const auto promised = emptylines(desk.document(), desk.lifecycle.atmpressure());
+    const auto promised = emptyLines(desk.document(), desk.lifecycle.atmPressure());
     for (std::size_t kind = 0; kind < promised.size(); ++kind) {
-      EXPECT_EQ(desk.line(static_cast<LineKind>(kind), ""), promised[kind]) << lists.lowdb << ", line " << kind;
+      EXPECT_EQ(desk.line(static_cast<LineKind>(kind), ""), promised[kind]) << lists.lowDb << ", line " << kind;
     }
   }
 }

@@ -12,15 +12,15 @@
 
 namespace moistair {
 
-inline constexpr const char* againname = "Again on this chart";
+inline constexpr const char* carryOverName = "Again on this chart";
 
-struct Again {
+struct CarriedOver {
   std::vector<Entry> entries;    ///< for the new chart, in their order
-  std::vector<LeftOut> leftout;  ///< what does not resolve or lies outside, as it was, with the reason
+  std::vector<LeftOut> leftOut;  ///< what does not resolve or lies outside, as it was, with the reason
 };
 
 /// @param setting limits of the current chart and the current pressure
 /// @param window that points without a temperature are searched in, as the main window does
-Again again(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window);
+CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window);
 
 }  // namespace moistair

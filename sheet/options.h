@@ -47,7 +47,7 @@ std::optional<PageSize> pagenamed(std::string_view text, bool portrait);
 std::string sizeinwords();
 
 enum class SheetColors { color, grey, dark };
-inline constexpr std::array<const char*, 3> colornames = {"color", "grey", "dark"};
+inline constexpr std::array<const char*, 3> colornames = {"color", "gray", "dark"};
 
 /// What stands beside the mark of a point that has an identification; one without always has its number.
 enum class PointLabels { names, numbers };

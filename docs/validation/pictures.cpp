@@ -68,7 +68,7 @@ void drawdewpoint(Svg& svg) {
   const double low = psychro_dp(before);
   const double high = psychro_dp(formsmeet);
   svg.box({plot.x.start, plot.y.at(high)}, 300, plot.y.at(low) - plot.y.at(high), band);
-  drawground(svg, plot, "vapour pressure, in Hg", "dew point, deg F");
+  drawground(svg, plot, "vapor pressure, in Hg", "dew point, deg F");
   const auto spot = [](double pv) { return Spot{pv, psychro_dp(pv)}; };
   drawcurve(svg, plot, spot, plot.x.low, before, blue);
   drawcurve(svg, plot, spot, formsmeet, plot.x.high, blue);

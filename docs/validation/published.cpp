@@ -52,7 +52,7 @@ std::string conditiontext(const std::vector<std::string>& fields) {
 Comparison comparisonof(const std::vector<std::string>& fields) {
   const auto quantity = std::find_if(std::begin(quantities), std::end(quantities),
                                      [&](const Quantity& row) { return row.name == fields[0]; });
-  if (quantity == std::end(quantities)) throw std::runtime_error(fields[0] + " is no quantity of the model");
+  if (quantity == std::end(quantities)) throw std::runtime_error(fields[0] + " is not a quantity of the model");
   const Conditions conditions{strictnumber(fields[1]), strictnumber(fields[2]), inhgofpsi(strictnumber(fields[3])),
                               strictnumber(fields[4])};
   Comparison row{fields[0], quantity->caption, conditiontext(fields), fields[5], fields[6], fields[7]};

@@ -113,7 +113,8 @@ void addLook(CLI::App& command, SheetCommandOptions& options) {
       ->type_name("WIDTHxHEIGHT")
       ->excludes(page);
   command.add_flag("--portrait", options.portrait, "a named page stands on its short side");
-  addChoice(command, "--colors", colorNames, sheet.colors, "color, grey or dark; color if not given");
+  addChoice(command, "--colors", colorNames, sheet.colors, "color, gray or dark; color if not given");
+  command.get_option("--colors")->transform([](const std::string& word) { return word == "grey" ? "gray" : word; });
   command
       .add_option("--font-size", options.letterSize,
                   "of the numbers on the scales, all else in proportion; what suits the page, 7.5 points on a letter, "

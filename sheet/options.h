@@ -47,7 +47,7 @@ std::optional<PageSize> pageNamed(std::string_view text, bool portrait);
 std::string sizeInWords();
 
 enum class SheetColors { color, gray, dark };
-inline constexpr std::array<const char*, 3> colorNames = {"color", "grey", "dark"};
+inline constexpr std::array<const char*, 3> colorNames = {"color", "gray", "dark"};
 
 /// The label of a point that has an identification; one without always has its number.
 enum class PointLabels { names, numbers };

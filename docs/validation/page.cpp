@@ -79,7 +79,7 @@ std::string pairName(const PairMeasure& pair) {
 std::string pairsTable(const std::vector<PairMeasure>& pairs) {
   std::string out =
       "<tr><th>Pair</th><th>Found, %</th><th>of these visibly off, %</th><th>Largest miss of the first</th>"
-      "<th>of the second</th><th>With two answers, %</th></tr>\n";
+      "<th>of the second</th><th>With two solutions, %</th></tr>\n";
   for (const PairMeasure& pair : pairs) {
     const double found = 100 - pair.share(Outcome::notFound);
     const double off = found > 0 ? 100 * pair.share(Outcome::visiblyOff) / found : 0;

@@ -68,7 +68,7 @@ void drawDewPoint(Svg& svg) {
   const double low = psychro_dp(before);
   const double high = psychro_dp(formsMeet);
   svg.box({plot.x.start, plot.y.at(high)}, 300, plot.y.at(low) - plot.y.at(high), band);
-  drawGround(svg, plot, "vapour pressure, in Hg", "dew point, deg F");
+  drawGround(svg, plot, "vapor pressure, in Hg", "dew point, deg F");
   const auto spot = [](double pv) { return Spot{pv, psychro_dp(pv)}; };
   drawCurve(svg, plot, spot, plot.x.low, before, blue);
   drawCurve(svg, plot, spot, formsMeet, plot.x.high, blue);

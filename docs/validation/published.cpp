@@ -52,7 +52,7 @@ std::string conditionText(const std::vector<std::string>& fields) {
 Comparison comparisonOf(const std::vector<std::string>& fields) {
   const auto quantity = std::find_if(std::begin(quantities), std::end(quantities),
                                      [&](const Quantity& row) { return row.name == fields[0]; });
-  if (quantity == std::end(quantities)) throw std::runtime_error(fields[0] + " is no quantity of the model");
+  if (quantity == std::end(quantities)) throw std::runtime_error(fields[0] + " is not a quantity of the model");
   const Conditions conditions{strictNumber(fields[1]), strictNumber(fields[2]), inhgOfPsi(strictNumber(fields[3])),
                               strictNumber(fields[4])};
   Comparison row{fields[0], quantity->caption, conditionText(fields), fields[5], fields[6], fields[7]};

@@ -493,6 +493,14 @@ class Sheet(ToolTest):
         text = subprocess.run(["pdftotext", "s.pdf", "-"], cwd=self.folder, stdout=subprocess.PIPE, check=True).stdout.decode()
         self.assertEqual(self.missing(text), [])
 
+    def test_gray_is_spelled_in_two_ways(self):
+        sheets = {}
+        for colors in ("gray", "grey", "color"):
+            self.output("sheet", "-o", "s.svg", "--colors", colors)
+            sheets[colors] = (self.folder / "s.svg").read_bytes()
+        self.assertEqual(sheets["gray"], sheets["grey"])
+        self.assertNotEqual(sheets["gray"], sheets["color"])
+
     def test_fonts_are_in_the_file_and_pages_as_asked_for(self):
         points = [option for number in range(60) for option in ("--point", f"db=75,rh={10 + number},id=P{number}")]
         self.output("sheet", "-o", "s.pdf", "--page", "a4", "--portrait", *points)

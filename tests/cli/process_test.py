@@ -17,7 +17,11 @@ COMMANDS = [
     "{0} --format text", "{0} --format text --elevation 5000", "{0} --format json", "{0} --format csv --inhg 28.05",
 ]
 OTHERS = {
-    "mistakes": ["mistakes.steps", "moremistakes.steps", "names.steps", "circle.steps", "goals.steps", "nowhere.steps", ""],
+    "mistakes": ["mistakes.steps", "moremistakes.steps", "names.steps", "nowhere.steps", ""],
+    "backward": [
+        "bypass.steps", "bypass.steps --elevation 5000", "circle.steps", "goals.steps", "fewgoals.steps", "noreach.steps",
+        "goals.steps --rows wet.csv --columns HC.db,HC.total",
+    ],
     "rows": [
         "airhandler.steps --rows hours.csv --columns SA.db,CC.total",
         "airhandler.steps --rows hours.csv --columns EX.rest.acfm,CC.adp --full --jobs 3",

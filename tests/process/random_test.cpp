@@ -134,7 +134,7 @@ TEST(RandomCoils, ComeBackThroughAnyPairOfTheirResults) {
         if (counted) coil.given.push_back({condensate, 1});
         const ParameterSet refused[] = {setOf(adp, shr), setOf(w, dp), setOf(wb, total), setOf(db, sensible)};
         const ParameterSet pair = setOf(all[a], all[b]);
-        const Solved carryOver(system, atm);
+        const Solved again(system, atm);
         if (std::find(std::begin(refused), std::end(refused), pair) != std::end(refused)) {
           EXPECT_NE(again.errors.find("do not fix a coil"), std::string::npos) << again.errors;
           continue;

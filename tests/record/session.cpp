@@ -89,7 +89,7 @@ bool StoppedClocks::eventFilter(QObject* watched, QEvent* event) {
   return !running && timer != nullptr && timer->interval() > 100;
 }
 
-Session::Session(Stand chartState, bool withPoint) : Pointed(withPoint, chartState) {
+Session::Session(StartState startState, bool withPoint) : Pointed(withPoint, startState) {
   attendant.path = [this](const QFileDialog& dialog) { return fileFor(dialog); };
 }
 

@@ -44,7 +44,7 @@ protected:
 };
 
 struct Session : windowtest::Pointed {
-  explicit Session(Stand chartState = OnChart, bool withPoint = false);
+  explicit Session(StartState startState = onChart, bool withPoint = false);
   ~Session();
 
   /// Everything that is due has happened.

@@ -39,7 +39,7 @@ private:
 };
 
 struct Walk : Session {
-  explicit Walk(int number) : Session(AtStart), random(static_cast<std::uint64_t>(number) + 1) {
+  explicit Walk(int number) : Session(atStart), random(static_cast<std::uint64_t>(number) + 1) {
     window.setUpdatesEnabled(false);
   }
 

@@ -42,7 +42,7 @@ private:
 struct State {
   const char* name;
   std::function<QWidget&(Session&)> reach;
-  Session::Stand chartState = Session::OnChart;
+  Session::StartState startState = Session::onChart;
 };
 
 void typeAll(QWidget& window, std::initializer_list<std::pair<const char*, const char*>> texts) {
@@ -116,7 +116,7 @@ QWidget& menuAt(Session& session, double db, double w) {
 }
 
 const State states[] = {
-    {"main-empty", [](Session& s) -> QWidget& { return s.window; }, Session::OnEmptyChart},
+    {"main-empty", [](Session& s) -> QWidget& { return s.window; }, Session::onEmptyChart},
     {"main-work", work},
     {"main-remarks",
      [](Session& s) -> QWidget& {
@@ -136,7 +136,7 @@ const State states[] = {
        s.returnToChart();
        return s.window;
      }},
-    {"pressure-start", [](Session& s) -> QWidget& { return s.dialog("Form2"); }, Session::AtStart},
+    {"pressure-start", [](Session& s) -> QWidget& { return s.dialog("Form2"); }, Session::atStart},
     {"pressure-elevation", [](Session& s) -> QWidget& { return pressure(s, "5000"); }},
     {"pressure-refused", [](Session& s) -> QWidget& { return pressure(s, "2.89", 2); }},
     {"report", report},
@@ -180,7 +180,7 @@ const State states[] = {
 void recordEffects(const std::filesystem::path& folder, const State& state) {
   Book book(folder, std::string("does-") + state.name);
   for (std::size_t i = 0;; ++i) {
-    Session session(state.chartState);
+    Session session(state.startState);
     QWidget& window = state.reach(session);
     session.settle();
     const std::vector<Offer> offers = offersOf(window);
@@ -201,7 +201,7 @@ void recordEffects(const std::filesystem::path& folder, const State& state) {
 
 void recordState(const std::filesystem::path& folder, const State& state) {
   Book book(folder, state.name);
-  Session session(state.chartState);
+  Session session(state.startState);
   QWidget& window = state.reach(session);
   session.settle();
   if (qobject_cast<QMenu*>(&window) != nullptr) return book.stage(session, "menu", menus(window));
@@ -213,15 +213,15 @@ void recordState(const std::filesystem::path& folder, const State& state) {
 /// What is painted where somebody points, and what a screen reader is told.
 void recordReading(const std::filesystem::path& folder) {
   Book book(folder, "reading");
-  Session session(Session::OnChart, true);
+  Session session(Session::onChart, true);
   auto& layer = control<ReadingLayer>(session.window, "reading");
   const auto look = [&](const char* caption, double db, double w, bool keys = false) {
     if (!keys) session.point(db, w, Qt::NoModifier);
     session.stopped.running = true;
     const QString told = QString::fromStdString(session.told());
     session.stopped.running = false;
-    QStringList texts = {QString::fromUtf8(aboveSaturation), QString::fromUtf8(outsideLimits),
-                         QStringLiteral("Point A")};
+    QStringList texts = {QString::fromUtf8(wordsOf(NoReading::aboveSaturation)),
+                         QString::fromUtf8(wordsOf(NoReading::outsideLimits)), QStringLiteral("Point A")};
     for (const PropertyKind kind : shownOrder) {
       texts << QString::fromUtf8(propertyOf(kind).shortCaption) << QString::fromUtf8(propertyOf(kind).unit);
     }

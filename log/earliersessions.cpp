@@ -57,7 +57,7 @@ bool moveAway(const fs::path& log, const fs::path& target) {
     return false;
   }
   const std::optional<std::string> bytes = readLogBytes(log);
-  if (!bytes || writeOwnFile(target, *bytes)) return false;
+  if (!bytes || !writeOwnFile(target, *bytes)) return false;
   return ::unlink(log.c_str()) == 0;
 }
 

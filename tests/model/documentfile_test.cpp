@@ -18,7 +18,8 @@ std::string sample() {
     desk.mix();
     desk.pin();
     Document document = desk.document();
-    document.previous = {{{{{50, 100, 0, 0.02}, document.pressure}, PropertyLine{LineKind::wetBulb, "99"}}, "too wet"}};
+    const Entry line{{{50, 100, 0, 0.02}, document.pressure}, PropertyLine{LineKind::wetBulb, "99"}};
+    document.previous.push_back({line, "too wet"});
     document.titleBlock = TitleBlock{"Office", "Job 7", "A. B."};
     return fileText(document);
   }();

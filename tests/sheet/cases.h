@@ -76,7 +76,7 @@ inline Document documentOf(const Sheet& sheet, int crowd = 6) {
   desk.line(LineKind::enthalpy, "27");
   desk.line(LineKind::specificVolume, "13.7");
   Document document = desk.document();
-  document.previous = {{document.entries.back(), {}}, {document.entries.back(), {}}};
+  document.previous.assign(2, LeftOut{document.entries.back(), {}});
   return document;
 }
 

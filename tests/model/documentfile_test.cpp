@@ -18,8 +18,11 @@ std::string sample() {
     desk.mix();
     desk.pin();
     Document document = desk.document();
-    const Entry line{{{50, 100, 0, 0.02}, document.pressure}, PropertyLine{LineKind::wetBulb, "99"}};
-    document.previous.push_back({line, "too wet"});
+    LeftOut& left = document.previous.emplace_back();
+    left.entry.setting.limits = {50, 100, 0, 0.02};
+    left.entry.setting.pressure = document.pressure;
+    left.entry.content = PropertyLine{LineKind::wetBulb, "99"};
+    left.reason = "too wet";
     document.titleBlock = TitleBlock{"Office", "Job 7", "A. B."};
     return fileText(document);
   }();

@@ -36,7 +36,8 @@ std::array<bool, 4> changedLists(const LimitTexts& lists, const ChartLimits& lim
 
 }  // namespace
 
-StatusTexts statusTextsOf(const Document& document, double atm, const LimitTexts& lists) {
+StatusTexts statusTextsOf(const Document& document, const LimitTexts& lists) {
+  const double atm = document.atm();
   StatusTexts statusTexts;
   const Pressure& set = document.pressure;
   const std::string header = entryWords(set);
@@ -70,14 +71,14 @@ std::string recordsWords(std::size_t records) {
   return std::to_string(records) + (records == 1 ? " record" : " records");
 }
 
-std::array<bool, 4> emptyLines(const Document& document, double atm) {
+std::array<bool, 4> emptyLines(const Document& document) {
   constexpr WindowSize anySize{15000, 10000};  // which lines cross the chart does not depend on it
   std::array<bool, 4> drawn{true, true, true, false};
   const auto limits = currentLimits(document);
   if (!limits) return drawn;
   for (std::size_t kind = 0; kind < drawn.size(); ++kind) {
     RecordingCanvas canvas;
-    drawn[kind] = drawLine({canvas, plotArea(*limits, anySize), atm}, static_cast<LineKind>(kind), {});
+    drawn[kind] = drawLine({canvas, plotArea(*limits, anySize), document.atm()}, static_cast<LineKind>(kind), {});
   }
   return drawn;
 }

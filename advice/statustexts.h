@@ -26,13 +26,13 @@ struct StatusTexts {
 
 /// @param atm current pressure [in Hg]
 /// @param lists texts of the four lists
-StatusTexts statusTextsOf(const Document& document, double atm, const LimitTexts& lists);
+StatusTexts statusTextsOf(const Document& document, const LimitTexts& lists);
 
 /// "3 records"
 std::string recordsWords(std::size_t records);
 
 /// Whether each kind of line draws something for an empty box on the current chart, in the order of `LineKind`; without
 /// a current chart, whether it could.
-std::array<bool, 4> emptyLines(const Document& document, double atm);
+std::array<bool, 4> emptyLines(const Document& document);
 
 }  // namespace moistair

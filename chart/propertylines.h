@@ -40,6 +40,9 @@ constexpr PropertyKind propertyOf(LineKind kind) {
 /// One of them for a value as typed; a text that is no number counts as 0.
 bool drawLine(const Chart& chart, LineKind kind, std::string_view value);
 
+/// The answer where it has drawn nothing.
+inline constexpr const char* lineNotFeasible = "The line is either out of chart limits or is not feasible";
+
 void drawRhLines(const Chart& chart);   ///< 100, 80, 60, 40, 20 and 10 percent
 void drawSatLine(const Chart& chart);   ///< 100 percent alone
 void drawWbLines(const Chart& chart);   ///< 10 to 120 deg F

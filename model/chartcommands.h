@@ -1,10 +1,10 @@
 /// \file
 /// The commands of the main window that change the chart, each recorded as it is carried out.
 ///
-/// They draw and refuse exactly as `ChartLifecycle`, `markPoint` and `drawMixingLine` do, and what they have drawn is
-/// then an entry of the document. Undo, redo, the changes of the table of entries and an opened document draw all of it
-/// again. The main window owns one and hands in the lists' texts and its size at each command; no widget is needed
-/// here.
+/// They are the only way in which the document changes. What they have drawn is then an entry of it; undo, redo,
+/// the changes of the table of entries and an opened document draw all of it again. The prescribed commands, with
+/// what they test, refuse and clear, are in chartlifecycle.cpp. Lists' texts and the size of the window are handed in
+/// at each command; no widget is needed here.
 #pragma once
 
 #include <functional>
@@ -13,19 +13,22 @@
 #include <string_view>
 #include <vector>
 
-#include "model/chartlifecycle.h"
 #include "model/history.h"
 #include "model/locate.h"
 
 namespace moistair {
 
+/// What of a document is another one.
+enum class ChangedPart {
+  content,          ///< what a file holds, what could be undone, or whether it is saved; perhaps the pressure too
+  currentPressure,  ///< nothing else
+};
+
 class ChartCommands {
 public:
-  std::function<void()> changed;  ///< after everything that changes the document or what could be undone
+  std::function<void(ChangedPart part)> changed;  ///< after every change of the document or of what could be undone
 
-  /// @param lifecycle works on the same canvas and the same values
-  ChartCommands(RecordingCanvas& canvas, SessionValues& values, ChartLifecycle& lifecycle)
-      : canvas_(canvas), values_(values), lifecycle_(lifecycle) {}
+  explicit ChartCommands(RecordingCanvas& canvas) : canvas_(canvas) {}
 
   const Document& document() const { return history_.document(); }
   const History& history() const { return history_; }
@@ -33,16 +36,31 @@ public:
   /// The header line of start-up, which states the current pressure as a number. Nothing to undo.
   void start(WindowSize window);
 
-  std::optional<Refusal> startDraw(const LimitTexts& texts);  ///< the first half of drawing, as in ChartLifecycle
-  void drawChart(WindowSize window);                          ///< the second, for limits that have passed the tests
-  void clearChart();
+  /// Another current pressure [in Hg], as the pressure window writes it: on the chart nothing changes.
+  void setCurrentPressure(const std::string& inhg);
 
   /// A new pressure, which is already the current one: the canvas is cleared for its header line.
   void changePressure(const PressureEntry& entry, WindowSize window);
 
-  /// Makes the pressure that the header states the current one again.
-  void adoptFilePressure();
+  /// Takes the limits from the lists; a text that is no number leaves its limit as it was.
+  void readLimits(const LimitTexts& texts);
 
+  /// The same one by one, each with its test, as for drawing.
+  std::optional<Refusal> testLimits(const LimitTexts& texts);
+
+  /// The first half of drawing: tests, and clears the canvas if there is no refusal.
+  std::optional<Refusal> startDraw(const LimitTexts& texts);
+
+  /// The type of the charts that are drawn from now on.
+  void chooseType(ChartType type) { history_.current().chartType = type; }
+
+  /// The second half, for limits that have passed the tests again: they may have changed since the first.
+  void drawChart(WindowSize window);
+
+  /// Back to an empty canvas.
+  void clearChart();
+
+  /// Adds a line to the chart. A value that is no number counts as 0.
   std::optional<Refusal> drawLine(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window);
 
   /// Marks the point of a report; false, and nothing drawn, outside the limits of the lists.
@@ -55,12 +73,18 @@ public:
   /// @param limits those of the lists, as the mixing window reads them
   const char* drawMixture(const MixingProblem& problem, const ChartLimits& limits, WindowSize window);
 
+  /// "Save chart": all that is drawn becomes the background picture.
+  void keepPicture();
+
+  /// Where the limits as last read lie on the chart last drawn.
+  PlotArea plotArea(WindowSize window) const;
+
+  /// Makes the pressure that the header states the current one again.
+  void adoptFilePressure();
+
   /// Draws an entry that is complete, with the limits and the pressure that it has, or answers with the message of what
   /// refuses it.
   const char* add(Entry entry, WindowSize window);
-
-  /// "Save chart": all that is drawn becomes the background picture.
-  void keepPicture();
 
   /// Draws all of the document again, for a window of another size; the canvas hears of it once it is whole.
   void layout(WindowSize window);
@@ -71,8 +95,8 @@ public:
   /// A change made from the document as it is now: a deletion, a renaming, entries put on the chart again.
   void change(Change change, WindowSize window);
 
-  /// Another document in place of this one, with nothing to undo. Its pressure becomes the current one; limits and type
-  /// for the lists are the caller's to take from it.
+  /// Another document in place of this one, with nothing to undo. Its pressure becomes the current one, the type
+  /// of its chart the one last chosen; limits for the lists are the caller's to take from it.
   void open(Document document, WindowSize window);
 
   /// Another title block of the sheet, which nothing of the chart shows.
@@ -82,14 +106,12 @@ public:
   void markUnsaved();
 
 private:
-  Setting setting() const;
   void record(Change change);
   void bringBack(const Pressure& earlier, WindowSize window);
-  void notify() const;
+  void replace(Document document);
+  void notify(ChangedPart part = ChangedPart::content) const;
 
   RecordingCanvas& canvas_;
-  SessionValues& values_;
-  ChartLifecycle& lifecycle_;
   History history_;
 };
 

@@ -1,7 +1,12 @@
-#include "model/chartlifecycle.h"
-
-#include "chart/drawchart.h"
+// The life of the chart: what may be drawn on it, and when.
+//
+// A chart is current while the limits in the lists are those it was drawn for; only then may lines be added, and only
+// otherwise may a new one be drawn. Clearing the canvas or changing the pressure ends it, leaving it between the two
+// halves of drawing does not. Each command here tests, draws on the canvas, and changes the document by the same
+// step, in this order.
+#include "chart/mixingline.h"
 #include "chart/scales.h"
+#include "model/chartcommands.h"
 
 namespace moistair {
 
@@ -12,47 +17,94 @@ constexpr const char* alreadyDrawn =
 
 }  // namespace
 
-std::optional<Refusal> ChartLifecycle::testLimits(const LimitTexts& texts) {
-  if (const char* fault = validateLimits(texts, limits_)) return Refusal{fault, true};
-  return std::nullopt;
+void ChartCommands::start(WindowSize window) {
+  NumberText& pressure = history_.current().pressure;
+  if (!(pressure.lenient() > 0)) pressure.setText(defaultPressureText);
+  const double atm = pressure.lenient();
+  printHeader(canvas_, window, startHeaderLine(atm));
+  Document document = newDocument({{PressureUnit::standard, printedNumber(atm)}, atm});
+  document.pressure = {{}, atm};
+  replace(std::move(document));
 }
 
-std::optional<Refusal> ChartLifecycle::startDraw(const LimitTexts& texts) {
-  if (const auto refusal = testLimits(texts)) return refusal;
-  if (hasCurrentChart()) return Refusal{alreadyDrawn};
-  canvas_.cls();
-  return std::nullopt;
+void ChartCommands::setCurrentPressure(const std::string& inhg) {
+  history_.current().pressure.setText(inhg);
+  notify(ChangedPart::currentPressure);
 }
 
-void ChartLifecycle::drawChart(WindowSize window) {
-  canvas_.cls();
-  frame_ = plotFrame(limits_);
-  moistair::drawChart(chart(window), values_.chartType, headerLine(values_.pressureEntry));
-  rememberLimits(limits_, values_.drawn);
-}
-
-void ChartLifecycle::clearChart() {
+void ChartCommands::changePressure(const PressureEntry& entry, WindowSize window) {
   canvas_.cls();
   canvas_.dropPicture();
-  forgetLimits(values_.drawn);
+  printHeader(canvas_, window, headerLine(entry));
+  record(pressureChange(document(), {entry, document().atm()}));
 }
 
-void ChartLifecycle::restart(WindowSize window) {
-  clearChart();
-  printHeader(canvas_, window, headerLine(values_.pressureEntry));
-}
+void ChartCommands::readLimits(const LimitTexts& texts) { moistair::readLimits(texts, history_.current().limits); }
 
-std::optional<Refusal> ChartLifecycle::drawLine(LineKind kind, const LimitTexts& texts, std::string_view value,
-                                                WindowSize window) {
-  readLimits(texts);
-  if (!hasCurrentChart()) return Refusal{drawAxisFirst, true};
-  if (!moistair::drawLine(chart(window), kind, value)) return Refusal{lineNotFeasible};
+std::optional<Refusal> ChartCommands::testLimits(const LimitTexts& texts) {
+  if (const char* fault = validateLimits(texts, history_.current().limits)) return Refusal{fault, true};
   return std::nullopt;
 }
 
-void ChartLifecycle::restore(const ChartState& chartState) {
-  values_.drawn = chartState.drawn;
-  frame_ = chartState.frame;
+std::optional<Refusal> ChartCommands::startDraw(const LimitTexts& texts) {
+  if (const auto refusal = testLimits(texts)) return refusal;
+  const Document& now = document();
+  if (hasCurrentChart(now)) return Refusal{alreadyDrawn};
+  canvas_.cls();
+  if (now.entries.size() > now.background) record(clearing(now));
+  return std::nullopt;
+}
+
+void ChartCommands::drawChart(WindowSize window) {
+  const Document& now = document();
+  canvas_.cls();
+  const Entry chart{now.setting(), DrawnChart{now.current.chartType}};
+  draw(chart, canvas_, window);
+  record(drawing(now, chart));
+}
+
+void ChartCommands::clearChart() {
+  canvas_.cls();
+  canvas_.dropPicture();
+  record(emptying(document()));
+}
+
+std::optional<Refusal> ChartCommands::drawLine(LineKind kind, const LimitTexts& texts, std::string_view value,
+                                               WindowSize window) {
+  readLimits(texts);
+  const Document& now = document();
+  if (!hasCurrentChart(now)) return Refusal{drawAxisFirst, true};
+  if (!moistair::drawLine({canvas_, plotArea(window), now.atm()}, kind, value)) return Refusal{lineNotFeasible};
+  record(addition(now, {now.setting(), PropertyLine{kind, std::string(value)}}));
+  return std::nullopt;
+}
+
+bool ChartCommands::markPoint(const PairInput& input, const StatePoint& shown, const LimitTexts& texts,
+                              std::string_view identification, WindowSize window) {
+  Entry entry{document().setting(), MarkedPoint{{{{input.kind1.value_or(PropertyKind::db), input.value1},
+                                                  {input.kind2.value_or(PropertyKind::db), input.value2}}},
+                                                shown,
+                                                std::string(identification)}};
+  entry.setting.limits = {};  // a list's text that is no number counts as 0
+  moistair::readLimits(texts, entry.setting.limits);
+  return add(std::move(entry), window) == nullptr;
+}
+
+const char* ChartCommands::drawMixture(const MixingProblem& problem, const ChartLimits& limits, WindowSize window) {
+  if (const char* rejection = drawMixingLine(canvas_, problem, moistair::plotArea(limits, window))) return rejection;
+  const Setting setting{limits, {problem.pressure.entry, problem.pressure.atm}};
+  record(addition(document(), {setting, MixingLine{{problem.streams[0], problem.streams[1], problem.mixed}}}));
+  return nullptr;
+}
+
+void ChartCommands::keepPicture() {
+  canvas_.keepPicture();
+  history_.keepPicture();
+  notify();
+}
+
+PlotArea ChartCommands::plotArea(WindowSize window) const {
+  return {document().current.limits, document().chartState.frame, window};
 }
 
 }  // namespace moistair

@@ -143,6 +143,10 @@ Drawing drawingOf(const Document& document, WindowSize window) {
   return canvas.drawing();
 }
 
+bool hasCurrentChart(const Document& document) {
+  return checkDrawn(document.current.limits, document.chartState.drawn);
+}
+
 std::optional<ChartLimits> currentLimits(const Document& document) {
   const DrawnLimits& drawn = document.chartState.drawn;
   const ChartLimits limits{drawn.lowDb.lenient(), drawn.highDb.lenient(), drawn.lowHr.lenient(),

@@ -2,7 +2,8 @@
 /// What is on the chart, as data.
 ///
 /// The canvas shows what was drawn; a `Document` says what was done to it: the list of charts, lines, points and
-/// mixtures on it, in their order, each as a plain value with the limits and the pressure that it was drawn with.
+/// mixtures on it, in their order, each as a plain value with the limits and the pressure that it was drawn with. It is
+/// the only state of a chart: what tests, draws or shows it reads from here.
 /// Drawn by `draw` on a canvas of the window's size it gives, operation for operation, what the commands drew one by
 /// one; on any other size it is laid out again. The size itself is no part of it. What a command refuses never enters a
 /// document, and what the canvas loses leaves it.
@@ -17,12 +18,13 @@
 #include <variant>
 #include <vector>
 
+#include "chart/drawchart.h"
 #include "chart/drawing.h"
 #include "chart/propertylines.h"
 #include "chart/readingmark.h"
 #include "engine/mixingproblem.h"
 #include "engine/pressureunits.h"
-#include "model/chartlifecycle.h"
+#include "text/numbertext.h"
 
 namespace moistair {
 
@@ -110,9 +112,26 @@ struct TitleBlock {
   bool operator==(const TitleBlock&) const = default;
 };
 
+/// Which chart is current, and its scales: what a later line, point or chart is tested by.
+struct ChartState {
+  DrawnLimits drawn;
+  PlotFrame frame;
+};
+
+/// What the next command works with. It outlives every entry: no change takes it back, and no file holds it.
+struct CurrentValues {
+  NumberText pressure;  ///< current pressure [in Hg]; what every calculation reads, leniently
+  ChartLimits limits;   ///< in the lists as last read; a text that is no number has left its limit as it was
+  ChartType chartType = ChartType::standard;  ///< as last chosen
+};
+
 /// A new chart, a clearing and a new pressure take what was on the chart off it. That stays in the document as
 /// `previous`, inactive, until it is put on the new chart (carryover.h), deleted, or replaced by what a later chart
 /// held.
+///
+/// The current pressure, the pressure as entered, the drawn limits, the frame, the chart type and the background are
+/// values of their own: none follows from another, since the pressure window, the lists and the chart type window each
+/// set one and leave the rest.
 struct Document {
   std::vector<Entry> entries;              ///< in the order in which they lie over each other
   std::vector<LeftOut> previous{};         ///< entries of the previous chart that are not on this one
@@ -120,6 +139,12 @@ struct Document {
   Pressure pressure;                       ///< last set, not necessarily that of any entry
   ChartState chartState;                   ///< the current chart, which decides what may be added
   std::optional<TitleBlock> titleBlock{};  ///< none before anything was entered
+  CurrentValues current{};
+
+  /// The current pressure [in Hg].
+  double atm() const { return current.pressure.lenient(); }
+  /// With which the next entry is drawn.
+  Setting setting() const { return {current.limits, {pressure.entry, atm()}}; }
 };
 
 /// Draws one entry over what is on the canvas and returns nullptr, or draws nothing and returns the message with which
@@ -137,6 +162,9 @@ std::vector<LeftOut> leaveOut(Document& document, WindowSize window);
 
 /// All of a document as a list of operations.
 Drawing drawingOf(const Document& document, WindowSize window);
+
+/// Whether the limits as last read from the lists are those of the chart on the canvas.
+bool hasCurrentChart(const Document& document);
 
 /// The limits of the current chart; none before the first and after a clearing.
 std::optional<ChartLimits> currentLimits(const Document& document);

@@ -80,6 +80,9 @@ public:
 
   const Document& document() const { return document_; }
 
+  /// The values of the document that belong to no change.
+  CurrentValues& current() { return document_.current; }
+
   /// Carries a change out; what could be redone is gone. A chart drawn on the canvas that was cleared for it is one
   /// change with that clearing.
   void carryOut(Change change);

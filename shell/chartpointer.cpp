@@ -19,11 +19,10 @@ constexpr int quiet = 150;     // ms without a move before a moving pointer's re
 
 }  // namespace
 
-ChartPointer::ChartPointer(QWidget& widget, ChartCommands& chart, const SessionValues& values, PlotGeometry geometry)
+ChartPointer::ChartPointer(QWidget& widget, ChartCommands& chart, PlotGeometry geometry)
     : QObject(&widget),
       widget_(widget),
       chart_(chart),
-      values_(values),
       geometry_(std::move(geometry)),
       layer_(new ReadingLayer(widget)) {
   widget.setMouseTracking(true);
@@ -200,7 +199,7 @@ QString ChartPointer::titleOf(const CrossHair& crossHair, double atm) const {
   QStringList parts;
   if (crossHair.mark) parts.append(QString::fromStdString(captionOf(entryOf(*crossHair.mark))));
   if (crossHair.mark && !dragging_ && missesAny(entryOf(*crossHair.mark))) parts.append(QStringLiteral("(missed)"));
-  if (!samePressure(atm, values_.pressure.lenient())) {
+  if (!samePressure(atm, chart_.document().atm())) {
     parts.append(QStringLiteral("at %1 In Hg").arg(QString::fromStdString(atMostDecimals(atm, 4))));
   }
   return parts.join(QLatin1Char(' '));

@@ -33,8 +33,7 @@ public:
   };
 
   /// @param widget shows the chart; takes the focus
-  /// @param values for the current pressure
-  ChartPointer(QWidget& widget, ChartCommands& chart, const SessionValues& values, PlotGeometry geometry);
+  ChartPointer(QWidget& widget, ChartCommands& chart, PlotGeometry geometry);
 
   /// Commands on the place that the cross hair is at, with their keys.
   void fillMenu(QMenu& menu);
@@ -103,7 +102,6 @@ private:
 
   QWidget& widget_;
   ChartCommands& chart_;
-  const SessionValues& values_;
   PlotGeometry geometry_;
   ReadingLayer* layer_;
   std::optional<Setting> currentChart_;  ///< the chart that is read

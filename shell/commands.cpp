@@ -81,7 +81,7 @@ void MainWindow::settlePressure(const PressureEntry& set) {
   const bool keep = choice(this, text.arg(QFileInfo(firstFile_).fileName(), pressureWords(file), pressureWords(typed)),
                            QStringLiteral("The &file's"), QStringLiteral("The one I have &set"));
   if (keep) return;
-  values_.pressure.setText(*pressureFor(set).inhg);
+  chart_.setCurrentPressure(*pressureFor(set).inhg);
   startFresh(set);
 }
 
@@ -106,10 +106,7 @@ void MainWindow::openPressure() {
     showMaximized();
   }
   auto* window = new PressureWindow(this, waitingWords());
-  const auto makeCurrent = [this](const std::string& inhg) {
-    values_.pressure.setText(inhg);
-    notes_->follow();
-  };
+  const auto makeCurrent = [this](const std::string& inhg) { chart_.setCurrentPressure(inhg); };
   makeCurrent(defaultPressureText);
   connect(window, &PressureWindow::pressureWritten, this, makeCurrent);
   connect(window, &PressureWindow::pressureSet, this, &MainWindow::changePressure);
@@ -157,11 +154,11 @@ void MainWindow::startDraw() {
 }
 
 void MainWindow::drawChart(ChartType chartType) {
-  values_.chartType = chartType;
+  chart_.chooseType(chartType);
   dismiss(chartType_);
-  if (const auto refusal = lifecycle_.testLimits(strip_->limitTexts())) {
+  if (const auto refusal = chart_.testLimits(strip_->limitTexts())) {
     answer(*refusal);
-  } else if (!lifecycle_.hasCurrentChart()) {
+  } else if (!hasCurrentChart(chart_.document())) {
     strip_->waitCue(true);
     chart_.drawChart(windowSize());
     strip_->waitCue(false);
@@ -179,12 +176,12 @@ void MainWindow::drawLine(LineKind kind, const QLineEdit& value) {
 
 void MainWindow::locatePoint() {
   const auto hasCurrentChart = [this] {
-    lifecycle_.readLimits(strip_->limitTexts());
-    return lifecycle_.hasCurrentChart();
+    chart_.readLimits(strip_->limitTexts());
+    return moistair::hasCurrentChart(chart_.document());
   };
   const PairInput input = strip_->pairInput();
   const Location location =
-      moistair::locatePoint(input, hasCurrentChart, lifecycle_.atmPressure(), finders_, values_.solverFields);
+      moistair::locatePoint(input, hasCurrentChart, chart_.document().atm(), finders_, solverFields_);
   notes_->located(location);
   warnOutOfSight(location.resolution);
   if (location.refusal) {
@@ -192,8 +189,8 @@ void MainWindow::locatePoint() {
     focusGraph();
     return;
   }
-  auto* window = new ReportWindow(
-      this, fillReport(location.resolution.point, strip_->pointId->text().toStdString(), values_.pressureEntry));
+  auto* window = new ReportWindow(this, fillReport(location.resolution.point, strip_->pointId->text().toStdString(),
+                                                   chart_.document().pressure.entry));
   connect(window, &ReportWindow::saveChosen, this, [this, window] { appendToLog(pointRecord(window->report())); });
   connect(window, &ReportWindow::markChosen, this, [this, window, input] { markPoint(*window, input); });
   connect(window, &ReportWindow::left, this, &MainWindow::leaveDialog);
@@ -246,7 +243,7 @@ void MainWindow::openMixing() {
     Q_EMIT ended();
     return;
   }
-  auto* window = new MixingWindow(values_,
+  auto* window = new MixingWindow({chart_.document().atm(), chart_.document().pressure.entry},
                                   {[this] { return strip_->limitTexts(); },
                                    [this](const MixingProblem& problem, const ChartLimits& limits) {
                                      return chart_.drawMixture(problem, limits, windowSize());

@@ -41,7 +41,7 @@ void MainWindow::redo() {
 void MainWindow::carryOver() {
   const auto limits = currentLimits(chart_.document());
   if (!limits) return;
-  const Setting setting{*limits, {values_.pressureEntry, lifecycle_.atmPressure()}};
+  const Setting setting{*limits, {chart_.document().pressure.entry, chart_.document().atm()}};
   strip_->waitCue(true);
   CarriedOver found = moistair::carryOver(chart_.document().previous, setting, windowSize());
   strip_->waitCue(false);
@@ -66,9 +66,9 @@ void MainWindow::takeExact(const std::vector<std::size_t>& places) {
 
 /// A step through what was done to the chart. It can make another pressure current, which the live row then shows.
 void MainWindow::step(const std::function<void()>& change) {
-  const std::string pressure = values_.pressure.text();
+  const std::string pressure = chart_.document().current.pressure.text();
   change();
-  if (values_.pressure.text() != pressure) previewPoint();
+  if (chart_.document().current.pressure.text() != pressure) previewPoint();
   focusGraph();
 }
 
@@ -76,7 +76,6 @@ void MainWindow::step(const std::function<void()>& change) {
 /// one.
 void MainWindow::showDocument(Document document, bool fresh) {
   const Entry* chart = lastChart(document);
-  if (chart != nullptr) values_.chartType = std::get<DrawnChart>(chart->content).type;
   const auto limits = currentLimits(document);
   if (limits) {
     strip_->setLimits(*limits);

@@ -37,9 +37,8 @@ MainWindow::MainWindow(LogPlaces logPlaces)
     : log_(std::move(logPlaces)),
       strip_(new Strip),
       graph_(new GraphView),
-      lifecycle_(graph_->canvas(), values_),
-      chart_(graph_->canvas(), values_, lifecycle_),
-      chartPointer_(new ChartPointer(*graph_, chart_, values_,
+      chart_(graph_->canvas()),
+      chartPointer_(new ChartPointer(*graph_, chart_,
                                      {[this](const ChartLimits& limits) {
                                         const auto sheet = sheets_->plot();
                                         return sheet ? *sheet : plotBox(plotArea(limits, windowSize()));
@@ -49,17 +48,17 @@ MainWindow::MainWindow(LogPlaces logPlaces)
                                [this](Document document, bool fresh) { showDocument(std::move(document), fresh); })),
       status_(new StatusLine),
       typed_(new TypedPair(*strip_)),
-      notes_(new StripNotes(*strip_, *status_, chart_, values_, log_,
+      notes_(new StripNotes(*strip_, *status_, chart_, solverFields_, log_,
                             [this] {
-                              PlotArea area = lifecycle_.plotArea(windowSize());
+                              PlotArea area = chart_.plotArea(windowSize());
                               readLimits(strip_->limitTexts(), area.limits);
                               return area;
                             })),
       sheets_(new Sheets(*this, *graph_, chart_, log_)),
       panel_(new EntriesPanel(this)),
       finders_(chartRangeFinders([this] {
-        lifecycle_.readLimits(strip_->limitTexts());
-        return lifecycle_.plotArea(windowSize());
+        chart_.readLimits(strip_->limitTexts());
+        return chart_.plotArea(windowSize());
       })) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Psychrometric chart - English Units"));
@@ -133,7 +132,8 @@ void MainWindow::makeMenus() {
   carryOverAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
   edit->addSeparator();
   notes_->fillMenu(*edit);
-  chart_.changed = [this] {
+  chart_.changed = [this](ChangedPart part) {
+    if (part == ChangedPart::currentPressure) return notes_->follow();
     status_->endAnswer();
     showHistory();
     files_->follow();
@@ -212,11 +212,9 @@ bool MainWindow::start(const QString& file) {
 /// The load sequence, run once, before the first pressure is set.
 bool MainWindow::loadMain() {
   constexpr WindowSize layoutSize{10980, 7905};
-  if (!(values_.pressure.lenient() > 0)) values_.pressure.setText(defaultPressureText);
   chart_.start(layoutSize);
   if (leavesForSmallScreen(nullptr)) return false;
   fillLists();
-  values_.pressureEntry = {};
   screen_ = QGuiApplication::primaryScreen()->size();
   arrange();
   if (!log_.newLog()) warning(this, QString::fromUtf8(logFailed));
@@ -276,8 +274,7 @@ WindowSize MainWindow::windowSize() const {
 /// The live row: at every change of a kind or a value, and silent but for a line that crosses nothing of the chart.
 void MainWindow::previewPoint() {
   strip_->emptyReadouts(true);
-  const Resolution resolution =
-      resolveInput(strip_->pairInput(), lifecycle_.atmPressure(), finders_, values_.solverFields);
+  const Resolution resolution = resolveInput(strip_->pairInput(), chart_.document().atm(), finders_, solverFields_);
   notes_->showPair(resolution);
   warnOutOfSight(resolution);
   if (!resolution.resolved()) return;

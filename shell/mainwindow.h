@@ -14,7 +14,6 @@
 #include "log/sessionlog.h"
 #include "model/chartcommands.h"
 #include "model/locate.h"
-#include "model/sessionvalues.h"
 #include "shell/chartpointer.h"
 #include "shell/documentfiles.h"
 #include "shell/strip.h"
@@ -115,12 +114,10 @@ private:
   void showHelp();
   void quitProgram();
 
-  SessionValues values_;
   SessionLog log_;
   QMenu* earlier_;  ///< menu of the earlier sessions
   Strip* strip_;
   GraphView* graph_;
-  ChartLifecycle lifecycle_;
   ChartCommands chart_;
   ChartPointer* chartPointer_;
   DocumentFiles* files_;
@@ -128,7 +125,8 @@ private:
   TypedPair* typed_;   ///< the boxes while a place of the chart is in them
   StripNotes* notes_;  ///< what is said in it and marked in the strip
   Sheets* sheets_;
-  EntriesPanel* panel_;  ///< table next to the chart
+  EntriesPanel* panel_;        ///< table next to the chart
+  SolverFields solverFields_;  ///< scratch of the nested searches of the live row
   RangeFinders finders_;
   LastStreams lastMixing_;
   SaveDialog saveDialog_;

@@ -18,13 +18,13 @@ std::array<QLineEdit*, 4> lineBoxes(const Strip& strip) {
 
 }  // namespace
 
-StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SessionValues& values,
+StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SolverFields& fields,
                        SessionLog& log, std::function<PlotArea()> area)
     : QObject(&strip),
       strip_(strip),
       line_(line),
       chart_(chart),
-      values_(values),
+      fields_(fields),
       log_(log),
       area_(std::move(area)),
       context_() {
@@ -40,7 +40,7 @@ StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& char
 }
 
 StripNotes::PairContext StripNotes::pairContext() const {
-  return {strip_.pairInput(), values_.pressure.lenient(), area_(), currentLimits(chart_.document()).has_value()};
+  return {strip_.pairInput(), chart_.document().atm(), area_(), currentLimits(chart_.document()).has_value()};
 }
 
 void StripNotes::judge(const Resolution& resolution) {
@@ -75,7 +75,7 @@ void StripNotes::judgeAgain() {
   const PairContext now = pairContext();
   if (now == context_) return;
   const auto area = [&now] { return now.area; };
-  SolverFields fields = values_.solverFields;
+  SolverFields fields = fields_;
   judge(resolveInput(now.input, now.atm, chartRangeFinders(area), fields));
   rowWords_ = rowWords();
   announce();
@@ -111,7 +111,7 @@ void StripNotes::announce() {
 }
 
 void StripNotes::follow() {
-  const StatusTexts statusTexts = statusTextsOf(chart_.document(), values_.pressure.lenient(), strip_.limitTexts());
+  const StatusTexts statusTexts = statusTextsOf(chart_.document(), strip_.limitTexts());
   line_.show(statusTexts, log_.records());
   const std::array<ListBox*, 4> lists = {strip_.lowDb, strip_.highDb, strip_.lowHr, strip_.highHr};
   for (std::size_t i = 0; i < lists.size(); ++i) {
@@ -133,7 +133,7 @@ void StripNotes::fillMenu(QMenu& menu) {
 /// An empty box of a line counts as 0.
 void StripNotes::announceEmpty() {
   const auto boxes = lineBoxes(strip_);
-  const auto drawn = emptyLines(chart_.document(), values_.pressure.lenient());
+  const auto drawn = emptyLines(chart_.document());
   for (std::size_t kind = 0; kind < boxes.size(); ++kind) {
     boxes[kind]->setPlaceholderText(drawn[kind] ? QStringLiteral("line 0") : QStringLiteral("no line"));
   }

@@ -24,8 +24,9 @@ namespace moistair {
 /// than would now be found is reported.
 class StripNotes final : public QObject {
 public:
+  /// @param fields of the live row
   /// @param area what the range finders look at: the limits in the lists on the chart last drawn
-  StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SessionValues& values, SessionLog& log,
+  StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SolverFields& fields, SessionLog& log,
              std::function<PlotArea()> area);
 
   /// The pair in the boxes has been resolved again, or refused, and the live row is about to show it.
@@ -68,7 +69,7 @@ private:
   Strip& strip_;
   StatusLine& line_;
   const ChartCommands& chart_;
-  const SessionValues& values_;
+  const SolverFields& fields_;
   SessionLog& log_;
   std::function<PlotArea()> area_;
   PairNotes pair_;

@@ -121,9 +121,9 @@ void setWidths(QGridLayout& grid, const QFontMetrics& font, const std::string& p
 
 }  // namespace
 
-MixingWindow::MixingWindow(const SessionValues& session, MixingChart chart, LastStreams& last, QWidget* main)
+MixingWindow::MixingWindow(MixingPressure pressure, MixingChart chart, LastStreams& last, QWidget* main)
     : Dialog(main, QStringLiteral("Form5"), QStringLiteral("Mixing problem")), chart_(std::move(chart)), last_(last) {
-  problem_.pressure = {session.pressure.lenient(), session.pressureEntry};
+  problem_.pressure = std::move(pressure);
   ControlMaker maker(*this);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(margin, margin, margin, margin);

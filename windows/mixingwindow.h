@@ -18,7 +18,6 @@
 #include "advice/streamnotes.h"
 #include "chart/chartframe.h"
 #include "engine/mixingproblem.h"
-#include "model/sessionvalues.h"
 #include "toolkit/controls.h"
 #include "toolkit/dialog.h"
 #include "toolkit/listbox.h"
@@ -41,9 +40,9 @@ class MixingWindow final : public Dialog {
   Q_OBJECT
 
 public:
-  /// @param session read once, for the pressure: it cannot change while the main window takes no input
+  /// @param pressure cannot change while the main window takes no input
   /// @param last outlives the window, which fills it in when asked to and leaves its own problem there
-  MixingWindow(const SessionValues& session, MixingChart chart, LastStreams& last, QWidget* main);
+  MixingWindow(MixingPressure pressure, MixingChart chart, LastStreams& last, QWidget* main);
 
   /// What became of the data, until the next change.
   void answer(const QString& words);

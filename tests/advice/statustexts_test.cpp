@@ -10,7 +10,7 @@ using namespace moistair::test;
 namespace {
 
 std::string shown(const Desk& desk) {
-  const StatusTexts statusTexts = statusTextsOf(desk.document(), desk.lifecycle.atmPressure(), desk.lists);
+  const StatusTexts statusTexts = statusTextsOf(desk.document(), desk.lists);
   std::string lists;
   for (const bool changed : statusTexts.changed) lists += changed ? '*' : '-';
   return statusTexts.pressure + "|" + statusTexts.header + "|" + statusTexts.chart + "|" + statusTexts.changes + "|" +
@@ -18,13 +18,13 @@ std::string shown(const Desk& desk) {
 }
 
 void set(Desk& desk, const PressureEntry& entry) {
-  desk.values.pressure.setText(*pressureFor(entry).inhg);
+  desk.commands.setCurrentPressure(*pressureFor(entry).inhg);
   desk.commands.changePressure(entry, window);
 }
 
 TEST(StatusTexts, TellsPressuresAndLimitsApart) {
   const auto high = [](Desk& desk) { set(desk, {PressureUnit::elevation, "5000"}); };
-  const auto look = [](Desk& desk) { desk.values.pressure.setText(defaultPressureText); };
+  const auto look = [](Desk& desk) { desk.commands.setCurrentPressure(defaultPressureText); };
   const struct {
     const char* name;
     std::function<void(Desk&)> work;
@@ -52,7 +52,7 @@ TEST(StatusTexts, TellsPressuresAndLimitsApart) {
       {"a chart drawn at another pressure than its header says",
        [&](Desk& d) { high(d), look(d), d.draw(), d.commands.adoptFilePressure(); },
        "24.896 in Hg, 5000 ft||Blank chart, 5000 ft, 0 to 120 Deg F, 0 to 0.030|drawn at 29.92126 in Hg|----"},
-      {"a refused pressure that stays in force", [](Desk& d) { d.values.pressure.setText("3"); },
+      {"a refused pressure that stays in force", [](Desk& d) { d.commands.setCurrentPressure("3"); },
        "3 in Hg in force|header says 29.92126 in Hg|No chart||----"},
       {"other limits", [](Desk& d) { d.draw(), d.lists.highDb = "100", d.lists.lowHr = "x"; },
        "29.92126 in Hg||Blank chart, 29.92126 in Hg, 0 to 120 Deg F, 0 to 0.030|limits changed, not drawn|-**-"},
@@ -78,7 +78,7 @@ TEST(StatusTexts, KnowsWhichEmptyBoxesDrawALine) {
     Desk desk;
     desk.lists = lists;
     desk.draw();
-    const auto promised = emptyLines(desk.document(), desk.lifecycle.atmPressure());
+    const auto promised = emptyLines(desk.document());
     for (std::size_t kind = 0; kind < promised.size(); ++kind) {
       EXPECT_EQ(desk.line(static_cast<LineKind>(kind), ""), promised[kind]) << lists.lowDb << ", line " << kind;
     }

@@ -12,7 +12,7 @@
 #include "chart/mixingline.h"
 #include "chart/pointmark.h"
 #include "data/rows.h"
-#include "model/chartlifecycle.h"
+#include "model/chartcommands.h"
 #include "model/pointreport.h"
 
 namespace moistair::data {
@@ -23,9 +23,9 @@ constexpr float tolerance = 0.15F;  // twips
 
 /// A drawing in the making, as the main window makes it.
 struct Studio {
-  SessionValues values;
   RecordingCanvas canvas;
-  ChartLifecycle chart{canvas, values};
+  ChartCommands chart{canvas};
+  SolverFields solverFields;
   LimitTexts limits;
 
   explicit Studio(const std::string& head) {
@@ -34,9 +34,10 @@ struct Studio {
     const Fields words = fieldsOf(head, ' ');
     const Fields texts = fieldsOf(words[1]);
     limits = {texts[0], texts[1], texts[2], texts[3]};
-    values.chartType = words[0] == "blank" ? ChartType::blank : ChartType::standard;
-    values.pressureEntry = {units.at(words[2]), words[3]};
-    values.pressure.setText(pressureFor(values.pressureEntry).inhg.value());
+    const PressureEntry entry{units.at(words[2]), words[3]};
+    chart.setCurrentPressure(pressureFor(entry).inhg.value());
+    chart.changePressure(entry, window);
+    chart.chooseType(words[0] == "blank" ? ChartType::blank : ChartType::standard);
     EXPECT_FALSE(chart.startDraw(limits));
     chart.drawChart(window);
   }
@@ -52,7 +53,7 @@ struct Studio {
       addPoint(fieldsOf(value));
     } else if (name == "mix") {
       Fields row = fieldsOf(value);
-      row.insert(row.begin(), values.pressure.text());
+      row.insert(row.begin(), chart.document().current.pressure.text());
       EXPECT_STREQ(drawMixingLine(canvas, mixtureOf(row), chart.plotArea(window)), nullptr);
     } else {
       EXPECT_FALSE(chart.drawLine(lines.at(name), limits, value, window)) << addition;
@@ -65,8 +66,8 @@ struct Studio {
     const auto kind = [&](std::size_t at) { return kindOf(fieldsOf(fields[at], '=')[0]); };
     const RangeFinders finders = chartRangeFinders([this] { return chart.plotArea(window); });
     const Resolution found =
-        resolvePair(kind(0), value(0), kind(1), value(1), chart.atmPressure(), finders, values.solverFields);
-    const StatePoint shown = readReport(fillReport(found.point, value(2), values.pressureEntry));
+        resolvePair(kind(0), value(0), kind(1), value(1), chart.document().atm(), finders, solverFields);
+    const StatePoint shown = readReport(fillReport(found.point, value(2), chart.document().pressure.entry));
     EXPECT_TRUE(found.resolved() && markPoint(canvas, shown, chart.plotArea(window), value(2))) << joined(fields);
   }
 };

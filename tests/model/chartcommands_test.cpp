@@ -129,18 +129,18 @@ TEST(ChartCommands, UndoGoesBackThroughEverySessionAndRedoForthAgain) {
     const Drawing start = desk.canvas.drawing();
     for (const Step& step : session.steps) step(desk);
     const Drawing end = desk.canvas.drawing();
-    const bool stood = desk.lifecycle.hasCurrentChart();
-    const std::string pressure = desk.values.pressure.text();
+    const bool stood = hasCurrentChart(desk.document());
+    const std::string pressure = desk.pressure();
     std::size_t steps = 0;
     for (; !desk.commands.history().undoName().empty(); ++steps) desk.commands.undo(window);
     EXPECT_EQ(desk.canvas.drawing(), start);
-    EXPECT_EQ(desk.values.pressureEntry, PressureEntry{});
+    EXPECT_EQ(desk.document().pressure.entry, PressureEntry{});
     while (steps-- > 0) desk.commands.redo(window);
     EXPECT_EQ(desk.canvas.drawing(), end);
-    EXPECT_EQ(desk.lifecycle.hasCurrentChart(), stood);
+    EXPECT_EQ(hasCurrentChart(desk.document()), stood);
     EXPECT_EQ(desk.commands.history().redoName(), "");
     const bool looked = desk.document().pressure.atm != lenientNumber(pressure);
-    EXPECT_TRUE(looked || desk.values.pressure.text() == pressure) << desk.values.pressure.text();
+    EXPECT_TRUE(looked || desk.pressure() == pressure) << desk.pressure();
   }
 }
 
@@ -155,7 +155,7 @@ TEST(ChartCommands, UndoOfAClearingBringsBackTheLimitsThatWereDrawn) {
   EXPECT_EQ(desk.commands.history().undoName(), "Relative humidity line 40");
   desk.setPressure({PressureUnit::elevation, "5000"});
   desk.commands.undo(window);
-  EXPECT_EQ(desk.values.pressure.text(), defaultPressureText);
+  EXPECT_EQ(desk.pressure(), defaultPressureText);
   EXPECT_TRUE(desk.rhLine("30")) << "at the pressure that was in force with that chart";
   desk.commands.redo(window);
   EXPECT_EQ(desk.commands.history().redoName(), "") << "a new line ends what could be redone";
@@ -194,7 +194,7 @@ TEST(ChartCommands, AnOpenedDocumentTakesThePlaceOfAll) {
   second.commands.open(readDocument(fileText(first.document()))->document, window);
   expectSame(second);
   EXPECT_EQ(second.canvas.drawing(), first.canvas.drawing());
-  EXPECT_EQ(second.values.pressure.text(), first.values.pressure.text());
+  EXPECT_EQ(second.pressure(), first.pressure());
   EXPECT_EQ(currentLimits(second.document()), (ChartLimits{50, 100, 0, 0.02}));
   EXPECT_EQ(second.commands.history().undoName(), "");
   second.lists = narrow;
@@ -215,7 +215,7 @@ TEST(CarriedOver, PutsTheChartBeforeOnTheNewOne) {
   desk.lists = narrow;
   desk.draw();
   desk.rhLine("20");
-  const Setting setting{{50, 100, 0, 0.02}, {desk.values.pressureEntry, desk.lifecycle.atmPressure()}};
+  const Setting setting{{50, 100, 0, 0.02}, {desk.document().pressure.entry, desk.atm()}};
   const CarriedOver result = carryOver(desk.document().previous, setting, window);
   std::vector<std::string> captions;
   for (const Entry& entry : result.entries) captions.push_back(captionOf(entry));

@@ -1,9 +1,7 @@
 // The chart from the first drawing to a new pressure, without a widget. The current pressure is never the default.
-#include "model/chartlifecycle.h"
-
 #include <gtest/gtest.h>
 
-#include "chart/drawing.h"
+#include "model/chartcommands.h"
 
 namespace moistair {
 namespace {
@@ -19,9 +17,10 @@ const LimitTexts notANumbers{"abc", "80", "0", "0.030"};
 class ChartLife : public testing::Test {
 protected:
   ChartLife() {
-    values.pressureEntry = {PressureUnit::elevation, "5000"};
-    values.pressure.setText("24.8961078291965");
-    values.chartType = ChartType::blank;
+    chart.setCurrentPressure("24.8961078291965");
+    chart.changePressure({PressureUnit::elevation, "5000"}, window);
+    chart.chooseType(ChartType::blank);
+    canvas.cls();
   }
 
   std::string texts() const {
@@ -51,9 +50,8 @@ protected:
     return refusal->text;
   }
 
-  SessionValues values;
   RecordingCanvas canvas;
-  ChartLifecycle chart{canvas, values};
+  ChartCommands chart{canvas};
 };
 
 TEST_F(ChartLife, NothingIsAddedBeforeTheFirst) {
@@ -120,15 +118,14 @@ TEST_F(ChartLife, ClearedTakesTheSameLimitsAgain) {
 TEST_F(ChartLife, ANewPressureStartsAfresh) {
   draw(whole);
   canvas.keepPicture();
-  values.pressureEntry = {PressureUnit::psi, "14.7"};
-  values.pressure.setText("29.9295087");
-  chart.restart(window);
+  chart.setCurrentPressure("29.9295087");
+  chart.changePressure({PressureUnit::psi, "14.7"}, window);
   EXPECT_EQ(texts(), "Atmos. pr=14.7 Pounds/sq inch|");
   EXPECT_EQ(line(whole), drawAxisFirst);
   EXPECT_EQ(draw(whole), "");
   EXPECT_TRUE(shows("1.3772|")) << texts();
-  values.pressure.setText("30abc");
-  EXPECT_EQ(chart.atmPressure(), 30) << "the store is read leniently";
+  chart.setCurrentPressure("30abc");
+  EXPECT_EQ(chart.document().atm(), 30) << "the store is read leniently";
 }
 
 TEST_F(ChartLife, ALineFollowsTheWindowOfItsMoment) {

@@ -37,21 +37,18 @@ inline MixingProblem mixture(const char* db1, const char* wb1, const char* db2, 
 
 struct Desk {
   RecordingCanvas canvas;
-  SessionValues values;
-  ChartLifecycle lifecycle{canvas, values};
-  ChartCommands commands{canvas, values, lifecycle};
+  ChartCommands commands{canvas};
   LimitTexts lists{"0", "120", "0", "0.030"};
 
-  Desk() {
-    values.pressure.setText(defaultPressureText);
-    commands.start(window);
-  }
+  Desk() { commands.start(window); }
 
   const Document& document() const { return commands.document(); }
+  double atm() const { return document().atm(); }
+  std::string pressure() const { return document().current.pressure.text(); }
 
   bool draw(ChartType type = ChartType::blank) {
     if (commands.startDraw(lists)) return false;
-    values.chartType = type;
+    commands.chooseType(type);
     commands.drawChart(window);
     return true;
   }
@@ -64,8 +61,8 @@ struct Desk {
     const PairInput input{PropertyKind::db, PropertyKind::wb, db, wb};
     SolverFields fields;
     const Location location = locatePoint(
-        input, [] { return true; }, lifecycle.atmPressure(), {}, fields);
-    const PointReport report = fillReport(location.resolution.point, identification, values.pressureEntry);
+        input, [] { return true; }, atm(), {}, fields);
+    const PointReport report = fillReport(location.resolution.point, identification, document().pressure.entry);
     return commands.markPoint(input, readReport(report), lists, identification, window);
   }
 
@@ -73,30 +70,30 @@ struct Desk {
   bool missing(const char* identification) {
     const PairInput input{PropertyKind::h, PropertyKind::dp, "13.68", "27.65"};
     SolverFields fields;
-    const Resolution found = resolvePair(input.kind1, input.value1, input.kind2, input.value2, lifecycle.atmPressure(),
-                                         openRangeFinders(), fields);
+    const Resolution found =
+        resolvePair(input.kind1, input.value1, input.kind2, input.value2, atm(), openRangeFinders(), fields);
     return commands.markPoint(input, readReport(fillReport(found.point, {}, {})), lists, identification, window);
   }
 
   bool mix(const char* db1 = "75", const char* wb1 = "62.5", const char* db2 = "95", const char* wb2 = "75") {
     ChartLimits limits;
     readLimits(lists, limits);
-    const MixingPressure pressure{lifecycle.atmPressure(), values.pressureEntry};
+    const MixingPressure pressure{atm(), document().pressure.entry};
     return commands.drawMixture(mixture(db1, wb1, db2, wb2, pressure), limits, window) == nullptr;
   }
 
   bool pin(const ChartCoordinates& place = {80, 0.0101}) {
-    const Setting setting{fullLimits, {values.pressureEntry, lifecycle.atmPressure()}};
+    const Setting setting{fullLimits, {document().pressure.entry, atm()}};
     const auto pinned = readingToKeep(setting, place);
     return pinned && commands.add({setting, *pinned}, window) == nullptr;
   }
 
   /// The pressure window is opened, which makes the default current, and left.
-  void lookAtPressure() { values.pressure.setText(defaultPressureText); }
+  void lookAtPressure() { commands.setCurrentPressure(defaultPressureText); }
 
   void setPressure(const PressureEntry& entry) {
     lookAtPressure();
-    if (const auto inhg = pressureFor(entry).inhg) values.pressure.setText(*inhg);
+    if (const auto inhg = pressureFor(entry).inhg) commands.setCurrentPressure(*inhg);
     commands.changePressure(entry, window);
   }
 };

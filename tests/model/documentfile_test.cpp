@@ -176,7 +176,7 @@ TEST(DocumentFile, WhatThePressureWindowLeavesBehindIsReadAgain) {
     SCOPED_TRACE(row.name);
     Desk desk;
     desk.setPressure(row.set);
-    if (*row.refused != '\0') desk.values.pressure.setText(row.refused);
+    if (*row.refused != '\0') desk.commands.setCurrentPressure(row.refused);
     desk.draw();
     desk.lookAtPressure();
     desk.rhLine("40");

@@ -72,8 +72,7 @@ TEST(Table, NamesWhatAMixtureMissesAndTheExactOneDoesNot) {
   Desk desk;
   desk.setPressure({PressureUnit::elevation, "5280"});
   desk.draw();
-  MixingProblem problem =
-      mixture("94.5", "60.1", "75", "61", {desk.lifecycle.atmPressure(), desk.values.pressureEntry});
+  MixingProblem problem = mixture("94.5", "60.1", "75", "61", {desk.atm(), desk.document().pressure.entry});
   problem.streams[1].kind2 = PropertyKind::rh;
   problem.streams[1].value2 = "45";
   problem.streams[1].flow = "1000";

@@ -71,19 +71,24 @@ struct Reworker {
 
 }  // namespace
 
-CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window) {
+Result<Entry> workedOut(const Setting& setting, Content content, WindowSize window) {
   const PlotArea area = plotArea(setting.limits, window);
-  const RangeFinders finders = chartRangeFinders([area] { return area; });
-  CarriedOver result;
+  Entry entry{setting, std::move(content)};
+  const char* message = std::visit(Reworker{setting, chartRangeFinders([area] { return area; })}, entry.content);
   RecordingCanvas scratch;
+  if (message == nullptr) message = draw(entry, scratch, window);
+  if (message != nullptr) return Error{ErrorCode::noResult, {}, message};
+  return entry;
+}
+
+CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window) {
+  CarriedOver result;
   for (const LeftOut& earlier : previous) {
-    Entry entry{setting, earlier.entry.content};
-    const char* message = std::visit(Reworker{setting, finders}, entry.content);
-    if (message == nullptr) message = draw(entry, scratch, window);
-    if (message == nullptr) {
-      result.entries.push_back(std::move(entry));
+    auto entry = workedOut(setting, earlier.entry.content, window);
+    if (entry) {
+      result.entries.push_back(std::move(*entry));
     } else {
-      result.leftOut.push_back({earlier.entry, message});
+      result.leftOut.push_back({earlier.entry, entry.error().words});
     }
   }
   return result;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/document.h"
+#include "text/error.h"
 
 namespace moistair {
 
@@ -19,8 +20,12 @@ struct CarriedOver {
   std::vector<LeftOut> leftOut;  ///< what does not resolve or lies outside, as it was, with the reason
 };
 
-/// @param setting limits of the current chart and the current pressure
+/// What was typed of an entry, worked out for a setting and drawn with it. The error has the message of the command
+/// that refuses it.
 /// @param window that points without a temperature are searched in, as the main window does
+Result<Entry> workedOut(const Setting& setting, Content content, WindowSize window);
+
+/// @param setting limits of the current chart and the current pressure
 CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window);
 
 }  // namespace moistair

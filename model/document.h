@@ -75,7 +75,8 @@ struct MarkedPoint {
 
 /// A mixing line with its points: the columns of the mixing window as they stood.
 struct MixingLine {
-  std::vector<AirStream> columns;  ///< stream 1, stream 2 and the mixed stream
+  std::vector<AirStream> columns;      ///< stream 1, stream 2 and the mixed stream
+  std::array<std::string, 3> names{};  ///< that the user gave them, which may be empty
 
   bool operator==(const MixingLine&) const = default;
 };

@@ -40,6 +40,11 @@ Json withExact(Json json, bool exact) {
   return json;
 }
 
+Json named(Json json, const std::string& name) {
+  if (!name.empty()) json["name"] = name;
+  return json;
+}
+
 Json streamOf(const AirStream& stream) {
   const Json json = {{"given", givenOf(stream.kind1.value_or(PropertyKind::db), stream.value1,
                                        stream.kind2.value_or(PropertyKind::db), stream.value2)},
@@ -88,9 +93,10 @@ struct ContentWriter {
 
   void operator()(const MixingLine& line) const {
     json["kind"] = "mixture";
-    json["streams"] = Json::array({streamOf(line.columns[0]), streamOf(line.columns[1])});
+    json["streams"] =
+        Json::array({named(streamOf(line.columns[0]), line.names[0]), named(streamOf(line.columns[1]), line.names[1])});
     const AirStream& mixed = line.columns[2];
-    json["mixed"] = withExact({{"flow", mixed.flow}, {"shown", columnOf(mixed)}}, mixed.exact);
+    json["mixed"] = named(withExact({{"flow", mixed.flow}, {"shown", columnOf(mixed)}}, mixed.exact), line.names[2]);
   }
 };
 
@@ -122,6 +128,8 @@ struct FormatFinder {
   int operator()(const PinnedReading&) const { return 2; }
   int operator()(const MarkedPoint& point) const { return point.exact ? 3 : 1; }
   int operator()(const MixingLine& line) const {
+    const auto isNamed = [](const std::string& name) { return !name.empty(); };
+    if (std::any_of(line.names.begin(), line.names.end(), isNamed)) return 4;
     const bool exact = std::any_of(line.columns.begin(), line.columns.end(), [](const auto& at) { return at.exact; });
     return exact ? 3 : 1;
   }
@@ -133,8 +141,10 @@ struct FormatFinder {
 
 /// The first format that can hold a document.
 int formatFor(const Document& document) {
-  int format = document.previous.empty() && !document.titleBlock ? 1 : documentFormat;
-  for (const Entry& entry : document.entries) format = std::max(format, std::visit(FormatFinder{}, entry.content));
+  int format = document.previous.empty() && !document.titleBlock ? 1 : 3;
+  const auto take = [&](const Entry& entry) { format = std::max(format, std::visit(FormatFinder{}, entry.content)); };
+  for (const Entry& entry : document.entries) take(entry);
+  for (const LeftOut& left : document.previous) take(left.entry);
   return format;
 }
 

@@ -137,7 +137,7 @@ void readColumn(const JsonNode& node, AirStream& column) {
 }
 
 AirStream streamOf(const JsonNode& node) {
-  node.onlyKeys({"given", "flow", "shown", "exact"});
+  node.onlyKeys({"given", "flow", "shown", "exact", "name"});
   AirStream stream;
   const auto [one, two] = givenOf(node.at("given"));
   stream.kind1 = one.kind;
@@ -157,18 +157,23 @@ AirStream streamOf(const JsonNode& node) {
   return stream;
 }
 
+std::string nameIn(const JsonNode& node) {
+  const auto name = node.find("name");
+  return name ? name->text() : std::string();
+}
+
 MixingLine mixtureOf(const JsonNode& node) {
   node.onlyKeys({"kind", "streams", "mixed", "limits", "pressure"});
   const JsonNode streams = node.at("streams");
   const std::vector<JsonNode> pair = streams.elements("stream");
   if (pair.size() != 2) streams.fail("must be two streams");
   const JsonNode mixed = node.at("mixed");
-  mixed.onlyKeys({"flow", "shown", "exact"});
+  mixed.onlyKeys({"flow", "shown", "exact", "name"});
   AirStream mixture;
   mixture.flow = mixed.at("flow").text();
   readColumn(mixed.at("shown"), mixture);
   mixture.exact = isExact(mixed);
-  return {{streamOf(pair[0]), streamOf(pair[1]), mixture}};
+  return {{streamOf(pair[0]), streamOf(pair[1]), mixture}, {nameIn(pair[0]), nameIn(pair[1]), nameIn(mixed)}};
 }
 
 Content contentOf(const JsonNode& node) {

@@ -148,16 +148,25 @@ Change deletion(const Document& document, std::vector<std::size_t> places) {
   return change;
 }
 
-Change renaming(const Document& document, std::size_t place, std::string identification) {
+Change renaming(const Document& document, std::size_t place, std::string identification, std::size_t part) {
   Entry entry = document.entries[place];
   const std::string name = "Rename " + captionOf(entry);
-  std::get<MarkedPoint>(entry.content).identification = std::move(identification);
+  if (auto* mixture = std::get_if<MixingLine>(&entry.content)) {
+    mixture->names.at(part) = std::move(identification);
+  } else {
+    std::get<MarkedPoint>(entry.content).identification = std::move(identification);
+  }
   return replacement(document, name, place, std::move(entry));
 }
 
 Change moving(const Document& document, std::size_t place, Entry moved) {
   const std::string name = "Move " + captionOf(moved);
   return replacement(document, name, place, std::move(moved));
+}
+
+Change editing(const Document& document, std::size_t place, Entry edited) {
+  const std::string name = "Change " + captionOf(document.entries[place]);
+  return replacement(document, name, place, std::move(edited));
 }
 
 Change exchanging(const Document& document, const std::vector<std::pair<std::size_t, Entry>>& entries,

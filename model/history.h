@@ -52,11 +52,15 @@ Change pressureChange(const Document& document, const Pressure& pressure);
 /// @param places in any order; those of the previous chart's entries follow on those of the entries
 Change deletion(const Document& document, std::vector<std::size_t> places);
 
-/// A point under another identification. The entry must be a point.
-Change renaming(const Document& document, std::size_t place, std::string identification);
+/// A point, or a stream of a mixture, under another identification.
+/// @param part of a mixture its column: 0, 1 or 2, the mixed stream
+Change renaming(const Document& document, std::size_t place, std::string identification, std::size_t part = 0);
 
 /// A point put elsewhere: `moved` in its place, from `movedTo` (marks.h).
 Change moving(const Document& document, std::size_t place, Entry moved);
+
+/// An entry with another value for one that it was given, from `withGiven` (givenvalues.h).
+Change editing(const Document& document, std::size_t place, Entry edited);
 
 /// Entries in place of others, in one go.
 /// @param entries each with its place in the list; at least one

@@ -12,9 +12,16 @@ namespace moistair {
 
 namespace {
 
-constexpr std::size_t firstProperty = 3;
-constexpr std::array<const char*, firstProperty> firstHeads = {"Kind", "Identification", "Atmos. pr (in Hg)"};
 constexpr std::array<const char*, 3> mixingMarks = {"St1", "Mix", "St2"};
+
+/// "RH 50 %", "WB 62.5 °F"
+std::string nameOf(const PropertyLine& line) {
+  const Property& property = propertyOf(propertyOf(line.kind));
+  return std::string(property.symbol) + ' ' + line.value + ' ' + property.sheetUnit;
+}
+
+constexpr int flowDecimals = 0;  // of the figures that an engineer reads
+constexpr int grainsDecimals = 1;
 
 /// Appends the rows of an entry.
 struct RowWriter {
@@ -41,6 +48,7 @@ struct RowWriter {
     double value = 0;
     assign(value, strictNumber(line.value));
     row.kind = captionOf(line.kind);
+    row.identification = nameOf(line);
     row.properties[columnOf(propertyOf(line.kind))] = value;
     rows.push_back(row);
   }
@@ -66,8 +74,11 @@ struct RowWriter {
     constexpr std::array<std::size_t, 3> order = {0, 2, 1};
     for (std::size_t i = 0; i < order.size(); ++i) {
       const AirStream& column = line.columns.at(order[i]);
-      row.identification = mixingMarks[i];
+      row.part = order[i];
+      row.identification = line.names.at(row.part).empty() ? mixingMarks[i] : line.names.at(row.part);
+      row.renamable = row.note.empty();
       take(shownState(column));
+      row.flow = strictNumber(column.flow);
       judge(line, order[i]);
       rows.push_back(row);
     }
@@ -103,20 +114,63 @@ void appendRows(std::vector<TableRow>& rows, const Entry& entry, std::size_t pla
   row.pressure = entry.setting.pressure.atm;
   row.properties.fill(noValue);
   row.note = std::move(note);
+  const std::size_t first = rows.size();
   std::visit(RowWriter{rows, entry.setting, std::move(row)}, entry.content);
+  for (const GivenValue& value : givenValues(entry)) {
+    const auto has = [&](const TableRow& at) { return at.part == value.part && at.note.empty(); };
+    const auto found = std::find_if(rows.begin() + static_cast<std::ptrdiff_t>(first), rows.end(), has);
+    if (found != rows.end()) found->given.push_back(value);
+  }
+}
+
+bool isStream(const TableRow& row) { return hasValue(row.flow); }
+
+/// The number of a cell; no value where it shows none.
+double numberIn(const TableRow& row, const TableColumn& column) {
+  switch (column.content) {
+    case TableColumn::Content::pressure: return row.pressure;
+    case TableColumn::Content::property: return row.properties[column.place];
+    case TableColumn::Content::flow: return row.flow;
+    case TableColumn::Content::grains:
+      return isStream(row) ? row.properties[columnOf(PropertyKind::w)] * grainsPerPound : noValue;
+    default: return noValue;
+  }
+}
+
+int decimalsOf(const TableColumn& column) {
+  if (column.content == TableColumn::Content::flow) return flowDecimals;
+  if (column.content == TableColumn::Content::grains) return grainsDecimals;
+  return propertyOf(columnOrder[column.place]).sheetDecimals;
 }
 
 }  // namespace
 
-const char* tableHead(std::size_t column) {
-  if (column == missedColumn) return "Missed";
-  if (column == noteColumn) return "Note";
-  return column < firstProperty ? firstHeads[column] : propertyOf(columnOrder[column - firstProperty]).caption;
+const char* headOf(const TableColumn& column) {
+  switch (column.content) {
+    case TableColumn::Content::kind: return "Kind";
+    case TableColumn::Content::identification: return "Identification";
+    case TableColumn::Content::pressure: return "Atmos. pr (in Hg)";
+    case TableColumn::Content::property: return propertyOf(columnOrder[column.place]).caption;
+    case TableColumn::Content::flow: return "Air flow (acfm)";
+    case TableColumn::Content::grains: return "Grains (gr/lb)";
+    case TableColumn::Content::missed: return "Missed";
+    case TableColumn::Content::note: break;
+  }
+  return "Note";
 }
 
-std::size_t tableColumnCount(const std::vector<TableRow>& rows) {
+std::vector<TableColumn> tableColumns(const std::vector<TableRow>& rows) {
+  using Content = TableColumn::Content;
+  std::vector<TableColumn> columns = {{Content::kind}, {Content::identification}, {Content::pressure}};
+  for (std::size_t i = 0; i < propertyCount; ++i) columns.push_back({Content::property, i});
+  if (std::any_of(rows.begin(), rows.end(), isStream)) {
+    columns.push_back({Content::flow});
+    columns.push_back({Content::grains});
+  }
+  columns.push_back({Content::missed});
   const auto noted = [](const TableRow& row) { return !row.note.empty(); };
-  return std::any_of(rows.begin(), rows.end(), noted) ? noteColumn + 1 : noteColumn;
+  if (std::any_of(rows.begin(), rows.end(), noted)) columns.push_back({Content::note});
+  return columns;
 }
 
 std::vector<TableRow> tableRows(const Document& document) {
@@ -136,33 +190,48 @@ bool missesAny(const Entry& entry) {
   return std::any_of(rows.begin(), rows.end(), [](const TableRow& row) { return row.missed.any(); });
 }
 
-std::string cellText(const TableRow& row, std::size_t column) {
-  switch (column) {
-    case 0: return row.kind;
-    case 1: return row.identification;
-    case 2: return atMostDecimals(row.pressure, 7);
-    case missedColumn: return missedText(row.missed.values);
-    case noteColumn: return row.note;
+std::string cellText(const TableRow& row, const TableColumn& column) {
+  switch (column.content) {
+    case TableColumn::Content::kind: return row.kind;
+    case TableColumn::Content::identification: return row.identification;
+    case TableColumn::Content::pressure: return atMostDecimals(row.pressure, 7);
+    case TableColumn::Content::missed: return missedText(row.missed.values);
+    case TableColumn::Content::note: return row.note;
     default: break;
   }
   std::string text;
-  const double value = row.properties[column - firstProperty];
-  appendSevenDecimals(text, value);
+  appendSevenDecimals(text, numberIn(row, column));
   return text;
 }
 
+std::string shownText(const TableRow& row, const TableColumn& column) {
+  if (!column.isNumber() || column.content == TableColumn::Content::pressure) return cellText(row, column);
+  const double number = numberIn(row, column);
+  return hasValue(number) ? fixedDecimals(number, decimalsOf(column)) : std::string();
+}
+
+const GivenValue* givenIn(const TableRow& row, const TableColumn& column) {
+  const bool flow = column.content == TableColumn::Content::flow;
+  if (!flow && column.content != TableColumn::Content::property) return nullptr;
+  const auto shows = [&](const GivenValue& value) {
+    return flow ? !value.kind : value.kind == columnOrder[column.place];
+  };
+  const auto found = std::find_if(row.given.begin(), row.given.end(), shows);
+  return found == row.given.end() ? nullptr : &*found;
+}
+
 std::string tableText(const std::vector<TableRow>& rows, char separator) {
-  const std::size_t columns = tableColumnCount(rows);
+  const std::vector<TableColumn> columns = tableColumns(rows);
   std::string text;
   const auto appendLine = [&](const auto& cell) {
-    for (std::size_t column = 0; column < columns; ++column) {
-      if (column > 0) text += separator;
-      appendField(text, cell(column), separator);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (i > 0) text += separator;
+      appendField(text, cell(columns[i]), separator);
     }
     text += '\n';
   };
-  appendLine([](std::size_t column) { return std::string(tableHead(column)); });
-  for (const TableRow& row : rows) appendLine([&](std::size_t column) { return cellText(row, column); });
+  appendLine([](const TableColumn& column) { return std::string(headOf(column)); });
+  for (const TableRow& row : rows) appendLine([&](const TableColumn& column) { return cellText(row, column); });
   return text;
 }
 

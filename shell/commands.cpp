@@ -247,7 +247,8 @@ void MainWindow::openMixing() {
                                   {[this] { return strip_->limitTexts(); },
                                    [this](const MixingProblem& problem, const ChartLimits& limits) {
                                      return chart_.drawMixture(problem, limits, windowSize());
-                                   }},
+                                   },
+                                   pointsOf(chart_.document())},
                                   lastMixing_, this);
   connect(window, &MixingWindow::saveChosen, this, &MainWindow::appendToLog);
   connect(window, &MixingWindow::drawn, this, &MainWindow::closeDialog);

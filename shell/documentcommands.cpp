@@ -64,6 +64,21 @@ void MainWindow::takeExact(const std::vector<std::size_t>& places) {
   step([&] { chart_.change(exchanging(chart_.document(), entries, name), windowSize()); });
 }
 
+/// Another value for one that an entry was given. What cannot be is refused in words, and the table shows the old
+/// value.
+void MainWindow::typeOver(std::size_t place, const GivenValue& value) {
+  const auto edited = withGiven(chart_.document().entries[place], value, windowSize());
+  if (!edited) return status_->answer(QString::fromStdString(edited.error().words), BoxMark::fault);
+  chart_.change(editing(chart_.document(), place, *edited), windowSize());
+}
+
+/// A stream of a mixture as a point.
+void MainWindow::markStream(std::size_t place, std::size_t part) {
+  const auto point = pointOf(chart_.document().entries[place], part, windowSize());
+  if (!point) return status_->answer(QString::fromStdString(point.error().words), BoxMark::fault);
+  chart_.change(addition(chart_.document(), *point), windowSize());
+}
+
 /// A step through what was done to the chart. It can make another pressure current, which the live row then shows.
 void MainWindow::step(const std::function<void()>& change) {
   const std::string pressure = chart_.document().current.pressure.text();
@@ -99,7 +114,7 @@ void MainWindow::placePanel() {
   const bool room = width() >= centralWidget()->minimumWidth() + overChart.width();
   panel_->setFloating(!room);
   if (room) {
-    resizeDocks({panel_}, {std::min(panel_->fullWidth(), width() / 2)}, Qt::Horizontal);
+    resizeDocks({panel_}, {std::min(panel_->usefulHeight(), height() / 3)}, Qt::Vertical);
   } else {
     constexpr QPoint margin(90, 40);
     panel_->setGeometry(QRect(graph_->mapToGlobal(QPoint(0, 0)) + margin, overChart));

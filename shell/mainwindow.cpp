@@ -170,9 +170,13 @@ void MainWindow::makePanel(QMenu& view) {
   connect(panel_, &EntriesPanel::deleteChosen, this, [this](const std::vector<std::size_t>& entries) {
     if (!entries.empty()) step([&] { chart_.change(deletion(chart_.document(), entries), windowSize()); });
   });
-  connect(panel_, &EntriesPanel::renamed, this, [this](std::size_t entry, const QString& identification) {
-    chart_.change(renaming(chart_.document(), entry, identification.toStdString()), windowSize());
-  });
+  connect(panel_, &EntriesPanel::renamed, this,
+          [this](std::size_t entry, std::size_t part, const QString& identification) {
+            chart_.change(renaming(chart_.document(), entry, identification.toStdString(), part), windowSize());
+          });
+  connect(panel_, &EntriesPanel::typed, this, &MainWindow::typeOver);
+  connect(panel_, &EntriesPanel::pointChosen, this, &MainWindow::markStream);
+  connect(panel_, &EntriesPanel::leaves, this, &MainWindow::focusGraph);
 }
 
 void MainWindow::connectStrip() {

@@ -94,6 +94,8 @@ private:
   void beginWork();
   void placePanel();
   void highlight(const std::vector<std::size_t>& entries);
+  void typeOver(std::size_t entry, const GivenValue& value);
+  void markStream(std::size_t entry, std::size_t part);
   void takeExact(const std::vector<std::size_t>& places);
   void writeCsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
   void carryOver();

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "toolkit/messages.h"
+#include "toolkit/remembered.h"
 
 namespace moistair {
 
@@ -48,7 +49,9 @@ std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& reque
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(withPatterns(request.filters));
   const QFileInfo first(request.path.isEmpty() ? path_ : request.path);
-  if (!first.filePath().isEmpty()) {
+  if (first.filePath().isEmpty()) {
+    dialog.setDirectory(remembered(memory::folder).toString());
+  } else {
     dialog.setDirectory(first.absolutePath());
     dialog.selectFile(first.fileName());
   }
@@ -56,6 +59,7 @@ std::optional<QString> SaveDialog::ask(QWidget* parent, const SaveRequest& reque
     if (dialog.exec() != QDialog::Accepted || dialog.path().isEmpty()) return std::nullopt;
   } while (!dialog.folderExists());
   path_ = dialog.path();
+  remember(memory::folder, QFileInfo(path_).absolutePath());
   for (const QString& filter : request.filters) {
     if (dialog.selectedNameFilter().startsWith(filter)) filter_ = filter;
   }

@@ -9,8 +9,9 @@
 
 namespace moistair {
 
-/// Shows rows that are worked out elsewhere and changes none of them: a point's identification can be typed over, and
-/// what was typed is reported. Whoever owns the document changes that and hands in the rows that follow from it.
+/// Shows rows that are worked out elsewhere and changes none of them: identifications and given values can be typed
+/// over, and what was typed is reported. Whoever owns the document changes that and hands in the rows that follow from
+/// it.
 class EntriesModel final : public QAbstractTableModel {
   Q_OBJECT
 
@@ -27,13 +28,24 @@ public:
   Qt::ItemFlags flags(const QModelIndex& index) const override;
   bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
+  /// Where the column of a content is; -1 where it is not shown.
+  int place(TableColumn::Content content) const;
+
 Q_SIGNALS:
-  void renamed(std::size_t entry, const QString& identification);
+  void renamed(std::size_t entry, std::size_t part, const QString& identification);
+  void typed(std::size_t entry, const GivenValue& value);  ///< the value has the new text
 
 private:
   const TableRow& rowOf(const QModelIndex& index) const { return rows_[static_cast<std::size_t>(index.row())]; }
 
+  const TableColumn& columnOf(const QModelIndex& index) const {
+    return columns_[static_cast<std::size_t>(index.column())];
+  }
+  static QVariant wordsOn(const TableRow& row);
+  static QVariant missedWords(const TableRow& row);
+
   std::vector<TableRow> rows_;
+  std::vector<TableColumn> columns_;
 };
 
 }  // namespace moistair

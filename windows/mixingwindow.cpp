@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QFrame>
+#include <QMenu>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -119,6 +120,13 @@ void setWidths(QGridLayout& grid, const QFontMetrics& font, const std::string& p
   for (const int column : {4, 8, 11}) grid.setColumnStretch(column, 1);
 }
 
+/// "A: db 75, wb 62.5"
+std::string titleOf(const MarkedPoint& point) {
+  const auto& [one, two] = point.given;
+  const std::string pair = std::string(nameOf(one.kind)) + ' ' + one.value + ", " + nameOf(two.kind) + ' ' + two.value;
+  return point.identification.empty() ? pair : point.identification + ": " + pair;
+}
+
 }  // namespace
 
 MixingWindow::MixingWindow(MixingPressure pressure, MixingChart chart, LastStreams& last, QWidget* main)
@@ -133,7 +141,7 @@ MixingWindow::MixingWindow(MixingPressure pressure, MixingChart chart, LastStrea
   layout->addLayout(makeNotes());
   layout->addLayout(makeButtons(maker));
   maker.setTabOrder();
-  layout->addLayout(makeLastButton());  // behind all others, as in the tab order
+  layout->addLayout(makeTakeButtons());  // behind all others, as in the tab order
   for (std::size_t stream = 0; stream < inputs_.size(); ++stream) {
     connectInputs(stream);
     inputs_[stream].kind1->select(0);
@@ -238,7 +246,7 @@ QLayout* MixingWindow::makeButtons(ControlMaker& maker) {
   return grid;
 }
 
-QLayout* MixingWindow::makeLastButton() {
+QLayout* MixingWindow::makeTakeButtons() {
   auto* row = new QHBoxLayout;
   auto* button = new QPushButton(QStringLiteral("&Last problem"), this);
   button->setObjectName(QStringLiteral("lastproblem"));
@@ -248,10 +256,30 @@ QLayout* MixingWindow::makeLastButton() {
   pressByReturn(*button);
   connect(button, &QPushButton::clicked, this, [this] { fill(*last_); });
   row->addWidget(button);
+  row->addWidget(makePointButton());
   answer_ = new MessageLine(this);
   answer_->setObjectName(QStringLiteral("answer"));
   row->addWidget(answer_, 1);
   return row;
+}
+
+/// A menu of the marked points for each stream.
+QPushButton* MixingWindow::makePointButton() {
+  auto* button = new QPushButton(QStringLiteral("Take a &point"), this);
+  button->setObjectName(QStringLiteral("takepoint"));
+  button->setToolTip(QStringLiteral("Fill in the two given properties of a marked point"));
+  button->setAutoDefault(false);
+  button->setEnabled(!chart_.points.empty());
+  auto* menu = new QMenu(button);
+  for (std::size_t number = 0; number < inputs_.size(); ++number) {
+    QMenu* points = menu->addMenu(QStringLiteral("Stream &%1").arg(number + 1));
+    for (const MarkedPoint& point : chart_.points) {
+      points->addAction(QString::fromStdString(titleOf(point)).replace(QLatin1Char('&'), QStringLiteral("&&")), this,
+                        [this, number, &point] { fillPair(number, streamOf(point)); });
+    }
+  }
+  button->setMenu(menu);
+  return button;
 }
 
 void MixingWindow::connectInputs(std::size_t stream) {
@@ -353,13 +381,19 @@ void MixingWindow::fill(const std::array<AirStream, 2>& streams) {
   for (std::size_t number = 0; number < streams.size(); ++number) {
     const AirStream& stream = streams[number];
     const Inputs& inputs = inputs_[number];
-    for (QLineEdit* box : {inputs.value1, inputs.value2, inputs.flow}) box->clear();
-    if (stream.kind1) inputs.kind1->select(static_cast<int>(*stream.kind1));
-    if (stream.kind2) inputs.kind2->select(static_cast<int>(*stream.kind2));
-    inputs.value1->setText(QString::fromStdString(stream.value1));
-    inputs.value2->setText(QString::fromStdString(stream.value2));
+    inputs.flow->clear();
+    fillPair(number, stream);
     inputs.flow->setText(QString::fromStdString(stream.flow));
   }
+}
+
+void MixingWindow::fillPair(std::size_t number, const AirStream& stream) {
+  const Inputs& inputs = inputs_[number];
+  for (QLineEdit* box : {inputs.value1, inputs.value2}) box->clear();
+  if (stream.kind1) inputs.kind1->select(static_cast<int>(*stream.kind1));
+  if (stream.kind2) inputs.kind2->select(static_cast<int>(*stream.kind2));
+  inputs.value1->setText(QString::fromStdString(stream.value1));
+  inputs.value2->setText(QString::fromStdString(stream.value2));
 }
 
 /// Nothing typed is no problem.

@@ -18,6 +18,7 @@
 #include "advice/streamnotes.h"
 #include "chart/chartframe.h"
 #include "engine/mixingproblem.h"
+#include "model/givenvalues.h"
 #include "toolkit/controls.h"
 #include "toolkit/dialog.h"
 #include "toolkit/listbox.h"
@@ -31,6 +32,7 @@ struct MixingChart {
   std::function<LimitTexts()> limits;  ///< texts of the lists, at the moment they are asked for
   /// Draws the line of a problem between limits, or returns the message for what was rejected.
   std::function<const char*(const MixingProblem& problem, const ChartLimits& limits)> draw;
+  std::vector<MarkedPoint> points;  ///< on the chart, to be taken as streams
 };
 
 /// The streams of the last problem, as they were typed; none before the first.
@@ -70,7 +72,8 @@ private:
   QLabel* addReadout(ControlMaker& maker, QGridLayout& grid, const char* name, std::size_t row, std::size_t column);
   QLayout* makeNotes();
   QLayout* makeButtons(ControlMaker& maker);
-  QLayout* makeLastButton();
+  QLayout* makeTakeButtons();
+  QPushButton* makePointButton();
 
   void connectInputs(std::size_t stream);
   void onChange(std::size_t stream);
@@ -82,6 +85,7 @@ private:
   void showNotes();
   void useExactMixture();
   void fill(const std::array<AirStream, 2>& streams);
+  void fillPair(std::size_t number, const AirStream& stream);
   void remember();
   void onSave();
   void onDraw();

@@ -10,6 +10,7 @@
 #include "toolkit/listbox.h"
 #include "toolkit/messageline.h"
 #include "toolkit/messages.h"
+#include "toolkit/remembered.h"
 #include "toolkit/valuebox.h"
 #include "windows/notes.h"
 
@@ -76,6 +77,7 @@ PressureWindow::PressureWindow(QWidget* main, const QString& waiting)
   auto* back = maker.add<QPushButton>(*grid, returnButton);
   set->setDefault(true);
   maker.setTabOrder();
+  offerElevation(*grid);  // behind all others, as in the tab order
   connect(unit_, &ListBox::chosen, this, &PressureWindow::showUnit);
   connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::showReadouts);
   connect(entry_, &QLineEdit::textChanged, this, &PressureWindow::showNotes);
@@ -106,6 +108,22 @@ void PressureWindow::makeReadouts(ControlMaker& maker, QGridLayout& grid) {
   inhg_ = maker.add<ElidedLabel>(grid, inhgReadout);
   psi_ = maker.add<ElidedLabel>(grid, psiReadout);
   feet_ = maker.add<ElidedLabel>(grid, feetReadout);
+}
+
+/// The elevation of the last session's site, for one click.
+void PressureWindow::offerElevation(QGridLayout& grid) {
+  const QString last = remembered(memory::elevation).toString();
+  if (last.isEmpty()) return;
+  auto* button = new QPushButton(QStringLiteral("&Last elevation: %1 ft").arg(last), this);
+  button->setObjectName(QStringLiteral("lastelevation"));
+  button->setAutoDefault(false);
+  pressByReturn(*button);
+  grid.addWidget(button, grid.rowCount(), 0, 1, grid.columnCount());
+  connect(button, &QPushButton::clicked, this, [this, last] {
+    unit_->select(static_cast<int>(PressureUnit::elevation));
+    entry_->setText(last);
+    entry_->setFocus();
+  });
 }
 
 void PressureWindow::showUnit() {
@@ -151,6 +169,7 @@ void PressureWindow::setPressure() {
   const PressureSetting setting = pressureFor(entry());
   if (setting.inhg) Q_EMIT pressureWritten(*setting.inhg);
   if (setting.accepted) {
+    if (entry().unit == PressureUnit::elevation) remember(memory::elevation, entry_->text());
     Q_EMIT pressureSet(entry());
   } else {
     message(this, QString::fromUtf8(outOfRange));

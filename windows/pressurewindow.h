@@ -42,6 +42,7 @@ private:
   void makeEntry(ControlMaker& maker, QGridLayout& grid);
   void makeReadouts(ControlMaker& maker, QGridLayout& grid);
   PressureEntry entry() const;
+  void offerElevation(QGridLayout& grid);
   void showUnit();
   void showReadouts();
   void showNotes();

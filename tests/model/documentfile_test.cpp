@@ -45,8 +45,8 @@ struct Damage {
 constexpr std::string_view point = R"({"db":75,"wb":62.5,"rh":50.3032182,)";
 
 const Damage damages[] = {
-    {"a later format", "\"format\": 3", "\"format\": 4", "format: the file was written by a later version"},
-    {"no format of ours", "\"format\": 3", "\"format\": 0.5", "format: must be from 1 to 3"},
+    {"a later format", "\"format\": 3", "\"format\": 5", "format: the file was written by a later version"},
+    {"no format of ours", "\"format\": 3", "\"format\": 0.5", "format: must be from 1 to 4"},
     {"another file", "\"format\": 3", "\"form\": 2", "the document: \"format\" is missing"},
     {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 19"},
     {"a number too large for any double", point, R"({"db":1e999,"wb":62.5,"rh":50.3032182,)",

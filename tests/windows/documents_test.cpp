@@ -244,7 +244,7 @@ struct WithTable : Program {
 TEST(Table, ShowsWhatStandsAndFollowsIt) {
   WithTable program;
   ASSERT_EQ(program.table().model()->rowCount(), 3);
-  EXPECT_EQ(program.cell(2, 0) + "|" + program.cell(2, 1) + "|" + program.cell(2, 8), "Point|A|0.0092932");
+  EXPECT_EQ(program.cell(2, 0) + "|" + program.cell(2, 1) + "|" + program.cell(2, 8), "Point|A|0.00929");
   action(program.window, "&Undo").trigger();
   EXPECT_EQ(program.table().model()->rowCount(), 2);
 }
@@ -258,6 +258,25 @@ TEST(Table, RenamesAPointInItsPlace) {
   EXPECT_EQ(program.cell(2, 1), "Office");
   EXPECT_EQ(program.lastPrint(), "Office");
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Rename Point A");
+}
+
+TEST(Table, TypesOverAGivenValueAndRefusesWhatCannotBe) {
+  WithTable program;
+  QAbstractItemModel& model = *program.table().model();
+  const auto type = [&](int row, int column, const char* text) {
+    const bool taken = model.setData(model.index(row, column), QString::fromUtf8(text));
+    QApplication::processEvents();
+    return taken;
+  };
+  EXPECT_TRUE(model.index(2, 3).data(Qt::FontRole).value<QFont>().bold()) << "given";
+  EXPECT_FALSE(type(2, 5, "40")) << "follows from the two given";
+  ASSERT_TRUE(type(2, 3, "80"));
+  EXPECT_EQ(program.cell(2, 3) + "|" + program.cell(2, 4), "80.0|62.5");
+  EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Change Point A");
+  ASSERT_TRUE(type(2, 4, "85"));
+  EXPECT_EQ(program.cell(2, 4), "62.5") << "above saturation";
+  EXPECT_TRUE(text(program.window, "voice").starts_with("The point as per input parameters"))
+      << text(program.window, "voice");
 }
 
 TEST(Table, LiftsOutDeletesAndCopiesWhatIsSelected) {
@@ -294,7 +313,7 @@ TEST(Table, MarksAStateThatMissesAValueAndTakesTheExactOne) {
   EXPECT_FALSE(missed(Qt::DecorationRole).isNull());
   EXPECT_TRUE(missed(Qt::ToolTipRole).toString().startsWith(QStringLiteral("this state has dew point")));
   action(program.window, "Ta&ke exact states").trigger();
-  EXPECT_EQ(program.cell(3, 3) + "|" + program.cell(3, 11), "43.1289323|");
+  EXPECT_EQ(program.cell(3, 3) + "|" + program.cell(3, 11), "43.1|");
   EXPECT_TRUE(missed(Qt::DecorationRole).isNull());
   EXPECT_EQ(action(program.window, "&Undo").text().toStdString(), "&Undo Exact state of Point A");
   action(program.window, "&Undo").trigger();

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <cstdlib>
 
@@ -18,6 +19,7 @@ inline void useScreen(const QTemporaryDir& folder) {
                               "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
   setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + file.fileName().toStdString()).c_str(), 1);
   setenv("QT_STYLE_OVERRIDE", "Fusion", 1);
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
   // Offscreen windows cannot be raised and have no hints to pass on; nobody needs to read that.
   qputenv("QT_LOGGING_RULES", "qt.qpa.*=false;default.warning=false");
 }

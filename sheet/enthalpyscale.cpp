@@ -117,11 +117,19 @@ std::vector<SheetPoint> enthalpyRule(const SheetWork& work) {
   return rule;
 }
 
+bool isClearOf(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap) {
+  for (std::size_t i = 1; i < rule.size(); ++i) {
+    if (crosses(boxOf({-1e5, -1e5}, corner + SheetPoint{gap, gap}), rule[i - 1], rule[i])) return false;
+  }
+  return true;
+}
+
 void drawEnthalpyScale(SheetWork& work, const std::vector<SheetPoint>& rule) {
   const SheetPlot& plot = work.plot;
   const double em = work.em();
   const Stroke& stroke = work.theme.scale;
   if (rule.size() < 2) return;
+  work.canvas.begin(SheetPart::scales);
   work.canvas.polyline(rule, stroke.width, stroke.color);
   work.board.wall(rule);
   const double low = enthalpyAt(plot, rule.front());
@@ -163,8 +171,8 @@ void drawEnthalpyScale(SheetWork& work, const std::vector<SheetPoint>& rule) {
   }
   work.board.add(std::move(words));
   if (work.boundary.saturation.empty() || !work.content.families) return;
-  const TextStyle wetBulb{0.85 * em, false, work.theme.wetBulb.color};
-  Label saturation{importance::caption, {}, false};
+  const TextStyle wetBulb{0.85 * em, false, work.theme.wetBulbText};
+  Label saturation{importance::caption, {}, false, SheetPart::wetBulb};
   for (const char* text : {"Wet bulb and saturation temperature, °F", "Wet bulb, °F"}) {
     for (const double aside : {2.75, 3.05, 3.3}) {
       auto places = placesAlong(work.canvas, work.boundary.saturation, text, wetBulb, 0.5, aside * em);

@@ -42,10 +42,20 @@ std::vector<SheetPoint> longest(const std::vector<std::vector<SheetPoint>>& line
   return found == lines.end() ? std::vector<SheetPoint>() : *found;
 }
 
+SheetPart partOf(LineKind kind) {
+  switch (kind) {
+    case LineKind::relativeHumidity: return SheetPart::relativeHumidity;
+    case LineKind::wetBulb: return SheetPart::wetBulb;
+    case LineKind::enthalpy: return SheetPart::enthalpy;
+    case LineKind::specificVolume: break;
+  }
+  return SheetPart::specificVolume;
+}
+
 void addLineLabel(SheetWork& work, const Family& family, double value, const std::vector<SheetPoint>& line) {
-  const TextStyle style{work.em() * 0.85, false, work.theme.of(family.kind).color};
+  const TextStyle style{work.em() * 0.85, false, work.theme.textOf(family.kind)};
   const std::string number = typeset(value, decimalsOf(family.step));
-  Label label{importance::family, {}, true};
+  Label label{importance::family, {}, true, partOf(family.kind)};
   label.places = placesAlong(work.canvas, line, number + family.unit, style, family.preferred);
   if (std::abs(value - family.worded) < family.step / 2) {
     constexpr double advantage = 4;  // it is longer, and crosses more
@@ -60,6 +70,7 @@ void addLineLabel(SheetWork& work, const Family& family, double value, const std
 template <class Labeled>
 void drawFamily(SheetWork& work, const Family& family, const Labeled& labeled) {
   const Stroke& stroke = work.theme.of(family.kind);
+  work.canvas.begin(partOf(family.kind));
   for (const double value : multiples(family.low, family.high, family.step)) {
     const auto lines = visibleLine(work.plot, family.kind, value, work.plot.atm);
     for (const auto& line : lines) {
@@ -82,8 +93,8 @@ void labelWetBulbs(SheetWork& work, double step) {
     const SheetPoint outward{along.y, -along.x};
     const double tick = work.em() * 0.4;
     work.canvas.polyline({at, at + outward * tick}, work.theme.wetBulb.width, work.theme.wetBulb.color);
-    const TextStyle style{work.em() * 0.9, isMultiple(wb, 2 * step), work.theme.wetBulb.color};
-    Label label{importance::scale + (isMultiple(wb, 2 * step) ? 50 : 20), {}, false};
+    const TextStyle style{work.em() * 0.9, isMultiple(wb, 2 * step), work.theme.wetBulbText};
+    Label label{importance::scale + (isMultiple(wb, 2 * step) ? 50 : 20), {}, false, SheetPart::wetBulb};
     const std::string text = typeset(wb, decimalsOf(step));
     for (const double slide : {0.0, 0.4, -0.4}) {
       const SheetPoint place = at + along * (slide * work.em());
@@ -152,6 +163,7 @@ Family enthalpies(const SheetWork& work) {
 }  // namespace
 
 void drawGrid(SheetWork& work) {
+  work.canvas.begin(SheetPart::grid);
   const SheetPlot& plot = work.plot;
   const double em = work.em();
   const double dbStep = stepFrom({0.5, 1, 5, 10}, 1.3 * em / plot.perDb());
@@ -183,6 +195,7 @@ void drawFamilies(SheetWork& work) {
 }
 
 void drawFrame(SheetWork& work) {
+  work.canvas.begin(SheetPart::frame);
   const auto edges = work.boundary.outline(work.plot);
   work.canvas.polyline(edges, work.theme.frame.width, work.theme.frame.color);
   work.board.wall(edges);

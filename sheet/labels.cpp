@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <span>
 #include <utility>
 
 namespace moistair {
@@ -12,12 +13,6 @@ constexpr double cellSize = 48;  // pixels
 constexpr long rowLength = 1 << 20;
 constexpr std::size_t boxCrowd = 64, lineCrowd = 256;  // so many boxes or pieces with their middles in one square
 constexpr double grain = 4;                            // pixels, of what is in a crowd
-
-struct Candidate {
-  const LabelPlace* place;
-  Box box;  ///< with half of the gap around it
-  double cost;
-};
 
 long cellAt(double place) { return static_cast<long>(std::floor(std::clamp(place, -1e5, 1e5) / cellSize)); }
 
@@ -50,8 +45,53 @@ void visitCells(const Box& box, const Visit& visit) {
   });
 }
 
+constexpr double hairline = 0.6;
+
+Box boxOf(const SheetCanvas& canvas, const SheetTextOperation& text) {
+  return textBox(text, canvas.extent(text.text, text.style));
+}
+
+/// What lies under the texts of a label.
+void drawGround(SheetCanvas& canvas, const Label& label, const LabelPlace& place, Color paper) {
+  const auto clear = [&](const Box& box) {
+    const auto corners = box.corners();
+    canvas.area({corners.begin(), corners.end()}, paper);
+  };
+  canvas.begin(label.part);
+  const Box box = grown(moistair::boxOf(canvas, place), 1);
+  if (label.clears) clear(box);
+  if (label.clears && place.tag) clear(boxOf(canvas, *place.tag));
+  if (place.frame) {
+    const auto corners = box.corners();
+    canvas.polyline({corners[0], corners[1], corners[2], corners[3], corners[0]}, hairline, place.text.style.color);
+  }
+}
+
+void drawTexts(SheetCanvas& canvas, const Label& label, const LabelPlace& place) {
+  canvas.begin(label.part);
+  canvas.text(place.text);
+  for (const SheetTextOperation& text : place.more) canvas.text(text);
+  if (place.tag) canvas.text(*place.tag);
+}
+
+}  // namespace
+
+/// A place of a label, with half of the gap around all that it takes.
+struct LabelBoard::Candidate {
+  const LabelPlace* place;
+  double cost;
+  std::array<Box, 3> boxes{};  ///< of its texts, its leader and its tag
+  std::size_t count = 0;
+
+  std::span<const Box> all() const { return {boxes.data(), count}; }
+  bool touches(const Box& box) const {
+    return std::any_of(boxes.begin(), boxes.begin() + static_cast<long>(count),
+                       [&](const Box& own) { return overlap(box, own); });
+  }
+};
+
 /// The labels with the places that are left to them, the cheapest first, and where each is.
-class Chooser {
+class LabelBoard::Chooser {
 public:
   static constexpr std::size_t none = static_cast<std::size_t>(-1);
 
@@ -78,35 +118,43 @@ public:
   }
 
 private:
-  const Box& boxOf(std::size_t label) const { return candidates_[label][chosen_[label]].box; }
+  const Candidate& chosen(std::size_t label) const { return candidates_[label][chosen_[label]]; }
 
   void put(std::size_t label, std::size_t place) {
-    if (chosen_[label] != none) visitCells(boxOf(label), [&](long cell) { std::erase(cells_[cell], label); });
+    if (chosen_[label] != none) {
+      for (const Box& box : chosen(label).all()) visitCells(box, [&](long cell) { std::erase(cells_[cell], label); });
+    }
     chosen_[label] = place;
-    if (place != none) visitCells(boxOf(label), [&](long cell) { cells_[cell].push_back(label); });
+    if (place == none) return;
+    for (const Box& box : chosen(label).all()) visitCells(box, [&](long cell) { cells_[cell].push_back(label); });
   }
 
-  /// The labels that are where a box would be.
-  std::vector<std::size_t> under(const Box& box, std::size_t but) const {
+  /// The labels that are where one would be.
+  std::vector<std::size_t> under(const Candidate& candidate, std::size_t but) const {
     std::vector<std::size_t> found;
-    visitCells(box, [&](long cell) {
-      const auto here = cells_.find(cell);
-      if (here == cells_.end()) return;
-      for (const std::size_t other : here->second) {
-        const bool known = std::find(found.begin(), found.end(), other) != found.end();
-        if (other != but && !known && overlap(box, boxOf(other))) found.push_back(other);
-      }
-    });
+    for (const Box& box : candidate.all()) {
+      visitCells(box, [&](long cell) {
+        const auto here = cells_.find(cell);
+        if (here == cells_.end()) return;
+        for (const std::size_t other : here->second) {
+          const bool known = std::find(found.begin(), found.end(), other) != found.end();
+          if (other != but && !known && chosen(other).touches(box)) found.push_back(other);
+        }
+      });
+    }
     return found;
   }
 
-  /// Whether another label is where a box would be.
-  bool isTaken(const Box& box, std::size_t but) const {
-    return anyCell(box, [&](long cell) {
-      const auto here = cells_.find(cell);
-      return here != cells_.end() && std::any_of(here->second.begin(), here->second.end(), [&](std::size_t other) {
-               return other != but && overlap(box, boxOf(other));
-             });
+  /// Whether another label is where one would be.
+  bool isTaken(const Candidate& candidate, std::size_t but) const {
+    const auto boxes = candidate.all();
+    return std::any_of(boxes.begin(), boxes.end(), [&](const Box& box) {
+      return anyCell(box, [&](long cell) {
+        const auto here = cells_.find(cell);
+        return here != cells_.end() && std::any_of(here->second.begin(), here->second.end(), [&](std::size_t other) {
+                 return other != but && chosen(other).touches(box);
+               });
+      });
     });
   }
 
@@ -114,7 +162,7 @@ private:
   bool settle(std::size_t label) {
     for (std::size_t i = 0; i < candidates_[label].size(); ++i) {
       if (i == chosen_[label]) return false;
-      if (isTaken(candidates_[label][i].box, label)) continue;
+      if (isTaken(candidates_[label][i], label)) continue;
       put(label, i);
       return true;
     }
@@ -124,7 +172,7 @@ private:
   /// Tries a label's places for one whose occupants can go elsewhere or are worth less than it, all together.
   void makeRoom(std::size_t label) {
     for (std::size_t i = 0; i < candidates_[label].size(); ++i) {
-      const auto occupants = under(candidates_[label][i].box, label);
+      const auto occupants = under(candidates_[label][i], label);
       std::vector<std::size_t> before;
       for (const std::size_t other : occupants) before.push_back(chosen_[other]);
       for (const std::size_t other : occupants) put(other, none);
@@ -145,26 +193,6 @@ private:
   std::vector<std::size_t> chosen_;
   std::unordered_map<long, std::vector<std::size_t>> cells_;
 };
-
-/// What lies under the texts of a label.
-void drawGround(SheetCanvas& canvas, const Label& label, const LabelPlace& place, Color paper) {
-  const auto corners = grown(boxOf(canvas, place), 1).corners();
-  const std::vector<SheetPoint> outline(corners.begin(), corners.end());
-  if (label.clears) canvas.area(outline, paper);
-  const Color color = place.text.style.color;
-  constexpr double hairline = 0.6;
-  if (place.frame) {
-    canvas.polyline({corners[0], corners[1], corners[2], corners[3], corners[0]}, hairline, color);
-  }
-  if (!place.leader.empty()) canvas.polyline(place.leader, hairline, color);
-}
-
-void drawTexts(SheetCanvas& canvas, const LabelPlace& place) {
-  canvas.text(place.text);
-  for (const SheetTextOperation& text : place.more) canvas.text(text);
-}
-
-}  // namespace
 
 Box boxOf(const SheetCanvas& canvas, const LabelPlace& place) {
   return place.frame ? *place.frame : textBox(place.text, canvas.extent(place.text.text, place.text.style));
@@ -228,12 +256,14 @@ void BoxIndex::add(Box box) {
   boxes_.push_back(box);
 }
 
-bool BoxIndex::any(const Box& box) const {
+bool BoxIndex::any(const Box& box, const std::optional<SheetPoint>& but) const {
   return anyCell(box, [&](long cell) {
     const auto found = cells_.find(cell);
     if (found == cells_.end()) return false;
     const auto& boxes = found->second.touching;
-    return std::any_of(boxes.begin(), boxes.end(), [&](std::size_t other) { return overlap(box, boxes_[other]); });
+    return std::any_of(boxes.begin(), boxes.end(), [&](std::size_t other) {
+      return overlap(box, boxes_[other]) && !(but && distance(*but, boxes_[other].center) < 1e-6);
+    });
   });
 }
 
@@ -246,43 +276,59 @@ bool LabelBoard::isFree(const Box& box) const {
     const SheetPoint off = corner - page_.center;
     if (std::abs(off.x) > page_.halfLength || std::abs(off.y) > page_.halfHeight) return false;
   }
-  return !fixed_.any(box) && !walls_.any(box);
+  return !fixed_.any(box) && !walls_.any(box) && !clear_.any(box);
 }
 
-bool LabelBoard::isFree(const LabelPlace& place, const Box& box) const {
-  if (!isFree(box)) return false;
-  if (place.leader.empty()) return true;
-  const SheetPoint from = place.leader.front();
-  const SheetPoint to = place.leader.back();
-  return !walls_.any({(from + to) * 0.5, unit(to - from), distance(from, to) / 2, 0.5});
+/// What a label would take at a place; nothing where something fixed is in its way.
+std::optional<LabelBoard::Candidate> LabelBoard::candidate(const SheetCanvas& canvas, const Label& label,
+                                                           const LabelPlace& place) const {
+  constexpr double enough = 100;  // what covers as much is nobody's choice
+  constexpr double crossing = 6;  // of a leader over a line of the engineer's
+  Candidate candidate{&place, place.cost};
+  const Box box = moistair::boxOf(canvas, place);
+  if (!isFree(grown(box, gap_))) return std::nullopt;
+  candidate.boxes[candidate.count++] = grown(box, gap_ / 2);
+  if (place.tag) {
+    const Box tag = boxOf(canvas, *place.tag);
+    if (!isFree(grown(tag, gap_))) return std::nullopt;
+    candidate.boxes[candidate.count++] = grown(tag, gap_ / 2);
+  }
+  if (!place.leader.empty()) {
+    const SheetPoint from = place.leader.front();
+    const SheetPoint to = place.leader.back();
+    const Box leader{(from + to) * 0.5, unit(to - from), distance(from, to) / 2, hairline};
+    if (walls_.any(leader) || fixed_.any(leader, label.mark)) return std::nullopt;
+    candidate.boxes[candidate.count++] = grown(leader, gap_ / 2);
+    candidate.cost += crossing * clear_.weightIn(leader, enough);
+  }
+  candidate.cost += lines_.weightIn(grown(box, gap_ / 2), enough);
+  return candidate;
 }
 
 std::size_t LabelBoard::place(SheetCanvas& canvas, Color paper) {
+  std::stable_sort(labels_.begin(), labels_.end(), [](const Label& a, const Label& b) { return a.part < b.part; });
   std::vector<std::vector<Candidate>> candidates(labels_.size());
   std::vector<double> importances;
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     importances.push_back(labels_[i].importance);
     for (const LabelPlace& place : labels_[i].places) {
-      const Box box = boxOf(canvas, place);
-      if (!isFree(place, grown(box, gap_))) continue;
-      constexpr double enough = 100;  // what covers as much is nobody's choice
-      candidates[i].push_back({&place, grown(box, gap_ / 2), place.cost + lines_.weightIn(box, enough)});
+      if (const auto free = candidate(canvas, labels_[i], place)) candidates[i].push_back(*free);
     }
     std::stable_sort(candidates[i].begin(), candidates[i].end(),
                      [](const Candidate& a, const Candidate& b) { return a.cost < b.cost; });
   }
   const std::vector<std::size_t> chosen = Chooser(candidates, importances).choose();
-  std::size_t leftOut = 0;
-  std::vector<const LabelPlace*> places;
+  std::vector<std::pair<const Label*, const LabelPlace*>> shown;
   for (std::size_t i = 0; i < labels_.size(); ++i) {
-    places.push_back(chosen[i] == Chooser::none ? nullptr : candidates[i][chosen[i]].place);
-    if (places[i] != nullptr) drawGround(canvas, labels_[i], *places[i], paper);
+    if (chosen[i] != Chooser::none) shown.emplace_back(&labels_[i], candidates[i][chosen[i]].place);
   }
-  for (const LabelPlace* place : places) {
-    if (place != nullptr) drawTexts(canvas, *place);
-    leftOut += place == nullptr ? 1 : 0;
+  for (const auto& [label, place] : shown) drawGround(canvas, *label, *place, paper);
+  canvas.begin(SheetPart::leaders);
+  for (const auto& [label, place] : shown) {
+    if (!place->leader.empty()) canvas.polyline(place->leader, hairline, place->text.style.color);
   }
-  return leftOut;
+  for (const auto& [label, place] : shown) drawTexts(canvas, *label, *place);
+  return labels_.size() - shown.size();
 }
 
 }  // namespace moistair

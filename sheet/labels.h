@@ -2,10 +2,12 @@
 /// Texts that look for their place.
 ///
 /// What has a fixed place on a sheet is put down first: texts as boxes, the frame and the scales as walls that no
-/// label crosses, marks as boxes, lines as what had better not be covered. Every label then offers places with what
-/// each costs. `place` chooses so that no two texts overlap: the more important labels first, at their cheapest places;
-/// then a label that found none may send others to other places of theirs, or away if they are less important; then
-/// each moves to where it is cheaper, as long as anything changes. What has no place at all in the end is left out.
+/// label crosses, marks as boxes, what the engineer has drawn as lines that no label covers, other lines as what had
+/// better not be covered. Every label then offers places with what each costs. `place` chooses so that no two texts
+/// overlap and no line from a label to what it names meets a label, a mark or another such line: the more important
+/// labels first, at their cheapest places; then a label that found none may send others to other places of theirs, or
+/// away if they are less important; then each moves to where it is cheaper, as long as anything changes. What has no
+/// place at all in the end is left out.
 #pragma once
 
 #include <array>
@@ -23,19 +25,22 @@ namespace moistair {
 /// A place that a label could have.
 struct LabelPlace {
   SheetTextOperation text;
-  double cost = 0;                            ///< what speaks against it; what it covers is added
-  std::vector<SheetPoint> leader = {};        ///< line from what the label names, if it needs one
-  std::vector<SheetTextOperation> more = {};  ///< further texts, all of them within `frame`
-  std::optional<Box> frame = std::nullopt;    ///< drawn around the texts of a label that has several
+  double cost = 0;                                       ///< what speaks against it; what it covers is added
+  std::vector<SheetPoint> leader = {};                   ///< line from what the label names, if it needs one
+  std::vector<SheetTextOperation> more = {};             ///< further texts, all of them within `frame`
+  std::optional<Box> frame = std::nullopt;               ///< drawn around the texts of a label that has several
+  std::optional<SheetTextOperation> tag = std::nullopt;  ///< at what is named, for a label too far away for a leader
 };
 
-/// What a label takes at a place.
+/// What the texts of a label take at a place, but for its tag.
 Box boxOf(const SheetCanvas& canvas, const LabelPlace& place);
 
 struct Label {
   double importance = 0;
   std::vector<LabelPlace> places;
   bool clears = false;  ///< the ground behind the text is cleared, so that a line under it has a gap there
+  SheetPart part = SheetPart::scales;
+  std::optional<SheetPoint> mark = std::nullopt;  ///< middle of the mark that it names, where leaders may begin
 };
 
 /// Pieces of line by the squares of the page that they pass, so that a box finds those near it. Where they are a crowd
@@ -65,7 +70,8 @@ private:
 class BoxIndex {
 public:
   void add(Box box);
-  bool any(const Box& box) const;
+  /// Whether a box touches any, but for those with their middle in a place.
+  bool any(const Box& box, const std::optional<SheetPoint>& but = std::nullopt) const;
 
 private:
   struct Cell {
@@ -82,25 +88,30 @@ public:
   /// @param gap that is kept between texts [pixels]
   LabelBoard(const Box& page, double gap) : page_(page), gap_(gap) {}
 
-  void fix(const Box& box) { fixed_.add(box); }                             ///< no label covers this
-  void wall(const std::vector<SheetPoint>& line) { add(walls_, line, 1); }  ///< no label crosses this
+  void fix(const Box& box) { fixed_.add(box); }                             ///< no label or leader covers this
+  void wall(const std::vector<SheetPoint>& line) { add(walls_, line, 1); }  ///< no label or leader crosses this
+  /// No label covers this, a process or another line of the engineer's; a leader crosses it where nothing else is left.
+  void keepClear(const std::vector<SheetPoint>& line) { add(clear_, line, 1); }
   void line(const std::vector<SheetPoint>& line, double weight) { add(lines_, line, weight); }
   void add(Label label) { labels_.push_back(std::move(label)); }
 
   /// Whether a text could be there as far as everything fixed is concerned.
   bool isFree(const Box& box) const;
-  bool isFree(const LabelPlace& place, const Box& box) const;
 
   /// Chooses the places and draws what has one. Returns how many were left out.
   std::size_t place(SheetCanvas& canvas, Color paper);
 
 private:
+  struct Candidate;
+  class Chooser;
+
   static void add(LineIndex& index, const std::vector<SheetPoint>& line, double weight);
+  std::optional<Candidate> candidate(const SheetCanvas& canvas, const Label& label, const LabelPlace& place) const;
 
   Box page_;
   double gap_;
   BoxIndex fixed_;
-  LineIndex walls_, lines_;
+  LineIndex walls_, clear_, lines_;
   std::vector<Label> labels_;
 };
 

@@ -71,21 +71,13 @@ SheetPlot plotWithin(const Box& area, const SheetWork& work) {
   return plot;
 }
 
-/// Whether all above and left of a corner is clear of a line by a gap.
-bool clearOf(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap) {
-  for (std::size_t i = 1; i < rule.size(); ++i) {
-    if (crosses(boxOf({-1e5, -1e5}, corner + SheetPoint{gap, gap}), rule[i - 1], rule[i])) return false;
-  }
-  return true;
-}
-
 /// The protractor in the corner above saturation, as large as it fits below a place. Whether it does.
 bool protractorInCorner(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint place) {
   const double em = work.em();
   for (double width = mostProtractor * em; width >= leastProtractor * em; width -= em) {
     const double aside = std::max(0.0, (leastProtractor + 2 * wordsMargin) * em - width) / 2;
     const SheetPoint end = place + SheetPoint{width + 2 * aside, protractorHeight(width, em)};
-    if (end.y > work.plot.bottom || !clearOf(rule, end, cornerGap * em)) continue;
+    if (end.y > work.plot.bottom || !isClearOf(rule, end, cornerGap * em)) continue;
     drawProtractor(work, place + SheetPoint{aside, 0}, width);
     return true;
   }
@@ -159,7 +151,7 @@ private:
     const SheetPoint below = corner + SheetPoint{0, heading + 1.2 * em};
     drawHeading(work, corner);
     const SheetPoint headingend = corner + SheetPoint{headingWidth(work), heading};
-    if (!clearOf(enthalpyRule(work), headingend, cornerGap * em)) lower(work, heading + blockGap * em);
+    if (!isClearOf(enthalpyRule(work), headingend, cornerGap * em)) lower(work, heading + blockGap * em);
     if (!options_.protractor || protractorInCorner(work, enthalpyRule(work), below)) return;
     const double width = leastProtractor * em;
     const double height = protractorHeight(width, em);

@@ -3,6 +3,7 @@
 /// one.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -17,9 +18,19 @@ void drawFamilies(SheetWork& work);  ///< relative humidity, wet bulb, specific 
 void drawFrame(SheetWork& work);     ///< the saturation curve and the edges of the plot
 void drawContent(SheetWork& work);   ///< what the engineer has put on the chart
 
+/// A line of constant property, and two streams with their mixture.
+void drawLine(SheetWork& work, const SheetLine& line);
+void drawMixture(SheetWork& work, const SheetMixture& mixture);
+
+/// Whether a state is called by its name on the chart.
+bool isNamed(const SheetWork& work, const SheetState& state);
+bool isOnPlot(const SheetWork& work, const SheetState& state);
+std::array<const SheetState*, 3> statesOf(const SheetContent& content, const SheetMixture& mixture);
+
 /// A reading that is kept on the chart: a cross, and a framed label with the state.
 void drawCross(SheetWork& work, const SheetState& state);
-void labelPinned(SheetWork& work, const SheetState& state);
+/// @param above whether it may be above saturation, where there is room for few
+void labelPinned(SheetWork& work, const SheetState& state, bool above);
 
 void drawBottomScale(SheetWork& work);  ///< dry bulb
 void drawRightScales(SheetWork& work);  ///< humidity ratio, grains, vapor pressure and dew point
@@ -31,6 +42,8 @@ double rightRoom(const SheetCanvas& canvas, const SheetOptions& options, const C
 /// The line of the enthalpy scale: along the left and upper edges of the plot, and at a distance along saturation.
 std::vector<SheetPoint> enthalpyRule(const SheetWork& work);
 void drawEnthalpyScale(SheetWork& work, const std::vector<SheetPoint>& rule);
+/// Whether all above and left of a place is clear of a line by a gap.
+bool isClearOf(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap);
 
 /// A protractor of sensible heat ratios that fills a width at a place, and the state that they hold for on the chart.
 double protractorHeight(double width, double em);

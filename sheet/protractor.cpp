@@ -47,6 +47,7 @@ void spoke(SheetWork& work, SheetPoint center, SheetPoint toward, double from, d
 double protractorHeight(double width, double em) { return width / 2 + wordsRoom * em; }
 
 void drawProtractor(SheetWork& work, SheetPoint corner, double width) {
+  work.canvas.begin(SheetPart::protractor);
   const double em = work.em();
   const double radius = width / 2 - rimRoom * em;
   const SheetPoint center = corner + SheetPoint{width / 2, width / 2};
@@ -84,6 +85,7 @@ void drawProtractor(SheetWork& work, SheetPoint corner, double width) {
 void drawReference(SheetWork& work) {
   const double w = psychro_wrh(referenceDb, referenceRh, work.plot.atm);
   if (!work.plot.limits.contain(referenceDb, w)) return;
+  work.canvas.begin(SheetPart::protractor);
   const SheetPoint at = work.plot.at(referenceDb, w);
   const double radius = 0.42 * work.em();
   std::vector<SheetPoint> circle;

@@ -154,6 +154,7 @@ double rightRoom(const SheetCanvas& canvas, const SheetOptions& options, const C
 }
 
 void drawRightScales(SheetWork& work) {
+  work.canvas.begin(SheetPart::scales);
   double x = work.plot.right;
   for (const RightScale& scale : rightScales(work)) {
     const double numbers = numberWidth(work.canvas, scale, work.em());
@@ -163,6 +164,7 @@ void drawRightScales(SheetWork& work) {
 }
 
 void drawBottomScale(SheetWork& work) {
+  work.canvas.begin(SheetPart::scales);
   const SheetPlot& plot = work.plot;
   const double em = work.em();
   const Steps steps = stepsOf({0.1, 0.2, 0.5, 1, 2, 5, 10, 20}, plot.perDb(), em, 3.2);

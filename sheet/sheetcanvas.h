@@ -14,13 +14,18 @@ class SheetCanvas {
 public:
   explicit SheetCanvas(ExtentFunction extent) : extent_(std::move(extent)) {}
 
+  /// What follows belongs to this part.
+  void begin(SheetPart part) { part_ = part; }
+
   void polyline(std::vector<SheetPoint> points, double width, Color color, Dash dash = Dash::solid) {
-    if (points.size() > 1) page_.operations.emplace_back(PolylineOperation{std::move(points), width, color, dash});
+    if (points.size() > 1)
+      page_.operations.emplace_back(PolylineOperation{std::move(points), width, color, dash, part_});
   }
   void area(std::vector<SheetPoint> outline, Color color) {
-    page_.operations.emplace_back(AreaOperation{std::move(outline), color});
+    page_.operations.emplace_back(AreaOperation{std::move(outline), color, part_});
   }
   void text(SheetTextOperation text) {
+    text.part = part_;
     if (!text.text.empty()) page_.operations.emplace_back(std::move(text));
   }
   void text(SheetPoint at, std::string text, const TextStyle& style, Anchor anchor = Anchor::start, double angle = 0) {
@@ -37,6 +42,7 @@ public:
 private:
   ExtentFunction extent_;
   SheetPage page_;
+  SheetPart part_ = SheetPart::grid;
 };
 
 }  // namespace moistair

@@ -24,17 +24,43 @@ struct SheetPoint {
 
 enum class Dash { solid, dashed, dotted };
 
+/// What an operation belongs to: a file groups by it, and a test knows by it what may cover what.
+enum class SheetPart {
+  grid,
+  zones,
+  relativeHumidity,
+  wetBulb,
+  specificVolume,
+  enthalpy,
+  frame,
+  scales,
+  protractor,
+  heading,
+  lines,      ///< of constant property that were asked for, and their labels
+  processes,  ///< what leads from one state to another: mixing lines and arrows
+  points,     ///< marks and their labels
+  leaders,    ///< lines from a label to what it names
+  readouts,
+  table,
+  titleBlock
+};
+
+/// The part by the name that it has in a file: "relative-humidity".
+const char* nameOf(SheetPart part);
+
 struct PolylineOperation {
   std::vector<SheetPoint> points;
   double width = 1;
   Color color{};
   Dash dash = Dash::solid;
+  SheetPart part = SheetPart::grid;
 };
 
 /// A filled polygon without an outline.
 struct AreaOperation {
   std::vector<SheetPoint> outline;
   Color color{};
+  SheetPart part = SheetPart::grid;
 };
 
 struct TextStyle {
@@ -53,6 +79,7 @@ struct SheetTextOperation {
   TextStyle style;
   Anchor anchor = Anchor::start;
   double angle = 0;  ///< turned about `at`, clockwise [degrees]
+  SheetPart part = SheetPart::grid;
 };
 
 using SheetOperation = std::variant<PolylineOperation, AreaOperation, SheetTextOperation>;

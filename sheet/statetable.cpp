@@ -108,6 +108,7 @@ void drawNotes(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
 
 void drawTable(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const TableLook& look,
                const Box& area, std::size_t first, std::size_t count) {
+  canvas.begin(SheetPart::table);
   const Theme& theme = themeOf(options.colors);
   const std::size_t rows = std::min(count, content.states.size() - std::min(first, content.states.size()));
   const double em = options.letterSize;

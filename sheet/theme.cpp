@@ -24,6 +24,10 @@ constexpr Theme color = {
     .volume = {0.7, rgb(0xa4559a), Dash::dashed},
     .mark = rgb(0xc8102e),
     .shade = rgb(0xeef1f5),
+    .humidityText = rgb(0x1f7a49),
+    .wetBulbText = rgb(0x2f6bb0),
+    .enthalpyText = rgb(0x92561a),
+    .volumeText = rgb(0x8f4086),
 };
 
 constexpr Theme gray = {
@@ -41,6 +45,10 @@ constexpr Theme gray = {
     .volume = {0.7, rgb(0x666666), Dash::dashed},
     .mark = rgb(0x000000),
     .shade = rgb(0xeeeeee),
+    .humidityText = rgb(0x444444),
+    .wetBulbText = rgb(0x5c5c5c),
+    .enthalpyText = rgb(0x6a6a6a),
+    .volumeText = rgb(0x555555),
 };
 
 constexpr Theme dark = {
@@ -58,6 +66,10 @@ constexpr Theme dark = {
     .volume = {0.7, rgb(0xc07ab6), Dash::dashed},
     .mark = rgb(0xff6b6b),
     .shade = rgb(0x222934),
+    .humidityText = rgb(0x6fcb98),
+    .wetBulbText = rgb(0x7aa9e0),
+    .enthalpyText = rgb(0xd79b57),
+    .volumeText = rgb(0xd08fc7),
 };
 
 }  // namespace
@@ -70,6 +82,16 @@ const Stroke& Theme::of(LineKind kind) const {
     case LineKind::specificVolume: break;
   }
   return volume;
+}
+
+Color Theme::textOf(LineKind kind) const {
+  switch (kind) {
+    case LineKind::relativeHumidity: return humidityText;
+    case LineKind::wetBulb: return wetBulbText;
+    case LineKind::enthalpy: return enthalpyText;
+    case LineKind::specificVolume: break;
+  }
+  return volumeText;
 }
 
 const Theme& themeOf(SheetColors colors) {

@@ -24,7 +24,10 @@ struct Theme {
   Color mark;   ///< points and mixing lines
   Color shade;  ///< heads of tables
 
+  Color humidityText, wetBulbText, enthalpyText, volumeText;  ///< as the lines, but dark enough for letters
+
   const Stroke& of(LineKind kind) const;
+  Color textOf(LineKind kind) const;
   TextStyle text(double size) const { return {size, false, ink}; }
   TextStyle bold(double size) const { return {size, true, ink}; }
   TextStyle small(double size) const { return {size, false, faded}; }

@@ -107,6 +107,7 @@ double headingWidth(const SheetWork& work) {
 }
 
 void drawHeading(SheetWork& work, SheetPoint corner) {
+  work.canvas.begin(SheetPart::heading);
   const double em = work.em();
   const double room = work.options.page.width - 2 * corner.x;
   SheetPoint at = corner + SheetPoint{0, 0.8 * headingSize * em};
@@ -128,6 +129,7 @@ double titleBlockHeight(const SheetOptions& options) {
 
 void drawTitleBlock(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const Box& area,
                     const std::string& page) {
+  canvas.begin(SheetPart::titleBlock);
   const Theme& theme = themeOf(options.colors);
   const auto corners = area.corners();
   canvas.polyline({corners[0], corners[1], corners[2], corners[3], corners[0]}, theme.frame.width, theme.frame.color);

@@ -9,7 +9,9 @@
 #include "sheet/boundary.h"
 #include "sheet/cases.h"
 #include "sheet/curves.h"
+#include "sheet/faults.h"
 #include "sheet/geometry.h"
+#include "sheet/kinds.h"
 #include "sheet/layout.h"
 #include "sheet/theme.h"
 
@@ -93,6 +95,13 @@ TEST(Sheet, NoTextLiesOverAnotherOrOverTheFrame) {
         EXPECT_EQ(faultsOf(drawing, drawing.pages[page], edges), "") << sheet.name << ", page " << page + 1;
       }
     }
+  }
+}
+
+TEST(Sheet, NothingCoversALineOrAMarkAndNoLeadersCross) {
+  for (const Kind& kind : kinds()) {
+    const SheetDrawing drawing = layoutSheet(contentOf(kind), optionsOf(kind), extentOf);
+    EXPECT_EQ(coveredOn(drawing, extentOf), "") << kind.name;
   }
 }
 

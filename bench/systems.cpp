@@ -48,11 +48,11 @@ void rows(benchmark::State& state, const char* columns) {
   takeRecord(names, header);
   SystemText text = readSystem(tenSteps).text;
   ProcessPlan plan;
-  plan.input = inputColumns(header, "bench", text.system);
-  plan.system = compile(text.system).system;
-  plan.results = resultColumns(columns, plan.system);
-  plan.shape.selection = plan.input.selection;
-  plan.shape.results = plan.results.size();
+  plan.first.input = inputColumns(header, "bench", text.system);
+  plan.first.system = compile(text.system).system;
+  plan.first.results = resultColumns(columns, plan.first.system);
+  plan.shape.selection = plan.first.input.selection;
+  plan.shape.results = plan.first.results.size();
   std::string block;
   for (int i = 0; i < count; ++i) block += std::to_string(60 + .035 * i) + "," + std::to_string(30 + .03 * i) + "\n";
   for (auto _ : state) {

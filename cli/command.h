@@ -13,6 +13,7 @@ void addStateCommand(CLI::App& app);    ///< the whole state of one point
 void addBatchCommand(CLI::App& app);    ///< a state for every row of a table
 void addMixCommand(CLI::App& app);      ///< two streams and their mixture
 void addProcessCommand(CLI::App& app);  ///< a system of air-handling processes
+void addDesignCommand(CLI::App& app);   ///< ready-made systems, from the room to the equipment
 void addChartCommand(CLI::App& app);    ///< a chart as a file
 void addSheetCommand(CLI::App& app);    ///< a sheet for submission
 

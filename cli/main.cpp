@@ -75,6 +75,7 @@ int run(int argc, char** argv) {
   addBatchCommand(app);
   addMixCommand(app);
   addProcessCommand(app);
+  addDesignCommand(app);
   addChartCommand(app);
   addSheetCommand(app);
   const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;

@@ -160,6 +160,7 @@ std::string asJson(const ProcessReport& report) {
   json["pressure"] = jsonNumber(report.pressure.atm);
   if (!report.unknowns.empty()) json["unknowns"] = unknownsJson(report.unknowns);
   for (const auto& other : report.others) json["others"].push_back(unknownsJson(other));
+  if (!report.remarks.empty()) json["remarks"] = report.remarks;
   json["states"] = statesJson(report);
   json["processes"] = processesJson(report);
   Json& balances = json["balances"];

@@ -26,6 +26,7 @@ struct ProcessReport {
   std::vector<RoomRatios> rooms;
   std::vector<UnknownValue> unknowns;             ///< what was solved for
   std::vector<std::vector<UnknownValue>> others;  ///< the same of each further solution
+  std::vector<std::string> remarks;               ///< about the whole system, each a sentence
 };
 
 /// A property or flow of a stream by its name in results.

@@ -1,6 +1,7 @@
 #include "cli/processrows.h"
 
 #include <algorithm>
+#include <map>
 
 #include "cli/fault.h"
 #include "cli/properties.h"
@@ -62,6 +63,22 @@ std::optional<double> makeUnknown(ProcessStep& step, Parameter parameter) {
   return hasValue(typed) ? std::optional(typed) : std::nullopt;
 }
 
+/// Columns that give the whole state of air take the place of the two properties that it was written with.
+void replaceState(ProcessStep& step, std::size_t index, const InputColumns& columns) {
+  if (step.kind != StepKind::air) return;
+  const auto byColumn = [&](Parameter parameter) {
+    return std::any_of(columns.parameters.begin(), columns.parameters.end(), [&](const ParameterColumn& column) {
+      return column.step == index && column.parameter == parameter;
+    });
+  };
+  const auto isState = [](const Assignment& given) { return given.parameter <= Parameter::v; };
+  const auto count = std::count_if(step.given.begin(), step.given.end(), [&](const Assignment& given) {
+    return isState(given) && byColumn(given.parameter);
+  });
+  if (count < 2) return;
+  std::erase_if(step.given, [&](const Assignment& given) { return isState(given) && !byColumn(given.parameter); });
+}
+
 }  // namespace
 
 InputColumns inputColumns(const CsvRecord& header, const std::string& filename, AirSystem& system) {
@@ -79,6 +96,7 @@ InputColumns inputColumns(const CsvRecord& header, const std::string& filename, 
         {name, step, parameter, makeUnknown(system.steps[step], parameter), columns.selection.wanted.size()});
     columns.selection.wanted.push_back(place);
   });
+  for (std::size_t step = 0; step < system.steps.size(); ++step) replaceState(system.steps[step], step, columns);
   if (columns.parameters.empty() && !columns.pressures.any()) {
     throw badUsage(filename +
                    ": the first line must name the columns, separated by commas, with a parameter of a step "
@@ -150,11 +168,11 @@ std::vector<ResultColumn> resultColumns(std::string_view list, const CompiledSys
 
 std::string headerLine(const CsvRecord& header, const ProcessPlan& plan) {
   std::string out(header.raw);
-  for (const ResultColumn& column : plan.results) {
+  for (const ResultColumn& column : plan.first.results) {
     out += ',';
     appendField(out, column.name);
   }
-  out += ",status";
+  out += plan.designer != nullptr ? ",mode,status" : ",status";
   out += plan.shape.lineEnd;
   return out;
 }
@@ -187,52 +205,81 @@ std::string whyNot(const CompiledSystem& system, const Solution& solution) {
 
 /// What each block of rows works with.
 struct Workplace {
-  CompiledSystem system;
-  Solution solution;
-  std::optional<GoalProblem> goals;
-  GoalSolution last;  ///< of the row before
+  std::map<Way, Result<RowSystem>> systems;
+  Solution solution;  ///< of a system without goals
 };
 
-/// Solves for a row; the reason why there is no solution, empty if there is one.
-std::string solveRow(const ProcessPlan& plan, RowCells& cells, const Site& site, Workplace& at) {
-  CompiledSystem& system = at.goals ? at.goals->system : at.system;
-  if (std::string reason = giveParameters(cells, plan.input, system); !reason.empty()) return reason;
-  if (!at.goals) {
-    evaluate(system, site, at.solution);
-    return at.solution.complete ? "" : whyNot(system, at.solution);
-  }
-  const Outcome outcome = solveNear(*at.goals, site, at.last);
-  if (!outcome) return outcome.error().text();
-  at.solution = at.last.solution;
-  return {};
+/// A system in a way, made when it is needed first.
+Result<RowSystem>& systemOf(const ProcessPlan& plan, const Way& way, Workplace& at) {
+  const auto found = at.systems.find(way);
+  return found != at.systems.end() ? found->second : at.systems.emplace(way, plan.systemOf(way)).first->second;
 }
 
-std::string appendRow(std::string& out, RowCells& cells, const ProcessPlan& plan, Workplace& at) {
-  const PressureOrReason pressure = plan.input.pressures.pressureOf(cells, plan.atm);
-  if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
-  const Site site{.atm = std::get<double>(pressure)};
-  if (std::string reason = solveRow(plan, cells, site, at); !reason.empty()) return reason;
-  std::size_t read = at.solution.streams.size();  // the stream that was read out last: its columns come together
+/// Solves for a row; the reason why there is no solution, empty if there is one.
+std::string solveRow(const ProcessPlan& plan, RowCells& cells, const Site& site, RowSystem& with, Solution& solution) {
+  CompiledSystem& system = with.goals ? with.goals->system : with.system;
+  if (std::string reason = giveParameters(cells, with.input, system); !reason.empty()) return reason;
+  if (!with.goals) {
+    evaluate(system, site, solution);
+    return solution.complete ? "" : whyNot(system, solution);
+  }
+  const Effort effort = plan.designer != nullptr ? Effort::quick : Effort::full;
+  const Outcome outcome = solveNear(*with.goals, site, with.last, effort);
+  return outcome ? "" : outcome.error().text();
+}
+
+void appendResults(std::string& out, const RowSystem& with, const Solution& solution, const Site& site, bool full) {
+  std::size_t read = solution.streams.size();  // the stream that was read out last: its columns come together
   StreamReadout readout;
-  for (const ResultColumn& column : plan.results) {
+  for (const ResultColumn& column : with.results) {
     double value;
     if (column.ofStep != nullptr) {
-      value = at.solution.results[column.index].*column.ofStep;
+      value = solution.results[column.index].*column.ofStep;
     } else {
-      if (read != column.index) readout = readoutOf(at.solution.streams[column.index], site);
+      if (read != column.index) readout = readoutOf(solution.streams[column.index], site);
       read = column.index;
       value = readout.*column.ofStream;
     }
     out += ',';
-    (plan.full ? appendRoundTrip : appendSevenDecimals)(out, value);
+    (full ? appendRoundTrip : appendSevenDecimals)(out, value);
   }
-  return {};
+}
+
+/// Runs a row in the first way that has a solution. The reason of a failure is that of the first way.
+std::string appendRow(std::string& out, RowCells& cells, const ProcessPlan& plan, Workplace& at) {
+  const PressureOrReason pressure = plan.first.input.pressures.pressureOf(cells, plan.atm);
+  if (const auto* reason = std::get_if<std::string>(&pressure)) return *reason;
+  const Site site{.atm = std::get<double>(pressure)};
+  std::string firstReason;
+  for (std::optional<Way> way = Way{}; way;) {
+    Result<RowSystem>& with = systemOf(plan, *way, at);
+    if (!with) return firstReason.empty() ? with.error().text() : firstReason;
+    std::string reason = solveRow(plan, cells, site, *with, at.solution);
+    const Solution& solution = with->goals ? with->last.solution : at.solution;
+    std::optional<Way> next;
+    if (plan.designer != nullptr) {
+      const CompiledSystem& system = with->goals ? with->goals->system : with->system;
+      next = plan.designer->after(*way, system, reason.empty() ? &solution : nullptr, site);
+    }
+    if (!next && reason.empty()) {
+      appendResults(out, *with, solution, site, plan.full);
+      if (plan.designer == nullptr) return {};
+      out += ',';
+      appendField(out, wordsOf(*way, plan.designer->keys()));
+      return {};
+    }
+    if (!next && !firstReason.empty()) return firstReason + "; " + wordsOf(*way, plan.designer->keys()) + ": " + reason;
+    if (firstReason.empty()) firstReason = std::move(reason);
+    way = next;
+  }
+  return firstReason;
 }
 
 }  // namespace
 
 BatchResult processRows(std::string_view block, const ProcessPlan& plan) {
-  Workplace at{.system = plan.system, .solution = {}, .goals = plan.goals, .last = {}};
+  Workplace at;
+  at.systems.emplace(Way{}, plan.first);
   return fillRows(block, plan.shape, [&](RowCells& cells, std::string& results, std::string&) {
     std::string reason = appendRow(results, cells, plan, at);
     return reason.empty() ? RowOutcome{} : failedRow(std::move(reason));

@@ -6,6 +6,7 @@
 /// other columns go through as they are. Rows do not depend on each other.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@
 
 #include "cli/processreport.h"
 #include "cli/tablerun.h"
+#include "process/readymade.h"
 #include "process/systemtext.h"
 
 namespace moistair {
@@ -40,15 +42,25 @@ struct InputColumns {
   PressureColumns pressures;
 };
 
-/// What is the same for all rows.
-struct ProcessPlan {
+/// A system with the table's columns found in it.
+struct RowSystem {
   CompiledSystem system;
   std::optional<GoalProblem> goals;  ///< of a system with unknowns, goals or loops
   InputColumns input;
   std::vector<ResultColumn> results;
+  GoalSolution last;  ///< to start from: of the row before
+};
+
+/// What is the same for all rows.
+struct ProcessPlan {
+  RowSystem first;
   TableShape shape;
   double atm = defaultPressure;  ///< [in Hg], where a row gives none
   bool full = false;             ///< round-trip numbers instead of seven decimals
+  /// Of a ready-made system, which runs in another way where a row cannot hold its goals; outlives the plan. Its rows
+  /// have a column "mode" before the status, with the way that was found.
+  const Designer* designer = nullptr;
+  std::function<Result<RowSystem>(const Way&)> systemOf{};  ///< the system in another way
 };
 
 /// Finds the columns in the first record of a table. The parameters that they give become unknowns of the system, which

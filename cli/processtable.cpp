@@ -220,6 +220,8 @@ std::string asTable(const ProcessReport& report) {
   const std::string entered = entryWords(report.pressure);
   if (entered != inhgWords(report.pressure.atm)) out += " (" + entered + ")";
   out += "\n\n";
+  appendRemarks(out, report.remarks);
+  if (!report.remarks.empty()) out += "\n";
   appendStates(out, report);
   appendProcesses(out, report);
   appendUnknowns(out, report);

@@ -80,8 +80,14 @@ struct GoalAnswer {
 /// Solves from as many starts as it takes, and from some more for further solutions.
 GoalAnswer solveGoals(const GoalProblem& problem, const Site& site);
 
-/// Solves from the values of `near`, and puts the solution there; from all starts if that fails. The error is the first
-/// of solveGoals; `near` then stays as it was.
-Outcome solveNear(const GoalProblem& problem, const Site& site, GoalSolution& near);
+/// How much is tried before a system counts as one without a solution.
+enum class Effort : std::uint8_t {
+  full,   ///< all starts
+  quick,  ///< two starts, each given up early: where something else is tried then
+};
+
+/// Solves from the values of `near`, and puts the solution there; from other starts if that fails. The error is the
+/// first of solveGoals; `near` then stays as it was.
+Outcome solveNear(const GoalProblem& problem, const Site& site, GoalSolution& near, Effort effort = Effort::full);
 
 }  // namespace moistair

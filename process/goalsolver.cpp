@@ -18,6 +18,7 @@ namespace {
 constexpr double nearEnough = 1e-9;  // of the quantity
 constexpr double longRange = 1e4;    // bounds further apart than this are none
 constexpr int mostStarts = 60;
+constexpr int quickStarts = 2;
 
 /// A variable for the solver: bounds are mapped away, and one unit is a step of a usual size.
 double inner(const Variable& variable, double value, double scale) {
@@ -72,8 +73,13 @@ double outcomeAt(const GoalRow& goal, const CompiledSystem& system, const Site& 
 
 class Solver {
 public:
-  Solver(const GoalProblem& problem, const Site& site)
-      : problem_(problem), site_(site), system_(problem.system), starts_(problem, site), scales_(starts_.scales()) {}
+  explicit Solver(const GoalProblem& problem, const Site& site, Effort effort = Effort::full)
+      : problem_(problem),
+        site_(site),
+        effort_(effort),
+        system_(problem.system),
+        starts_(problem, site),
+        scales_(starts_.scales()) {}
 
   GoalAnswer fromAllStarts() {
     GoalAnswer answer;
@@ -87,11 +93,11 @@ public:
       }
       return answer;
     }
-    int last = mostStarts;
+    int last = effort_ == Effort::full ? mostStarts : quickStarts;
     for (int start = 0; start < last; ++start) {
       auto solution = from(starts_.values(start));
       if (!solution || isKnown(answer, *solution)) continue;
-      if (answer.found.empty()) last = start + 1 + startsForMore();
+      if (answer.found.empty()) last = effort_ == Effort::full ? start + 1 + startsForMore() : 0;
       answer.found.push_back(std::move(*solution));
     }
     if (answer.found.empty()) explain(answer);
@@ -101,8 +107,8 @@ public:
   std::optional<GoalSolution> from(const std::vector<double>& values) {
     std::vector<double> start(values.size());
     for (std::size_t i = 0; i < values.size(); ++i) start[i] = inner(problem_.variables[i], values[i], scales_[i]);
-    const RootSearch search =
-        findRoot([this](auto point, auto residuals) { return evaluate(point, residuals); }, start, nearEnough / 10);
+    const RootSearch search = findRoot([this](auto point, auto residuals) { return evaluate(point, residuals); }, start,
+                                       nearEnough / 10, effort_ == Effort::full);
     if (search.point.empty()) return std::nullopt;
     if (search.norm < bestNorm_) {
       bestNorm_ = search.norm;
@@ -276,6 +282,7 @@ private:
 
   const GoalProblem& problem_;
   Site site_;
+  Effort effort_;
   CompiledSystem system_;  ///< the problem's, with trial values in it
   GoalStarts starts_;
   const std::vector<double>& scales_;
@@ -290,8 +297,8 @@ private:
 
 GoalAnswer solveGoals(const GoalProblem& problem, const Site& site) { return Solver(problem, site).fromAllStarts(); }
 
-Outcome solveNear(const GoalProblem& problem, const Site& site, GoalSolution& near) {
-  Solver solver(problem, site);
+Outcome solveNear(const GoalProblem& problem, const Site& site, GoalSolution& near, Effort effort) {
+  Solver solver(problem, site, effort);
   if (near.values.size() == problem.variables.size() && !near.values.empty()) {
     if (auto solution = solver.from(near.values)) {
       near = std::move(*solution);

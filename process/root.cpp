@@ -89,18 +89,20 @@ void polish(Functor& functor) {
 
 }  // namespace
 
-RootSearch findRoot(const Residuals& residuals, std::vector<double> start, double goal) {
+RootSearch findRoot(const Residuals& residuals, std::vector<double> start, double goal, bool thorough) {
   Functor functor{residuals, static_cast<Index>(start.size())};
   VectorXd x = vectorOf(start);
   VectorXd value(functor.size);
   if (functor.size == 0 || !functor.evaluate(x, value)) return {};
   {
     Eigen::HybridNonLinearSolver<Functor> solver(functor);
-    solver.parameters.maxfev = mostEvaluations;
+    solver.parameters.maxfev = thorough ? mostEvaluations : mostEvaluations / 3;
     solver.parameters.xtol = 1e-12;
     solver.parameters.factor = 1;
     solver.solve(x);
   }
+  constexpr double hopeless = 1e-3;
+  if (!thorough && functor.best.norm > hopeless) return std::move(functor.best);
   if (functor.best.norm > goal) polish(functor);
   if (functor.best.norm > goal) {
     Eigen::LevenbergMarquardt<Functor> solver(functor);

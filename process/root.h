@@ -22,6 +22,7 @@ struct RootSearch {
 /// Searches from `start`, in at most some hundred evaluations, by Powell's hybrid method; where that ends above `goal`,
 /// by the least squares of Levenberg and Marquardt, which ends as near as it can come.
 /// @param goal norm of the residuals that is near enough for a root
-RootSearch findRoot(const Residuals& residuals, std::vector<double> start, double goal);
+/// @param thorough without it the search gives up where the hybrid method does not come near a root
+RootSearch findRoot(const Residuals& residuals, std::vector<double> start, double goal, bool thorough = true);
 
 }  // namespace moistair

@@ -207,7 +207,9 @@ std::string cellText(const TableRow& row, const TableColumn& column) {
 std::string shownText(const TableRow& row, const TableColumn& column) {
   if (!column.isNumber() || column.content == TableColumn::Content::pressure) return cellText(row, column);
   const double number = numberIn(row, column);
-  return hasValue(number) ? fixedDecimals(number, decimalsOf(column)) : std::string();
+  if (!hasValue(number)) return {};
+  const int decimals = decimalsOf(column);
+  return decimals == 0 ? atMostDecimals(number, 0) : fixedDecimals(number, decimals);
 }
 
 const GivenValue* givenIn(const TableRow& row, const TableColumn& column) {

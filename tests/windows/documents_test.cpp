@@ -93,7 +93,7 @@ TEST(Files, ThatAreNoneAreToldAndChangeNothing) {
   const struct {
     const char *name, *content, *reason;
   } files[] = {{"empty", "", "line 1"},
-               {"later", "{\"format\": 4}", "format"},
+               {"later", "{\"format\": 99}", "format"},
                {"truncated", "{\"format\": 1,\n\"pressure\": {", "line 2"},
                {"missing", nullptr, "No such file"}};
   BoxAnswers answers(QMessageBox::Discard);

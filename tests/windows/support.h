@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "shell/mainwindow.h"
+#include "toolkit/remembered.h"
 #include "toolkit/listbox.h"
 
 namespace moistair::windowtest {
@@ -154,6 +155,10 @@ public:
     if (startState != atStart) returnToChart();
     if (startState == onChart) drawChart();
   }
+
+  ~Program() { forgetAll(); }  // the next one begins like the first
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
 
   QString path(const char* name) const { return folder.filePath(QLatin1String(name)); }
 

@@ -15,5 +15,6 @@ void addMixCommand(CLI::App& app);      ///< two streams and their mixture
 void addProcessCommand(CLI::App& app);  ///< a system of air-handling processes
 void addChartCommand(CLI::App& app);    ///< a chart as a file
 void addSheetCommand(CLI::App& app);    ///< a sheet for submission
+void addWeatherCommand(CLI::App& app);  ///< a weather file or trend log: bins, hours, design conditions, pictures
 
 }  // namespace moistair

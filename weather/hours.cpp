@@ -87,7 +87,9 @@ bool readSpan(std::string_view text, int& first, int& last) {
 StatePoint weatherState(const Given& first, const Given& second, double atm) {
   const StatePoint none{.db = noValue};
   if (first.kind != PropertyKind::db) {
-    const ExactSolutions found = solutionsWithoutWetBulb(first, second, atm, weatherBounds);
+    const bool above = second.kind == PropertyKind::rh && second.value > 100;
+    const Given other{second.kind, above ? 100 : second.value};
+    const ExactSolutions found = solutionsWithoutWetBulb(first, other, atm, weatherBounds);
     if (found.states.size() != 1) return none;
     return stateOf(found.states.front().db, pressureOfRatio(found.states.front().w, atm), atm);
   }

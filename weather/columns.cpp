@@ -173,7 +173,7 @@ Error noColumns(const std::vector<std::string_view>& heads, const char* what) {
   return {ErrorCode::unreadable, {}, words};
 }
 
-/// Columns of the properties, as named or found, the dry bulb first.
+/// Columns of the properties, as named or found, the dry bulb first, or else the wet bulb.
 Result<std::vector<ValueColumn>> propertyColumns(ColumnFinder& finder) {
   using enum PropertyKind;
   std::vector<ValueColumn> found;
@@ -189,8 +189,9 @@ Result<std::vector<ValueColumn>> propertyColumns(ColumnFinder& finder) {
       if (at && found.size() < 2 && !clash) found.push_back(finder.column(*at, kind));
     }
   }
+  const auto rank = [](const ValueColumn& column) { return column.kind == db ? 0 : column.kind == wb ? 1 : 2; };
   std::stable_sort(found.begin(), found.end(),
-                   [](const ValueColumn& one, const ValueColumn& other) { return one.kind == db && other.kind != db; });
+                   [&](const ValueColumn& one, const ValueColumn& other) { return rank(one) < rank(other); });
   return found;
 }
 

@@ -88,6 +88,7 @@ StatePoint weatherState(const Given& first, const Given& second, double atm) {
   const StatePoint none{.db = noValue};
   if (first.kind != PropertyKind::db) {
     const bool above = second.kind == PropertyKind::rh && second.value > 100;
+    if (above && first.kind == PropertyKind::wb) return weatherState({PropertyKind::db, first.value}, second, atm);
     const Given other{second.kind, above ? 100 : second.value};
     const ExactSolutions found = solutionsWithoutWetBulb(first, other, atm, weatherBounds);
     if (found.states.size() != 1) return none;

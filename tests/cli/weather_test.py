@@ -15,7 +15,6 @@ import re
 import subprocess
 import sys
 import tempfile
-import time
 
 sys.dont_write_bytecode = True
 TOOL, FOLDER = os.path.abspath(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
@@ -88,15 +87,13 @@ def check_year():
     return failed
 
 
-def check_million():
-    """A million rows; the time of this machine is only printed, and a bound kept that no busy machine misses."""
+def check_long():
+    """Many rows; bench_weather has their time."""
     rows = [f"2023-{m:02}-{d:02} {h:02}:{q:02},{60 + q / 4},{50 + h}" for m in range(1, 13) for d in range(1, 29)
-            for h in range(24) for q in range(60)] * 3
-    given = make.text(["Time,Temp (F),RH"] + rows[:1000000])
-    start = time.monotonic()
+            for h in range(24) for q in range(60)]
+    given = make.text(["Time,Temp (F),RH"] + rows[:100000])
     errors = run(["-", "bins"], given)[1]
-    print(f"a million rows in {time.monotonic() - start:.2f} s, bins and all")
-    return [] if "rows read: 1000000," in errors and time.monotonic() - start < 60 else ["a million rows: " + errors]
+    return [] if "rows read: 100000," in errors else ["many rows: " + errors]
 
 
 def main():
@@ -106,7 +103,7 @@ def main():
         for name, content in make.CASES.items():
             pathlib.Path(name).write_bytes(content)
         now = "".join(map(printed, recorded_cases()))
-        failed = check_year() + check_million()
+        failed = check_year() + check_long()
         os.chdir("/")
     if "--record" in sys.argv:
         record.write_text(now, encoding="utf-8")

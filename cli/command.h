@@ -16,5 +16,6 @@ void addProcessCommand(CLI::App& app);  ///< a system of air-handling processes
 void addDesignCommand(CLI::App& app);   ///< ready-made systems, from the room to the equipment
 void addChartCommand(CLI::App& app);    ///< a chart as a file
 void addSheetCommand(CLI::App& app);    ///< a sheet for submission
+void addWeatherCommand(CLI::App& app);  ///< a weather file or trend log: bins, hours, design conditions, pictures
 
 }  // namespace moistair

@@ -78,6 +78,7 @@ int run(int argc, char** argv) {
   addDesignCommand(app);
   addChartCommand(app);
   addSheetCommand(app);
+  addWeatherCommand(app);
   const std::string version = std::string("moistair-cli ") + MOISTAIR_VERSION;
   app.set_version_flag("--version", version, "Print the version and exit");
   for (CLI::App* command : app.get_subcommands({})) {

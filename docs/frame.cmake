@@ -12,6 +12,7 @@ set(pages
   lines.html "Lines"
   mixing.html "Mixing"
   processes.html "Processes"
+  weather.html "Weather"
   log.html "Log and files"
   messages.html "Messages"
   equations.html "Equations"

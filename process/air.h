@@ -15,6 +15,7 @@
 
 #include "engine/moistair.h"
 #include "engine/state.h"
+#include "engine/wetbulbs.h"
 #include "text/error.h"
 
 namespace moistair {
@@ -32,15 +33,6 @@ struct AirState {
 
 /// Whether a humidity ratio is above that of saturated air by more than rounding.
 inline bool aboveSaturation(double w, double saturated) { return w > saturated * (1 + 1e-10); }
-
-/// The wet bulbs of a state. Near 32 deg F there can be one over ice and one over water, or none at all.
-struct WetBulbs {
-  double overIce = noValue;
-  double overWater = noValue;
-
-  double shown() const { return hasValue(overWater) ? overWater : overIce; }
-  bool two() const { return hasValue(overWater) && hasValue(overIce); }
-};
 
 /// A model of moist air. The enthalpy is to be linear in the humidity ratio (perfect gases), the saturated humidity
 /// ratio convex in the temperature but for one step, at `freezing`.

@@ -3,7 +3,39 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "cli/picture.h"
+
 namespace moistair {
+
+namespace {
+
+/// Adds what takes the outdoor air from a weather file.
+void addHours(CLI::App& command, RunOptions& options) {
+  HoursOptions& hours = options.hours;
+  options.hoursOption =
+      command
+          .add_option(
+              "--hours", hours.file,
+              "a weather file or trend log; the system runs with its air for every hour and the loads are summed "
+              "up, or written as --format csv")
+          ->type_name("FILE")
+          ->excludes(options.rowsOption);
+  options.ofHours = {
+      command.add_option("--outdoor", hours.stream, "the stream that has the air of the hours; OA if not given")
+          ->type_name("NAME"),
+      command.add_flag("--pressure-of-hour", hours.ownPressure,
+                       "the whole system at the pressure of each hour, where the file gives one"),
+      command.add_option("--plot", hours.plot, "load-duration curves as a picture, .svg .pdf .png or .bmp")
+          ->type_name("FILE")};
+  for (CLI::Option* option : options.ofHours) option->group("Hours");
+  options.hoursOption->group("Hours");
+  addWeatherOptions(command, hours.weather, "--hour-columns");
+  for (const char* name : {"--hour-columns", "--units", "--months", "--of-day", "--where"}) {
+    options.ofHours.push_back(command.get_option(name));
+  }
+}
+
+}  // namespace
 
 void addRunOptions(CLI::App& command, RunOptions& options) {
   addPressure(command, options.pressure);
@@ -24,9 +56,18 @@ void addRunOptions(CLI::App& command, RunOptions& options) {
           ->type_name("LIST"),
       command.add_flag("--full", options.full, "write numbers in full instead of with seven decimals"),
       command.add_option("--jobs", options.jobs, "threads to work on, 1 to 256; 1 if not given")->type_name("N")};
+  addHours(command, options);
 }
 
 bool runsRows(const RunOptions& options) {
+  if (options.hoursOption->count() > 0) {
+    const bool columns = options.ofRows.front()->count() > 0;
+    if (columns && options.format != Format::csv) throw badUsage("--columns is for a table: add --format csv");
+    return true;
+  }
+  for (const CLI::Option* option : options.ofHours) {
+    if (option->count() > 0) throw badUsage(option->get_name() + " is for hours of --hours");
+  }
   if (options.rowsOption->count() == 0) {
     for (const CLI::Option* option : options.ofRows) {
       if (option->count() > 0) throw badUsage(option->get_name() + " is for a table of --rows");
@@ -39,7 +80,10 @@ bool runsRows(const RunOptions& options) {
   return true;
 }
 
-Input rowsOf(const RunOptions& options) { return Input(options.rows); }
+Input rowsOf(const RunOptions& options) {
+  if (options.hoursOption->count() == 0) return Input(options.rows);
+  return Input::holding(options.hours.file, tableOfHours(options.hours, pressureOf(options.pressure).atm));
+}
 
 void refuseAll(const std::vector<std::string>& mistakes, ExitCode code) {
   constexpr std::size_t most = 20;
@@ -73,6 +117,25 @@ void writeReport(const ProcessReport& report, const RunOptions& options, const s
   if (!failures.empty()) refuseAll(failures, ExitCode::failure);
 }
 
+namespace {
+
+void writeText(const std::string& text, const std::string& path) {
+  Output output(path);
+  output.write(text);
+  output.close();
+}
+
+void writePlot(const HourLoads& loads, const std::string& path) {
+  const Painter painter = painterOfName(path);
+  if (painter.format == nullptr) throw badUsage(path + ": the ending must be .svg .pdf .png or .bmp");
+  const std::string bytes =
+      painter.contents(*painter.format, loads.plot(), {HourLoads::plotWidth, HourLoads::plotHeight}, 1);
+  if (bytes.empty()) throw failure("there is not enough memory for the picture");
+  writeText(bytes, path);
+}
+
+}  // namespace
+
 void runTable(const RunOptions& options, const std::function<ProcessPlan(const CsvRecord&, const Input&)>& planOf) {
   const unsigned jobs = jobsOf(options.jobs);
   Input input = rowsOf(options);
@@ -83,11 +146,24 @@ void runTable(const RunOptions& options, const std::function<ProcessPlan(const C
   plan.shape.selection = plan.first.input.selection;
   plan.shape.lineEnd = header.lineEnd.starts_with('\r') ? "\r\n" : "\n";
   plan.shape.results = plan.first.results.size() + (plan.designer != nullptr ? 1 : 0);
-  Output output(options.output, &input);
-  output.write(headerLine(header, plan));
-  checkRows(table.run(
+  const bool sums = options.hoursOption->count() > 0 && options.format != Format::csv;
+  const std::string head = headerLine(header, plan);
+  HourLoads loads(head);
+  const bool counts = sums || !options.hours.plot.empty();
+  Output output(sums ? "/dev/null" : options.output, &input);
+  output.write(head);
+  const RowCounts rows = table.run(
       plan.shape.selection.columns + plan.shape.results,
-      [&](const std::string& block) { return processRows(block, plan); }, output, jobs));
+      [&](const std::string& block) {
+        BatchResult result = processRows(block, plan);
+        if (counts) loads.add(result.text);
+        return result;
+      },
+      output, jobs);
+  loads.finish();
+  if (sums) writeText(loads.text(options.format), options.output);
+  if (!options.hours.plot.empty()) writePlot(loads, options.hours.plot);
+  checkRows(rows);
 }
 
 }  // namespace moistair

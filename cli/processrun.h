@@ -9,6 +9,7 @@
 #include "cli/fault.h"
 #include "cli/format.h"
 #include "cli/pressureoption.h"
+#include "cli/processhours.h"
 #include "cli/processreport.h"
 #include "cli/processrows.h"
 #include "cli/stream.h"
@@ -26,6 +27,9 @@ struct RunOptions {
   CLI::Option* formatOption = nullptr;
   CLI::Option* rowsOption = nullptr;
   std::vector<CLI::Option*> ofRows;  ///< those that say something of a table
+  HoursOptions hours;
+  CLI::Option* hoursOption = nullptr;
+  std::vector<CLI::Option*> ofHours;  ///< those that say something of hours
 };
 
 void addRunOptions(CLI::App& command, RunOptions& options);

@@ -13,6 +13,7 @@
 #include "cli/fault.h"
 #include "cli/picture.h"
 #include "cli/properties.h"
+#include "cli/sheetoptions.h"
 #include "sheet/content.h"
 #include "sheet/options.h"
 #include "text/utf8.h"
@@ -22,17 +23,6 @@ namespace moistair {
 namespace {
 
 constexpr double pixelsPerPoint = pixelsPerInch / 72;
-
-struct SheetCommandOptions {
-  std::string output;
-  ChartDocumentOptions document;
-  std::string page = "letter";
-  bool portrait = false;
-  std::string size;
-  std::string letterSize;
-  std::string scale = "1";
-  SheetOptions sheet;
-};
 
 std::string today() {
   const std::time_t now = std::time(nullptr);
@@ -68,26 +58,6 @@ void takeTitles(SheetOptions& sheet, const std::optional<TitleBlock>& block, con
   take("--title", sheet.title, block->title);
   take("--project", sheet.project, block->project);
   take("--drawn-by", sheet.drawnBy, block->drawnBy);
-}
-
-void runSheet(const CLI::App& command, const SheetCommandOptions& options) {
-  constexpr WindowSize window{defaultWidth * twipsPerPixel, defaultHeight * twipsPerPixel};
-  SheetOptions sheet = sheetOf(options);
-  ChartDocument begun = begunDocument(options.document);
-  takeTitles(sheet, begun.document.titleBlock, command);
-  RecordingCanvas canvas;
-  constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
-  // What is out of the limits is found while what paints is loaded.
-  auto drawn = std::async(either, [&] { return leaveOut(begun.document, window); });
-  const Painter painter = painterOfName(options.output);
-  if (painter.format == nullptr) throw badUsage(options.output + ": the ending must be .pdf .svg .png or .bmp");
-  const double scale = scaleOf(options.scale, painter.pixels, sheet.page.width, sheet.page.height);
-  completeDocument(begun, drawn.get(), canvas, window, command, options.document);
-  const std::string bytes = painter.sheet(*painter.format, contentOf(begun.document), sheet, scale);
-  if (bytes.empty()) throw failure("there is not enough memory for the picture");
-  Output output(options.output, begun.input.get());
-  output.write(bytes);
-  output.close();
 }
 
 /// An option that is one of some words.
@@ -145,15 +115,39 @@ void addTexts(CLI::App& command, SheetOptions& sheet) {
 
 }  // namespace
 
+void addSheetLook(CLI::App& command, SheetCommandOptions& options) {
+  addLook(command, options);
+  addTexts(command, options.sheet);
+}
+
+void runSheet(const CLI::App& command, const SheetCommandOptions& options, const SheetContentOf& contentOfDocument) {
+  constexpr WindowSize window{defaultWidth * twipsPerPixel, defaultHeight * twipsPerPixel};
+  SheetOptions sheet = sheetOf(options);
+  ChartDocument begun = begunDocument(options.document);
+  takeTitles(sheet, begun.document.titleBlock, command);
+  RecordingCanvas canvas;
+  constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
+  // What is out of the limits is found while what paints is loaded.
+  auto drawn = std::async(either, [&] { return leaveOut(begun.document, window); });
+  const Painter painter = painterOfName(options.output);
+  if (painter.format == nullptr) throw badUsage(options.output + ": the ending must be .pdf .svg .png or .bmp");
+  const double scale = scaleOf(options.scale, painter.pixels, sheet.page.width, sheet.page.height);
+  completeDocument(begun, drawn.get(), canvas, window, command, options.document);
+  const std::string bytes = painter.sheet(*painter.format, contentOfDocument(begun.document), sheet, scale);
+  if (bytes.empty()) throw failure("there is not enough memory for the picture");
+  Output output(options.output, begun.input.get());
+  output.write(bytes);
+  output.close();
+}
+
 void addSheetCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("sheet", "Lay a chart out for print, with table and title block");
   const auto options = std::make_shared<SheetCommandOptions>();
   options->sheet.title = "Psychrometric chart";
   command->add_option("-o,--output", options->output, "the file; .pdf .svg .png .bmp")->required()->type_name("FILE");
   addChartDocument(*command, options->document);
-  addLook(*command, *options);
-  addTexts(*command, options->sheet);
-  command->callback([options, command] { runSheet(*command, *options); });
+  addSheetLook(*command, *options);
+  command->callback([options, command] { runSheet(*command, *options, contentOf); });
 }
 
 }  // namespace moistair

@@ -1,6 +1,7 @@
 #include "cli/stream.h"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -55,6 +56,18 @@ bool Input::read(std::string& to, std::size_t size) {
   if (got < 0) throw failure(name_ + " cannot be read" + because());
   to.resize(before + static_cast<std::size_t>(got));
   return got > 0;
+}
+
+Input Input::holding(const std::string& name, std::string_view text) {
+  Input input(name, ::memfd_create("moistair", MFD_CLOEXEC));
+  while (input.descriptor() >= 0 && !text.empty()) {
+    const ssize_t written = ::write(input.descriptor(), text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) throw failure(name + because());
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+  if (input.descriptor() < 0 || ::lseek(input.descriptor(), 0, SEEK_SET) != 0) throw failure(name + because());
+  return input;
 }
 
 std::string Input::content(std::size_t longest) {

@@ -10,6 +10,7 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "files/descriptor.h"
 #include "files/outputfile.h"
@@ -21,6 +22,9 @@ public:
   /// Standard input for an empty path and for "-". Bad usage for a file that cannot be opened.
   explicit Input(const std::string& path);
 
+  /// A text in place of a file, under a name for messages.
+  static Input holding(const std::string& name, std::string_view text);
+
   /// Appends what can be read at once, at most `size` bytes; false at the end.
   bool read(std::string& to, std::size_t size);
 
@@ -31,6 +35,8 @@ public:
   int descriptor() const { return descriptor_.number(); }
 
 private:
+  Input(std::string name, int descriptor) : name_(std::move(name)), descriptor_(descriptor) {}
+
   std::string name_;
   Descriptor descriptor_;
 };

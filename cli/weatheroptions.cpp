@@ -32,9 +32,9 @@ Result<WeatherFile> readStandardInput(const TableColumns& columns) {
 
 }  // namespace
 
-void addWeatherOptions(CLI::App& command, WeatherOptions& options) {
+void addWeatherOptions(CLI::App& command, WeatherOptions& options, const char* columns) {
   command
-      .add_option("--columns", options.columns,
+      .add_option(columns, options.columns,
                   "heads of a table's columns, such as time=Stamp,db=OAT,rh=OA RH; found by themselves if not given")
       ->type_name("LIST")
       ->group("Hours");

@@ -20,8 +20,8 @@ struct WeatherOptions {
   std::string where;
 };
 
-/// Adds --columns, --units, --months, --of-day and --where.
-void addWeatherOptions(CLI::App& command, WeatherOptions& options);
+/// Adds --units, --months, --of-day, --where, and --columns under the name that is free for it.
+void addWeatherOptions(CLI::App& command, WeatherOptions& options, const char* columns = "--columns");
 
 /// Reads a file; "-" for standard input. Bad usage for one that cannot be opened and for options that make no sense,
 /// a failure for one that cannot be read.

@@ -24,6 +24,7 @@
 #include "chart/readingmark.h"
 #include "engine/mixingproblem.h"
 #include "engine/pressureunits.h"
+#include "model/weatherlayer.h"
 #include "text/numbertext.h"
 
 namespace moistair {
@@ -140,6 +141,7 @@ struct Document {
   Pressure pressure;                       ///< last set, not necessarily that of any entry
   ChartState chartState;                   ///< the current chart, which decides what may be added
   std::optional<TitleBlock> titleBlock{};  ///< none before anything was entered
+  std::optional<WeatherLayer> weather{};   ///< a layer on the current chart
   CurrentValues current{};
 
   /// The current pressure [in Hg].

@@ -7,6 +7,7 @@
 
 #include "model/documentnames.h"
 #include "model/jsonnode.h"
+#include "model/weatherjson.h"
 #include "text/utf8.h"
 
 namespace moistair {
@@ -115,14 +116,6 @@ Json jsonOf(const Entry& entry, Setting& before) {
   return json;
 }
 
-/// A path as text, or byte for byte where it is none.
-Json jsonOfPath(std::string_view path) {
-  if (isUtf8(path)) return std::string(path);
-  Json bytes = Json::array();
-  for (const char c : path) bytes.push_back(static_cast<unsigned char>(c));
-  return bytes;
-}
-
 /// The first format that can hold an entry.
 struct FormatFinder {
   int operator()(const PinnedReading&) const { return 2; }
@@ -142,6 +135,7 @@ struct FormatFinder {
 /// The first format that can hold a document.
 int formatFor(const Document& document) {
   int format = document.previous.empty() && !document.titleBlock ? 1 : 3;
+  if (document.weather) format = 5;
   const auto take = [&](const Entry& entry) { format = std::max(format, std::visit(FormatFinder{}, entry.content)); };
   for (const Entry& entry : document.entries) take(entry);
   for (const LeftOut& left : document.previous) take(left.entry);
@@ -175,6 +169,7 @@ Json headOf(const Document& document) {
   if (const auto& block = document.titleBlock) {
     head["titleblock"] = {{"title", block->title}, {"project", block->project}, {"drawnby", block->drawnBy}};
   }
+  if (document.weather) head["weather"] = jsonOf(*document.weather);
   return head;
 }
 

@@ -9,6 +9,7 @@
 
 #include "model/documentnames.h"
 #include "model/jsonnode.h"
+#include "model/weatherjson.h"
 #include "text/value.h"
 
 namespace moistair {
@@ -238,17 +239,6 @@ std::size_t backgroundOf(const JsonNode& node, std::size_t entries) {
   return static_cast<std::size_t>(number);
 }
 
-std::string pathOf(const JsonNode& node) {
-  if (!node.isArray()) return node.text();
-  std::string path;
-  for (const JsonNode& element : node.elements("byte")) {
-    const double byte = element.number();
-    if (!(byte >= 0 && byte <= 255)) element.fail("must be from 0 to 255");
-    path += static_cast<char>(static_cast<unsigned char>(byte));
-  }
-  return path;
-}
-
 void checkFormat(const JsonNode& root) {
   const auto format = root.find("format");
   if (!format) root.fail("\"format\" is missing, so this is not a Moistair document");
@@ -261,7 +251,7 @@ void checkFormat(const JsonNode& root) {
 
 ReadDocument documentOf(const JsonNode& root) {
   checkFormat(root);
-  root.onlyKeys({"format", "file", "pressure", "drawn", "background", "titleblock", "entries", "previous"});
+  root.onlyKeys({"format", "file", "pressure", "drawn", "background", "titleblock", "weather", "entries", "previous"});
   ReadDocument read;
   Document& document = read.document;
   document.pressure = setPressureOf(root.at("pressure"));
@@ -273,6 +263,7 @@ ReadDocument documentOf(const JsonNode& root) {
       document.previous.push_back(leftOutOf(node, before));
   }
   if (const auto titleBlock = root.find("titleblock")) document.titleBlock = titleBlockOf(*titleBlock);
+  if (const auto weather = root.find("weather")) document.weather = weatherOf(*weather);
   if (const auto drawn = root.find("drawn")) {
     const ChartLimits limits = limitsOf(*drawn);
     checkDrawable(*drawn, limits);

@@ -18,6 +18,7 @@ Change noChange(const Document& document, std::string name) {
   change.pressure = document.pressure;
   change.chartState = document.chartState;
   change.titleBlock = document.titleBlock;
+  change.weather = document.weather;
   return change;
 }
 
@@ -93,6 +94,12 @@ Change takingOver(const Document& document, std::string name, std::vector<Entry>
   Change change = noChange(document, std::move(name));
   change.entries = std::move(entries);
   change.previous = std::move(rest);
+  return change;
+}
+
+Change reweathering(const Document& document, std::optional<WeatherLayer> weather) {
+  Change change = noChange(document, "Weather");
+  change.weather = std::move(weather);
   return change;
 }
 
@@ -196,6 +203,7 @@ void carryOut(Change& change, Document& document) {
   std::swap(change.pressure, document.pressure);
   std::swap(change.chartState, document.chartState);
   std::swap(change.titleBlock, document.titleBlock);
+  std::swap(change.weather, document.weather);
   if (change.previous) std::swap(*change.previous, document.previous);
 }
 

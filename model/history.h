@@ -25,6 +25,7 @@ struct Change {
   Pressure pressure;
   ChartState chartState;
   std::optional<TitleBlock> titleBlock;
+  std::optional<WeatherLayer> weather;
   std::optional<std::vector<LeftOut>> previous;  ///< none where the entries of the previous chart stay as they are
 };
 
@@ -72,6 +73,9 @@ Change takingOver(const Document& document, std::string name, std::vector<Entry>
 
 /// Another title block.
 Change retitling(const Document& document, TitleBlock titleBlock);
+
+/// Another layer of weather, or none.
+Change reweathering(const Document& document, std::optional<WeatherLayer> weather);
 
 /// Carries a change out and leaves in it the way back.
 void carryOut(Change& change, Document& document);

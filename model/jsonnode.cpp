@@ -216,4 +216,22 @@ Json jsonNumber(double number) {
 
 std::string jsonText(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
+Json jsonOfPath(std::string_view path) {
+  if (isUtf8(path)) return std::string(path);
+  Json bytes = Json::array();
+  for (const char c : path) bytes.push_back(static_cast<unsigned char>(c));
+  return bytes;
+}
+
+std::string pathOf(const JsonNode& node) {
+  if (!node.isArray()) return node.text();
+  std::string path;
+  for (const JsonNode& element : node.elements("byte")) {
+    const double byte = element.number();
+    if (!(byte >= 0 && byte <= 255)) element.fail("must be from 0 to 255");
+    path += static_cast<char>(static_cast<unsigned char>(byte));
+  }
+  return path;
+}
+
 }  // namespace moistair

@@ -75,6 +75,10 @@ struct JsonNode::Member {
 /// A number to be written: without a decimal point if it is whole.
 Json jsonNumber(double number);
 
+/// A path as text, or byte for byte where it is none, and back.
+Json jsonOfPath(std::string_view path);
+std::string pathOf(const JsonNode& node);
+
 /// A value in one line. A byte that is no UTF-8 must not keep a file from being written, and is replaced.
 std::string jsonText(const Json& json);
 

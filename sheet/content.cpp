@@ -64,6 +64,20 @@ struct ContentWriter {
   }
 };
 
+/// The yearly design conditions of a layer, behind the points of the document.
+void addDesign(SheetContent& content, const WeatherLayer& layer, std::size_t entry) {
+  for (const DesignCondition& condition : layer.design) {
+    const StatePoint state = stateOf(condition, content.pressure.atm);
+    if (condition.month > 0 || !hasValue(state.db)) continue;
+    SheetState point{static_cast<int>(content.states.size()) + 1, nameOf(condition), {}, content.pressure.atm, entry};
+    if (!condition.source.empty()) point.name += ", " + condition.source;
+    for (const Property& property : propertyTable) {
+      point.properties[columnOf(property.kind)] = valueOf(property, state, content.pressure.atm);
+    }
+    content.states.push_back(std::move(point));
+  }
+}
+
 /// The elevation of a pressure [ft]; no value above that of the sea.
 double elevationOf(double atm) {
   constexpr double slack = 0.0005;
@@ -100,6 +114,10 @@ SheetContent contentOf(const Document& document) {
     const Entry& entry = document.entries[i];
     std::visit(ContentWriter{content, entry.setting, i, own}, entry.content);
   }
+  if (document.weather) {
+    content.weather = sheetWeatherOf(*document.weather, content.pressure.atm);
+    if (document.weather->designPoints) addDesign(content, *document.weather, document.entries.size());
+  }
   return content;
 }
 
@@ -118,6 +136,7 @@ std::string limitsText(const ChartLimits& limits) {
 std::vector<std::string> typedTexts(const SheetContent& content) {
   std::vector<std::string> texts;
   for (const SheetState& state : content.states) texts.push_back(state.name);
+  if (content.weather) texts.push_back(content.weather->layer.site);
   return texts;
 }
 

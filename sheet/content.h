@@ -12,6 +12,7 @@
 
 #include "engine/property.h"
 #include "model/document.h"
+#include "sheet/weather.h"
 
 namespace moistair {
 
@@ -52,6 +53,7 @@ struct SheetContent {
   std::vector<SheetLine> lines;
   std::vector<SheetState> states;
   std::vector<SheetMixture> mixtures;
+  std::optional<SheetWeather> weather;
   std::vector<std::string> notes;  ///< on the states with a mark: "* 2 Supply: this state has ..."
 };
 

@@ -67,7 +67,7 @@ SheetPlot plotWithin(const Box& area, const SheetWork& work) {
   plot.left = corners[0].x + 4.6 * em;
   plot.right = std::max(plot.left + 1, corners[1].x - rightRoom(work.canvas, work.options, plot.limits));
   plot.top = corners[0].y + 3.2 * em;
-  plot.bottom = std::max(plot.top + 1, corners[2].y - bottomRoom(em));
+  plot.bottom = std::max(plot.top + 1, corners[2].y - bottomRoom(em) - weatherRoom(work.content.weather, em));
   return plot;
 }
 
@@ -128,6 +128,7 @@ private:
       fixedText(work, centered(canvas_, area.center, "There is no air within these limits.", work.theme.text(em)));
     } else {
       makeRoomForHeading(work, corner);
+      drawWeather(work, area.corners()[2].y);
       drawGrid(work);
       drawFamilies(work);
       drawEnthalpyScale(work, enthalpyRule(work));

@@ -27,6 +27,7 @@ enum class Dash { solid, dashed, dotted };
 /// What an operation belongs to: a file groups by it, and a test knows by it what may cover what.
 enum class SheetPart {
   grid,
+  weather,
   zones,
   relativeHumidity,
   wetBulb,

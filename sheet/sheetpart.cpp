@@ -5,6 +5,7 @@ namespace moistair {
 const char* nameOf(SheetPart part) {
   switch (part) {
     case SheetPart::grid: return "grid";
+    case SheetPart::weather: return "weather";
     case SheetPart::zones: return "zones";
     case SheetPart::relativeHumidity: return "relative-humidity";
     case SheetPart::wetBulb: return "wet-bulb";

@@ -21,8 +21,10 @@ struct Theme {
   Stroke fineGrid, grid;            ///< between the numbers of the scales and at them
   Stroke frame, saturation, scale;  ///< scale: rules and ticks
   Stroke humidity, wetBulb, enthalpy, volume;
-  Color mark;   ///< points and mixing lines
-  Color shade;  ///< heads of tables
+  Color weather;        ///< of the cells with most hours
+  bool isGray = false;  ///< whether no color tells anything
+  Color mark;           ///< points and mixing lines
+  Color shade;          ///< heads of tables
 
   Color humidityText, wetBulbText, enthalpyText, volumeText;  ///< as the lines, but dark enough for letters
 

@@ -96,14 +96,14 @@ std::vector<Percentile> percentilesOf(std::span<const WeatherHour> hours) {
   return found;
 }
 
-std::vector<Cell> cellsOf(std::span<const WeatherHour> hours, const VisibleRange& range, const CellSize& size) {
+std::vector<WeatherCell> cellsOf(std::span<const WeatherHour> hours, const VisibleRange& range, const CellSize& size) {
   std::map<std::pair<int, int>, double> sums;
   for (const WeatherHour& hour : hours) {
     if (!range.has(hour.state)) continue;
     const auto place = [](double value, double step) { return static_cast<int>(std::floor(value / step)); };
     sums[{place(hour.state.w, size.w), place(hour.state.db, size.db)}] += hour.hours;
   }
-  std::vector<Cell> cells;
+  std::vector<WeatherCell> cells;
   for (const auto& [place, sum] : sums) cells.push_back({place.second, place.first, sum});
   return cells;
 }

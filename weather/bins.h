@@ -48,12 +48,13 @@ struct CellSize {
   double db = 2;      ///< [deg F]
   double w = 0.0005;  ///< [lb/lb]
 };
-struct Cell {
+struct WeatherCell {
   int column, row;  ///< of multiples of the size
   double hours;
 };
 
 /// Cells with hours, by row and column. Hours beyond the range are left out; countUnseen counts them.
-std::vector<Cell> cellsOf(std::span<const WeatherHour> hours, const VisibleRange& range, const CellSize& size = {});
+std::vector<WeatherCell> cellsOf(std::span<const WeatherHour> hours, const VisibleRange& range,
+                                 const CellSize& size = {});
 
 }  // namespace moistair

@@ -223,7 +223,7 @@ Result<TableLayout> layoutOf(std::string_view line, const TableColumns& columns,
   layout.isTmy3 = layout.time.date && layout.time.clock && heads[*layout.time.date] == "Date (MM/DD/YYYY)";
   layout.fieldsNeeded = 1 + std::max(layout.values[0].place, layout.values[1].place);
   for (const auto& place : {layout.time.whole, layout.time.date, layout.time.clock, layout.time.year, layout.time.month,
-                            layout.time.day, layout.time.hour}) {
+                            layout.time.day, layout.time.hour, layout.time.minute}) {
     if (place) layout.fieldsNeeded = std::max(layout.fieldsNeeded, *place + 1);
   }
   if (!finder.fahrenheitAssumed.empty()) {

@@ -184,6 +184,15 @@ bool tellsMore(std::string_view line, std::string_view than) {
 
 }  // namespace
 
+std::string_view headsOf(std::string_view text) {
+  LineReader lines(text);
+  std::string_view line, likeliest;
+  while (lines.number() < mostTitleLines && lines.next(line)) {
+    if (tellsMore(line, likeliest)) likeliest = line;
+  }
+  return likeliest;
+}
+
 Result<WeatherFile> readTable(std::string_view text, const TableColumns& columns) {
   LineReader lines(text);
   std::string_view line, likeliest;

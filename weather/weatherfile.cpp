@@ -39,7 +39,8 @@ Result<WeatherFile> readByContent(std::string_view text, const TableColumns& col
   const std::string start = lowercase(trimmed(first).substr(0, 9));
   if (start == "location," || lowercase(first.substr(0, 17)) == "design conditions") return readEpw(text);
   if (contains(text.substr(0, 65536), "sizingperiod:designday") || contains(text.substr(0, 65536), "site:location")) {
-    WeatherFile file{.format = WeatherFormat::designDays, .site = {}, .rows = {}, .design = {}, .oddities = {}};
+    WeatherFile file{
+        .format = WeatherFormat::designDays, .site = {}, .rows = {}, .design = {}, .checksum = {}, .oddities = {}};
     file.design = designOfDays(text, file.oddities);
     if (!file.design.empty()) file.site.name = file.design.front().source;
     return file;
@@ -108,7 +109,16 @@ Result<std::vector<TableColumns::Named>> readColumns(std::string_view list) {
   return named;
 }
 
+std::string checksumOf(std::string_view content) {
+  std::uint64_t sum = 0xcbf29ce484222325;
+  for (const char c : content) sum = (sum ^ static_cast<unsigned char>(c)) * 0x100000001b3;
+  std::string text(16, '0');
+  for (std::size_t i = text.size(); i-- > 0; sum >>= 4U) text[i] = "0123456789abcdef"[sum & 15U];
+  return text;
+}
+
 Result<WeatherFile> readWeather(std::string_view text, const TableColumns& columns) {
+  const std::string checksum = checksumOf(text);
   const bool mark = text.starts_with("\xEF\xBB\xBF");
   if (mark) text.remove_prefix(3);
   if (text.find('\0') != std::string_view::npos) {
@@ -116,6 +126,7 @@ Result<WeatherFile> readWeather(std::string_view text, const TableColumns& colum
   }
   auto file = readByContent(text, columns);
   if (!file) return file;
+  file->checksum = checksum;
   Oddities& oddities = file->oddities;
   if (mark) oddities.add(OddityKind::byteOrderMark);
   countLatinLines(text, oddities);

@@ -50,6 +50,7 @@ struct WeatherFile {
   WeatherSite site;
   std::vector<WeatherRow> rows;  ///< none of a file of design days
   std::vector<DesignCondition> design;
+  std::string checksum;  ///< of the content, sixteen hexadecimal digits
   Oddities oddities;
 };
 
@@ -78,6 +79,12 @@ Result<WeatherFile> readWeather(std::string_view text, const TableColumns& colum
 
 /// The same of a regular file.
 Result<WeatherFile> loadWeather(const std::filesystem::path& path, const TableColumns& columns = {});
+
+/// The line of a table that looks most like heads, for what is remembered of files with the same.
+std::string_view headsOf(std::string_view text);
+
+/// Tells contents apart: FNV-1a of 64 bits (Fowler, Noll, Vo).
+std::string checksumOf(std::string_view content);
 
 /// The error of a content that is too large.
 Error weatherTooLarge();

@@ -8,6 +8,7 @@ synthetic year is held against counts of its own that this script makes."""
 
 import csv
 import io
+import json
 import math
 import os
 import pathlib
@@ -24,7 +25,8 @@ import make  # noqa: E402
 MORE = {
     "day.epw": ["bins --by shift --where wb<65,dp>=50", "hours --months 8", "hours --pressure-of-hour --of-day 22-2 --format csv",
                 "bins --width 2 --format json --elevation 5278.87", "bins --width 0", "bins --where wb~65", "bins --where tb<65",
-                "hours --months 13", "hours --of-day 8", "hours --limits 60,80,0,0.010", "bins --columns db=OAT", "hours --base x"],
+                "hours --months 13", "hours --of-day 8", "hours --limits 60,80,0,0.010", "bins --columns db=OAT", "hours --base x",
+                "chart", "chart -o x.txt", "chart --where wb<65 -o x.svg", "bins --counts", "sheet --by month -o x.svg"],
     "tabs.csv": ["bins --columns db=DB,rh=DP --units C", "bins --columns db=OAT", "bins --columns tb=DB", "bins --columns DB"],
     "missing.epw": ["hours --format csv"], "enthalpy.csv": ["hours --format csv"], "wetbulb.csv": ["hours --format csv"], "halves.epw": ["hours --format csv --of-day 0-2"],
     "step.epw": ["hours --format csv --of-day 0-9"], "above.csv": ["hours --format csv"], "back.csv": ["hours --format csv"],
@@ -87,6 +89,32 @@ def check_year():
     return failed
 
 
+def check_loads():
+    """Sums of a year through a coil, from its own rows, and pictures."""
+    steps = ["--step", "OA: air db=95,wb=75,scfm=1000", "--step", "CC: cool OA db=55,idle=pass", "--step", "HC: heat CC db=55,idle=pass"]
+    process = lambda *more: subprocess.run([TOOL, "process", *steps, "--hours", "year.epw", *more], capture_output=True, timeout=300)
+    rows = list(csv.DictReader(io.StringIO(process("--format", "csv").stdout.decode())))
+    sums = json.loads(process("--format", "json", "--jobs", "2").stdout)
+    cooling = next(load for load in sums["loads"] if load["kind"] == "cooling")
+    heating = next(load for load in sums["loads"] if load["kind"] == "heating")
+    loads = {name: [float(row[name + ".total"]) for row in rows] for name in ("CC", "HC")}
+    failed = [] if len(rows) == 8760 and rows[0]["OA.db"] else ["rows of the loads"]
+    for load, own in ((cooling, [-value for value in loads["CC"]]), (heating, loads["HC"])):
+        if not math.isclose(load["btu"], sum(own), rel_tol=1e-6) or not math.isclose(load["peak"], max(own), rel_tol=1e-6):
+            failed.append(f"{load['process']}: {load['btu']} Btu, peak {load['peak']}, not {sum(own)}, {max(own)}")
+        if sum(value >= load["peak"] * 0.5 for value in own) != load["duration"][5][1]:
+            failed.append(f"{load['process']}: load-duration")
+    text = process("--plot", "loads.svg").stdout.decode()
+    if "ton-h" not in text or "CC cooling, peak" not in pathlib.Path("loads.svg").read_text():
+        failed.append("no load-duration curves")
+    for action, show in (("chart", "density"), ("sheet", "months")):
+        error = run(["year.epw", action, "--show", show, "--elevation", "5279", "-o", "year.svg", "--design-points", "--counts"])[1]
+        picture = pathlib.Path("year.svg").read_text()
+        if "Testville: 8760 h" not in picture or (show == "months") != (">Jul<" in picture):
+            failed.append(f"{action}: {error}")
+    return failed
+
+
 def check_long():
     """Many rows; bench_weather has their time."""
     rows = [f"2023-{m:02}-{d:02} {h:02}:{q:02},{60 + q / 4},{50 + h}" for m in range(1, 13) for d in range(1, 29)
@@ -103,7 +131,7 @@ def main():
         for name, content in make.CASES.items():
             pathlib.Path(name).write_bytes(content)
         now = "".join(map(printed, recorded_cases()))
-        failed = check_year() + check_long()
+        failed = check_year() + check_loads() + check_long()
         os.chdir("/")
     if "--record" in sys.argv:
         record.write_text(now, encoding="utf-8")

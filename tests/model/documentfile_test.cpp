@@ -45,8 +45,8 @@ struct Damage {
 constexpr std::string_view point = R"({"db":75,"wb":62.5,"rh":50.3032182,)";
 
 const Damage damages[] = {
-    {"a later format", "\"format\": 3", "\"format\": 5", "format: the file was written by a later version"},
-    {"no format of ours", "\"format\": 3", "\"format\": 0.5", "format: must be from 1 to 4"},
+    {"a later format", "\"format\": 3", "\"format\": 6", "format: the file was written by a later version"},
+    {"no format of ours", "\"format\": 3", "\"format\": 0.5", "format: must be from 1 to 5"},
     {"another file", "\"format\": 3", "\"form\": 2", "the document: \"format\" is missing"},
     {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 19"},
     {"a number too large for any double", point, R"({"db":1e999,"wb":62.5,"rh":50.3032182,)",
@@ -132,6 +132,38 @@ TEST(DocumentFile, DamageIsToldWithItsPlaceAndItsReason) {
     ASSERT_FALSE(read);
     EXPECT_EQ(read.error().text().substr(0, std::string_view(damage.fault).size()), damage.fault);
     EXPECT_LT(read.error().text().size(), 200U) << "it has to fit into a message";
+  }
+}
+
+TEST(DocumentFile, KeepsALayerOfWeather) {
+  Desk desk;
+  desk.draw();
+  Document document = desk.document();
+  document.weather = WeatherLayer{.file = "/a b/\xfc.epw",
+                                  .checksum = "0123",
+                                  .site = "Ort",
+                                  .show = WeatherShow::byHour,
+                                  .filter = {0x7, 22, 6},
+                                  .counts = true,
+                                  .hours = 8.5,
+                                  .size = {},
+                                  .cells = {{-3, 4, 2.5}},
+                                  .bins = {{60, 65, 8.5, noValue}},
+                                  .design = {{DesignBasis::dewPoint, 0.4, 7, 80, Given{PropertyKind::dp, 70}, "2021"}},
+                                  .columns = {{{"db", "OA T"}}, TableUnits::celsius}};
+  const std::string text = fileText(document);
+  const auto read = readDocument(text);
+  ASSERT_TRUE(read) << read.error().text();
+  EXPECT_EQ(read->document.weather, document.weather);
+  EXPECT_EQ(fileText(read->document), text);
+  const Damage damages[] = {{"half a cell", "[-3,4,2.5]", "[-3,4]", "weather, cells"},
+                            {"a cell far away", "[-3,4,2.5]", "[-3e9,4,2.5]", "weather, cell"},
+                            {"no way to show it", "\"show\":\"hours\"", "\"show\":\"hour\"", "weather, show"},
+                            {"a wrong size", "\"cellsize\":[2,", "\"cellsize\":[0,", "weather, "}};
+  for (const Damage& damage : damages) {
+    const auto damaged = readDocument(replaced(text, damage.old, damage.with));
+    ASSERT_FALSE(damaged) << damage.name;
+    EXPECT_TRUE(damaged.error().text().starts_with(damage.fault)) << damaged.error().text();
   }
 }
 

@@ -120,6 +120,7 @@ CASES = {
     "wetbulb.csv": log(quarters("2023-07-04", 0, 8), rh=lambda i: 15 * i, heads="Timestamp,Wet Bulb (F),RH"),
     "parts.csv": text(["Year,Month,Day,Hour,Minute,Temperature (C),Relative Humidity"]
                       + [f"2023,7,4,{h},{m},{20 + h / 2},60" for h in range(24) for m in (0, 30)]),
+    "minutelast.csv": text(["Year,Month,Day,Hour,Temp (F),RH,Minute", "2023,7,4,0,70,50,30", "2023,7,4,1,70,50"]),
     "noyear.csv": log([f"07/04 {h:02}:00:00" for h in range(1, 25)]),
     "notime.csv": text(["Temp,RH", "70,50"]), "nomoisture.csv": text(["Time,Temp", "2023-07-04 00:00,50"]),
     "empty.csv": b"", "bytes.csv": b"Time,Temp,RH\n\0\0\0", "heads.csv": text([LOG]), "words.txt": b"just some words\n",

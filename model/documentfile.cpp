@@ -91,6 +91,11 @@ struct ContentWriter {
     json["label"] = nameOf(labelCornerNames, pinned.corner);
   }
 
+  void operator()(const AirHandler& airHandler) const {
+    json["kind"] = "airhandler";
+    json["lines"] = airHandler.lines;
+  }
+
   void operator()(const MixingLine& line) const {
     json["kind"] = "mixture";
     json["streams"] =
@@ -125,6 +130,7 @@ Json jsonOfPath(std::string_view path) {
 
 /// The first format that can hold an entry.
 struct FormatFinder {
+  int operator()(const AirHandler&) const { return 4; }
   int operator()(const PinnedReading&) const { return 2; }
   int operator()(const MarkedPoint& point) const { return point.exact ? 3 : 1; }
   int operator()(const MixingLine& line) const {

@@ -24,6 +24,7 @@ struct ContentWriter {
 
   void operator()(const HeaderLine&) const {}
   void operator()(const DrawnChart&) const {}
+  void operator()(const AirHandler&) const {}
 
   void operator()(const PropertyLine& line) const {
     double value = 0;

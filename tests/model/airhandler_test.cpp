@@ -1,4 +1,6 @@
-#include "model/airhandler.h"
+#include "model/airhandlerrows.h"
+
+#include <functional>
 
 #include "desk.h"
 #include "model/carryover.h"
@@ -141,4 +143,118 @@ TEST(AirHandler, SaysWhatIsWrongInItsLines) {
     ASSERT_TRUE(again) << name;
     EXPECT_EQ(airHandlerLines(again->document), lines) << name << ": kept as typed";
   }
+}
+
+namespace {
+
+struct Edit {
+  const char* name;
+  Lines before;
+  std::function<Lines(Lines)> edit;
+  Lines after;
+};
+
+TypedLine typedOf(const Lines& lines, std::size_t line) { return *typedLine(lines.at(line)); }
+
+Lines valued(const Lines& lines, std::size_t line, Parameter parameter, const char* text) {
+  const auto typed = withValue(typedOf(lines, line), parameter, text);
+  return typed ? withLine(lines, line, *typed) : Lines{typed.error().text()};
+}
+
+const Lines plant = {"OA: point Outside,scfm=2000",
+                     "RA: air db=78,rh=50,acfm=8000 # room",
+                     "",
+                     "MA: mix OA RA",
+                     "CC: coil MA db=55,rh=92",
+                     "goal CC total=15tons"};
+
+const Edit edits[] = {
+    {"a value as typed, the comment stays",
+     plant,
+     [](Lines l) { return valued(l, 1, Parameter::db, "25C"); },
+     {"OA: point Outside,scfm=2000", "RA: air db=25C,rh=50,acfm=8000  # room", "", "MA: mix OA RA",
+      "CC: coil MA db=55,rh=92", "goal CC total=15tons"}},
+    {"an unknown",
+     {"CC: coil MA db=55"},
+     [](Lines l) { return valued(l, 0, Parameter::bf, " ? "); },
+     {"CC: coil MA db=55,bf=?"}},
+    {"a value removed",
+     {"CC: coil MA db=55,rh=92"},
+     [](Lines l) { return valued(l, 0, Parameter::db, ""); },
+     {"CC: coil MA rh=92"}},
+    {"a goal out of range",
+     {"goal CC db=55"},
+     [](Lines l) { return valued(l, 0, Parameter::rh, "120"); },
+     {"rh: 120 is not within 0 to 100 percent"}},
+    {"an unknown goal",
+     {"goal CC db=55"},
+     [](Lines l) { return valued(l, 0, Parameter::db, "?"); },
+     {"db: a goal is a number that must come out"}},
+    {"a unit of something else",
+     {"CC: coil MA db=55"},
+     [](Lines l) { return valued(l, 0, Parameter::total, "15gpm"); },
+     {"total: unknown unit \"gpm\"; it is one of Btu/h, tons, MBH, kW, W or hp"}},
+    {"a fan after the coil takes its air",
+     {"CC: coil MA db=55"},
+     [](Lines l) { return addedStep(l, 0, StepKind::fan); },
+     {"CC: coil MA db=55", "SF: fan CC"}},
+    {"a mixing box takes what is free",
+     {"OA: air db=95", "RA: air db=78"},
+     [](Lines l) { return addedStep(l, std::string::npos, StepKind::mix); },
+     {"OA: air db=95", "RA: air db=78", "MA: mix RA OA"}},
+    {"a copy has a name of its own and no stream twice",
+     {"HC2: heat MA db=90"},
+     [](Lines l) { return copiedLine(l, 0); },
+     {"HC2: heat MA db=90", "HC3: heat db=90"}},
+    {"moved up past the first", {"a", "b", "c"}, [](Lines l) { return movedLine(l, 1, -5); }, {"b", "a", "c"}},
+    {"deleted",
+     {"a", "b", "c"},
+     [](Lines l) {
+       return deletedLines(l, {2, 0, 2});
+     },
+     {"b"}},
+    {"renamed, and followed where it is taken",
+     {"EX: part RM share=0.2", "RT: fan EX.rest dt=1", "EV: evaporate OA eff=0.7,indirect=EX", "goal EX.rest db=75",
+      "EXT: fan EX dt=1", "X: point EX"},
+     [](Lines l) { return *renamedStep(l, 0, "E"); },
+     {"E: part RM share=0.2", "RT: fan E.rest dt=1", "EV: evaporate OA eff=0.7,indirect=E", "goal E.rest db=75",
+      "EXT: fan E dt=1", "X: point EX"}},
+    {"renamed to a name that is taken",
+     plant,
+     [](Lines l) { return Lines{renamedStep(l, 3, "CC").error().words}; },
+     {"another step has this name"}},
+};
+
+}  // namespace
+
+TEST(AirHandlerRows, AreEdited) {
+  for (const Edit& edit : edits) EXPECT_EQ(edit.edit(edit.before), edit.after) << edit.name;
+}
+
+TEST(AirHandlerRows, ShowResultsAndMistakes) {
+  Plant shown(plant);
+  const auto rows = [&] { return airHandlerRows(shown.lines(), *solvedAirHandler(shown.document())); };
+  ASSERT_EQ(rows().size(), 5U);
+  EXPECT_EQ(rows()[3].mistake.substr(0, 6), "1 goal") << rows()[3].mistake;
+  shown.set({plant[0], plant[1], plant[2], plant[3], "CC: coil MA db=55,rh=?", plant[5]});
+  EXPECT_NEAR(rows()[3].tons, -15, 1e-6);
+  EXPECT_NEAR(rows()[2].leaving.db, 81.51, 0.01);
+  const auto form = formOf(rows()[3].typed, shown.lines(), *solvedAirHandler(shown.document()));
+  EXPECT_NEAR(form[3].solved, 100, 30) << form[3].caption;
+  EXPECT_EQ(availableStreams(shown.lines(), 3), Lines({"OA", "RA", "CC"}));
+  shown.set({"OA: point Outside", "HC: heat OA db=40"});
+  const auto mistakes = mistakesOf(shown.lines(), *solvedAirHandler(shown.document()));
+  ASSERT_EQ(mistakes.size(), 1U);
+  EXPECT_EQ(mistakes[0].line, std::optional<std::size_t>(1));
+  EXPECT_EQ(mistakes[0].parameter, "db");
+}
+
+TEST(AirHandlerRows, TakeOverAMixture) {
+  Plant shown;
+  ASSERT_TRUE(shown.mix());
+  const auto lines = airHandlerOf(std::get<MixingLine>(shown.document().entries.back().content));
+  ASSERT_TRUE(lines);
+  shown.set(*lines);
+  EXPECT_EQ(lines->back(), "Mix: mix St1 St2");
+  EXPECT_NEAR(shown.solved().solution.streams[4].state.db, 81.6, 0.1);
 }

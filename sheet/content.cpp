@@ -5,6 +5,7 @@
 
 #include "advice/remark.h"
 #include "engine/moistair.h"
+#include "model/airhandler.h"
 #include "model/table.h"
 #include "sheet/halving.h"
 #include "sheet/steps.h"
@@ -93,6 +94,7 @@ SheetContent contentOf(const Document& document) {
     content.pressure = chart->setting.pressure;
     content.families = std::get<DrawnChart>(chart->content).type == ChartType::standard;
   }
+  if (auto airHandler = solvedAirHandler(document)) content.system = std::move(airHandler->system);
   const std::vector<TableRow> rows = tableRows(document);
   auto row = rows.begin();
   for (std::size_t i = 0; i < document.entries.size(); ++i) {
@@ -119,6 +121,8 @@ std::string limitsText(const ChartLimits& limits) {
 std::vector<std::string> typedTexts(const SheetContent& content) {
   std::vector<std::string> texts;
   for (const SheetState& state : content.states) texts.push_back(state.name);
+  if (content.system)
+    texts.insert(texts.end(), content.system->system.names.begin(), content.system->system.names.end());
   return texts;
 }
 

@@ -7,11 +7,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "engine/property.h"
 #include "model/document.h"
+#include "process/solvedsystem.h"
 
 namespace moistair {
 
@@ -52,7 +54,8 @@ struct SheetContent {
   std::vector<SheetLine> lines;
   std::vector<SheetState> states;
   std::vector<SheetMixture> mixtures;
-  std::vector<std::string> notes;  ///< on the states with a mark: "* 2 Supply: this state has ..."
+  std::optional<SolvedSystem> system{};  ///< the air handler, if there is one
+  std::vector<std::string> notes;        ///< on the states with a mark: "* 2 Supply: this state has ..."
 };
 
 SheetContent contentOf(const Document& document);

@@ -1,4 +1,4 @@
-#include "model/airhandlerrows.h"
+#include "model/airhandlerdrag.h"
 
 #include <functional>
 
@@ -257,4 +257,70 @@ TEST(AirHandlerRows, TakeOverAMixture) {
   shown.set(*lines);
   EXPECT_EQ(lines->back(), "Mix: mix St1 St2");
   EXPECT_NEAR(shown.solved().solution.streams[4].state.db, 81.6, 0.1);
+}
+
+TEST(AirHandlerDrag, WritesWhatWasGiven) {
+  const struct {
+    const char* name;
+    Lines lines;
+    std::size_t step;  ///< that is moved
+    AirState place;
+    AirState after;     ///< within 0.02 deg F and 0.00002
+    const char* wrote;  ///< the line that has changed
+  } cases[] = {
+      {"air keeps its two properties", {"OA: air db=95,wb=75"}, 0, {90, 0.012}, {90, 0.012}, "OA: air db=90,wb=70.5"},
+      {"an unknown stays one",
+       {"OA: air db=95,rh=?", "goal OA w=0.012"},
+       0,
+       {90, 0.015},
+       {90, 0.012},
+       "OA: air db=90,rh=?"},
+      {"a mixture along its line",
+       {"OA: air db=95,w=0.014,scfm=2000", "RA: air db=75,w=0.010,scfm=2000", "MA: mix OA RA"},
+       2,
+       {90, 0.013},
+       {90, 0.013},
+       "OA: air db=95,w=0.014,scfm=6000"},
+      {"a coil by its bypass factor",
+       {"A: air db=80,rh=50", "C: coil A adp=50,bf=0.1"},
+       1,
+       {60, 0.0088},
+       {60, 0.0088},
+       "C: coil A adp=5"},
+      {"a heater along its humidity ratio",
+       {"A: air db=60,w=0.008", "H: heat A dt=10"},
+       1,
+       {85, 0.012},
+       {85, 0.008},
+       "H: heat A dt=25"},
+  };
+  for (const auto& [name, lines, step, place, after, wrote] : cases) {
+    Plant plant(lines);
+    const SolvedAirHandler solved = *solvedAirHandler(plant.document());
+    const auto moved = movedState(solved, lines, mainStream(step), place);
+    ASSERT_TRUE(moved) << name << moved.error().text();
+    const SolvedAirHandler tried = triedAirHandler(plant.document(), *moved, nullptr, solved);
+    ASSERT_TRUE(tried.system.complete()) << name;
+    EXPECT_NEAR(tried.system.solution.streams[mainStream(step)].state.db, after.db, 0.02) << name;
+    EXPECT_NEAR(tried.system.solution.streams[mainStream(step)].state.w, after.w, 2e-5) << name;
+    const auto changed = [&](const std::string& line) { return line.starts_with(wrote); };
+    EXPECT_TRUE(std::any_of(moved->begin(), moved->end(), changed)) << name << ": " << moved->front();
+  }
+}
+
+TEST(AirHandlerDrag, SaysWhyAStateStaysWhereItIs) {
+  Plant plant({"OA: point Outside,scfm=2000", "RA: air db=78,rh=50,scfm=8000", "MA: mix OA RA",
+               "CC: coil MA db=55,rh=92", "SA: fan CC dt=2"});
+  const SolvedAirHandler solved = *solvedAirHandler(plant.document());
+  EXPECT_FALSE(isMovable(solved, plant.lines(), mainStream(0))) << "the point itself is moved";
+  EXPECT_FALSE(isMovable(solved, plant.lines(), mainStream(4)));
+  EXPECT_TRUE(isMovable(solved, plant.lines(), mainStream(2)));
+  EXPECT_EQ(movedState(solved, plant.lines(), mainStream(2), {120, 0.02}).error().words,
+            "a mixture is between its two streams");
+  EXPECT_NE(movedState(solved, plant.lines(), mainStream(3), {90, 0.009}).error().words, "") << "a coil does not heat";
+  auto point = std::get<MarkedPoint>(plant.document().entries[1].content);
+  point.given[0].value = "100";
+  const std::pair<std::size_t, MarkedPoint> moved{1, point};
+  EXPECT_GT(triedAirHandler(plant.document(), plant.lines(), &moved, solved).system.solution.streams[4].state.db, 82);
+  EXPECT_NEAR(plant.mixed(), 81.6, 0.1) << "nothing is changed";
 }

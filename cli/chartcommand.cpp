@@ -14,7 +14,9 @@
 #include "cli/fault.h"
 #include "cli/picture.h"
 #include "cli/properties.h"
+#include "model/airhandler.h"
 #include "model/documentfile.h"
+#include "sheet/chartsystem.h"
 
 namespace moistair {
 
@@ -73,6 +75,12 @@ void runChart(const CLI::App& command, const ChartOptions& options) {
   const OutputFormat format = formatOf(options.output);
   const double scale = scaleOf(options.scale, format.picture && format.picture->pixels, size.width, size.height);
   completeDocument(begun, drawn.get(), canvas, window, command, options.document);
+  // On the screen it is in a layer above the drawing; a picture has none.
+  const auto limits = currentLimits(begun.document);
+  const auto airHandler = solvedAirHandler(begun.document);
+  if (format.text == nullptr && limits && airHandler) {
+    drawSystem(canvas, plotArea(*limits, window), airHandler->system);
+  }
   const std::string bytes = format.text != nullptr ? format.text->text(begun.document, canvas.drawing(), window)
                                                    : picture(*format.picture, canvas.drawing(), size, scale);
   Output output(options.output, begun.input.get());

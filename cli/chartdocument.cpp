@@ -111,6 +111,9 @@ CLI::Option* addType(CLI::App& command, ChartType& type) {
 
 ChartDocument begunDocument(const ChartDocumentOptions& options) {
   ChartDocument begun;
+  if (options.from == "-" && options.system.file == "-") {
+    throw badUsage("the document and the steps cannot both be standard input");
+  }
   if (options.fromOption->count() > 0) begun.input = std::make_unique<Input>(options.from);
   begun.document = begun.input ? opened(*begun.input, options) : newChart(options);
   return begun;
@@ -120,6 +123,7 @@ void completeDocument(ChartDocument& begun, const std::vector<LeftOut>& leftOut,
                       const CLI::App& command, const ChartDocumentOptions& options) {
   addEntries(begun.document, canvas, window, command, options);
   if (begun.input) warnLeftOut(leftOut, *begun.input);
+  addSystem(begun.document, command, options.system);
   judge(begun.document, options.exact);
 }
 
@@ -136,6 +140,7 @@ void addChartDocument(CLI::App& command, ChartDocumentOptions& options) {
     option->group("Lines and points (any number of each, drawn in the order given)");
     options.entries[option] = &entry;
   }
+  addSystemOptions(command, options.system);
   addPressure(command, options.pressure);
   addExact(command, options.exact);
   addStrict(command, options.exact);

@@ -10,6 +10,7 @@
 #include "cli/limitsoption.h"
 #include "cli/pressureoption.h"
 #include "cli/stream.h"
+#include "cli/systemoption.h"
 #include "cli/warning.h"
 #include "model/document.h"
 
@@ -23,10 +24,11 @@ struct ChartDocumentOptions {
   LimitsOption limits;
   PressureOption pressure;
   ExactOptions exact;
+  SystemOptions system;
   std::map<const CLI::Option*, const EntryOption*> entries;
 };
 
-/// Adds --from, --type, --limits, what can be added to a chart, the pressure, --exact and --strict.
+/// Adds --from, --type, --limits, what can be added to a chart, the air handler, the pressure, --exact and --strict.
 void addChartDocument(CLI::App& command, ChartDocumentOptions& options);
 
 /// A document and the file that it was read from, if it was.

@@ -115,9 +115,10 @@ void runOnce(const DesignOptions& options) {
   if (!design.errors.empty()) refuse(design);
   GoalAnswer answer;
   answer.found = std::move(design.state.found);
-  ProcessReport report(design.state.text.system, design.state.system, pressure, std::move(answer));
-  report.remarks = std::move(design.remarks);
-  writeReport(report, options.run);
+  SolvedSystem solved =
+      solvedSystem(design.state.text, std::move(design.state.system), {.atm = pressure.atm}, std::move(answer));
+  solved.remarks = std::move(design.remarks);
+  writeReport(solved, pressure, options.run);
 }
 
 /// The system of a way with the table's columns found in it.

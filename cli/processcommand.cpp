@@ -69,22 +69,13 @@ bool isForward(const CompiledSystem& system, const SystemText& text) {
   return system.tears.empty() && system.unknowns.empty() && text.goals.empty();
 }
 
-ProcessReport solved(const SystemText& text, const CompiledSystem& system, const Pressure& pressure,
-                     const ProcessOptions& options) {
-  if (isForward(system, text)) return {text.system, system, pressure};
-  const GoalProblem problem = problemOf(system, text, options);
-  GoalAnswer answer = solveGoals(problem, {.atm = pressure.atm});
-  if (!answer.found.empty()) return {text.system, system, pressure, std::move(answer)};
-  std::vector<std::string> failures;
-  addMistakes(failures, answer.errors, nameOfFile(options));
-  refuseAll(failures, ExitCode::failure);
-}
-
 void runOnce(const ProcessOptions& options) {
   const Pressure pressure = pressureOf(options.run.pressure);
-  const SystemText text = readText(options);
-  const CompiledSystem system = compiled(text, options);
-  writeReport(solved(text, system, pressure, options), options.run, nameOfFile(options));
+  const SolvedSystem solved = solvedSystem(readText(options), {.atm = pressure.atm});
+  std::vector<std::string> mistakes;
+  addMistakes(mistakes, solved.errors, nameOfFile(options));
+  if (!mistakes.empty()) refuseAll(mistakes, solved.understood ? ExitCode::failure : ExitCode::badUsage);
+  writeReport(solved, pressure, options.run, nameOfFile(options));
 }
 
 void runRows(const ProcessOptions& options) {

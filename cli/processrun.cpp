@@ -1,7 +1,6 @@
 #include "cli/processrun.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 
 #include "cli/picture.h"
 
@@ -85,36 +84,18 @@ Input rowsOf(const RunOptions& options) {
   return Input::holding(options.hours.file, tableOfHours(options.hours, pressureOf(options.pressure).atm));
 }
 
-void refuseAll(const std::vector<std::string>& mistakes, ExitCode code) {
-  constexpr std::size_t most = 20;
-  const std::size_t shown = std::min(mistakes.size(), most);
-  for (std::size_t i = 0; i + 1 < shown; ++i) say(mistakes[i]);
-  if (mistakes.size() <= most) throw Fault(code, mistakes.back());
-  say(mistakes[shown - 1]);
-  throw Fault(code, "and " + std::to_string(mistakes.size() - most) + " more mistakes");
-}
-
-void addMistakes(std::vector<std::string>& mistakes, const std::vector<Error>& errors, const std::string& before) {
-  for (const Error& error : errors) {
-    const bool ofLine = !before.empty() && error.place.starts_with("line ");
-    mistakes.push_back((ofLine ? before + ", " : "") + error.text());
-  }
-}
-
-void writeReport(const ProcessReport& report, const RunOptions& options, const std::string& file) {
+void writeReport(const SolvedSystem& solved, const Pressure& pressure, const RunOptions& options,
+                 const std::string& file) {
   Output output(options.output);
   switch (options.format) {
-    case Format::text: output.write(asTable(report)); break;
-    case Format::json: output.write(asJson(report)); break;
-    case Format::csv: output.write(asCsv(report)); break;
+    case Format::text: output.write(asTable(solved, pressure)); break;
+    case Format::json: output.write(asJson(solved)); break;
+    case Format::csv: output.write(asCsv(solved)); break;
   }
   output.close();
-  std::vector<std::string> failures;
-  for (const std::size_t step : report.system.order) {
-    if (report.solution.solved(step) || report.solution.errors[step].code == ErrorCode::waiting) continue;
-    addMistakes(failures, {errorOf(report, step)}, file);
-  }
-  if (!failures.empty()) refuseAll(failures, ExitCode::failure);
+  std::vector<std::string> mistakes;
+  addMistakes(mistakes, failures(solved), file);
+  if (!mistakes.empty()) refuseAll(mistakes, ExitCode::failure);
 }
 
 namespace {

@@ -8,6 +8,7 @@
 
 #include "cli/fault.h"
 #include "cli/format.h"
+#include "cli/mistakes.h"
 #include "cli/pressureoption.h"
 #include "cli/processhours.h"
 #include "cli/processreport.h"
@@ -41,14 +42,9 @@ bool runsRows(const RunOptions& options);
 /// pressure (inhg, psi, elevation).
 Input rowsOf(const RunOptions& options);
 
-/// Says all mistakes, a line each, and throws the last.
-[[noreturn]] void refuseAll(const std::vector<std::string>& mistakes, ExitCode code);
-
-/// Mistakes in the words of messages. @param before the name of the file that the lines are of, if there is one
-void addMistakes(std::vector<std::string>& mistakes, const std::vector<Error>& errors, const std::string& before = "");
-
 /// Writes what a system came to in the format asked for, then fails for steps without a result.
-void writeReport(const ProcessReport& report, const RunOptions& options, const std::string& file = "");
+void writeReport(const SolvedSystem& solved, const Pressure& pressure, const RunOptions& options,
+                 const std::string& file = "");
 
 /// Runs a system for every row: opens the table, has `plan` made with its first record, and writes the result.
 void runTable(const RunOptions& options, const std::function<ProcessPlan(const CsvRecord&, const Input&)>& planOf);

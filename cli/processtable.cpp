@@ -84,53 +84,53 @@ constexpr std::size_t flowColumns = 2;  ///< the last ones
 
 bool hasFlow(const StepResult& result) { return result.leaving.flowKnown() && hasValue(result.leaving.flow); }
 
-bool anyFlow(const ProcessReport& report) {
-  return std::any_of(report.solution.results.begin(), report.solution.results.end(), hasFlow);
+bool anyFlow(const SolvedSystem& solved) {
+  return std::any_of(solved.solution.results.begin(), solved.solution.results.end(), hasFlow);
 }
 
-void appendStates(std::string& out, const ProcessReport& report) {
-  const std::size_t columns = stateColumns.size() - (anyFlow(report) ? 0 : flowColumns);
+void appendStates(std::string& out, const SolvedSystem& solved) {
+  const std::size_t columns = stateColumns.size() - (anyFlow(solved) ? 0 : flowColumns);
   appendName(out, "State");
   for (std::size_t i = 0; i < columns; ++i) appendRight(out, stateColumns[i].name, stateColumns[i].width);
   out += '\n' + std::string(nameWidth, ' ');
   for (std::size_t i = 0; i < columns; ++i) appendRight(out, stateColumns[i].unit, stateColumns[i].width);
   out += '\n';
-  for (std::size_t stream = 0; stream < report.system.names.size(); ++stream) {
-    if (report.system.names[stream].empty()) continue;
-    appendName(out, report.system.names[stream]);
-    const StreamReadout readout = readoutOf(report.solution.streams[stream], report.site);
+  for (std::size_t stream = 0; stream < solved.system.names.size(); ++stream) {
+    if (solved.system.names[stream].empty()) continue;
+    appendName(out, solved.system.names[stream]);
+    const StreamReadout readout = readoutOf(solved.solution.streams[stream], solved.site);
     for (std::size_t i = 0; i < columns; ++i) {
       appendNumber(out, readout.*stateColumns[i].value, stateColumns[i].decimals, stateColumns[i].width);
     }
     out += '\n';
     const std::size_t step = stream / 2;
-    if (!isProcess(report.system.steps[step].kind)) appendRemarks(out, remarksOf(report, step));
+    if (!isProcess(solved.system.steps[step].kind)) appendRemarks(out, remarksOf(solved, step));
   }
 }
 
 constexpr std::size_t kindWidth = 10, fromWidth = 14;
 constexpr std::array<std::size_t, loadValues> loadWidths = {12, 12, 11, 10};
 
-void appendProcess(std::string& out, const ProcessReport& report, std::size_t step) {
-  const StepResult& result = report.solution.results[step];
+void appendProcess(std::string& out, const SolvedSystem& solved, std::size_t step) {
+  const StepResult& result = solved.solution.results[step];
   std::vector<std::string> remarks;
   std::string sources;
-  for (const std::string& source : report.written.steps[step].sources) {
+  for (const std::string& source : solved.written.steps[step].sources) {
     sources += (sources.empty() ? "" : " ") + source;
   }
-  appendName(out, report.written.steps[step].name);
-  appendPadded(out, nameOf(report.system.steps[step].kind), kindWidth);
+  appendName(out, solved.written.steps[step].name);
+  appendPadded(out, nameOf(solved.system.steps[step].kind), kindWidth);
   if (sources.size() >= fromWidth) remarks.push_back("from " + sources);
   appendPadded(out, sources.size() < fromWidth ? sources : "", fromWidth);
-  const bool solved = report.solution.solved(step);
+  const bool hasResult = solved.hasResult(step);
   const bool known = result.leaving.flowKnown();
   for (std::size_t i = 0; i < loadValues; ++i) {
     const bool water = stepValues[i].value == &StepResult::water;
     const int decimals = known ? (water ? 2 : 0) : (water ? 5 : 3);
-    appendNumber(out, solved ? result.*stepValues[i].value : noValue, decimals, loadWidths[i]);
+    appendNumber(out, hasResult ? result.*stepValues[i].value : noValue, decimals, loadWidths[i]);
   }
   out += '\n';
-  for (std::size_t i = loadValues; solved && i < stepValues.size(); ++i) {
+  for (std::size_t i = loadValues; hasResult && i < stepValues.size(); ++i) {
     const double value = result.*stepValues[i].value;
     if (!hasValue(value)) continue;
     const char* unit = "";
@@ -138,14 +138,14 @@ void appendProcess(std::string& out, const ProcessReport& report, std::size_t st
     if (stepValues[i].value == &StepResult::power) unit = known ? " hp" : " hp per lb/h";
     remarks.push_back(stepValues[i].name + (" " + figure(value)) + unit);
   }
-  for (std::string& remark : remarksOf(report, step)) remarks.push_back(std::move(remark));
+  for (std::string& remark : remarksOf(solved, step)) remarks.push_back(std::move(remark));
   appendRemarks(out, remarks);
 }
 
-void appendProcesses(std::string& out, const ProcessReport& report) {
-  const auto& steps = report.system.steps;
+void appendProcesses(std::string& out, const SolvedSystem& solved) {
+  const auto& steps = solved.system.steps;
   if (std::none_of(steps.begin(), steps.end(), [](const CompiledStep& step) { return isProcess(step.kind); })) return;
-  const bool known = anyFlow(report);
+  const bool known = anyFlow(solved);
   std::string heads;
   appendName(heads, "Process");
   appendPadded(heads, "kind", kindWidth);
@@ -158,13 +158,13 @@ void appendProcesses(std::string& out, const ProcessReport& report) {
   }
   out += "\n" + heads + "\n" + units + "\n";
   for (std::size_t step = 0; step < steps.size(); ++step) {
-    if (isProcess(steps[step].kind)) appendProcess(out, report, step);
+    if (isProcess(steps[step].kind)) appendProcess(out, solved, step);
   }
 }
 
-void appendBalances(std::string& out, const ProcessReport& report) {
-  const Balances all = balancesOf(report.system, report.site, report.solution);
-  const bool known = anyFlow(report);
+void appendBalances(std::string& out, const SolvedSystem& solved) {
+  const Balances all = balancesOf(solved.system, solved.site, solved.solution);
+  const bool known = anyFlow(solved);
   constexpr std::size_t unitWidth = 8, termWidth = 15, errorWidth = 16;
   constexpr double rounding = 1e-12;  // what doubles leave, which differs from machine to machine
   out += "\n";
@@ -185,7 +185,7 @@ void appendBalances(std::string& out, const ProcessReport& report) {
   add("dry air", known ? "lb/h" : "lb/lb", all.air, known ? 2 : 5);
   add("water", known ? "lb/h" : "lb/lb", all.water, known ? 2 : 5);
   add("energy", known ? "Btu/h" : "Btu/lb", all.energy, known ? 0 : 3);
-  if (known && !std::all_of(report.solution.results.begin(), report.solution.results.end(), hasFlow)) {
+  if (known && !std::all_of(solved.solution.results.begin(), solved.solution.results.end(), hasFlow)) {
     appendRemarks(out, {"streams without a flow are not counted"});
   }
   if (all.wetBulbTerm != 0) {
@@ -195,19 +195,19 @@ void appendBalances(std::string& out, const ProcessReport& report) {
 }
 
 /// What was solved for, and what else would do.
-void appendUnknowns(std::string& out, const ProcessReport& report) {
+void appendUnknowns(std::string& out, const SolvedSystem& solved) {
   const auto append = [&](const char* name, const std::vector<UnknownValue>& unknowns) {
     std::vector<std::string> words;
     for (const UnknownValue& unknown : unknowns) words.push_back(unknownWords(unknown));
     out += '\n' + std::string(name) + '\n';
     appendRemarks(out, words);
   };
-  if (!report.unknowns.empty()) append("Solved for", report.unknowns);
-  for (const auto& other : report.others) append("Another solution", other);
+  if (!solved.unknowns.empty()) append("Solved for", solved.unknowns);
+  for (const auto& other : solved.others) append("Another solution", other);
 }
 
-void appendFactors(std::string& out, const ProcessReport& report) {
-  const ClassicFactors factors = classicFactors(report.site);
+void appendFactors(std::string& out, const SolvedSystem& solved) {
+  const ClassicFactors factors = classicFactors(solved.site);
   out += "\nClassic factors at this pressure (dry air of 70 deg F): " + fixedDecimals(factors.sensible, 3) +
          " sensible,\n" + std::string(nameWidth, ' ') + decimalText(factors.latent, 0) + " latent, " +
          fixedDecimals(factors.total, 3) + " total\n";
@@ -215,21 +215,21 @@ void appendFactors(std::string& out, const ProcessReport& report) {
 
 }  // namespace
 
-std::string asTable(const ProcessReport& report) {
-  std::string out = "Pressure " + inhgWords(report.pressure.atm);
-  const std::string entered = entryWords(report.pressure);
-  if (entered != inhgWords(report.pressure.atm)) out += " (" + entered + ")";
+std::string asTable(const SolvedSystem& solved, const Pressure& pressure) {
+  std::string out = "Pressure " + inhgWords(pressure.atm);
+  const std::string entered = entryWords(pressure);
+  if (entered != inhgWords(pressure.atm)) out += " (" + entered + ")";
   out += "\n\n";
-  appendRemarks(out, report.remarks);
-  if (!report.remarks.empty()) out += "\n";
-  appendStates(out, report);
-  appendProcesses(out, report);
-  appendUnknowns(out, report);
-  const auto off = std::count_if(report.solution.results.begin(), report.solution.results.end(),
+  appendRemarks(out, solved.remarks);
+  if (!solved.remarks.empty()) out += "\n";
+  appendStates(out, solved);
+  appendProcesses(out, solved);
+  appendUnknowns(out, solved);
+  const auto off = std::count_if(solved.solution.results.begin(), solved.solution.results.end(),
                                  [](const StepResult& result) { return result.off; });
   if (off > 0) out += "\n" + std::to_string(off) + (off == 1 ? " step is" : " steps are") + " off\n";
-  if (report.solution.complete && !report.system.steps.empty()) appendBalances(out, report);
-  appendFactors(out, report);
+  if (solved.solution.complete && !solved.system.steps.empty()) appendBalances(out, solved);
+  appendFactors(out, solved);
   return out;
 }
 

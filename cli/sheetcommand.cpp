@@ -14,6 +14,7 @@
 #include "cli/picture.h"
 #include "cli/properties.h"
 #include "cli/sheetoptions.h"
+#include "process/systemtables.h"
 #include "sheet/content.h"
 #include "sheet/options.h"
 #include "text/utf8.h"
@@ -129,11 +130,17 @@ void runSheet(const CLI::App& command, const SheetCommandOptions& options, const
   constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
   // What is out of the limits is found while what paints is loaded.
   auto drawn = std::async(either, [&] { return leaveOut(begun.document, window); });
-  const Painter painter = painterOfName(options.output);
-  if (painter.format == nullptr) throw badUsage(options.output + ": the ending must be .pdf .svg .png or .bmp");
+  const bool csv = lowercase(options.output).ends_with(".csv");
+  const Painter painter = csv ? Painter{} : painterOfName(options.output);
+  if (!csv && painter.format == nullptr) {
+    throw badUsage(options.output +
+                   ": the ending must be .pdf .svg .png .bmp, or .csv for the tables of an air handler");
+  }
   const double scale = scaleOf(options.scale, painter.pixels, sheet.page.width, sheet.page.height);
   completeDocument(begun, drawn.get(), canvas, window, command, options.document);
-  const std::string bytes = painter.sheet(*painter.format, contentOfDocument(begun.document), sheet, scale);
+  const SheetContent content = contentOfDocument(begun.document);
+  if (csv && !content.system) throw failure("there is no air handler whose tables could be written");
+  const std::string bytes = csv ? systemCsv(*content.system) : painter.sheet(*painter.format, content, sheet, scale);
   if (bytes.empty()) throw failure("there is not enough memory for the picture");
   Output output(options.output, begun.input.get());
   output.write(bytes);
@@ -144,7 +151,11 @@ void addSheetCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("sheet", "Lay a chart out for print, with table and title block");
   const auto options = std::make_shared<SheetCommandOptions>();
   options->sheet.title = "Psychrometric chart";
-  command->add_option("-o,--output", options->output, "the file; .pdf .svg .png .bmp")->required()->type_name("FILE");
+  command
+      ->add_option("-o,--output", options->output,
+                   "the file; .pdf .svg .png .bmp, or .csv for the tables of an air handler")
+      ->required()
+      ->type_name("FILE");
   addChartDocument(*command, options->document);
   addSheetLook(*command, *options);
   command->callback([options, command] { runSheet(*command, *options, contentOf); });

@@ -13,6 +13,7 @@ namespace moistair {
 
 namespace {
 
+constexpr const char* secondAirHandler = "The chart has an air handler already";
 constexpr const char* noExactState = "No exact state has both values";
 
 /// Works an entry out again; returns nullptr, or the message with which it is refused.
@@ -64,6 +65,7 @@ struct Reworker {
     return nullptr;
   }
 
+  const char* operator()(AirHandler&) const { return nullptr; }  // solved again whenever it is shown
   const char* operator()(PropertyLine&) const { return nullptr; }
   const char* operator()(DrawnChart&) const { return nullptr; }
   const char* operator()(HeaderLine&) const { return nullptr; }
@@ -81,9 +83,15 @@ Result<Entry> workedOut(const Setting& setting, Content content, WindowSize wind
   return entry;
 }
 
-CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window) {
+CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window,
+                      bool hasAirHandler) {
   CarriedOver result;
   for (const LeftOut& earlier : previous) {
+    const bool airHandler = std::holds_alternative<AirHandler>(earlier.entry.content);
+    if (airHandler && std::exchange(hasAirHandler, true)) {
+      result.leftOut.push_back({earlier.entry, secondAirHandler});
+      continue;
+    }
     auto entry = workedOut(setting, earlier.entry.content, window);
     if (entry) {
       result.entries.push_back(std::move(*entry));

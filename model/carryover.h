@@ -26,6 +26,8 @@ struct CarriedOver {
 Result<Entry> workedOut(const Setting& setting, Content content, WindowSize window);
 
 /// @param setting limits of the current chart and the current pressure
-CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window);
+/// @param hasAirHandler whether the current chart has an air handler, of which there is one only
+CarriedOver carryOver(const std::vector<LeftOut>& previous, const Setting& setting, WindowSize window,
+                      bool hasAirHandler = false);
 
 }  // namespace moistair

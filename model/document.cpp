@@ -51,6 +51,8 @@ struct EntryDrawer {
   const char* operator()(const PinnedReading& pinned) const {
     return pinReading(canvas, pinned.state, pinned.corner, area()) ? nullptr : pointOutOfLimits;
   }
+
+  const char* operator()(const AirHandler&) const { return nullptr; }
 };
 
 struct EntryCaption {
@@ -69,6 +71,7 @@ struct EntryCaption {
     const ChartCoordinates place{pinned.state.db, pinned.state.w};
     return "Read-out " + dryBulbText(place) + ", " + ratioText(place);
   }
+  std::string operator()(const AirHandler&) const { return "Air handler"; }
 };
 
 /// Clears the canvas and draws all, the background picture kept as such.

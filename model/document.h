@@ -90,7 +90,15 @@ struct PinnedReading {
   bool operator==(const PinnedReading&) const = default;
 };
 
-using Content = std::variant<HeaderLine, DrawnChart, PropertyLine, MarkedPoint, MixingLine, PinnedReading>;
+/// A system of air-handling processes: its steps and goals as typed, a line each (airhandler.h). Draws nothing by
+/// itself.
+struct AirHandler {
+  std::vector<std::string> lines;
+
+  bool operator==(const AirHandler&) const = default;
+};
+
+using Content = std::variant<HeaderLine, DrawnChart, PropertyLine, MarkedPoint, MixingLine, PinnedReading, AirHandler>;
 
 struct Entry {
   Setting setting;

@@ -92,6 +92,11 @@ struct ContentWriter {
     json["label"] = nameOf(labelCornerNames, pinned.corner);
   }
 
+  void operator()(const AirHandler& airHandler) const {
+    json["kind"] = "airhandler";
+    json["lines"] = airHandler.lines;
+  }
+
   void operator()(const MixingLine& line) const {
     json["kind"] = "mixture";
     json["streams"] =
@@ -118,6 +123,7 @@ Json jsonOf(const Entry& entry, Setting& before) {
 
 /// The first format that can hold an entry.
 struct FormatFinder {
+  int operator()(const AirHandler&) const { return 4; }
   int operator()(const PinnedReading&) const { return 2; }
   int operator()(const MarkedPoint& point) const { return point.exact ? 3 : 1; }
   int operator()(const MixingLine& line) const {
@@ -135,7 +141,7 @@ struct FormatFinder {
 /// The first format that can hold a document.
 int formatFor(const Document& document) {
   int format = document.previous.empty() && !document.titleBlock ? 1 : 3;
-  if (document.weather) format = 5;
+  if (document.weather) format = 4;
   const auto take = [&](const Entry& entry) { format = std::max(format, std::visit(FormatFinder{}, entry.content)); };
   for (const Entry& entry : document.entries) take(entry);
   for (const LeftOut& left : document.previous) take(left.entry);

@@ -10,6 +10,7 @@
 #include "model/documentnames.h"
 #include "model/jsonnode.h"
 #include "model/weatherjson.h"
+#include "process/systemtext.h"
 #include "text/value.h"
 
 namespace moistair {
@@ -177,6 +178,18 @@ MixingLine mixtureOf(const JsonNode& node) {
   return {{streamOf(pair[0]), streamOf(pair[1]), mixture}, {nameIn(pair[0]), nameIn(pair[1]), nameIn(mixed)}};
 }
 
+AirHandler airHandlerOf(const JsonNode& node) {
+  node.onlyKeys({"kind", "lines", "limits", "pressure"});
+  AirHandler airHandler;
+  std::size_t size = 0;
+  for (const JsonNode& line : node.at("lines").elements("line")) {
+    airHandler.lines.push_back(line.text());
+    size += airHandler.lines.back().size() + 1;
+  }
+  if (size > longestSystemText) node.at("lines").fail("must not be longer than 256 KB in all");
+  return airHandler;
+}
+
 Content contentOf(const JsonNode& node) {
   const JsonNode kind = node.at("kind");
   const std::string& name = kind.text();
@@ -191,7 +204,8 @@ Content contentOf(const JsonNode& node) {
     node.onlyKeys({"kind", "type", "limits", "pressure"});
     return DrawnChart{named(node.at("type"), typeNames)};
   }
-  if (name != "header") kind.fail("must be one of header, chart, line, point, mixture, readout");
+  if (name == "airhandler") return airHandlerOf(node);
+  if (name != "header") kind.fail("must be one of header, chart, line, point, mixture, readout, airhandler");
   node.onlyKeys({"kind", "pressure"});
   return HeaderLine{};
 }
@@ -222,7 +236,8 @@ LeftOut leftOutOf(const JsonNode& node, Setting& before) {
   const JsonNode entry = node.at("entry");
   LeftOut left{entryOf(entry, before), node.at("reason").text()};
   const bool isChart = std::holds_alternative<DrawnChart>(left.entry.content);
-  if (isChart || !hasLimits(left.entry)) entry.at("kind").fail("must be one of line, point, mixture, readout");
+  if (isChart || !hasLimits(left.entry))
+    entry.at("kind").fail("must be one of line, point, mixture, readout, airhandler");
   return left;
 }
 

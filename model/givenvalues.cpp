@@ -34,6 +34,7 @@ struct Giver {
     }
   }
 
+  void operator()(const AirHandler&) const {}
   void operator()(const DrawnChart&) const {}
   void operator()(const HeaderLine&) const {}
 };
@@ -63,6 +64,7 @@ struct Taker {
     if (value.kind) assign(pinned.state.at(*value.kind), strictNumber(value.text));
   }
 
+  void operator()(AirHandler&) const {}
   void operator()(DrawnChart&) const {}
   void operator()(HeaderLine&) const {}
 };

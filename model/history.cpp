@@ -5,6 +5,8 @@
 #include <iterator>
 #include <utility>
 
+#include "model/airhandler.h"
+
 namespace moistair {
 
 namespace {
@@ -158,12 +160,15 @@ Change deletion(const Document& document, std::vector<std::size_t> places) {
 Change renaming(const Document& document, std::size_t place, std::string identification, std::size_t part) {
   Entry entry = document.entries[place];
   const std::string name = "Rename " + captionOf(entry);
+  std::optional<Entry> follower;
   if (auto* mixture = std::get_if<MixingLine>(&entry.content)) {
     mixture->names.at(part) = std::move(identification);
   } else {
+    follower = followedRenaming(document, place, identification);
     std::get<MarkedPoint>(entry.content).identification = std::move(identification);
   }
-  return replacement(document, name, place, std::move(entry));
+  if (!follower) return replacement(document, name, place, std::move(entry));
+  return exchanging(document, {{place, std::move(entry)}, {*airHandlerPlace(document), std::move(*follower)}}, name);
 }
 
 Change moving(const Document& document, std::size_t place, Entry moved) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/airhandler.h"
 #include "model/exactentry.h"
 #include "text/numberformat.h"
 #include "text/tablefield.h"
@@ -66,6 +67,12 @@ struct RowWriter {
     row.kind = "Read-out";
     take(pinned.state);
     row.missed = judged(givenOf(pinned), pinned.state, row.pressure);
+    rows.push_back(row);
+  }
+
+  void operator()(const AirHandler& airHandler) {
+    const std::size_t count = stepCount(airHandler);
+    row.identification = std::to_string(count) + (count == 1 ? " step" : " steps");
     rows.push_back(row);
   }
 

@@ -15,18 +15,18 @@ double saturationDb(const SheetPlot& plot, double w) {
   return lastWith(below, plot.limits.lowDb, plot.limits.highDb);
 }
 
-double highestRatio(const SheetPlot& plot, double db) {
+double topRatio(const SheetPlot& plot, double db) {
   return std::min(plot.limits.highHr, saturationRatio(db, plot.atm));
 }
 
 Boundary boundaryOf(const SheetPlot& plot) {
   const auto& [lowDb, highDb, lowHr, highHr] = plot.limits;
   Boundary boundary;
-  boundary.highHr = highestRatio(plot, highDb);
+  boundary.highHr = topRatio(plot, highDb);
   boundary.lowDb = saturationDb(plot, lowHr);
   if (!(boundary.highHr > lowHr)) return boundary;
   boundary.empty = false;
-  const double atLeft = highestRatio(plot, lowDb);
+  const double atLeft = topRatio(plot, lowDb);
   if (atLeft > lowHr) boundary.left = {plot.at(lowDb, lowHr), plot.at(lowDb, atLeft)};
   const double endDb = saturationDb(plot, highHr);
   if (endDb > boundary.lowDb) {

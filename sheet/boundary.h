@@ -25,6 +25,6 @@ Boundary boundaryOf(const SheetPlot& plot);
 double saturationDb(const SheetPlot& plot, double w);
 
 /// Highest humidity ratio at a dry bulb that lies within the limits and not above saturation.
-double highestRatio(const SheetPlot& plot, double db);
+double topRatio(const SheetPlot& plot, double db);
 
 }  // namespace moistair

@@ -5,6 +5,7 @@
 
 #include "advice/remark.h"
 #include "engine/moistair.h"
+#include "model/airhandler.h"
 #include "model/table.h"
 #include "sheet/halving.h"
 #include "sheet/steps.h"
@@ -24,6 +25,7 @@ struct ContentWriter {
 
   void operator()(const HeaderLine&) const {}
   void operator()(const DrawnChart&) const {}
+  void operator()(const AirHandler&) const {}
 
   void operator()(const PropertyLine& line) const {
     double value = 0;
@@ -106,6 +108,7 @@ SheetContent contentOf(const Document& document) {
     content.pressure = chart->setting.pressure;
     content.families = std::get<DrawnChart>(chart->content).type == ChartType::standard;
   }
+  if (auto airHandler = solvedAirHandler(document)) content.system = std::move(airHandler->system);
   const std::vector<TableRow> rows = tableRows(document);
   auto row = rows.begin();
   for (std::size_t i = 0; i < document.entries.size(); ++i) {
@@ -137,6 +140,8 @@ std::vector<std::string> typedTexts(const SheetContent& content) {
   std::vector<std::string> texts;
   for (const SheetState& state : content.states) texts.push_back(state.name);
   if (content.weather) texts.push_back(content.weather->layer.site);
+  if (content.system)
+    texts.insert(texts.end(), content.system->system.names.begin(), content.system->system.names.end());
   return texts;
 }
 

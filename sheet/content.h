@@ -7,11 +7,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "engine/property.h"
 #include "model/document.h"
+#include "process/solvedsystem.h"
 #include "sheet/weather.h"
 
 namespace moistair {
@@ -53,8 +55,9 @@ struct SheetContent {
   std::vector<SheetLine> lines;
   std::vector<SheetState> states;
   std::vector<SheetMixture> mixtures;
-  std::optional<SheetWeather> weather;
-  std::vector<std::string> notes;  ///< on the states with a mark: "* 2 Supply: this state has ..."
+  std::optional<SheetWeather> weather{};
+  std::optional<SolvedSystem> system{};  ///< the air handler, if there is one
+  std::vector<std::string> notes;        ///< on the states with a mark: "* 2 Supply: this state has ..."
 };
 
 SheetContent contentOf(const Document& document);

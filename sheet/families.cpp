@@ -171,7 +171,7 @@ void drawGrid(SheetWork& work) {
   for (const bool main : {false, true}) {
     for (const double db : multiples(plot.limits.lowDb, plot.limits.highDb, dbStep)) {
       if (isMultiple(db, dbMain) != main) continue;
-      const double top = highestRatio(plot, db);
+      const double top = topRatio(plot, db);
       if (top <= plot.limits.lowHr) continue;
       gridLine(work, plot.at(db, plot.limits.lowHr), plot.at(db, top), main ? work.theme.grid : work.theme.fineGrid);
     }

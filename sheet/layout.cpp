@@ -6,6 +6,7 @@
 
 #include "sheet/curves.h"
 #include "sheet/parts.h"
+#include "sheet/systempages.h"
 #include "text/numbertext.h"
 
 namespace moistair {
@@ -96,6 +97,10 @@ public:
     spread();
     drawChart();
     while (next_ < last_) drawTablePage();
+    for (const PageDrawer& draw : systemPages_) {
+      draw(canvas_);
+      endPage();
+    }
     return std::move(drawing_);
   }
 
@@ -111,6 +116,10 @@ private:
     const std::size_t further = std::max<std::size_t>(1, rowsThatFit(options_, page));
     pages_ = 1 + (rows - underChart_ + further - 1) / further;
     perPage_ = further;
+    if (content_.system && options_.table) {
+      systemPages_ = systemPages(*content_.system, options_, canvas_, parts_.above);
+    }
+    pages_ += systemPages_.size();
   }
 
   void drawChart() {
@@ -200,6 +209,7 @@ private:
   SheetCanvas canvas_;
   SheetDrawing drawing_;
   TableDrawer table_;
+  std::vector<PageDrawer> systemPages_;
   std::size_t next_ = 0, last_ = 0;  ///< rows of the table: the states, then the notes
   std::size_t underChart_ = 0, perPage_ = 1, pages_ = 1;
 };

@@ -41,12 +41,6 @@ void drawMark(SheetWork& work, const SheetState& state, bool mixed) {
   work.board.fix(boxOf(at - SheetPoint{radius, radius}, at + SheetPoint{radius, radius}));
 }
 
-/// What a label may say, and how little one wants it to.
-struct Wording {
-  std::string text;
-  double cost;
-};
-
 /// A name in full, where there is room for it, then cut off, then the number. In a crowd the number comes first, and
 /// where a table has the names they are left to it.
 std::vector<Wording> wordingsOf(const SheetWork& work, const SheetState& state, const std::string& numbers,
@@ -62,26 +56,6 @@ std::vector<Wording> wordingsOf(const SheetWork& work, const SheetState& state, 
     cost += 0.8;
   }
   return wordings;
-}
-
-void labelState(SheetWork& work, const SheetState& state, const std::string& numbers, bool crowded, double radius) {
-  const double em = work.em();
-  const SheetPoint at = work.plot.at(state.db(), state.w());
-  const TextStyle style = work.theme.bold(em);
-  Label label{importance::point, {}, true, SheetPart::points, at};
-  for (const auto& [text, cost] : wordingsOf(work, state, numbers, crowded)) {
-    for (const double away : {0.25, 1.6, 3.2, 5.5, 8.0}) {
-      for (int turn = 0; turn < 12; ++turn) {
-        const SheetPoint outward = direction(-35 - 30.0 * turn);  // to the upper right first
-        const double upright = 0.03 * std::min(turn, 12 - turn);
-        const double gap = radius + away * em;
-        LabelPlace place{textNextTo(work.canvas, at, outward, gap, text, style), cost + upright + 0.45 * away, {}};
-        if (away > 1) place.leader = {at + outward * radius, at + outward * (gap - 0.15 * em)};
-        if (withinPlot(work, place)) label.places.push_back(std::move(place));
-      }
-    }
-  }
-  work.board.add(std::move(label));
 }
 
 /// The states that are on the plot, by the squares of the page that they are in.
@@ -186,7 +160,8 @@ private:
       if (speaksFor(other, i)) return;
       if (speaksFor(i, other)) numbers += ", " + std::to_string(work_.content.states[other].number);
     }
-    labelState(work_, state, numbers, crowd_.isCrowded(i), radiusOf(work_, roles_[i] == Role::mixed));
+    labelMark(work_, at, radiusOf(work_, roles_[i] == Role::mixed),
+              wordingsOf(work_, state, numbers, crowd_.isCrowded(i)), importance::point);
   }
 
   /// Whether the label of one state does for another at its place, a stream.
@@ -205,6 +180,25 @@ private:
 
 }  // namespace
 
+void labelMark(SheetWork& work, SheetPoint at, double radius, const std::vector<Wording>& wordings, double worth) {
+  const double em = work.em();
+  const TextStyle style = work.theme.bold(em);
+  Label label{worth, {}, true, SheetPart::points, at};
+  for (const auto& [text, cost] : wordings) {
+    for (const double away : {0.25, 1.6, 3.2, 5.5, 8.0}) {
+      for (int turn = 0; turn < 12; ++turn) {
+        const SheetPoint outward = direction(-35 - 30.0 * turn);  // to the upper right first
+        const double upright = 0.03 * std::min(turn, 12 - turn);
+        const double gap = radius + away * em;
+        LabelPlace place{textNextTo(work.canvas, at, outward, gap, text, style), cost + upright + 0.45 * away, {}};
+        if (away > 1) place.leader = {at + outward * radius, at + outward * (gap - 0.15 * em)};
+        if (withinPlot(work, place)) label.places.push_back(std::move(place));
+      }
+    }
+  }
+  work.board.add(std::move(label));
+}
+
 bool isNamed(const SheetWork& work, const SheetState& state) {
   return work.options.labels == PointLabels::names && !state.name.empty();
 }
@@ -219,6 +213,7 @@ std::array<const SheetState*, 3> statesOf(const SheetContent& content, const She
 
 void drawContent(SheetWork& work) {
   const SheetContent& content = work.content;
+  if (content.system) drawSystem(work, *content.system);
   Covered lines, mixtures;
   for (const SheetLine& line : content.lines) {
     if (lines.isFirst({static_cast<double>(line.kind), line.value, line.atm})) drawLine(work, line);

@@ -18,6 +18,18 @@ void drawFamilies(SheetWork& work);  ///< relative humidity, wet bulb, specific 
 void drawFrame(SheetWork& work);     ///< the saturation curve and the edges of the plot
 void drawContent(SheetWork& work);   ///< what the engineer has put on the chart
 
+/// What a label may say, and how little one wants it to.
+struct Wording {
+  std::string text;
+  double cost;
+};
+
+/// A label for a round mark, near it or at the end of a line from it.
+void labelMark(SheetWork& work, SheetPoint at, double radius, const std::vector<Wording>& wordings, double worth);
+
+/// The processes of an air handler as arrows, its states as dots with their names.
+void drawSystem(SheetWork& work, const SolvedSystem& system);
+
 /// A line of constant property, and two streams with their mixture.
 void drawLine(SheetWork& work, const SheetLine& line);
 void drawMixture(SheetWork& work, const SheetMixture& mixture);

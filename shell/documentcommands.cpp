@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/airhandler.h"
 #include "model/carryover.h"
 #include "model/exactentry.h"
 #include "shell/filewriting.h"
@@ -43,7 +44,8 @@ void MainWindow::carryOver() {
   if (!limits) return;
   const Setting setting{*limits, {chart_.document().pressure.entry, chart_.document().atm()}};
   strip_->waitCue(true);
-  CarriedOver found = moistair::carryOver(chart_.document().previous, setting, windowSize());
+  CarriedOver found = moistair::carryOver(chart_.document().previous, setting, windowSize(),
+                                            airHandlerPlace(chart_.document()).has_value());
   strip_->waitCue(false);
   const QString leftOut = leftOutText(found.leftOut);
   const bool all = found.leftOut.empty();

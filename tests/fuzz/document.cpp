@@ -2,6 +2,7 @@
 // and its changes can be taken back.
 #include "must.h"
 
+#include "model/airhandler.h"
 #include "model/documentfile.h"
 #include "model/history.h"
 #include "model/table.h"
@@ -38,6 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   must(fileText(*again.document) == text);
   must(readDocument(recoveryText(read->document, read->file))->file == read->file);
   tableText(tableRows(read->document), ',');
+  AirHandlerCache().of(read->document);
   checkChanges(read->document, text);
   return 0;
 }

@@ -1,6 +1,7 @@
 #include "model/documentfile.h"
 
 #include "desk.h"
+#include "model/airhandler.h"
 
 using namespace moistair;
 using namespace moistair::test;
@@ -17,6 +18,7 @@ std::string sample() {
     desk.point("75", "62.5", "A");
     desk.mix();
     desk.pin();
+    desk.commands.change(airHandlerChange(desk.document(), {"OA: point A,scfm=2000", "# as typed"}, {}), window);
     Document document = desk.document();
     LeftOut& left = document.previous.emplace_back();
     left.entry.setting.limits = {50, 100, 0, 0.02};
@@ -45,10 +47,10 @@ struct Damage {
 constexpr std::string_view point = R"({"db":75,"wb":62.5,"rh":50.3032182,)";
 
 const Damage damages[] = {
-    {"a later format", "\"format\": 3", "\"format\": 6", "format: the file was written by a later version"},
-    {"no format of ours", "\"format\": 3", "\"format\": 0.5", "format: must be from 1 to 5"},
-    {"another file", "\"format\": 3", "\"form\": 2", "the document: \"format\" is missing"},
-    {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 19"},
+    {"a later format", "\"format\": 4", "\"format\": 5", "format: the file was written by a later version"},
+    {"no format of ours", "\"format\": 4", "\"format\": 0.5", "format: must be from 1 to 4"},
+    {"another file", "\"format\": 4", "\"form\": 2", "the document: \"format\" is missing"},
+    {"a list in place of the whole", "{\n\"format\"", "[{\n\"format\"", "line 20"},
     {"a number too large for any double", point, R"({"db":1e999,"wb":62.5,"rh":50.3032182,)",
      "line 11, column 76: number overflow"},
     {"no number", point, R"({"db":NaN,"wb":62.5,"rh":50.3032182,)", "line 11, column 72: syntax error"},
@@ -76,13 +78,15 @@ const Damage damages[] = {
      "entry 4: lies outside"},
     {"a limit that is no number", R"("drawn": [0,120,0,0.03])", R"("drawn": [0,120,"0",0.03])",
      "drawn, lowest humidity ratio: must be a number"},
+    {"a step that is no text", R"("lines":["OA: point A,scfm=2000",)", R"("lines":[7,)",
+     "entry 7, line 1: must be a text in quotes"},
     {"a pressure beyond its range", R"("unit":"standard","entry":"29.92126","inhg":29.92126)",
      R"("unit":"inhg","entry":"200","inhg":200)", "pressure, entry: must be within the range of its unit, (5.906"},
     {"a pressure that is not its entry's", R"("unit":"standard","entry":"29.92126","inhg":29.92126)",
      R"("unit":"elevation","entry":"5000","inhg":24)", "pressure, inhg: must be 24.8961078291965, the pressure of"},
-    {"a NUL byte at the end", "\n]\n}\n", std::string_view("\n]\n}\n\0x", 7), "line 19, column 1: a NUL byte"},
+    {"a NUL byte at the end", "\n]\n}\n", std::string_view("\n]\n}\n\0x", 7), "line 20, column 1: a NUL byte"},
     {"an unknown unit", R"("unit":"standard")", R"("unit":"bar")", "pressure, unit: must be one of standard, inhg"},
-    {"more in the background than there is", R"("background": 1)", R"("background": 7)", "background: must be a whole"},
+    {"more in the background than there is", R"("background": 1)", R"("background": 8)", "background: must be a whole"},
     {"a readout of no air", R"("readout","state":{"db":80,)", R"("readout","state":{"db":180,)",
      "entry 6, state, db: must be above 0"},
     {"a readout outside", R"("readout","state":{"db":80,)", R"("readout","limits":[90,120,0,0.03],"state":{"db":80,)",

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "desk.h"
+#include "model/airhandler.h"
 
 using namespace moistair;
 using namespace moistair::test;
@@ -25,13 +26,16 @@ public:
   }
 
   void edit(History& history) {
+    static const PressureEntry high{PressureUnit::elevation, "5000"};
     const Document& document = history.document();
-    switch (below(18)) {
+    switch (below(20)) {
+      case 18:
+      case 19: return airHandler(history);
       case 16: return history.carryOut(retitling(document, {"T" + std::to_string(below(100)), "", ""}));
       case 17: return history.carryOut(takingOver(document, "again", {samples_[below(samples_.size())]}, {}));
       case 0: return history.carryOut(drawing(document, chart()));
       case 1: return history.carryOut(below(3) == 0 ? emptying(document) : clearing(document));
-      case 2: return history.carryOut(pressureChange(document, {{PressureUnit::elevation, "5000"}, 24.9}));
+      case 2: return history.carryOut(pressureChange(document, {high, lenientNumber(*pressureFor(high).inhg)}));
       case 3: return history.keepPicture();
       case 4: return history.carryOut(deletion(document, places(document)));
       case 5: return below(2) == 0 ? rename(history) : move(history);
@@ -58,6 +62,16 @@ private:
       if (below(4) == 0) places.push_back(i);
     }
     return places;
+  }
+
+  /// Other lines, fewer or none; some begin at a point that is renamed, moved and deleted meanwhile.
+  void airHandler(History& history) {
+    std::vector<std::string> lines;
+    const std::string name = "B" + std::to_string(below(100));
+    if (below(5) > 0)
+      lines = {"OA: point A,scfm=2000", "OB: point " + name, "CC: coil OA db=55,rh=?", "goal CC w=0.0085"};
+    lines.resize(std::min(lines.size(), 1 + below(4)));
+    history.carryOut(airHandlerChange(history.document(), lines, "Air handler"));
   }
 
   void rename(History& history) {
@@ -88,7 +102,17 @@ TEST(History, TenThousandEditsUndoneAndRedone) {
   const Document start = newDocument({});
   History history(start);
   Editor editor(1);
-  for (int i = 0; i < 10000; ++i) editor.edit(history);
+  AirHandlerCache cache;
+  std::size_t solved = 0;
+  for (int i = 0; i < 10000; ++i) {
+    editor.edit(history);
+    const SolvedAirHandler* airHandler = cache.of(history.document());
+    if (airHandler != nullptr && airHandler->system.complete()) ++solved;
+    if (i % 50 != 0) continue;
+    const std::string text = fileText(history.document());
+    EXPECT_EQ(fileText(readDocument(text)->document), text);
+  }
+  EXPECT_GT(solved, 100U);
   while (!history.redoName().empty()) history.redo();
   const std::string end = fileText(history.document());
   const Drawing drawing = drawingOf(history.document(), window);

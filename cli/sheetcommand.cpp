@@ -83,7 +83,8 @@ void runSheet(const CLI::App& command, const SheetCommandOptions& options) {
   if (painter.format == nullptr) throw badUsage(options.output + ": the ending must be .pdf .svg .png or .bmp");
   const double scale = scaleOf(options.scale, painter.pixels, sheet.page.width, sheet.page.height);
   completeDocument(begun, drawn.get(), canvas, window, command, options.document);
-  const std::string bytes = painter.sheet(*painter.format, contentOf(begun.document), sheet, scale);
+  std::string bytes;
+  painter.sheet(*painter.format, contentOf(begun.document), sheet, scale, bytes);
   if (bytes.empty()) throw failure("there is not enough memory for the picture");
   Output output(options.output, begun.input.get());
   output.write(bytes);

@@ -28,6 +28,8 @@ QString leftOutText(const std::vector<LeftOut>& leftOut) {
 /// A line of relative humidity that does not cross the chart gets a message, whatever the search then finds.
 bool isOutOfSight(const Resolution& resolution) { return resolution.unseenLine == PropertyKind::rh; }
 
+Error outOfSight() { return {ErrorCode::noResult, {}, lineNotFeasible}; }
+
 }  // namespace
 
 ChartController::ChartController(RecordingCanvas& canvas, Inputs inputs, QObject* parent)
@@ -48,7 +50,7 @@ void ChartController::previewPoint() {
   Q_EMIT rowEmptied(true);
   const Resolution resolution = resolveInput(inputs_.pair(), document().atm(), finders_, solverFields_);
   Q_EMIT previewed(resolution);
-  if (isOutOfSight(resolution)) Q_EMIT refused(Refusal{lineNotFeasible});
+  if (isOutOfSight(resolution)) Q_EMIT refused(outOfSight());
   if (resolution.resolved()) Q_EMIT rowFilled(resolution.point);
 }
 
@@ -63,8 +65,8 @@ void ChartController::adoptFilePressure() {
 }
 
 void ChartController::startDraw() {
-  if (const auto refusal = commands_.startDraw(inputs_.limits())) {
-    Q_EMIT refused(*refusal);
+  if (const Outcome cleared = commands_.startDraw(inputs_.limits()); !cleared) {
+    Q_EMIT refused(cleared.error());
     Q_EMIT done();
     return;
   }
@@ -73,8 +75,8 @@ void ChartController::startDraw() {
 
 void ChartController::drawChart(ChartType type) {
   commands_.chooseType(type);
-  if (const auto refusal = commands_.testLimits(inputs_.limits())) {
-    Q_EMIT refused(*refusal);
+  if (const Outcome tested = commands_.testLimits(inputs_.limits()); !tested) {
+    Q_EMIT refused(tested.error());
   } else if (!hasCurrentChart(document())) {
     Q_EMIT waiting(true);
     commands_.drawChart(window());
@@ -85,8 +87,8 @@ void ChartController::drawChart(ChartType type) {
 
 void ChartController::drawLine(LineKind kind, const std::string& value) {
   Q_EMIT waiting(true);
-  const auto refusal = commands_.drawLine(kind, inputs_.limits(), value, window());
-  if (refusal) Q_EMIT refused(*refusal);
+  const Outcome drawn = commands_.drawLine(kind, inputs_.limits(), value, window());
+  if (!drawn) Q_EMIT refused(drawn.error());
   Q_EMIT waiting(false);
   Q_EMIT done();
 }
@@ -106,9 +108,9 @@ void ChartController::locatePoint() {
   const PairInput input = inputs_.pair();
   const Location location = moistair::locatePoint(input, isCurrent, document().atm(), finders_, solverFields_);
   Q_EMIT located(location);
-  if (isOutOfSight(location.resolution)) Q_EMIT refused(Refusal{lineNotFeasible});
-  if (location.refusal) {
-    Q_EMIT refused(*location.refusal);
+  if (isOutOfSight(location.resolution)) Q_EMIT refused(outOfSight());
+  if (!location.outcome) {
+    Q_EMIT refused(location.outcome.error());
     Q_EMIT done();
     return;
   }

@@ -99,7 +99,7 @@ Q_SIGNALS:
   void limitsChosen(const ChartLimits& limits);  ///< for the lists
 
   void waiting(bool on);  ///< something takes its time
-  void refused(const Refusal& refusal);
+  void refused(const Error& error);
   void markRefused(const QString& reason);
   void reported(const QString& text);  ///< what the user has to know
   void failed(const QString& words);   ///< why a command has done nothing, next to the chart

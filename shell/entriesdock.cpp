@@ -95,11 +95,9 @@ void EntriesDock::writeCsv(const std::vector<TableRow>& all, const std::vector<T
   const auto path = completeName(&window_, title, *named, {QStringLiteral(".csv")});
   if (!path) return;
   const bool part = chosen.size() < all.size() && dialog.lastFilter() != filters.last();
-  const auto reason = writeBytes(*path, tableText(part ? chosen : all, ','), log_);
-  if (reason) {
-    warning(&window_, QStringLiteral("The table could not be written to ") + *path + QLatin1Char('\n') + *reason);
-  }
-  Q_EMIT written(*path, reason);
+  const Outcome outcome = writeBytes(*path, tableText(part ? chosen : all, ','), log_);
+  if (!outcome) warning(&window_, notWrittenText(QStringLiteral("The table"), *path, outcome.error()));
+  Q_EMIT written(*path, outcome);
 }
 
 }  // namespace moistair

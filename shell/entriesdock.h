@@ -4,7 +4,6 @@
 
 #include <QMainWindow>
 #include <QMenu>
-#include <optional>
 #include <vector>
 
 #include "shell/chartcontroller.h"
@@ -27,7 +26,7 @@ public:
 
 Q_SIGNALS:
   /// The table was written, or why not.
-  void written(const QString& path, const std::optional<QString>& failure);
+  void written(const QString& path, const Outcome& outcome);
 
 private:
   void place();

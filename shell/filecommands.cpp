@@ -57,7 +57,7 @@ void FileCommands::saveLog() {
                                  {QStringLiteral("Txt File (*.txt)"), QStringLiteral("AllFiles (*.*)")}})) {
     const bool copied = log_.copyTo(*path);
     Q_EMIT written(QStringLiteral("saved data"), *path,
-                   copied ? std::nullopt : std::optional(QStringLiteral("The file cannot be written.")));
+                   copied ? Outcome() : Error{ErrorCode::notWritten, {}, "The file cannot be written."});
   }
   Q_EMIT done();
 }
@@ -65,13 +65,13 @@ void FileCommands::saveLog() {
 void FileCommands::exportChart() {
   const QSize size = window_.centralWidget()->size();
   const auto path = moistair::exportChart(&window_, log_.log(), chart_.document(), size);
-  if (path) Q_EMIT written(QStringLiteral("chart"), *path, std::nullopt);
+  if (path) Q_EMIT written(QStringLiteral("chart"), *path, {});
   Q_EMIT done();
 }
 
 void FileCommands::exportSheet() {
   const auto path = sheets_.exportSheet();
-  if (path) Q_EMIT written(QStringLiteral("sheet"), *path, std::nullopt);
+  if (path) Q_EMIT written(QStringLiteral("sheet"), *path, {});
   Q_EMIT done();
 }
 

@@ -30,7 +30,7 @@ public:
 
 Q_SIGNALS:
   /// A file was written, or why not. @param what it holds
-  void written(const QString& what, const QString& path, const std::optional<QString>& failure);
+  void written(const QString& what, const QString& path, const Outcome& outcome);
   void done();  ///< the chart gets the focus
 
 private:

@@ -145,11 +145,10 @@ bool FilesController::saveAs() {
 }
 
 bool FilesController::writeTo(const QString& path) {
-  const auto fail = [&](const QString& reason) {
-    dialogs_.warn(QStringLiteral("The document could not be written to ") + path + QStringLiteral("\n") + reason);
+  if (const Outcome written = writeBytes(path, fileText(chart_.document()), log_); !written) {
+    dialogs_.warn(notWrittenText(QStringLiteral("The document"), path, written.error()));
     return false;
-  };
-  if (const auto reason = writeBytes(path, fileText(chart_.document()), log_)) return fail(*reason);
+  }
   chart_.commands().markSaved();
   settle(path);
   remember(path);

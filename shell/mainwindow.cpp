@@ -112,8 +112,8 @@ void MainWindow::connectStatus() {
   connect(files_, &FilesController::keepTried, status_, &StatusLine::showUnkept);
   connect(fileCommands_, &FileCommands::written, status_, &StatusLine::answerFile);
   connect(fileCommands_, &FileCommands::done, this, &MainWindow::focusGraph);
-  connect(entries_, &EntriesDock::written, status_, [this](const QString& path, const std::optional<QString>& failure) {
-    status_->answerFile(QStringLiteral("table"), path, failure);
+  connect(entries_, &EntriesDock::written, status_, [this](const QString& path, const Outcome& outcome) {
+    status_->answerFile(QStringLiteral("table"), path, outcome);
   });
   connect(status_, &StatusLine::headerchosen, chart_, &ChartController::adoptFilePressure);
   connect(status_, &StatusLine::exactChosen, notes_, &StripNotes::useExact);

@@ -70,7 +70,7 @@ private:
   void closeDialog();
   void leaveDialog();
   void focusGraph() { graph_->setFocus(); }
-  void answer(const Refusal& refusal);
+  void answer(const Error& error);
 
   void openPressure();
   void changePressure(const PressureEntry& entry);

@@ -56,7 +56,7 @@ void StripNotes::showPair(const Resolution& resolution) {
 
 /// Without a chart nothing has been resolved.
 void StripNotes::located(const Location& location) {
-  if (location.refusal && location.resolution.resolved()) return;
+  if (!location.outcome && location.resolution.resolved()) return;
   judge(location.resolution);
   rowWords_ = rowWords();
   announce();

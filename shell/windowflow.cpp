@@ -80,9 +80,11 @@ void MainWindow::settlePressure(const PressureEntry& set) {
   chart_->changePressure(set);
 }
 
-void MainWindow::answer(const Refusal& refusal) {
-  const QString text = QString::fromUtf8(refusal.text);
-  refusal.withCancel ? messageOkCancel(this, text) : message(this, text);
+/// Limits that may not be drawn, and a chart that has to be drawn first, come with a Cancel that means nothing.
+void MainWindow::answer(const Error& error) {
+  const QString text = QString::fromStdString(error.words);
+  const bool withCancel = error.code == ErrorCode::outOfRange || error.code == ErrorCode::waiting;
+  withCancel ? messageOkCancel(this, text) : message(this, text);
 }
 
 void MainWindow::openPressure() {

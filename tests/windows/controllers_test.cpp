@@ -56,8 +56,10 @@ struct Bench {
     hear(&ChartController::rowFilled, "row");
     hear(&ChartController::markRefused, "unmarked");
     hear(&ChartController::failed, "inexact");
-    QObject::connect(&chart, &ChartController::refused, &chart,
-                     [this](const Refusal& refusal) { heard += refusal.withCancel ? "refused+ " : "refused "; });
+    QObject::connect(&chart, &ChartController::refused, &chart, [this](const Error& error) {
+      const bool other = error.code == ErrorCode::waiting || error.code == ErrorCode::outOfRange;
+      heard += !other ? "refused " : error.code == ErrorCode::waiting ? "waiting " : "range ";
+    });
     QObject::connect(&chart, &ChartController::rowEmptied, &chart,
                      [this](bool dewPointToo) { heard += dewPointToo ? "empty+ " : "empty "; });
     QObject::connect(&chart, &ChartController::waiting, &chart, [this](bool on) { heard += on ? "wait " : "ready "; });
@@ -109,10 +111,10 @@ TEST(ChartControllerTest, AsksForWhatEachCommandNeedsInItsOrder) {
     std::function<void()> before, command;
     const char *heard, *captions;
   } steps[] = {
-      {"a line without a chart", {}, rhLine, "wait refused+ ready done ", "Pressure|"},
+      {"a line without a chart", {}, rhLine, "wait waiting ready done ", "Pressure|"},
       {"the live row", {}, [&] { chart.previewPoint(); }, "empty+ row ", "Pressure|"},
-      {"a point without a chart", {}, [&] { chart.locatePoint(); }, "refused+ done ", "Pressure|"},
-      {"limits that no list offers", lists(wrong), [&] { chart.startDraw(); }, "refused+ done ", "Pressure|"},
+      {"a point without a chart", {}, [&] { chart.locatePoint(); }, "waiting done ", "Pressure|"},
+      {"limits that no list offers", lists(wrong), [&] { chart.startDraw(); }, "range done ", "Pressure|"},
       {"the first half", lists(full), [&] { chart.startDraw(); }, "type ", ""},
       {"the second half", {}, wholeChart, "wait ready done ", "Blank chart|"},
       {"a second chart", {}, [&] { chart.startDraw(); }, "refused done ", "Blank chart|"},

@@ -59,7 +59,8 @@ OutputFormat formatOf(const std::string& path) {
 WindowSize windowOf(PictureSize size) { return {size.width * twipsPerPixel, size.height * twipsPerPixel}; }
 
 std::string picture(const Painter& painter, const Drawing& drawing, PictureSize size, double scale) {
-  std::string contents = painter.contents(*painter.format, drawing, size, scale);
+  std::string contents;
+  painter.contents(*painter.format, drawing, size, scale, contents);
   if (contents.empty()) throw failure("there is not enough memory for the picture");
   return contents;
 }

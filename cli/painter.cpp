@@ -43,21 +43,22 @@ private:
   std::optional<QGuiApplication> application_;
 };
 
-std::string contents(const FileFormat& format, const Drawing& drawing, PictureSize size, double scale) {
+void contents(const FileFormat& format, const Drawing& drawing, PictureSize size, double scale, std::string& bytes) {
   std::vector<std::string> texts;
   for (const Operation& operation : drawing.operations) {
     if (const auto* text = std::get_if<TextOperation>(&operation)) texts.push_back(text->text);
   }
   const Application application(texts);
-  return format.content(drawing, QSize(size.width, size.height), scale).toStdString();
+  bytes = format.content(drawing, QSize(size.width, size.height), scale).toStdString();
 }
 
-std::string sheet(const FileFormat& format, const SheetContent& content, const SheetOptions& options, double scale) {
+void sheet(const FileFormat& format, const SheetContent& content, const SheetOptions& options, double scale,
+           std::string& bytes) {
   std::vector<std::string> texts = typedTexts(content);
   texts.insert(texts.end(), {options.title, options.project, options.drawnBy, options.date});
   const Application application(texts);
   const SheetDrawing drawing = layoutSheet(content, options, sheetExtents());
-  return sheetContent(format.ending, drawing, options.title, scale).toStdString();
+  bytes = sheetContent(format.ending, drawing, options.title, scale).toStdString();
 }
 
 }  // namespace

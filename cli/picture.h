@@ -20,15 +20,16 @@ struct PictureSize {
   int width, height;  ///< [logical pixels]
 };
 
-/// What the module does for one kind of file.
+/// What the module does for one kind of file: a struct as C has it, since it is returned by a function of C's kind.
 struct Painter {
-  const FileFormat* format = nullptr;
-  bool pixels = false;  ///< whether `scale` counts
-  /// The contents of the file; empty if they could not be made.
-  std::string (*contents)(const FileFormat& format, const Drawing& drawing, PictureSize size, double scale) = nullptr;
+  const FileFormat* format;  ///< null for none
+  bool pixels;               ///< whether `scale` counts
+  /// Puts in `bytes` the contents of the file; they are empty if they could not be made.
+  void (*contents)(const FileFormat& format, const Drawing& drawing, PictureSize size, double scale,
+                   std::string& bytes);
   /// The same for a sheet, which is laid out there, since that takes its fonts.
-  std::string (*sheet)(const FileFormat& format, const SheetContent& content, const SheetOptions& options,
-                       double scale) = nullptr;
+  void (*sheet)(const FileFormat& format, const SheetContent& content, const SheetOptions& options, double scale,
+                std::string& bytes);
 };
 
 /// What the module exports: a painter by the ending of a file's name.

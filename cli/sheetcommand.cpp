@@ -140,7 +140,12 @@ void runSheet(const CLI::App& command, const SheetCommandOptions& options, const
   completeDocument(begun, drawn.get(), canvas, window, command, options.document);
   const SheetContent content = contentOfDocument(begun.document);
   if (csv && !content.system) throw failure("there is no air handler whose tables could be written");
-  const std::string bytes = csv ? systemCsv(*content.system) : painter.sheet(*painter.format, content, sheet, scale);
+  std::string bytes;
+  if (csv) {
+    bytes = systemCsv(*content.system);
+  } else {
+    painter.sheet(*painter.format, content, sheet, scale, bytes);
+  }
   if (bytes.empty()) throw failure("there is not enough memory for the picture");
   Output output(options.output, begun.input.get());
   output.write(bytes);

@@ -16,34 +16,34 @@ namespace {
 constexpr const char* secondAirHandler = "The chart has an air handler already";
 constexpr const char* noExactState = "No exact state has both values";
 
-/// Works an entry out again; returns nullptr, or the message with which it is refused.
+/// Works an entry out again.
 struct Reworker {
   const Setting& setting;
   const RangeFinders& finders;
 
-  const char* operator()(MarkedPoint& point) const {
+  Outcome operator()(MarkedPoint& point) const {
     const auto& [one, two] = point.given;
     SolverFields fields;  // no other point can change the result
     if (point.exact) return reworkExactly(point, fields);
     const Location location = locatePoint(
         {one.kind, two.kind, one.value, two.value}, [] { return true; }, setting.pressure.atm, finders, fields);
-    if (location.refusal) return location.refusal->text;
+    if (!location.outcome) return location.outcome;
     point.state = readReport(fillReport(location.resolution.point, point.identification, setting.pressure.entry));
-    return nullptr;
+    return {};
   }
 
-  const char* reworkExactly(MarkedPoint& point, SolverFields& fields) const {
+  Outcome reworkExactly(MarkedPoint& point, SolverFields& fields) const {
     const auto& [one, two] = point.given;
     const double atm = setting.pressure.atm;
     const Resolution found = resolvePair(one.kind, one.value, two.kind, two.value, atm, finders, fields);
     const auto state = exactChoice(givenOf(point), atm, found).state;
-    if (!state) return noExactState;
+    if (!state) return Error{ErrorCode::noResult, {}, noExactState};
     point.state = asReported(*state);
-    return nullptr;
+    return {};
   }
 
   /// A stream that does not resolve has a blank column, which is refused when it is drawn.
-  const char* operator()(MixingLine& line) const {
+  Outcome operator()(MixingLine& line) const {
     MixingProblem problem;
     problem.pressure = {setting.pressure.atm, setting.pressure.entry};
     problem.streams = {line.columns.at(0), line.columns.at(1)};
@@ -54,21 +54,21 @@ struct Reworker {
     problem.exactMixture = line.columns.at(2).exact;
     mixStreams(problem);
     line.columns = {problem.streams[0], problem.streams[1], problem.mixed};
-    return nullptr;
+    return {};
   }
 
   /// The same place of the other chart, where the air is another.
-  const char* operator()(PinnedReading& pinned) const {
+  Outcome operator()(PinnedReading& pinned) const {
     const auto again = readingToKeep(setting, {pinned.state.db, pinned.state.w});
-    if (!again) return pointOutOfLimits;
+    if (!again) return Error{ErrorCode::outOfRange, {}, pointOutOfLimits};
     pinned.state = again->state;
-    return nullptr;
+    return {};
   }
 
-  const char* operator()(AirHandler&) const { return nullptr; }  // solved again whenever it is shown
-  const char* operator()(PropertyLine&) const { return nullptr; }
-  const char* operator()(DrawnChart&) const { return nullptr; }
-  const char* operator()(HeaderLine&) const { return nullptr; }
+  Outcome operator()(AirHandler&) const { return {}; }  // solved again whenever it is shown
+  Outcome operator()(PropertyLine&) const { return {}; }
+  Outcome operator()(DrawnChart&) const { return {}; }
+  Outcome operator()(HeaderLine&) const { return {}; }
 };
 
 }  // namespace
@@ -76,10 +76,10 @@ struct Reworker {
 Result<Entry> workedOut(const Setting& setting, Content content, WindowSize window) {
   const PlotArea area = plotArea(setting.limits, window);
   Entry entry{setting, std::move(content)};
-  const char* message = std::visit(Reworker{setting, chartRangeFinders([area] { return area; })}, entry.content);
+  const Outcome found = std::visit(Reworker{setting, chartRangeFinders([area] { return area; })}, entry.content);
+  if (!found) return found.error();
   RecordingCanvas scratch;
-  if (message == nullptr) message = draw(entry, scratch, window);
-  if (message != nullptr) return Error{ErrorCode::noResult, {}, message};
+  if (const char* message = draw(entry, scratch, window)) return Error{ErrorCode::noResult, {}, message};
   return entry;
 }
 

@@ -15,6 +15,7 @@
 
 #include "model/history.h"
 #include "model/locate.h"
+#include "text/error.h"
 
 namespace moistair {
 
@@ -45,11 +46,11 @@ public:
   /// Takes the limits from the lists; a text that is no number leaves its limit as it was.
   void readLimits(const LimitTexts& texts);
 
-  /// The same one by one, each with its test, as for drawing.
-  std::optional<Refusal> testLimits(const LimitTexts& texts);
+  /// The same one by one, each with its test, as for drawing: out of range where one may not be drawn.
+  Outcome testLimits(const LimitTexts& texts);
 
-  /// The first half of drawing: tests, and clears the canvas if there is no refusal.
-  std::optional<Refusal> startDraw(const LimitTexts& texts);
+  /// The first half of drawing: tests, and clears the canvas if nothing speaks against it.
+  Outcome startDraw(const LimitTexts& texts);
 
   /// The type of the charts that are drawn from now on.
   void chooseType(ChartType type) { history_.current().chartType = type; }
@@ -60,8 +61,8 @@ public:
   /// Back to an empty canvas.
   void clearChart();
 
-  /// Adds a line to the chart. A value that is no number counts as 0.
-  std::optional<Refusal> drawLine(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window);
+  /// Adds a line to the chart, or waits for one. A value that is no number counts as 0.
+  Outcome drawLine(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window);
 
   /// Marks the point of a report; false, and nothing drawn, outside the limits of the lists.
   /// @param input what it was located by

@@ -41,18 +41,20 @@ void ChartCommands::changePressure(const PressureEntry& entry, WindowSize window
 
 void ChartCommands::readLimits(const LimitTexts& texts) { moistair::readLimits(texts, history_.current().limits); }
 
-std::optional<Refusal> ChartCommands::testLimits(const LimitTexts& texts) {
-  if (const char* fault = validateLimits(texts, history_.current().limits)) return Refusal{fault, true};
-  return std::nullopt;
+Outcome ChartCommands::testLimits(const LimitTexts& texts) {
+  if (const char* fault = validateLimits(texts, history_.current().limits)) {
+    return Error{ErrorCode::outOfRange, {}, fault};
+  }
+  return {};
 }
 
-std::optional<Refusal> ChartCommands::startDraw(const LimitTexts& texts) {
-  if (const auto refusal = testLimits(texts)) return refusal;
+Outcome ChartCommands::startDraw(const LimitTexts& texts) {
+  if (Outcome tested = testLimits(texts); !tested) return tested;
   const Document& now = document();
-  if (hasCurrentChart(now)) return Refusal{alreadyDrawn};
+  if (hasCurrentChart(now)) return Error{ErrorCode::duplicate, {}, alreadyDrawn};
   canvas_.cls();
   if (now.entries.size() > now.background) record(clearing(now));
-  return std::nullopt;
+  return {};
 }
 
 void ChartCommands::drawChart(WindowSize window) {
@@ -69,14 +71,14 @@ void ChartCommands::clearChart() {
   record(emptying(document()));
 }
 
-std::optional<Refusal> ChartCommands::drawLine(LineKind kind, const LimitTexts& texts, std::string_view value,
-                                               WindowSize window) {
+Outcome ChartCommands::drawLine(LineKind kind, const LimitTexts& texts, std::string_view value, WindowSize window) {
   readLimits(texts);
   const Document& now = document();
-  if (!hasCurrentChart(now)) return Refusal{drawAxisFirst, true};
-  if (!moistair::drawLine({canvas_, plotArea(window), now.atm()}, kind, value)) return Refusal{lineNotFeasible};
+  if (!hasCurrentChart(now)) return Error{ErrorCode::waiting, {}, drawAxisFirst};
+  if (!moistair::drawLine({canvas_, plotArea(window), now.atm()}, kind, value))
+    return Error{ErrorCode::noResult, {}, lineNotFeasible};
   record(addition(now, {now.setting(), PropertyLine{kind, std::string(value)}}));
-  return std::nullopt;
+  return {};
 }
 
 bool ChartCommands::markPoint(const PairInput& input, const StatePoint& shown, const LimitTexts& texts,

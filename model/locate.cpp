@@ -7,14 +7,18 @@ namespace moistair {
 namespace {
 
 /// The answer to a pair without a state.
-const char* messageOf(Unresolved reason) {
+Error errorOf(Unresolved reason) {
   switch (reason) {
-    case Unresolved::sameKind: return "Two parameters must be diffrent";
-    case Unresolved::humidityRatioWithDewPoint: return "combination of Humidity ration and dew point not feasible";
-    case Unresolved::blankValue: return "None of the two data input boxes can not be blank for locating point";
+    case Unresolved::sameKind: return {ErrorCode::duplicate, {}, "Two parameters must be diffrent"};
+    case Unresolved::humidityRatioWithDewPoint:
+      return {ErrorCode::unsupported, {}, "combination of Humidity ration and dew point not feasible"};
+    case Unresolved::blankValue:
+      return {ErrorCode::unreadable, {}, "None of the two data input boxes can not be blank for locating point"};
     default: break;
   }
-  return "The point as per input parameters are either out of chart limits or the such point is not feasible";
+  return {ErrorCode::noResult,
+          {},
+          "The point as per input parameters are either out of chart limits or the such point is not feasible"};
 }
 
 }  // namespace
@@ -26,12 +30,12 @@ Location locatePoint(const PairInput& input, const std::function<bool()>& hasCur
   resolution.reason = inputFault(input.kind1, input.kind2, input.value1, input.value2);
   if (resolution.resolved()) {
     if (!hasCurrentChart()) {
-      location.refusal = Refusal{drawAxisFirst, true};
+      location.outcome = Error{ErrorCode::waiting, {}, drawAxisFirst};
       return location;
     }
     resolution = resolvePair(input.kind1, input.value1, input.kind2, input.value2, atm, finders, fields);
   }
-  if (!resolution.resolved()) location.refusal = Refusal{messageOf(resolution.reason)};
+  if (!resolution.resolved()) location.outcome = errorOf(resolution.reason);
   return location;
 }
 

@@ -11,7 +11,7 @@
 #include <string>
 
 #include "engine/resolver.h"
-#include "model/refusal.h"
+#include "text/error.h"
 
 namespace moistair {
 
@@ -24,8 +24,8 @@ struct PairInput {
 };
 
 struct Location {
-  Resolution resolution;           ///< as computed; its texts are rounded in the report
-  std::optional<Refusal> refusal;  ///< the message instead of the report
+  Resolution resolution;  ///< as computed; its texts are rounded in the report
+  Outcome outcome;        ///< why there is a message in place of the report; waiting: for a chart
 };
 
 /// @param hasCurrentChart says whether the chart on the canvas is the one of the limits in the lists. Asked only of

@@ -59,8 +59,8 @@ auto formatsFrom(const char* first) {
   return formats;
 }
 
-/// What is printed to a file is written as every other file is. Returns why it was not, nothing if it was.
-std::optional<QString> printToFile(const QPrinter& printer, const SessionLog& log, const PaintPages& paint) {
+/// What is printed to a file is written as every other file is.
+Outcome printToFile(const QPrinter& printer, const SessionLog& log, const PaintPages& paint) {
   QByteArray content;
   QBuffer buffer(&content);
   buffer.open(QIODevice::WriteOnly);
@@ -117,9 +117,8 @@ std::optional<QString> exportPicture(QWidget* window, const SessionLog& log, con
     path = completeName(window, request.title, *path, {QLatin1String(format->ending)});
     if (!path) return path;
   }
-  if (const auto reason = writePicture(*path, content(*format), log)) {
-    warning(window,
-            QStringLiteral("The %1 could not be written to ").arg(what) + *path + QStringLiteral("\n") + *reason);
+  if (const Outcome written = writePicture(*path, content(*format), log); !written) {
+    warning(window, notWrittenText(QStringLiteral("The ") + what, *path, written.error()));
     return std::nullopt;
   }
   return path;
@@ -152,8 +151,8 @@ QPageLayout printPages(QWidget* window, const SessionLog& log, const QPageLayout
   if (dialog.exec() != QDialog::Accepted) return page;
   if (printer.outputFormat() == QPrinter::PdfFormat) {
     const QString path = printer.outputFileName();
-    const auto reason = printToFile(printer, log, paint);
-    if (reason) warning(window, QStringLiteral("The print could not be written to ") + path + u'\n' + *reason);
+    const Outcome written = printToFile(printer, log, paint);
+    if (!written) warning(window, notWrittenText(QStringLiteral("The print"), path, written.error()));
     return printer.pageLayout();
   }
   QPainter painter;

@@ -2,52 +2,46 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
+#include <QInputDialog>
 #include <QKeyEvent>
-#include <algorithm>
-#include <cmath>
-#include <utility>
 
 #include "model/table.h"
-#include "text/numberformat.h"
 
 namespace moistair {
 
 namespace {
 
-constexpr double margin = 24;  // pixels about the plot in which the layer says that nothing is to be read there
-constexpr int quiet = 150;     // ms without a move before a moving pointer's reading is announced
+constexpr int quiet = 150;  // ms without a move before a moving pointer's reading is announced
+
+QString menuText(const std::string& text) {
+  return QString::fromStdString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
 
 }  // namespace
 
-ChartPointer::ChartPointer(QWidget& widget, ChartCommands& chart, PlotGeometry geometry)
+ChartPointer::ChartPointer(QWidget& widget, ChartController& chart, PointerController::Plot plot)
     : QObject(&widget),
       widget_(widget),
       chart_(chart),
-      geometry_(std::move(geometry)),
-      layer_(new ReadingLayer(widget)) {
+      layer_(new ReadingLayer(widget)),
+      controller_(chart, std::move(plot), QApplication::startDragDistance()) {
   widget.setMouseTracking(true);
   widget.installEventFilter(this);
   announceTimer_.setObjectName(QStringLiteral("telling"));
   announceTimer_.setSingleShot(true);
   announceTimer_.setInterval(quiet);
   connect(&announceTimer_, &QTimer::timeout, this, &ChartPointer::announce);
-}
-
-void ChartPointer::follow() {
-  dragging_ = false;
-  grabbed_.reset();
-  currentChart_ = currentChart(chart_.document());
-  marks_ = marksOf(chart_.document());
-  // The last of several at one place draws the pointer: a point, which can be moved, before what is put on it.
-  std::stable_partition(marks_.begin(), marks_.end(),
-                        [this](const Mark& mark) { return !isPoint(chart_.document().entries[mark.entry]); });
-  targets_.clear();
-  for (const Mark& mark : marks_) targets_.push_back(mark.place);
-  if (!currentChart_) hasLast_ = false;
-  if (!crossHair_) return;
-  if (!currentChart_) return hide();
-  if (!byKeys_) return point(pointer_, {});
-  showAt(crossHair_->reading.place);
+  connect(&controller_, &PointerController::shown, layer_,
+          [this](const ShownReading& reading) { layer_->show(reading); });
+  connect(&controller_, &PointerController::hidden, layer_, &ReadingLayer::clear);
+  connect(&controller_, &PointerController::shaped, this, [this](Qt::CursorShape shape) {
+    if (widget_.cursor().shape() != shape) widget_.setCursor(shape);
+  });
+  connect(&controller_, &PointerController::described, this,
+          [this](bool atOnce) { atOnce ? announce() : announceTimer_.start(); });
+  connect(&controller_, &PointerController::copied, this,
+          [](const QString& text) { QGuiApplication::clipboard()->setText(text); });
 }
 
 bool ChartPointer::eventFilter(QObject* watched, QEvent* event) {
@@ -59,12 +53,13 @@ bool ChartPointer::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease: return onKey(*static_cast<QKeyEvent*>(event));
     case QEvent::ShortcutOverride:  // Alt is the drag's, and not for the letters of the menus
-      if (dragging_ && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt) event->accept();
+      if (controller_.isDragging() && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt) event->accept();
       break;
     case QEvent::Leave:
-      if (QApplication::activePopupWidget() == nullptr) onLeave();  // a menu is for the place where it was opened
+      // A menu is for the place where it was opened.
+      if (QApplication::activePopupWidget() == nullptr) controller_.leave();
       break;
-    case QEvent::FocusIn: onFocus(static_cast<QFocusEvent*>(event)->reason()); break;
+    case QEvent::FocusIn: controller_.focus(static_cast<QFocusEvent*>(event)->reason()); break;
     case QEvent::Resize: layer_->resize(widget_.size()); break;
     case QEvent::ChildPolished: layer_->raise(); break;  // whatever else shows the chart
     case QEvent::ContextMenu: openMenu(*static_cast<QContextMenuEvent*>(event)); return true;
@@ -74,188 +69,115 @@ bool ChartPointer::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool ChartPointer::onMouse(const QMouseEvent& event) {
-  pointer_ = event.position();
+  controller_.setPointer(event.position());
+  const bool left = event.button() == Qt::LeftButton;
   switch (event.type()) {
-    case QEvent::MouseButtonPress: press(event); break;
+    case QEvent::MouseButtonPress:
+      if (left) controller_.press(event.modifiers());
+      break;
     case QEvent::MouseButtonRelease:
-      if (event.button() == Qt::LeftButton) release();
+      if (left) controller_.release();
       break;
     case QEvent::MouseButtonDblClick:
-      if (event.button() == Qt::LeftButton && crossHair_) locate(*crossHair_);
+      if (left) controller_.doubleClick();
       break;
-    default:
-      if (isPulled() && grabbed_) dragging_ = true;
-      onMove(event.modifiers());
+    default: controller_.move(event.modifiers());
   }
   return false;
 }
 
-/// Whether the pointer has gone too far with the button down for a click.
-bool ChartPointer::isPulled() const {
-  return pressed_ && (pointer_ - *pressed_).manhattanLength() >= QApplication::startDragDistance();
-}
-
-void ChartPointer::onMove(Qt::KeyboardModifiers modifiers) {
-  dragging_ ? drag(pointer_, modifiers) : point(pointer_, modifiers);
-}
-
-void ChartPointer::onLeave() {
-  if (!byKeys_ && !dragging_) hide();
-}
-
-void ChartPointer::press(const QMouseEvent& event) {
-  if (dragging_ || event.button() != Qt::LeftButton) return;
-  point(pointer_, event.modifiers());
-  pressed_ = pointer_;
-  grabbed_ = crossHair_ && crossHair_->mark && movable(*crossHair_->mark) ? crossHair_->mark : std::nullopt;
-}
-
-void ChartPointer::release() {
-  const bool clicked = pressed_ && !isPulled();
-  pressed_.reset();
-  if (dragging_) {
-    drop();
-  } else if (clicked && crossHair_) {
-    choose(*crossHair_);
+bool ChartPointer::onKey(const QKeyEvent& event) {
+  const auto key = static_cast<Qt::Key>(event.key());
+  if (key == Qt::Key_Control || key == Qt::Key_Shift || key == Qt::Key_Alt) {
+    controller_.modify(event.modifiers());
+    return false;
   }
-  grabbed_.reset();
-}
-
-/// The pointer is at a place of the widget.
-void ChartPointer::point(QPointF place, Qt::KeyboardModifiers modifiers) {
-  if (!currentChart_) return hide();
-  const PlotBox box = geometry_.plot(currentChart_->limits);
-  const QRectF plot(QPointF(box.left, box.top), QPointF(box.right, box.bottom));
-  if (box.empty() || !plot.adjusted(-margin, -margin, margin, margin).contains(place)) return hide();
-  byKeys_ = false;
-  const double atm = currentChart_->pressure.atm;
-  const Pointing at = pointedAt(box, atm, place.x(), place.y(), targets_, modifiers.testFlag(Qt::ControlModifier));
-  show({readingAt(currentChart_->limits, atm, at.place), at.target}, atm);
-}
-
-/// A mark follows the pointer. It is read at the pressure of its point, which it keeps.
-void ChartPointer::drag(QPointF place, Qt::KeyboardModifiers modifiers) {
-  const Setting& setting = entryOf(*grabbed_).setting;
-  const double atm = setting.pressure.atm;
-  Pointing at =
-      pointedAt(geometry_.plot(setting.limits), atm, place.x(), place.y(), {}, modifiers.testFlag(Qt::ControlModifier));
-  if (modifiers.testFlag(Qt::ShiftModifier)) at.place.db = targets_[*grabbed_].db;
-  if (modifiers.testFlag(Qt::AltModifier)) at.place.w = targets_[*grabbed_].w;
-  show({readingAt(setting.limits, atm, at.place), grabbed_}, atm);
-}
-
-/// The cross hair at a place, and at the mark if it is on one: next to it the air is another.
-void ChartPointer::showAt(const ChartCoordinates& place) {
-  const double atm = currentChart_->pressure.atm;
-  show({readingAt(currentChart_->limits, atm, place), targetAt(place, targets_)}, atm);
-}
-
-void ChartPointer::show(CrossHair crossHair, double atm) {
-  crossHair_ = std::move(crossHair);
-  if (crossHair_->reading.reason != NoReading::outsideLimits) {
-    last_ = crossHair_->reading.place;
-    hasLast_ = true;
-  }
-  const auto from = dragging_ ? std::optional(targets_[*grabbed_]) : std::nullopt;
-  title_ = titleOf(*crossHair_, atm);
-  layer_->show({geometry_.plot(currentChart_->limits), atm, crossHair_->reading, title_, from});
-  setShape();
-  announceTimer_.start();
-}
-
-void ChartPointer::hide() {
-  byKeys_ = false;
-  if (!crossHair_) return;
-  crossHair_.reset();
-  layer_->clear();
-  setShape();
-  announceTimer_.start();
+  if (event.type() == QEvent::KeyRelease) return false;
+  return controller_.key((event.modifiers() & ~Qt::KeypadModifier) | key, event.isAutoRepeat());
 }
 
 /// Who cannot see the reading gets it as the chart's description. A pointer on its way says nothing.
 void ChartPointer::announce() {
   announceTimer_.stop();
-  QString words;
-  if (crossHair_) words = QString::fromStdString(readingDescription(crossHair_->reading));
-  if (crossHair_ && !title_.isEmpty()) words = title_ + QStringLiteral(": ") + words;
-  widget_.setAccessibleDescription(words);
+  widget_.setAccessibleDescription(controller_.description());
 }
 
-/// The pointer's shape shows what a press would do.
-void ChartPointer::setShape() {
-  Qt::CursorShape shape = Qt::ArrowCursor;
-  if (dragging_) {
-    shape = crossHair_ && crossHair_->reading.state ? Qt::ClosedHandCursor : Qt::ForbiddenCursor;
-  } else if (crossHair_ && crossHair_->mark && movable(*crossHair_->mark)) {
-    shape = Qt::OpenHandCursor;
-  } else if (crossHair_ && crossHair_->reading.state) {
-    shape = Qt::CrossCursor;
+void ChartPointer::fillMenu(QMenu& menu) {
+  std::vector<std::pair<QAction*, const PointerController::Command*>> entries;
+  for (const PointerController::Command& command : PointerController::commands()) {
+    QAction* action =
+        menu.addAction(QString::fromUtf8(command.text) + QLatin1Char('\t') + QLatin1String(command.keyName), this,
+                       [this, &command] { controller_.run(command); });
+    entries.emplace_back(action, &command);
   }
-  if (widget_.cursor().shape() != shape) widget_.setCursor(shape);
+  stayWith(menu);
+  connect(&menu, &QMenu::aboutToShow, this, [this, entries] {
+    const auto& crossHair = controller_.crossHair();
+    for (const auto& [action, command] : entries) action->setEnabled(crossHair && command->possible(*crossHair));
+  });
 }
 
-/// The mark's name, that it misses something, and the pressure where it is not the current one.
-QString ChartPointer::titleOf(const CrossHair& crossHair, double atm) const {
-  QStringList parts;
-  if (crossHair.mark) parts.append(QString::fromStdString(captionOf(entryOf(*crossHair.mark))));
-  if (crossHair.mark && !dragging_ && missesAny(entryOf(*crossHair.mark))) parts.append(QStringLiteral("(missed)"));
-  if (!samePressure(atm, chart_.document().atm())) {
-    parts.append(QStringLiteral("at %1 In Hg").arg(QString::fromStdString(atMostDecimals(atm, 4))));
-  }
-  return parts.join(QLatin1Char(' '));
+void ChartPointer::rename(std::size_t mark) {
+  const std::size_t place = controller_.placeOf(mark);
+  const auto& point = std::get<MarkedPoint>(controller_.entryOf(mark).content);
+  const QString old = QString::fromStdString(point.identification);
+  bool accepted = false;
+  const QString name =
+      QInputDialog::getText(widget_.window(), QStringLiteral("Rename"), QStringLiteral("Point identification:"),
+                            QLineEdit::Normal, old, &accepted);
+  if (accepted && name != old) chart_.rename(place, name.toStdString());
 }
 
-/// Back from a menu or another program, keys go on where they were.
-void ChartPointer::onFocus(Qt::FocusReason reason) {
-  const bool back =
-      reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason || reason == Qt::ActiveWindowFocusReason;
-  if (!back) steered_ = false;
+/// What can be done at the place that the pointer is at. The menu stays with it wherever the pointer goes then.
+void ChartPointer::openMenu(const QContextMenuEvent& event) {
+  if (!controller_.crossHair() || controller_.isDragging()) return;
+  auto* menu = new QMenu(&widget_);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  fillMenu(*menu, *controller_.crossHair());
+  if (menu->isEmpty()) return menu->deleteLater();
+  stayWith(*menu);
+  const QPoint cross = widget_.mapToGlobal(controller_.cross().toPoint());
+  menu->popup(event.reason() == QContextMenuEvent::Keyboard ? cross : event.globalPos());
 }
 
-bool ChartPointer::movable(std::size_t mark) const { return isPoint(entryOf(mark)); }
-
-bool ChartPointer::onKey(const QKeyEvent& event) {
-  const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
-  const auto key = static_cast<Qt::Key>(event.key());
-  if (key == Qt::Key_Control || key == Qt::Key_Shift || key == Qt::Key_Alt) {
-    if (crossHair_ && !byKeys_) onMove(event.modifiers());
-    return false;
-  }
-  if (event.type() == QEvent::KeyRelease) return false;
-  // A Return that was meant for the box that a line was drawn from must not open a window.
-  if ((key == Qt::Key_Return || key == Qt::Key_Enter) && !(byKeys_ && steered_)) return false;
-  if (!dragging_ && !event.isAutoRepeat() && runCommand(modifiers | key)) return true;
-  if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier) return false;
-  if (key == Qt::Key_Escape && dragging_) {
-    dragging_ = false;
-    pressed_.reset();
-    grabbed_.reset();
-    hide();
-    return true;
-  }
-  if (dragging_) return false;
-  return step(key, modifiers == Qt::ShiftModifier);
+/// The cross hair stays while a menu is open, and goes with it if the pointer has gone.
+void ChartPointer::stayWith(QMenu& menu) {
+  const auto ask = [this] {
+    if (!widget_.underMouse()) controller_.leave();
+  };
+  connect(&menu, &QMenu::aboutToHide, this, [this, ask] { QTimer::singleShot(0, this, ask); });
 }
 
-/// The cross hair by keys: it begins where it was last, and else in the midst of the plot.
-bool ChartPointer::step(Qt::Key key, bool tenths) {
-  const int degrees = static_cast<int>(key == Qt::Key_Right) - static_cast<int>(key == Qt::Key_Left);
-  const int ratios = static_cast<int>(key == Qt::Key_Up) - static_cast<int>(key == Qt::Key_Down);
-  if ((degrees == 0 && ratios == 0) || !currentChart_) return false;
-  const ChartLimits& limits = currentChart_->limits;
-  const double atm = currentChart_->pressure.atm;
-  ChartCoordinates place = crossHair_ ? crossHair_->reading.place : last_;
-  if (!crossHair_ && !hasLast_) {
-    const double db = std::round((limits.lowDb + limits.highDb) / 2);
-    const double most = std::min(limits.highHr, saturatedAt(db, atm).value_or(ChartCoordinates{db, limits.highHr}).w);
-    place = readPlace({db, std::max(limits.lowHr, std::round(most / 2 / 0.0005) * 0.0005)});
-  } else if (crossHair_) {
-    place = caughtBy(targets_, stepped(limits, place, degrees, ratios, tenths), tenths);
+void ChartPointer::fillMenu(QMenu& menu, const CrossHair& crossHair) {
+  const auto add = [&](const QString& text, auto run) { menu.addAction(text, this, run); };
+  if (crossHair.reading.state) {
+    add(QStringLiteral("&Locate point here"), [this, crossHair] { controller_.locate(crossHair); });
+    add(QStringLiteral("&Pin read-out"), [this, crossHair] { controller_.pin(crossHair); });
+    menu.addSeparator();
+    for (const LineKind kind :
+         {LineKind::relativeHumidity, LineKind::wetBulb, LineKind::enthalpy, LineKind::specificVolume}) {
+      const PropertyKind kept = propertyOf(kind);
+      const QString value = QString::fromStdString(readingText(kept, *crossHair.reading.state));
+      add(QStringLiteral("%1 %2 %3 through here")
+              .arg(QLatin1String(captionOf(kind)), value, QLatin1String(propertyOf(kept).unit)),
+          [this, kind, crossHair] { controller_.draw(kind, crossHair); });
+    }
+    menu.addSeparator();
   }
-  byKeys_ = steered_ = true;
-  showAt(place);
-  announce();
-  return true;
+  if (crossHair.mark) {
+    for (const CrossHair& other : controller_.atSameCoordinates(crossHair)) {
+      add(QStringLiteral("&Delete ") + menuText(captionOf(controller_.entryOf(*other.mark))),
+          [this, other] { controller_.erase(other); });
+    }
+    if (controller_.movable(*crossHair.mark)) {
+      add(QStringLiteral("&Rename..."), [this, crossHair] { rename(*crossHair.mark); });
+    }
+    if (missesAny(controller_.entryOf(*crossHair.mark))) {
+      add(QStringLiteral("Take e&xact state"),
+          [this, crossHair] { chart_.takeExact({controller_.placeOf(*crossHair.mark)}); });
+    }
+  }
+  if (crossHair.reading.state) add(QStringLiteral("&Copy state"), [this, crossHair] { controller_.copy(crossHair); });
 }
 
 }  // namespace moistair

@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <optional>
 #include <string_view>
 
 #include "files/outputfile.h"
@@ -15,19 +14,23 @@ namespace moistair {
 
 inline constexpr const char* holdsTheLog = "This file holds the saved data of this session.";
 
-/// Writes a whole file, but for that of the log. Returns why it was not written, nothing if it was.
-inline std::optional<QString> writeBytes(const QString& path, std::string_view bytes, const SessionLog& log) {
+/// Writes a whole file, but for that of the log.
+inline Outcome writeBytes(const QString& path, std::string_view bytes, const SessionLog& log) {
   const auto name = nativeName(path);
-  if (!name) return QStringLiteral("Its name holds characters that cannot be shown.");
-  if (log.isAt(*name)) return QString::fromUtf8(holdsTheLog);
-  const Outcome written = writeFile(*name, bytes);
-  return written ? std::nullopt : std::optional(QString::fromStdString(written.error().words));
+  if (!name) return Error{ErrorCode::notWritten, {}, "Its name holds characters that cannot be shown."};
+  if (log.isAt(*name)) return Error{ErrorCode::notWritten, {}, holdsTheLog};
+  return writeFile(*name, bytes);
 }
 
 /// The same of a picture; an empty one could not be made.
-inline std::optional<QString> writePicture(const QString& path, const QByteArray& picture, const SessionLog& log) {
-  if (picture.isEmpty()) return QStringLiteral("There is not enough memory for it.");
+inline Outcome writePicture(const QString& path, const QByteArray& picture, const SessionLog& log) {
+  if (picture.isEmpty()) return Error{ErrorCode::notWritten, {}, "There is not enough memory for it."};
   return writeBytes(path, {picture.data(), static_cast<std::size_t>(picture.size())}, log);
+}
+
+/// "The table could not be written to PATH", and why.
+inline QString notWrittenText(const QString& what, const QString& path, const Error& error) {
+  return what + QStringLiteral(" could not be written to ") + path + u'\n' + QString::fromStdString(error.words);
 }
 
 }  // namespace moistair

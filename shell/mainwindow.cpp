@@ -7,12 +7,17 @@
 #include <QWindow>
 #include <cmath>
 
-#include "chart/chartfinders.h"
-#include "engine/pressureunits.h"
 #include "shell/chartmenu.h"
+#include "shell/chartpointer.h"
+#include "shell/editmenu.h"
+#include "shell/entriesdock.h"
+#include "shell/filecommands.h"
 #include "shell/sheets.h"
 #include "shell/startup.h"
+#include "shell/statusline.h"
+#include "shell/stripnotes.h"
 #include "shell/typedpair.h"
+#include "shell/weathercommands.h"
 #include "toolkit/messages.h"
 
 namespace moistair {
@@ -34,31 +39,24 @@ QSize leastArea(const QSize& strip) {
 }  // namespace
 
 MainWindow::MainWindow(LogPlaces logPlaces)
-    : log_(std::move(logPlaces)),
-      strip_(new Strip),
+    : strip_(new Strip),
       graph_(new GraphView),
-      chart_(graph_->canvas()),
-      chartPointer_(new ChartPointer(*graph_, chart_,
-                                     {[this](const ChartLimits& limits) {
-                                        const auto sheet = sheets_->plot();
-                                        return sheet ? *sheet : plotBox(plotArea(limits, windowSize()));
-                                      },
-                                      [this] { return windowSize(); }})),
-      files_(new DocumentFiles(*this, chart_, log_,
-                               [this](Document document, bool fresh) { showDocument(std::move(document), fresh); })),
+      chart_(new ChartController(
+          graph_->canvas(),
+          {[this] { return strip_->limitTexts(); }, [this] { return strip_->pairInput(); },
+           [this] { return strip_->pointId->text().toStdString(); }, [this] { return windowSize(); }},
+          this)),
+      log_(new LogController(std::move(logPlaces), this)),
       status_(new StatusLine),
       typed_(new TypedPair(*strip_)),
-      notes_(new StripNotes(*strip_, *status_, chart_, solverFields_, log_,
-                            [this] {
-                              PlotArea area = chart_.plotArea(windowSize());
-                              readLimits(strip_->limitTexts(), area.limits);
-                              return area;
-                            })),
-      sheets_(new Sheets(*this, *graph_, chart_, log_)),
-      panel_(new EntriesPanel(this)),
-      finders_(chartRangeFinders([this] {
-        chart_.readLimits(strip_->limitTexts());
-        return chart_.plotArea(windowSize());
+      files_(new FilesController(*chart_, log_->log(), fileDialogs(*this), this)),
+      notes_(new StripNotes(*strip_, *status_, *chart_, log_->log())),
+      sheets_(new Sheets(*this, *graph_, *chart_, log_->log(), [this] { return visiblePlot(); })),
+      fileCommands_(new FileCommands(*this, *graph_, *chart_, *sheets_, *log_)),
+      entries_(new EntriesDock(*this, *graph_, *chart_, *sheets_, log_->log())),
+      pointer_(new ChartPointer(*graph_, *chart_, [this](const ChartLimits& limits) { return plotOf(limits); })),
+      weather_(new WeatherCommands(*this, *graph_, *chart_, [this](const ChartLimits& limits) {
+        return sheets_->isShown() ? std::nullopt : std::optional(plotOf(limits));
       })) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Psychrometric chart - English Units"));
@@ -75,135 +73,133 @@ MainWindow::MainWindow(LogPlaces logPlaces)
   area->installEventFilter(this);
   QWidget::setTabOrder(strip_->lowDb, graph_);
   QWidget::setTabOrder(graph_, strip_->locateButton);
+  openDropped(*this, *files_);
   makeMenus();
-  makeStatusBar();
-  makeChartPointer();
+  setStatusBar(status_);
+  connectChart();
+  connectStatus();
+  connectLog();
   connectStrip();
 }
 
-/// Here, since the caption of the window says what the program is.
-void MainWindow::makeStatusBar() {
-  setStatusBar(status_);
-  connect(files_, &DocumentFiles::captionchanged, this, [this] { status_->showDocument(files_->caption()); });
-  connect(status_, &StatusLine::headerchosen, this, [this] { step([this] { chart_.adoptFilePressure(); }); });
-  connect(status_, &StatusLine::exactChosen, this, [this] { notes_->useExact(); });
+/// What a command comes to, in the order in which it is to be seen.
+void MainWindow::connectChart() {
+  connect(chart_, &ChartController::rowEmptied, strip_, &Strip::emptyReadouts);
+  connect(chart_, &ChartController::rowFilled, this, [this](const StatePoint& point) {
+    strip_->show(point);
+    if (loaded_ && !isVisible()) show();
+  });
+  connect(chart_, &ChartController::inputsEmptied, strip_, &Strip::emptyInputs);
+  connect(chart_, &ChartController::limitsChosen, strip_, &Strip::setLimits);
+  connect(chart_, &ChartController::waiting, strip_, &Strip::waitCue);
+  connect(chart_, &ChartController::refused, this, &MainWindow::answer);
+  connect(chart_, &ChartController::markRefused, this, [this](const QString& reason) { message(dialog_, reason); });
+  connect(chart_, &ChartController::reported, this, [this](const QString& text) { message(this, text); });
+  connect(chart_, &ChartController::typeAsked, this, &MainWindow::openChartType);
+  connect(chart_, &ChartController::reportAsked, this, &MainWindow::openReport);
+  connect(chart_, &ChartController::done, this, &MainWindow::focusGraph);
+  // What is chosen on the chart goes the way of what is typed.
+  PointerController& pointer = pointer_->controller();
+  connect(sheets_, &Sheets::toggled, &pointer, &PointerController::follow);
+  connect(&pointer, &PointerController::chosen, typed_, &TypedPair::take);
+  connect(sheets_, &Sheets::toggled, weather_, &WeatherCommands::follow);
+  connect(weather_, &WeatherCommands::refused, this, [this](const QString& reason) { message(this, reason); });
+  connect(weather_, &WeatherCommands::done, this, &MainWindow::focusGraph);
+  connect(&pointer, &PointerController::located, chart_, &ChartController::locatePoint);
+  connect(&pointer, &PointerController::refused, this, [this](const QString& reason) { message(this, reason); });
+}
+
+void MainWindow::connectStatus() {
+  connect(chart_, &ChartController::changed, status_, [this](ChangedPart part) {
+    if (part == ChangedPart::content) status_->endAnswer();
+  });
+  connect(chart_, &ChartController::failed, status_,
+          [this](const QString& words) { status_->answer(words, BoxMark::fault); });
+  connect(files_, &FilesController::captionChanged, status_, [this] { status_->showDocument(files_->caption()); });
+  connect(files_, &FilesController::keepTried, status_, &StatusLine::showUnkept);
+  connect(fileCommands_, &FileCommands::written, status_, &StatusLine::answerFile);
+  connect(fileCommands_, &FileCommands::done, this, &MainWindow::focusGraph);
+  connect(entries_, &EntriesDock::written, status_, [this](const QString& path, const Outcome& outcome) {
+    status_->answerFile(QStringLiteral("table"), path, outcome);
+  });
+  connect(status_, &StatusLine::headerchosen, chart_, &ChartController::adoptFilePressure);
+  connect(status_, &StatusLine::exactChosen, notes_, &StripNotes::useExact);
   connect(status_, &StatusLine::offerChosen, this,
-          [this](Offer offer) { offer == Offer::previous ? carryOver() : typed_->putBack(); });
-  connect(files_, &DocumentFiles::keepTried, status_, &StatusLine::showUnkept);
+          [this](Offer offer) { offer == Offer::previous ? chart_->carryOver() : typed_->putBack(); });
   connect(typed_, &TypedPair::changed, this, [this] {
     status_->offer(Offer::typed, typed_->words(), QStringLiteral("Click, or press Ctrl+Z in one of the two boxes."));
   });
-  files_->follow();
+  status_->showDocument(files_->caption());
 }
 
-/// What is chosen on the chart goes the way of what is typed.
-void MainWindow::makeChartPointer() {
-  connect(sheets_, &Sheets::toggled, chartPointer_, &ChartPointer::follow);
-  connect(sheets_, &Sheets::toggled, this, &MainWindow::showExportKey);
-  connect(chartPointer_, &ChartPointer::chosen, typed_, &TypedPair::take);
-  connect(chartPointer_, &ChartPointer::located, this, &MainWindow::locatePoint);
-  connect(chartPointer_, &ChartPointer::exactChosen, this, [this](std::size_t entry) { takeExact({entry}); });
-  connect(chartPointer_, &ChartPointer::refused, this, [this](const QString& reason) { message(this, reason); });
+void MainWindow::connectLog() {
+  connect(log_, &LogController::shown, this, &MainWindow::openLog);
+  connect(log_, &LogController::unreadable, this, [this](const QString& text) {
+    warning(this, text);
+    focusGraph();
+  });
+  connect(log_, &LogController::appended, this, [this](const QString& words) {
+    strip_->saveLogButton->setEnabled(true);
+    status_->answer(words);
+    if (auto* mixing = qobject_cast<MixingWindow*>(dialog_)) mixing->answer(words);
+    notes_->follow();
+  });
+  connect(log_, &LogController::notAppended, this, [this](const QString& text) { warning(dialog_, text); });
 }
 
 void MainWindow::makeMenus() {
   QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-  files_->fillMenu(*file);
+  fillFileMenu(*file, *files_);
   file->addSeparator();
-  const auto add = [this](QMenu& menu, const QString& text, const QKeySequence& keys, auto run) {
-    menu.addAction(text, this, run)->setShortcut(keys);
-  };
-  exportChartAction_ = file->addAction(QStringLiteral("&Export chart..."), this, &MainWindow::exportChart);
-  exportSheetAction_ = file->addAction(QStringLiteral("Export s&heet..."), this, &MainWindow::exportSheet);
-  file->addAction(QStringLiteral("Page set&up..."), this, &MainWindow::setupPage);
-  add(*file, QStringLiteral("&Print..."), QKeySequence(Qt::CTRL | Qt::Key_P), &MainWindow::printChart);
+  fileCommands_->fillMenu(*file);
   file->addSeparator();
-  earlier_ = file->addMenu(QStringLiteral("Earlier &sessions"));
-  connect(file, &QMenu::aboutToShow, this, &MainWindow::listSessions);
+  QMenu* earlier = file->addMenu(QStringLiteral("Earlier &sessions"));
+  connect(file, &QMenu::aboutToShow, this, [this, earlier] { listSessions(*earlier); });
   file->addSeparator();
   file->addAction(QStringLiteral("E&xit"), this, &MainWindow::quitProgram);
   QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
-  undoAction_ = edit->addAction(QString(), this, &MainWindow::undo);
-  undoAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
-  redoAction_ = edit->addAction(QString(), this, &MainWindow::redo);
-  redoAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
-  edit->addSeparator();
-  carryOverAction_ = edit->addAction(QStringLiteral("&Again on this chart"), this, &MainWindow::carryOver);
-  carryOverAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
-  edit->addSeparator();
+  new EditMenu(*edit, *chart_, *status_);
   notes_->fillMenu(*edit);
-  chart_.changed = [this](ChangedPart part) {
-    if (part == ChangedPart::currentPressure) return notes_->follow();
-    status_->endAnswer();
-    showHistory();
-    files_->follow();
-    notes_->follow();
-    sheets_->follow(visiblePlot());
-    showExportKey();
-    if (!panel_->isHidden()) panel_->show(chart_.document());
-    chartPointer_->follow();
-  };
-  showHistory();
-  showExportKey();
   QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
-  makePanel(*view);
+  entries_->fillViewMenu(*view);
   sheets_->fillViewMenu(*view);
   QMenu* chart = menuBar()->addMenu(QStringLiteral("Cha&rt"));
   fillChartMenu(*chart, *strip_);
-  chartPointer_->fillMenu(*chart);
-  add(*menuBar()->addMenu(QStringLiteral("&Help")), QStringLiteral("&Help"), Qt::Key_F1, &MainWindow::showHelp);
-}
-
-void MainWindow::makePanel(QMenu& view) {
-  addDockWidget(Qt::RightDockWidgetArea, panel_);
-  panel_->hide();
-  QAction* toggle = panel_->toggleViewAction();
-  toggle->setText(QStringLiteral("&Points and lines"));
-  toggle->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
-  view.addAction(toggle);
-  connect(toggle, &QAction::toggled, this, &MainWindow::placePanel);
-  connect(panel_, &QDockWidget::visibilityChanged, this,
-          [this](bool shown) { shown ? panel_->show(chart_.document()) : highlight({}); });
-  connect(panel_, &EntriesPanel::selected, this, &MainWindow::highlight);
-  connect(panel_, &EntriesPanel::exactChosen, this, &MainWindow::takeExact);
-  connect(panel_, &EntriesPanel::csvChosen, this, &MainWindow::writeCsv);
-  connect(panel_, &EntriesPanel::deleteChosen, this, [this](const std::vector<std::size_t>& entries) {
-    if (!entries.empty()) step([&] { chart_.change(deletion(chart_.document(), entries), windowSize()); });
-  });
-  connect(panel_, &EntriesPanel::renamed, this,
-          [this](std::size_t entry, std::size_t part, const QString& identification) {
-            chart_.change(renaming(chart_.document(), entry, identification.toStdString(), part), windowSize());
-          });
-  connect(panel_, &EntriesPanel::typed, this, &MainWindow::typeOver);
-  connect(panel_, &EntriesPanel::pointChosen, this, &MainWindow::markStream);
-  connect(panel_, &EntriesPanel::leaves, this, &MainWindow::focusGraph);
+  pointer_->fillMenu(*chart);
+  chart->addSeparator();
+  weather_->fillMenu(*chart);
+  QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
+  help->addAction(QStringLiteral("&Help"), this, &MainWindow::showHelp)->setShortcut(Qt::Key_F1);
 }
 
 void MainWindow::connectStrip() {
   pressByReturn(*strip_);
-  const auto command = [this](QPushButton* button, auto run) { connect(button, &QPushButton::clicked, this, run); };
-  command(strip_->drawButton, &MainWindow::startDraw);
-  command(strip_->pressureButton, &MainWindow::openPressure);
-  command(strip_->locateButton, &MainWindow::locatePoint);
-  command(strip_->clearButton, &MainWindow::clearChart);
-  command(strip_->saveChartButton, &MainWindow::saveChart);
-  command(strip_->viewLogButton, &MainWindow::viewLog);
-  command(strip_->saveLogButton, &MainWindow::saveLog);
-  command(strip_->mixingButton, &MainWindow::openMixing);
-  command(strip_->helpButton, &MainWindow::showHelp);
-  command(strip_->exitButton, &MainWindow::quitProgram);
+  const auto command = [](QPushButton* button, auto* receiver, auto run) {
+    connect(button, &QPushButton::clicked, receiver, run);
+  };
+  command(strip_->drawButton, chart_, &ChartController::startDraw);
+  command(strip_->pressureButton, this, &MainWindow::openPressure);
+  command(strip_->locateButton, chart_, &ChartController::locatePoint);
+  command(strip_->clearButton, chart_, &ChartController::clearChart);
+  command(strip_->saveChartButton, fileCommands_, &FileCommands::saveChart);
+  command(strip_->viewLogButton, log_, &LogController::view);
+  command(strip_->saveLogButton, fileCommands_, &FileCommands::saveLog);
+  command(strip_->mixingButton, this, &MainWindow::openMixing);
+  command(strip_->helpButton, this, &MainWindow::showHelp);
+  command(strip_->exitButton, this, &MainWindow::quitProgram);
   const auto line = [this](QPushButton* button, LineKind kind, const QLineEdit* value) {
-    connect(button, &QPushButton::clicked, this, [this, kind, value] { drawLine(kind, *value); });
+    connect(button, &QPushButton::clicked, chart_,
+            [this, kind, value] { chart_->drawLine(kind, value->text().toStdString()); });
   };
   line(strip_->rhLineButton, LineKind::relativeHumidity, strip_->rhValue);
   line(strip_->wbLineButton, LineKind::wetBulb, strip_->wbValue);
   line(strip_->hLineButton, LineKind::enthalpy, strip_->hValue);
   line(strip_->vLineButton, LineKind::specificVolume, strip_->vValue);
   for (ListBox* list : {strip_->firstKind, strip_->secondKind}) {
-    connect(list, &ListBox::chosen, this, &MainWindow::previewPoint);
+    connect(list, &ListBox::chosen, chart_, &ChartController::previewPoint);
   }
   for (QLineEdit* box : {strip_->firstValue, strip_->secondValue}) {
-    connect(box, &QLineEdit::textChanged, this, &MainWindow::previewPoint);
+    connect(box, &QLineEdit::textChanged, chart_, &ChartController::previewPoint);
   }
 }
 
@@ -216,12 +212,12 @@ bool MainWindow::start(const QString& file) {
 /// The load sequence, run once, before the first pressure is set.
 bool MainWindow::loadMain() {
   constexpr WindowSize layoutSize{10980, 7905};
-  chart_.start(layoutSize);
+  chart_->commands().start(layoutSize);
   if (leavesForSmallScreen(nullptr)) return false;
   fillLists();
   screen_ = QGuiApplication::primaryScreen()->size();
   arrange();
-  if (!log_.newLog()) warning(this, QString::fromUtf8(logFailed));
+  if (!log_->log().newLog()) warning(this, QString::fromUtf8(logFailed));
   files_->collectRecoveredWork();
   strip_->saveLogButton->setEnabled(false);
   return true;
@@ -257,10 +253,7 @@ void MainWindow::arrange() {
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == centralWidget() && event->type() == QEvent::Resize) {
     arrange();
-    chart_.layout(windowSize());
-    sheets_->follow(visiblePlot());
-    highlight(highlighted_);
-    chartPointer_->follow();
+    chart_->layout();
   }
   // A window manager puts the dialog that is clicked above the chart type window.
   const bool dialogComesUp = event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress;
@@ -275,15 +268,10 @@ WindowSize MainWindow::windowSize() const {
   return {centralWidget()->width() * twipsPerPixel, centralWidget()->height() * twipsPerPixel};
 }
 
-/// The live row: at every change of a kind or a value, and silent but for a line that crosses nothing of the chart.
-void MainWindow::previewPoint() {
-  strip_->emptyReadouts(true);
-  const Resolution resolution = resolveInput(strip_->pairInput(), chart_.document().atm(), finders_, solverFields_);
-  notes_->showPair(resolution);
-  warnOutOfSight(resolution);
-  if (!resolution.resolved()) return;
-  strip_->show(resolution.point);
-  if (loaded_ && !isVisible()) show();
+/// Where the plot of limits lies on the chart's widget, which shows the drawing or a sheet.
+PlotBox MainWindow::plotOf(const ChartLimits& limits) const {
+  const auto sheet = sheets_->plot();
+  return sheet ? *sheet : plotBox(plotArea(limits, windowSize()));
 }
 
 /// A click on this window while a dialog keeps the user out would take the keys from the dialog.
@@ -295,6 +283,16 @@ bool MainWindow::event(QEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(!dialog_);
   if (!dialog_) quitProgram();
+}
+
+void MainWindow::endSession() {
+  files_->end();
+  log_->log().end();
+}
+
+void MainWindow::quitProgram() {
+  endSession();
+  Q_EMIT ended();
 }
 
 }  // namespace moistair

@@ -1,35 +1,35 @@
 /// \file
-/// The main window: the strip of controls, the chart under it, and the flow between the windows.
+/// The main window: the strip of controls and the chart under it.
 ///
-/// It owns the session's values, the log and the chart, connects the controls to the procedures of the rooms, and opens
-/// the dialogs. A dialog knows nothing of it: it gets what it needs and reports by signals. One of pressure, report,
-/// log and mixing window can be open at a time, and this window takes no input meanwhile; the chart type window can be
-/// open at the same time.
+/// It puts strip, chart, status line, menus and controllers together and opens the dialogs; what a command does is in
+/// the controllers (chart, files, log, pointer). A dialog knows nothing of it: it gets what it needs and reports by
+/// signals. One of pressure, report, log and mixing window can be open at a time, and this window takes no input
+/// meanwhile; the chart type window can be open at the same time.
 #pragma once
 
 #include <QMainWindow>
-#include <QPageLayout>
 #include <QPointer>
 
-#include "log/sessionlog.h"
-#include "model/chartcommands.h"
-#include "model/locate.h"
-#include "shell/chartpointer.h"
-#include "shell/documentfiles.h"
+#include "chart/reading.h"
+#include "shell/chartcontroller.h"
+#include "shell/filescontroller.h"
+#include "shell/logcontroller.h"
 #include "shell/strip.h"
-#include "shell/stripnotes.h"
+#include "toolkit/dialog.h"
 #include "toolkit/graphview.h"
-#include "toolkit/savedialog.h"
 #include "windows/charttypewindow.h"
-#include "windows/entriespanel.h"
 #include "windows/mixingwindow.h"
 
 namespace moistair {
 
-class ReportWindow;
+class ChartPointer;
+class EntriesDock;
+class FileCommands;
 class Sheets;
+class StatusLine;
+class StripNotes;
 class TypedPair;
-struct EarlierSession;
+class WeatherCommands;
 
 class MainWindow final : public QMainWindow {
   Q_OBJECT
@@ -55,96 +55,56 @@ protected:
 
 private:
   void makeMenus();
-  void makeStatusBar();
-  void makeChartPointer();
-  void makePanel(QMenu& view);
   void connectStrip();
+  void connectChart();
+  void connectStatus();
+  void connectLog();
   bool loadMain();
   void fillLists();
   void arrange();
 
   WindowSize windowSize() const;
   QSize visiblePlot() const;
-  void previewPoint();
+  PlotBox plotOf(const ChartLimits& limits) const;
 
   void openDialog(Dialog* dialog);
   void closeDialog();
   void leaveDialog();
-  void focusGraph();
-  void answer(const Refusal& refusal);
-  void warnOutOfSight(const Resolution& resolution);
-
-  std::optional<QString> askSavePath(const SaveRequest& request);
+  void focusGraph() { graph_->setFocus(); }
+  void answer(const Error& error);
 
   void openPressure();
   void changePressure(const PressureEntry& entry);
-  void startFresh(const PressureEntry& entry);
   void settlePressure(const PressureEntry& set);
   QString waitingWords() const;
-  void startDraw();
-  void drawChart(ChartType chartType);
-  void drawLine(LineKind kind, const QLineEdit& value);
-  void locatePoint();
-  void markPoint(const ReportWindow& report, const PairInput& input);
-  void clearChart();
-  void undo();
-  void redo();
-  void step(const std::function<void()>& change);
-  void showDocument(Document document, bool fresh);
   void beginWork();
-  void placePanel();
-  void highlight(const std::vector<std::size_t>& entries);
-  void typeOver(std::size_t entry, const GivenValue& value);
-  void markStream(std::size_t entry, std::size_t part);
-  void takeExact(const std::vector<std::size_t>& places);
-  void writeCsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
-  void carryOver();
-  void showHistory();
-  void saveChart();
-  void viewLog();
-  void listSessions();
-  void viewSession(const EarlierSession& session);
-  void saveLog();
-  void appendToLog(const std::vector<std::string>& lines);
+  void openChartType();
+  void openReport(const PointReport& report, const PairInput& input);
+  void openLog(const QString& content, const QString& title);
+  void listSessions(QMenu& menu);
   void openMixing();
-  void showExportKey();
-  void exportChart();
-  void exportSheet();
-  void printChart();
-  void setupPage();
-  QPageLayout page() const;
   void showHelp();
   void quitProgram();
 
-  SessionLog log_;
-  QMenu* earlier_;  ///< menu of the earlier sessions
   Strip* strip_;
   GraphView* graph_;
-  ChartCommands chart_;
-  ChartPointer* chartPointer_;
-  DocumentFiles* files_;
+  ChartController* chart_;
+  LogController* log_;
   StatusLine* status_;
-  TypedPair* typed_;   ///< the boxes while a place of the chart is in them
-  StripNotes* notes_;  ///< what is said in it and marked in the strip
+  TypedPair* typed_;  ///< the boxes while a place of the chart is in them
+  FilesController* files_;
+  StripNotes* notes_;  ///< what is said in the status line and marked in the strip
   Sheets* sheets_;
-  EntriesPanel* panel_;        ///< table next to the chart
-  SolverFields solverFields_;  ///< scratch of the nested searches of the live row
-  RangeFinders finders_;
+  FileCommands* fileCommands_;
+  EntriesDock* entries_;  ///< table next to the chart
+  ChartPointer* pointer_;
+  WeatherCommands* weather_;  ///< layer of weather over the chart
   LastStreams lastMixing_;
-  SaveDialog saveDialog_;
   QPointer<Dialog> dialog_;
   QPointer<ChartTypeWindow> chartType_;
-  QSize screen_;                     ///< size of the screen at start-up [pixels]
-  std::optional<QPageLayout> page_;  ///< of printing, once it has been asked for
-  QAction* undoAction_ = nullptr;
-  QAction* redoAction_ = nullptr;
-  QAction* carryOverAction_ = nullptr;
-  QAction* exportChartAction_ = nullptr;
-  QAction* exportSheetAction_ = nullptr;
-  std::vector<std::size_t> highlighted_;        ///< entries highlighted on the chart
-  QString firstFile_;                           ///< to be opened once the pressure window is left
+  QSize screen_;                                ///< size of the screen at start-up [pixels]
+  QString firstFile_;                           ///< to be opened once the pressure window of the start is left
   std::optional<PressureEntry> firstPressure_;  ///< set in that window
-  bool panelPlaced_ = false;
   bool loaded_ = false;
   bool begun_ = false;  ///< whether that window has been left
 };

@@ -6,6 +6,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <tuple>
+#include <utility>
 
 #include "files/inputfile.h"
 #include "files/outputfile.h"
@@ -32,8 +33,18 @@ SheetOptions withTitles(SheetOptions options, const TitleBlock& block) {
 
 }  // namespace
 
-Sheets::Sheets(QWidget& window, QWidget& graph, ChartCommands& chart, const SessionLog& log)
-    : QObject(&window), window_(window), chart_(chart), log_(log), view_(new SheetView(graph)) {
+Sheets::Sheets(QWidget& window, QWidget& graph, ChartController& chart, const SessionLog& log,
+               std::function<QSize()> visible)
+    : QObject(&window),
+      window_(window),
+      chart_(chart),
+      log_(log),
+      visible_(std::move(visible)),
+      view_(new SheetView(graph)) {
+  connect(&chart, &ChartController::laidOut, this, &Sheets::follow);
+  connect(&chart, &ChartController::changed, this, [this](ChangedPart part) {
+    if (part == ChangedPart::content) follow();
+  });
   options_.page = pageOf(namedPages[usesLetter(paperLocale()) ? 0 : 1], false);
   options_.margin = paperMargin * pixelsPerInch;
   options_.date = QDate::currentDate().toString(Qt::ISODate).toStdString();
@@ -56,8 +67,8 @@ void Sheets::show() {
   view_->setVisible(shown);
 }
 
-void Sheets::follow(const QSize& visible) {
-  view_->resize(visible);
+void Sheets::follow() {
+  view_->resize(visible_());
   show();
 }
 
@@ -102,7 +113,8 @@ TitleBlock Sheets::titleBlock() const {
 /// Into the document, and whoever has drawn it for the next one. One that says nothing is not worth a change.
 void Sheets::keep(const TitleBlock& block) {
   const bool nothing = block == TitleBlock{defaultTitle, {}, {}};
-  if (block != chart_.document().titleBlock && !(nothing && !chart_.document().titleBlock)) chart_.retitle(block);
+  if (block != chart_.document().titleBlock && !(nothing && !chart_.document().titleBlock))
+    chart_.commands().retitle(block);
   if (block.drawnBy.empty()) return;
   std::ignore = writeFile(drawnByFile(), block.drawnBy + '\n');  // nothing is lost but convenience
 }

@@ -6,11 +6,12 @@
 #include <QPageLayout>
 #include <QWidget>
 #include <filesystem>
+#include <functional>
 #include <optional>
 
 #include "chart/reading.h"
-#include "model/chartcommands.h"
 #include "sheet/options.h"
+#include "shell/chartcontroller.h"
 #include "windows/sheetview.h"
 
 namespace moistair {
@@ -23,13 +24,12 @@ class Sheets final : public QObject {
 public:
   /// @param window that dialogs are kept above
   /// @param graph shows the drawing
-  Sheets(QWidget& window, QWidget& graph, ChartCommands& chart, const SessionLog& log);
+  /// @param visible how much of it can be seen
+  Sheets(QWidget& window, QWidget& graph, ChartController& chart, const SessionLog& log,
+         std::function<QSize()> visible);
 
   /// "As a sheet".
   void fillViewMenu(QMenu& view);
-
-  /// To be called after every change of the document and of the size; where the drawing can be seen.
-  void follow(const QSize& visible);
 
   /// Highlights entries of the document on the sheet.
   void highlight(const std::vector<std::size_t>& entries) { view_->highlight(entries); }
@@ -52,6 +52,7 @@ Q_SIGNALS:
 private:
   enum class Printed { nothing, chart, sheet };
 
+  void follow();
   bool hasChart() const;
   Printed askWhat();
   QPageLayout printSheet(const QPageLayout& page);
@@ -62,8 +63,9 @@ private:
   std::filesystem::path drawnByFile() const;
 
   QWidget& window_;
-  ChartCommands& chart_;
+  ChartController& chart_;
   const SessionLog& log_;
+  std::function<QSize()> visible_;
   SheetView* view_;
   QAction* toggle_ = nullptr;
   SheetOptions options_;  ///< as last chosen, but for the title block, which is the document's

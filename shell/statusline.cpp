@@ -88,10 +88,11 @@ void StatusLine::remark(const PairNotes& notes) {
   answer({});
 }
 
-void StatusLine::answerFile(const QString& what, const QString& path, const std::optional<QString>& failure) {
+void StatusLine::answerFile(const QString& what, const QString& path, const Outcome& outcome) {
   const QString name = QFileInfo(path).fileName();
-  if (failure) {
-    answer(QStringLiteral("%1 not written to %2: %3").arg(what, name, *failure), BoxMark::fault, path);
+  if (!outcome) {
+    answer(QStringLiteral("%1 not written to %2: %3").arg(what, name, QString::fromStdString(outcome.error().words)),
+           BoxMark::fault, path);
   } else {
     answer(QStringLiteral("%1 written to %2").arg(what, name), BoxMark::none, path);
   }

@@ -9,6 +9,7 @@
 
 #include "advice/pairnotes.h"
 #include "advice/statustexts.h"
+#include "text/error.h"
 #include "toolkit/elidedlabel.h"
 #include "toolkit/messageline.h"
 
@@ -50,7 +51,7 @@ public:
   void answer(const QString& words, BoxMark mark = BoxMark::none, const QString& tip = {});
 
   /// The same of a file: "chart written to room.png", or why it was not.
-  void answerFile(const QString& what, const QString& path, const std::optional<QString>& failure = {});
+  void answerFile(const QString& what, const QString& path, const Outcome& outcome);
 
   /// Another command has been given.
   void endAnswer();

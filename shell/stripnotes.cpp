@@ -18,16 +18,12 @@ std::array<QLineEdit*, 4> lineBoxes(const Strip& strip) {
 
 }  // namespace
 
-StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SolverFields& fields,
-                       SessionLog& log, std::function<PlotArea()> area)
-    : QObject(&strip),
-      strip_(strip),
-      line_(line),
-      chart_(chart),
-      fields_(fields),
-      log_(log),
-      area_(std::move(area)),
-      context_() {
+StripNotes::StripNotes(Strip& strip, StatusLine& line, ChartController& chart, SessionLog& log)
+    : QObject(&strip), strip_(strip), line_(line), chart_(chart), log_(log), context_() {
+  connect(&chart, &ChartController::changed, this, &StripNotes::follow);
+  connect(&chart, &ChartController::previewed, this, &StripNotes::showPair);
+  connect(&chart, &ChartController::located, this, &StripNotes::located);
+  connect(&chart, &ChartController::rowSettled, this, &StripNotes::rowShown);
   for (const ListBox* list : {strip.firstKind, strip.secondKind}) {
     connect(list, &QComboBox::editTextChanged, this, &StripNotes::judgeAgain);
   }
@@ -40,7 +36,8 @@ StripNotes::StripNotes(Strip& strip, StatusLine& line, const ChartCommands& char
 }
 
 StripNotes::PairContext StripNotes::pairContext() const {
-  return {strip_.pairInput(), chart_.document().atm(), area_(), currentLimits(chart_.document()).has_value()};
+  return {strip_.pairInput(), chart_.document().atm(), chart_.listedArea(),
+          currentLimits(chart_.document()).has_value()};
 }
 
 void StripNotes::judge(const Resolution& resolution) {
@@ -59,7 +56,7 @@ void StripNotes::showPair(const Resolution& resolution) {
 
 /// Without a chart nothing has been resolved.
 void StripNotes::located(const Location& location) {
-  if (location.refusal && location.resolution.resolved()) return;
+  if (!location.outcome && location.resolution.resolved()) return;
   judge(location.resolution);
   rowWords_ = rowWords();
   announce();
@@ -75,7 +72,7 @@ void StripNotes::judgeAgain() {
   const PairContext now = pairContext();
   if (now == context_) return;
   const auto area = [&now] { return now.area; };
-  SolverFields fields = fields_;
+  SolverFields fields = chart_.solverFields();
   judge(resolveInput(now.input, now.atm, chartRangeFinders(area), fields));
   rowWords_ = rowWords();
   announce();

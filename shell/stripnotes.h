@@ -5,11 +5,10 @@
 #include <QMenu>
 #include <QObject>
 #include <array>
-#include <functional>
 
 #include "advice/pairnotes.h"
 #include "log/sessionlog.h"
-#include "model/chartcommands.h"
+#include "shell/chartcontroller.h"
 #include "shell/statusline.h"
 #include "shell/strip.h"
 
@@ -24,10 +23,7 @@ namespace moistair {
 /// than would now be found is reported.
 class StripNotes final : public QObject {
 public:
-  /// @param fields of the live row
-  /// @param area what the range finders look at: the limits in the lists on the chart last drawn
-  StripNotes(Strip& strip, StatusLine& line, const ChartCommands& chart, const SolverFields& fields, SessionLog& log,
-             std::function<PlotArea()> area);
+  StripNotes(Strip& strip, StatusLine& line, ChartController& chart, SessionLog& log);
 
   /// The pair in the boxes has been resolved again, or refused, and the live row is about to show it.
   void showPair(const Resolution& resolution);
@@ -38,7 +34,7 @@ public:
   /// The row now shows the point that was located, or is empty.
   void rowShown();
 
-  /// To be called after everything that may change the current pressure, the chart or the log.
+  /// To be called after what changes the log; changes of the chart are heard.
   void follow();
 
   /// What a click in the status line does, for the keyboard.
@@ -68,10 +64,8 @@ private:
 
   Strip& strip_;
   StatusLine& line_;
-  const ChartCommands& chart_;
-  const SolverFields& fields_;
+  const ChartController& chart_;
   SessionLog& log_;
-  std::function<PlotArea()> area_;
   PairNotes pair_;
   Resolution resolution_;  ///< that they are of
   PairContext context_;    ///< and what it rests on

@@ -63,7 +63,7 @@ bool clears(Desk& desk) {
   desk.commands.clearChart();
   return true;
 }
-bool leavesTheChoice(Desk& desk) { return !desk.commands.startDraw(desk.lists); }
+bool leavesTheChoice(Desk& desk) { return bool(desk.commands.startDraw(desk.lists)); }
 Step refused(const Step& step) {
   return [=](Desk& desk) { return !step(desk); };
 }

@@ -47,13 +47,13 @@ struct Desk {
   std::string pressure() const { return document().current.pressure.text(); }
 
   bool draw(ChartType type = ChartType::blank) {
-    if (commands.startDraw(lists)) return false;
+    if (!commands.startDraw(lists)) return false;
     commands.chooseType(type);
     commands.drawChart(window);
     return true;
   }
 
-  bool line(LineKind kind, const char* value) { return !commands.drawLine(kind, lists, value, window); }
+  bool line(LineKind kind, const char* value) { return bool(commands.drawLine(kind, lists, value, window)); }
   bool rhLine(const char* value) { return line(LineKind::relativeHumidity, value); }
 
   /// Marks the point of a dry and a wet bulb, as the report shows it.

@@ -37,8 +37,9 @@ TEST(LocatePoint, RefusalsInTheirOrder) {
     bool asked = false;
     const auto hasCurrentChart = [&] { return asked = true, row.hasCurrentChart; };
     const Location location = locatePoint(row.input, hasCurrentChart, 24.8961078, openRangeFinders(), fields);
-    EXPECT_EQ(location.refusal ? location.refusal->text : "", row.message);
-    EXPECT_EQ(location.refusal && location.refusal->withCancel, row.message == noChart);
+    const Error error = location.outcome ? Error{} : location.outcome.error();
+    EXPECT_EQ(error.words, row.message);
+    EXPECT_EQ(error.code == ErrorCode::waiting, row.message == noChart);
     const bool inputRule = row.message == sameKind || row.message == wWithDp || row.message == blank;
     EXPECT_EQ(asked, !inputRule) << "the chart is asked for behind the input rules";
     EXPECT_NEAR(location.resolution.point.h, row.message.empty() ? 30.8876764 : location.resolution.point.h, 5e-8);

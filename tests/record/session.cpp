@@ -158,7 +158,7 @@ Lines Session::seen() {
                     (action->isChecked() ? " checked" : ""));
   }
   for (std::string& line : drawn()) lines.push_back(std::move(line));
-  if (auto* timer = window.findChild<DocumentFiles*>()->findChild<QTimer*>(); timer != nullptr && timer->isActive()) {
+  if (auto* timer = window.findChild<FilesController*>()->findChild<QTimer*>(); timer != nullptr && timer->isActive()) {
     QTimerEvent due(timer->timerId());
     timer->event(&due);
   }

@@ -33,7 +33,7 @@ void drop(QWidget& window, const QString& path) {
 }
 
 void keepNow(QWidget& window) {
-  auto& timer = *window.findChild<DocumentFiles*>()->findChild<QTimer*>();
+  auto& timer = *window.findChild<FilesController*>()->findChild<QTimer*>();
   timer.setInterval(0);
   QTest::qWait(20);
 }

@@ -44,7 +44,7 @@ TEST(UnsavedWork, IsNotTouchedBeforeTheStartQuestionsAreAnswered) {
   std::ofstream(work.toStdString()) << "left";
   const std::string path = folder.path().toStdString();
   MainWindow window(LogPlaces{{path}, path + "/sessions"});
-  window.findChild<DocumentFiles*>()->findChild<QTimer*>()->setInterval(0);
+  window.findChild<FilesController*>()->findChild<QTimer*>()->setInterval(0);
   QTest::qWait(50);
   EXPECT_TRUE(QFile::exists(work)) << "the question about the screen is open";
   window.endSession();
@@ -53,7 +53,7 @@ TEST(UnsavedWork, IsNotTouchedBeforeTheStartQuestionsAreAnswered) {
 
 TEST(UnsavedWork, ThatCannotBeKeptIsReportedUntilItIs) {
   Program program(Program::onChart);
-  program.window.findChild<DocumentFiles*>()->findChild<QTimer*>()->setInterval(0);
+  program.window.findChild<FilesController*>()->findChild<QTimer*>()->setInterval(0);
   const QString inWay = program.path(".temp-unsaved.moistair");
   QTest::qWait(20);
   QFile::remove(inWay);
@@ -265,7 +265,7 @@ TEST(Failures, CarryAWarning) {
     icon = box.icon();
     box.accept();
   });
-  program.window.findChild<DocumentFiles*>()->open(program.path("missing"));
+  program.window.findChild<FilesController*>()->open(program.path("missing"));
   EXPECT_EQ(icon, QMessageBox::Warning);
   click(program.window, "Command14");
   EXPECT_EQ(icon, QMessageBox::Information) << "a refusal of the chart";

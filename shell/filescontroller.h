@@ -1,36 +1,44 @@
 /// \file
-/// The document of the main window and its file.
+/// The files' controller: the document and its file.
 ///
 /// Knows where the document belongs and whether it is saved; reads, writes and remembers files, and asks before unsaved
 /// work would go. What is not saved is also kept next to the session log every few seconds, under the log's name, and
 /// with it goes where the log goes: it is there for the next start after a crash, and among the earlier sessions after
-/// a normal end. The main window owns one, gives it the File menu, and shows what it opens.
+/// a normal end. What it asks and warns of goes through functions, so that it knows no window; what it opens the
+/// chart's controller takes.
 #pragma once
 
-#include <QMenu>
+#include <QObject>
+#include <QStringList>
 #include <QTimer>
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <vector>
 
 #include "log/sessionlog.h"
-#include "model/chartcommands.h"
-#include "toolkit/savedialog.h"
+#include "model/documentfile.h"
+#include "shell/chartcontroller.h"
+#include "shell/filedialogs.h"
 
 namespace moistair {
 
-class DocumentFiles final : public QObject {
+class FilesController final : public QObject {
   Q_OBJECT
 
 public:
-  /// What opening a document is to the window: chart, lists and current pressure. `fresh` for one that begins again.
-  using Show = std::function<void(Document document, bool fresh)>;
+  FilesController(ChartController& chart, const SessionLog& log, FileDialogs dialogs, QObject* parent = nullptr);
 
-  DocumentFiles(QWidget& window, ChartCommands& chart, const SessionLog& log, Show show);
+  void startNew();
+  void askOpen();
+  bool save();
+  bool saveAs();
 
-  /// New, Open, Open recent, Save and Save as.
-  void fillMenu(QMenu& file);
+  /// Paths of the documents last opened or saved, the latest first; or why the list cannot be used.
+  struct Recent {
+    QStringList paths;
+    QString fault;  ///< why there are none, though there is a list
+  };
+  Recent recent() const;
 
   /// Reads a file in place of the current document, with a question if that is not saved. A file that cannot be read is
   /// reported, with place and reason, and changes nothing. Returns whether it was opened.
@@ -38,9 +46,6 @@ public:
 
   /// "room.moistair *", or "Untitled"; the star says that it is not saved.
   QString caption() const;
-
-  /// To be called after every change of the document.
-  void follow();
 
   /// Takes what sessions left behind that did not close normally and keeps it among the earlier sessions. To be called
   /// once the log has been made; before that, nothing here touches a file of unsaved work, since its name may belong to
@@ -57,18 +62,12 @@ public:
   void openRecovered(const std::filesystem::path& kept);
 
 Q_SIGNALS:
-  void captionchanged();
+  void captionChanged();
   /// Unsaved work could not be kept, and why; empty once it could.
   void keepTried(const QString& failure);
 
-protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
-  void startNew();
-  void askOpen();
-  bool save();
-  bool saveAs();
+  void follow();
   bool writeTo(const QString& path);
   bool mayReplace();
   bool unsaved() const;
@@ -77,20 +76,11 @@ private:
   void autosave();
   std::filesystem::path workFile() const;
   std::filesystem::path recentFile() const;
-  struct Recent {
-    QStringList paths;
-    QString fault;  ///< why there are none, though there is a list
-  };
-  Recent recent() const;
   void remember(const QString& path);
-  void listRecent();
 
-  QWidget& window_;
-  ChartCommands& chart_;
+  ChartController& chart_;
   const SessionLog& log_;
-  Show show_;
-  SaveDialog saveDialog_;
-  QMenu* recent_ = nullptr;
+  FileDialogs dialogs_;
   QString path_;                         ///< of the document's file; empty for none
   std::filesystem::path recoveredWork_;  ///< to be offered; empty for none
   QTimer timer_;

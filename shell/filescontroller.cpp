@@ -1,10 +1,8 @@
-#include "shell/documentfiles.h"
+#include "shell/filescontroller.h"
 
-#include <QApplication>
 #include <QDateTime>
-#include <QDragEnterEvent>
-#include <QFileDialog>
-#include <QMimeData>
+#include <QFile>
+#include <QFileInfo>
 #include <algorithm>
 #include <system_error>
 #include <tuple>
@@ -13,10 +11,7 @@
 #include "files/inputfile.h"
 #include "files/outputfile.h"
 #include "log/earliersessions.h"
-#include "model/documentfile.h"
 #include "shell/filewriting.h"
-#include "toolkit/dialog.h"
-#include "toolkit/messages.h"
 
 namespace moistair {
 
@@ -28,7 +23,6 @@ constexpr int keptEvery = 5000;                             // ms
 constexpr std::size_t largestlist = std::size_t{64} << 10;  // bytes
 constexpr qsizetype mostRecent = 10;
 constexpr std::string_view workEnding = "-unsaved.moistair";
-constexpr const char* filter = "Moistair document (*.moistair)";
 
 QString pathOf(const fs::path& name) { return QFile::decodeName(name.c_str()); }
 
@@ -86,81 +80,48 @@ void removeFile(const fs::path& file) {
   if (!file.empty()) fs::remove(file, ignored);
 }
 
-/// The one file of a drag; empty for anything else.
-QString draggedFile(const QDropEvent& event) {
-  const QList<QUrl> urls = event.mimeData()->urls();
-  return urls.size() == 1 ? urls.first().toLocalFile() : QString();
-}
-
 }  // namespace
 
-DocumentFiles::DocumentFiles(QWidget& window, ChartCommands& chart, const SessionLog& log, Show show)
-    : QObject(&window), window_(window), chart_(chart), log_(log), show_(std::move(show)), timer_(this) {
-  connect(&timer_, &QTimer::timeout, this, &DocumentFiles::autosave);
-  window.setAcceptDrops(true);
-  window.installEventFilter(this);
+FilesController::FilesController(ChartController& chart, const SessionLog& log, FileDialogs dialogs, QObject* parent)
+    : QObject(parent), chart_(chart), log_(log), dialogs_(std::move(dialogs)), timer_(this) {
+  connect(&timer_, &QTimer::timeout, this, &FilesController::autosave);
+  connect(&chart, &ChartController::changed, this, [this](ChangedPart part) {
+    if (part == ChangedPart::content) follow();
+  });
 }
 
-void DocumentFiles::fillMenu(QMenu& file) {
-  const auto add = [&](const QString& text, const QKeySequence& keys, auto run) {
-    file.addAction(text, this, run)->setShortcut(keys);
-  };
-  add(QStringLiteral("&New"), QKeySequence(Qt::CTRL | Qt::Key_N), [this] { startNew(); });
-  add(QStringLiteral("&Open..."), QKeySequence(Qt::CTRL | Qt::Key_O), [this] { askOpen(); });
-  recent_ = file.addMenu(QStringLiteral("Open &recent"));
-  connect(&file, &QMenu::aboutToShow, this, &DocumentFiles::listRecent);
-  add(QStringLiteral("Sa&ve"), QKeySequence(Qt::CTRL | Qt::Key_S), [this] { save(); });
-  add(QStringLiteral("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveAs(); });
-}
-
-bool DocumentFiles::eventFilter(QObject* watched, QEvent* event) {
-  const bool drag = event->type() == QEvent::DragEnter || event->type() == QEvent::Drop;
-  if (watched != &window_ || !drag) return QObject::eventFilter(watched, event);
-  auto& drop = *static_cast<QDropEvent*>(event);
-  const QString file = draggedFile(drop);
-  if (file.isEmpty() || QApplication::activeModalWidget() != nullptr) return false;
-  drop.acceptProposedAction();
-  // After the event: a question must not hold up whoever the file was dragged from.
-  if (event->type() == QEvent::Drop) QTimer::singleShot(0, this, [this, file] { open(file); });
-  return true;
-}
-
-void DocumentFiles::startNew() {
+void FilesController::startNew() {
   if (!mayReplace()) return;
-  show_(newDocument(chart_.document().pressure), true);
+  chart_.open(newDocument(chart_.document().pressure), true);
   settle({});
 }
 
-void DocumentFiles::askOpen() {
+void FilesController::askOpen() {
   if (!mayReplace()) return;
-  QFileDialog dialog(&window_, QStringLiteral("Open"));
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  dialog.setNameFilters({QLatin1String(filter), QStringLiteral("All files (*)")});
-  if (!path_.isEmpty()) dialog.setDirectory(QFileInfo(path_).absolutePath());
-  if (dialog.exec() == QDialog::Accepted) read(dialog.selectedFiles().value(0), false);
+  if (const auto path = dialogs_.open(path_)) read(*path, false);
 }
 
-bool DocumentFiles::open(const QString& path) {
+bool FilesController::open(const QString& path) {
   return mayReplace() && read(QFileInfo(path).absoluteFilePath(), false);
 }
 
-void DocumentFiles::openRecovered(const fs::path& kept) {
+void FilesController::openRecovered(const fs::path& kept) {
   if (mayReplace()) read(pathOf(kept), true);
 }
 
 /// @param kept whether it is unsaved work, which belongs to another file or to none
-bool DocumentFiles::read(const QString& path, bool kept) {
+bool FilesController::read(const QString& path, bool kept) {
   Result<ReadDocument> document =
       readDocumentFile(QFile::encodeName(path).toStdString(), kept ? Links::refused : Links::followed);
   if (!document) {
-    warning(&window_, QStringLiteral("The document could not be opened: ") + path + QLatin1Char('\n') +
-                          QString::fromStdString(document.error().text()));
+    dialogs_.warn(QStringLiteral("The document could not be opened: ") + path + QLatin1Char('\n') +
+                  QString::fromStdString(document.error().text()));
     return false;
   }
-  show_(std::move(document->document), false);
+  chart_.open(std::move(document->document), false);
   if (kept) {
     settle(pathOf(document->file));
-    chart_.markUnsaved();
+    chart_.commands().markUnsaved();
     return true;
   }
   settle(path);
@@ -169,45 +130,36 @@ bool DocumentFiles::read(const QString& path, bool kept) {
 }
 
 /// The current document belongs to this file.
-void DocumentFiles::settle(const QString& path) {
+void FilesController::settle(const QString& path) {
   path_ = path;
   stale_ = true;
   autosave();
-  Q_EMIT captionchanged();
+  Q_EMIT captionChanged();
 }
 
-bool DocumentFiles::save() { return path_.isEmpty() ? saveAs() : writeTo(path_); }
+bool FilesController::save() { return path_.isEmpty() ? saveAs() : writeTo(path_); }
 
-bool DocumentFiles::saveAs() {
-  const QString title = QStringLiteral("Save as");
-  // Without its ending, which is added again: a file that is there would be selected in the dialog's list, and come
-  // back into the box when the folder has been read, over what was typed meanwhile.
-  const QLatin1String ending(documentEnding);
-  const QString begin = path_.endsWith(ending) ? path_.chopped(ending.size()) : path_;
-  const auto chosen =
-      saveDialog_.ask(&window_, {title, {QLatin1String(filter), QStringLiteral("All files (*)")}, begin});
-  if (!chosen) return false;
-  const auto path = completeName(&window_, title, *chosen, {ending});
+bool FilesController::saveAs() {
+  const auto path = dialogs_.save(path_);
   return path && writeTo(*path);
 }
 
-bool DocumentFiles::writeTo(const QString& path) {
-  const auto fail = [&](const QString& reason) {
-    warning(&window_, QStringLiteral("The document could not be written to ") + path + QStringLiteral("\n") + reason);
+bool FilesController::writeTo(const QString& path) {
+  if (const Outcome written = writeBytes(path, fileText(chart_.document()), log_); !written) {
+    dialogs_.warn(notWrittenText(QStringLiteral("The document"), path, written.error()));
     return false;
-  };
-  if (const auto reason = writeBytes(path, fileText(chart_.document()), log_)) return fail(*reason);
-  chart_.markSaved();
+  }
+  chart_.commands().markSaved();
   settle(path);
   remember(path);
   return true;
 }
 
 /// Whether the current document has nothing that the user would lose, or wants to lose it.
-bool DocumentFiles::mayReplace() {
+bool FilesController::mayReplace() {
   if (!unsaved()) return true;
   const QString name = path_.isEmpty() ? QStringLiteral("the chart") : QFileInfo(path_).fileName();
-  switch (askToSave(&window_, QStringLiteral("Do you want to save the changes of ") + name + QLatin1Char('?'))) {
+  switch (dialogs_.askToSave(QStringLiteral("Do you want to save the changes of ") + name + QLatin1Char('?'))) {
     case Unsaved::save: return save();
     case Unsaved::discard: return true;
     case Unsaved::cancel: break;
@@ -216,7 +168,7 @@ bool DocumentFiles::mayReplace() {
 }
 
 /// A line that states the pressure, alone, is no work, unless it has taken the place of a file's content.
-bool DocumentFiles::unsaved() const {
+bool FilesController::unsaved() const {
   const Document& document = chart_.document();
   const auto isWork = [](const Entry& entry) { return !std::holds_alternative<HeaderLine>(entry.content); };
   const bool hasWork = !document.previous.empty() || document.titleBlock ||
@@ -224,19 +176,19 @@ bool DocumentFiles::unsaved() const {
   return chart_.history().changed() && (!path_.isEmpty() || hasWork);
 }
 
-QString DocumentFiles::caption() const {
+QString FilesController::caption() const {
   const QString name = path_.isEmpty() ? QStringLiteral("Untitled") : QFileInfo(path_).fileName();
   return unsaved() ? name + QStringLiteral(" *") : name;
 }
 
-void DocumentFiles::follow() {
+void FilesController::follow() {
   stale_ = true;
-  Q_EMIT captionchanged();
+  Q_EMIT captionChanged();
 }
 
-fs::path DocumentFiles::workFile() const { return hasLog_ ? workFileOf(log_.path()) : fs::path(); }
+fs::path FilesController::workFile() const { return hasLog_ ? workFileOf(log_.path()) : fs::path(); }
 
-void DocumentFiles::autosave() {
+void FilesController::autosave() {
   if (!stale_ || !collected_) return;
   QString failure;
   if (!unsaved()) {
@@ -252,7 +204,7 @@ void DocumentFiles::autosave() {
   Q_EMIT keepTried(failure);
 }
 
-void DocumentFiles::collectRecoveredWork() {
+void FilesController::collectRecoveredWork() {
   hasLog_ = log_.isOpen();
   collected_ = true;
   timer_.start(keptEvery);
@@ -262,12 +214,12 @@ void DocumentFiles::collectRecoveredWork() {
   }
 }
 
-void DocumentFiles::offerRecoveredWork() {
+void FilesController::offerRecoveredWork() {
   const fs::path work = std::exchange(recoveredWork_, {});
-  if (!work.empty() && question(&window_, QStringLiteral("Moistair"), recoveredWorkQuestion(work))) openRecovered(work);
+  if (!work.empty() && dialogs_.question(recoveredWorkQuestion(work))) openRecovered(work);
 }
 
-void DocumentFiles::end() {
+void FilesController::end() {
   if (!collected_) return;
   timer_.stop();
   stale_ = true;
@@ -275,21 +227,22 @@ void DocumentFiles::end() {
   moistair::keepWork(workFile(), log_.sessions(), documentEnding);
 }
 
-fs::path DocumentFiles::recentFile() const { return log_.sessions().parent_path() / "recent.txt"; }
+fs::path FilesController::recentFile() const { return log_.sessions().parent_path() / "recent.txt"; }
 
 /// Paths of the documents last opened or saved, the latest first; or why the list cannot be used.
-DocumentFiles::Recent DocumentFiles::recent() const {
+FilesController::Recent FilesController::recent() const {
   const Result<std::string> list = readFile(recentFile(), Links::refused, largestlist);
   std::error_code ignored;
   const bool there = fs::symlink_status(recentFile(), ignored).type() != fs::file_type::not_found;
   return {QString::fromStdString(list ? *list : std::string())
               .split(QLatin1Char('\n'), Qt::SkipEmptyParts)
               .mid(0, mostRecent),
-          QString::fromStdString(there && !list ? list.error().words : std::string())};
+          there && !list ? pathOf(recentFile()) + QStringLiteral(": ") + QString::fromStdString(list.error().words)
+                         : QString()};
 }
 
 /// A name with a line end would be two of the list.
-void DocumentFiles::remember(const QString& path) {
+void FilesController::remember(const QString& path) {
   if (path.contains(QLatin1Char('\n'))) return;
   auto [paths, fault] = recent();
   if (!fault.isEmpty()) return;  // the menu says so
@@ -297,17 +250,6 @@ void DocumentFiles::remember(const QString& path) {
   paths.prepend(path);
   const std::string list = paths.mid(0, mostRecent).join(QLatin1Char('\n')).toStdString() + '\n';
   std::ignore = writeOwnFile(recentFile(), list);  // nothing is lost but convenience
-}
-
-void DocumentFiles::listRecent() {
-  recent_->clear();
-  const auto [paths, fault] = recent();
-  if (!fault.isEmpty()) recent_->addAction(pathOf(recentFile()) + QStringLiteral(": ") + fault)->setEnabled(false);
-  for (const QString& path : paths) {
-    QString caption = path;
-    recent_->addAction(caption.replace(QLatin1Char('&'), QStringLiteral("&&")), this, [this, path] { open(path); });
-  }
-  recent_->setEnabled(!recent_->isEmpty());
 }
 
 std::optional<Pressure> pressureOfFile(const QString& path) {

@@ -8,7 +8,6 @@
 #include "model/documentnames.h"
 #include "model/jsonnode.h"
 #include "model/weatherjson.h"
-#include "text/utf8.h"
 
 namespace moistair {
 

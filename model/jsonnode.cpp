@@ -6,6 +6,8 @@
 #include <set>
 #include <span>
 
+#include "text/utf8.h"
+
 namespace moistair {
 
 namespace {

@@ -9,7 +9,7 @@ namespace moistair {
 bool WeatherLayer::operator==(const WeatherLayer& other) const {
   return file == other.file && checksum == other.checksum && show == other.show && filter == other.filter &&
          counts == other.counts && columns == other.columns && designPoints == other.designPoints && atm == other.atm &&
-         hours == other.hours && unseen == other.unseen && size.db == other.size.db && size.w == other.size.w &&
+         hours == other.hours && size.db == other.size.db && size.w == other.size.w &&
          cells.size() == other.cells.size();
 }
 

@@ -1,5 +1,6 @@
 #include "sheet/chartsystem.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "sheet/systemtheme.h"
@@ -10,6 +11,7 @@ namespace {
 
 constexpr double pixel = 15;  // twips
 constexpr double dotRadius = 3.5 * pixel;
+constexpr Color ink{29, 36, 48};
 
 /// A line in dashes; the drawing has lines of one width only, so that a wide one is several.
 class LineDrawer {
@@ -70,7 +72,7 @@ void drawSystem(ChartCanvas& canvas, const PlotArea& area, const SolvedSystem& s
   const auto mark = [&](const AirState& state, const std::string& name, double radius) {
     if (!limits.contain(state.db, state.w)) return;
     const double x = area.plotX(state.db), y = area.plotY(state.w);
-    canvas.circle(x, y, radius, foreground);
+    canvas.circle(x, y, radius, ink);
     canvas.moveTo(x + 6 * pixel, y - 17 * pixel);
     canvas.print(name);
   };

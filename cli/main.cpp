@@ -76,6 +76,7 @@ int run(int argc, char** argv) {
   addMixCommand(app);
   addProcessCommand(app);
   addDesignCommand(app);
+  addComfortCommand(app);
   addChartCommand(app);
   addSheetCommand(app);
   addWeatherCommand(app);

@@ -1,12 +1,12 @@
 #include "cli/picture.h"
 
 #include <dlfcn.h>
-#include <sys/auxv.h>
 
 #include <algorithm>
 #include <filesystem>
 
 #include "cli/fault.h"
+#include "cli/programfolder.h"
 #include "cli/properties.h"
 
 namespace moistair {
@@ -14,15 +14,6 @@ namespace moistair {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// The file of this program. Where nothing is mounted on /proc, the name that it was started by has to do.
-fs::path ownFile() {
-  std::error_code none;
-  const fs::path own = fs::read_symlink("/proc/self/exe", none);
-  if (!none) return own;
-  const auto* name = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
-  return name == nullptr ? fs::path() : fs::canonical(name, none);
-}
 
 bool isPicture(std::string_view name) {
   const std::string lower = lowercase(std::string(name));
@@ -37,7 +28,7 @@ Fault unloadable(const std::string& reason) { return failure("the part that pain
 
 Painter painterOfName(std::string_view name) {
   if (!isPicture(name)) return {};
-  const fs::path folder = ownFile().parent_path();
+  const fs::path folder = programFolder();
   if (!folder.is_absolute()) throw unloadable("the program cannot find its own file");
   const fs::path place = folder / MOISTAIR_PAINTER;
   std::error_code ignored;

@@ -14,6 +14,7 @@
 #include "cli/picture.h"
 #include "cli/properties.h"
 #include "cli/sheetoptions.h"
+#include "cli/zoneoptions.h"
 #include "process/systemtables.h"
 #include "sheet/content.h"
 #include "sheet/options.h"
@@ -61,6 +62,12 @@ void takeTitles(SheetOptions& sheet, const std::optional<TitleBlock>& block, con
   take("--drawn-by", sheet.drawnBy, block->drawnBy);
 }
 
+/// Zones in addition to those of the document, all of which are shown then.
+void addZones(ZoneLayer& layer, const std::vector<std::string>& texts) {
+  for (const std::string& text : texts) layer.zones.push_back(zoneOfText(text));
+  if (!texts.empty()) layer.shown = true;
+}
+
 /// An option that is one of some words.
 template <std::size_t count, class Choice>
 void addChoice(CLI::App& command, const char* name, const std::array<const char*, count>& words, Choice& choice,
@@ -94,6 +101,12 @@ void addLook(CLI::App& command, SheetCommandOptions& options) {
   command.add_option("--scale", options.scale, "picture pixels to the pixel, for .png and .bmp")->type_name("NUMBER");
   constexpr std::array<const char*, 2> labels = {"names", "numbers"};
   addChoice(command, "--labels", labels, sheet.labels, "what points are called; names if they have any");
+  command
+      .add_option("--zone", options.zones,
+                  "a zone, any number of them: comfort, values as of the command comfort such as clo=1,fpm=40, or an "
+                  "envelope; of bins, design and hours those in one of them count")
+      ->type_name("ZONE")
+      ->allow_extra_args(false);
   command.add_flag("--enthalpy-lines", sheet.enthalpyLines, "draw lines of constant enthalpy through the chart");
   const auto without = [&](const char* name, bool& part, const char* description) {
     command.add_flag_callback(
@@ -126,6 +139,7 @@ void runSheet(const CLI::App& command, const SheetCommandOptions& options, const
   SheetOptions sheet = sheetOf(options);
   ChartDocument begun = begunDocument(options.document);
   takeTitles(sheet, begun.document.titleBlock, command);
+  addZones(begun.document.zoneLayer, options.zones);
   RecordingCanvas canvas;
   constexpr auto either = std::launch::async | std::launch::deferred;  // where no thread can be started
   // What is out of the limits is found while what paints is loaded.

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "cli/chartdocument.h"
 #include "sheet/content.h"
@@ -24,6 +25,7 @@ struct SheetCommandOptions {
   std::string letterSize;
   std::string scale = "1";
   SheetOptions sheet;
+  std::vector<std::string> zones{};
 };
 
 /// Adds how a sheet looks, and the texts of its title block.

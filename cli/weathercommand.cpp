@@ -13,6 +13,7 @@
 #include "cli/sheetoptions.h"
 #include "cli/weatheroptions.h"
 #include "cli/weatherreport.h"
+#include "cli/zoneoptions.h"
 #include "text/numberformat.h"
 
 namespace moistair {
@@ -50,19 +51,24 @@ WeatherReport reportOf(const WeatherFile& file, const WeatherCommandOptions& opt
     const StatePredicate holds = predicateOf(report.where);
     std::erase_if(report.hours, [&](const WeatherHour& hour) { return !holds(hour.state); });
   }
+  if (!options.sheet.zones.empty()) {
+    const ZonePredicate inside = insideOf(options.sheet.zones);
+    std::erase_if(report.hours,
+                  [&](const WeatherHour& hour) { return !inside(hour.state.db, hour.state.w, hour.atm); });
+  }
   return report;
 }
 
 /// What has been counted, on standard error.
-void sayCounts(const WeatherReport& report, const Oddities& oddities) {
+void sayCounts(const WeatherReport& report, const Oddities& oddities, bool all) {
   reportOddities(oddities);
   if (report.file.format == WeatherFormat::designDays) return;
   const std::string counted = atMostDecimals(totalHours(report.hours), 1) + " h";
-  const std::string all = atMostDecimals(report.allHours, 1) + " h";
+  const std::string whole = atMostDecimals(report.allHours, 1) + " h";
   std::size_t leftOut = 0;
   for (const Oddity& oddity : oddities.all()) leftOut += leavesOut(oddity.kind) ? oddity.count : 0;
   say("rows read: " + std::to_string(report.file.rows.size()) + ", " + std::to_string(leftOut) +
-      " left out; hours: " + (report.where.empty() ? all : counted + " of " + all));
+      " left out; hours: " + (all ? whole : counted + " of " + whole));
 }
 
 /// The sheet of a document with the hours on it; a chart is a sheet of the chart alone.
@@ -99,7 +105,7 @@ void printReport(const WeatherFile& file, const WeatherCommandOptions& options) 
   Output output(options.sheet.output);
   output.write(text);
   output.close();
-  sayCounts(report, oddities);
+  sayCounts(report, oddities, report.where.empty() && options.sheet.zones.empty());
 }
 
 /// Bad usage for an option that would have no effect.

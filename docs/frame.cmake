@@ -13,6 +13,7 @@ set(pages
   mixing.html "Mixing"
   processes.html "Processes"
   weather.html "Weather"
+  comfort.html "Comfort"
   log.html "Log and files"
   messages.html "Messages"
   equations.html "Equations"

@@ -60,6 +60,11 @@ void ChartCommands::retitle(TitleBlock titleBlock) {
   notify();
 }
 
+void ChartCommands::rezone(ZoneLayer zoneLayer) {
+  history_.carryOut(rezoning(document(), std::move(zoneLayer)));
+  notify();
+}
+
 void ChartCommands::markSaved() {
   history_.markSaved();
   notify();

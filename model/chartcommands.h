@@ -103,6 +103,9 @@ public:
   /// Another title block of the sheet, which nothing of the chart shows.
   void retitle(TitleBlock titleBlock);
 
+  /// Other zones, which are no part of the drawing.
+  void rezone(ZoneLayer zoneLayer);
+
   void markSaved();
   void markUnsaved();
 

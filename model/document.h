@@ -22,6 +22,7 @@
 #include "chart/drawing.h"
 #include "chart/propertylines.h"
 #include "chart/readingmark.h"
+#include "comfort/zone.h"
 #include "engine/mixingproblem.h"
 #include "engine/pressureunits.h"
 #include "model/weatherlayer.h"
@@ -115,6 +116,14 @@ struct LeftOut {
   bool operator==(const LeftOut&) const = default;
 };
 
+/// Zones under the lines of a sheet and over the drawing of a window.
+struct ZoneLayer {
+  std::vector<Zone> zones;
+  bool shown = true;
+
+  bool operator==(const ZoneLayer&) const = default;
+};
+
 /// What the title block of a sheet says of its author and its subject.
 struct TitleBlock {
   std::string title, project, drawnBy;
@@ -150,6 +159,7 @@ struct Document {
   ChartState chartState;                   ///< the current chart, which decides what may be added
   std::optional<TitleBlock> titleBlock{};  ///< none before anything was entered
   std::optional<WeatherLayer> weather{};   ///< a layer on the current chart
+  ZoneLayer zoneLayer{};
   CurrentValues current{};
 
   /// The current pressure [in Hg].

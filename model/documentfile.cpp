@@ -8,6 +8,7 @@
 #include "model/documentnames.h"
 #include "model/jsonnode.h"
 #include "model/weatherjson.h"
+#include "model/zonejson.h"
 
 namespace moistair {
 
@@ -141,6 +142,7 @@ struct FormatFinder {
 int formatFor(const Document& document) {
   int format = document.previous.empty() && !document.titleBlock ? 1 : 3;
   if (document.weather) format = 4;
+  if (!document.zoneLayer.zones.empty()) format = 4;
   const auto take = [&](const Entry& entry) { format = std::max(format, std::visit(FormatFinder{}, entry.content)); };
   for (const Entry& entry : document.entries) take(entry);
   for (const LeftOut& left : document.previous) take(left.entry);
@@ -175,6 +177,11 @@ Json headOf(const Document& document) {
     head["titleblock"] = {{"title", block->title}, {"project", block->project}, {"drawnby", block->drawnBy}};
   }
   if (document.weather) head["weather"] = jsonOf(*document.weather);
+  if (const ZoneLayer& layer = document.zoneLayer; !layer.zones.empty()) {
+    Json zones = Json::array();
+    for (const Zone& zone : layer.zones) zones.push_back(zoneJson(zone));
+    head["zones"] = {{"shown", layer.shown}, {"list", std::move(zones)}};
+  }
   return head;
 }
 

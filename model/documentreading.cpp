@@ -10,6 +10,7 @@
 #include "model/documentnames.h"
 #include "model/jsonnode.h"
 #include "model/weatherjson.h"
+#include "model/zonejson.h"
 #include "process/systemtext.h"
 #include "text/value.h"
 
@@ -246,6 +247,13 @@ TitleBlock titleBlockOf(const JsonNode& node) {
   return {node.at("title").text(), node.at("project").text(), node.at("drawnby").text()};
 }
 
+ZoneLayer zoneLayerOf(const JsonNode& node) {
+  node.onlyKeys({"shown", "list"});
+  ZoneLayer layer{{}, node.at("shown").flag()};
+  for (const JsonNode& zone : node.at("list").elements("zone")) layer.zones.push_back(zoneOf(zone));
+  return layer;
+}
+
 std::size_t backgroundOf(const JsonNode& node, std::size_t entries) {
   const double number = node.number();
   if (!(number >= 0 && number <= static_cast<double>(entries) && number == std::floor(number))) {
@@ -266,7 +274,8 @@ void checkFormat(const JsonNode& root) {
 
 ReadDocument documentOf(const JsonNode& root) {
   checkFormat(root);
-  root.onlyKeys({"format", "file", "pressure", "drawn", "background", "titleblock", "weather", "entries", "previous"});
+  root.onlyKeys(
+      {"format", "file", "pressure", "drawn", "background", "titleblock", "weather", "zones", "entries", "previous"});
   ReadDocument read;
   Document& document = read.document;
   document.pressure = setPressureOf(root.at("pressure"));
@@ -279,6 +288,7 @@ ReadDocument documentOf(const JsonNode& root) {
   }
   if (const auto titleBlock = root.find("titleblock")) document.titleBlock = titleBlockOf(*titleBlock);
   if (const auto weather = root.find("weather")) document.weather = weatherOf(*weather);
+  if (const auto zones = root.find("zones")) document.zoneLayer = zoneLayerOf(*zones);
   if (const auto drawn = root.find("drawn")) {
     const ChartLimits limits = limitsOf(*drawn);
     checkDrawable(*drawn, limits);

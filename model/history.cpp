@@ -21,6 +21,7 @@ Change noChange(const Document& document, std::string name) {
   change.chartState = document.chartState;
   change.titleBlock = document.titleBlock;
   change.weather = document.weather;
+  change.zoneLayer = document.zoneLayer;
   return change;
 }
 
@@ -108,6 +109,12 @@ Change reweathering(const Document& document, std::optional<WeatherLayer> weathe
 Change retitling(const Document& document, TitleBlock titleBlock) {
   Change change = noChange(document, "Title block");
   change.titleBlock = std::move(titleBlock);
+  return change;
+}
+
+Change rezoning(const Document& document, ZoneLayer zoneLayer) {
+  Change change = noChange(document, "Comfort and envelopes");
+  change.zoneLayer = std::move(zoneLayer);
   return change;
 }
 
@@ -209,6 +216,7 @@ void carryOut(Change& change, Document& document) {
   std::swap(change.chartState, document.chartState);
   std::swap(change.titleBlock, document.titleBlock);
   std::swap(change.weather, document.weather);
+  std::swap(change.zoneLayer, document.zoneLayer);
   if (change.previous) std::swap(*change.previous, document.previous);
 }
 

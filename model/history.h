@@ -26,6 +26,7 @@ struct Change {
   ChartState chartState;
   std::optional<TitleBlock> titleBlock;
   std::optional<WeatherLayer> weather;
+  ZoneLayer zoneLayer;
   std::optional<std::vector<LeftOut>> previous;  ///< none where the entries of the previous chart stay as they are
 };
 
@@ -76,6 +77,9 @@ Change retitling(const Document& document, TitleBlock titleBlock);
 
 /// Another layer of weather, or none.
 Change reweathering(const Document& document, std::optional<WeatherLayer> weather);
+
+/// Other zones.
+Change rezoning(const Document& document, ZoneLayer zoneLayer);
 
 /// Carries a change out and leaves in it the way back.
 void carryOut(Change& change, Document& document);

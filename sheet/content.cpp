@@ -103,6 +103,7 @@ SheetContent contentOf(const Document& document) {
   content.limits = wholeChart;
   content.pressure = document.pressure;
   content.omitted = document.previous.size();
+  if (document.zoneLayer.shown) content.zones = document.zoneLayer.zones;
   if (const Entry* chart = lastChart(document)) {
     content.limits = chart->setting.limits;
     content.pressure = chart->setting.pressure;
@@ -142,6 +143,10 @@ std::vector<std::string> typedTexts(const SheetContent& content) {
   if (content.weather) texts.push_back(content.weather->layer.site);
   if (content.system)
     texts.insert(texts.end(), content.system->system.names.begin(), content.system->system.names.end());
+  for (const Zone& zone : content.zones) {
+    if (const auto* envelope = std::get_if<Envelope>(&zone))
+      texts.insert(texts.end(), {envelope->name, envelope->title});
+  }
   return texts;
 }
 

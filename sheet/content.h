@@ -57,6 +57,7 @@ struct SheetContent {
   std::vector<SheetMixture> mixtures;
   std::optional<SheetWeather> weather{};
   std::optional<SolvedSystem> system{};  ///< the air handler, if there is one
+  std::vector<Zone> zones{};             ///< those that are shown
   std::vector<std::string> notes;        ///< on the states with a mark: "* 2 Supply: this state has ..."
 };
 

@@ -137,6 +137,7 @@ private:
       fixedText(work, centered(canvas_, area.center, "There is no air within these limits.", work.theme.text(em)));
     } else {
       makeRoomForHeading(work, corner);
+      drawZones(work);
       drawWeather(work, area.corners()[2].y);
       drawGrid(work);
       drawFamilies(work);

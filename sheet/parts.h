@@ -13,6 +13,7 @@
 
 namespace moistair {
 
+void drawZones(SheetWork& work);     ///< comfort and envelopes, under everything else
 void drawGrid(SheetWork& work);      ///< dry bulb and humidity ratio, below saturation
 void drawFamilies(SheetWork& work);  ///< relative humidity, wet bulb, specific volume and, if asked for, enthalpy
 void drawFrame(SheetWork& work);     ///< the saturation curve and the edges of the plot
@@ -66,6 +67,9 @@ void drawReference(SheetWork& work);
 double headingHeight(const SheetWork& work);
 double headingWidth(const SheetWork& work);
 void drawHeading(SheetWork& work, SheetPoint corner);
+
+/// A line of the heading for each zone: its label and what it is.
+std::vector<std::string> zoneLegend(const SheetContent& content);
 
 /// The title block, in a rectangle that ends at the bottom.
 double titleBlockHeight(const SheetOptions& options);

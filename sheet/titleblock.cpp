@@ -87,6 +87,8 @@ std::vector<std::string> headingLines(const SheetContent& content) {
   if (content.omitted == 1) lines.emplace_back("1 entry of the previous chart is not on this one");
   if (content.omitted > 1)
     lines.push_back(std::to_string(content.omitted) + " entries of the previous chart are not on this one");
+  const std::vector<std::string> zones = zoneLegend(content);
+  lines.insert(lines.end(), zones.begin(), zones.end());
   return lines;
 }
 

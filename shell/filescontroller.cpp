@@ -171,7 +171,7 @@ bool FilesController::mayReplace() {
 bool FilesController::unsaved() const {
   const Document& document = chart_.document();
   const auto isWork = [](const Entry& entry) { return !std::holds_alternative<HeaderLine>(entry.content); };
-  const bool hasWork = !document.previous.empty() || document.titleBlock ||
+  const bool hasWork = !document.previous.empty() || document.titleBlock || !document.zoneLayer.zones.empty() ||
                        std::any_of(document.entries.begin(), document.entries.end(), isWork);
   return chart_.history().changed() && (!path_.isEmpty() || hasWork);
 }

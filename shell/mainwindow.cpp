@@ -18,6 +18,7 @@
 #include "shell/stripnotes.h"
 #include "shell/typedpair.h"
 #include "shell/weathercommands.h"
+#include "shell/zones.h"
 #include "toolkit/messages.h"
 
 namespace moistair {
@@ -165,6 +166,11 @@ void MainWindow::makeMenus() {
   sheets_->fillViewMenu(*view);
   QMenu* chart = menuBar()->addMenu(QStringLiteral("Cha&rt"));
   fillChartMenu(*chart, *strip_);
+  auto* zones = new Zones(*this, *graph_, *chart_, [this](const ChartLimits& limits) {
+    return sheets_->isShown() ? std::nullopt : std::optional(plotOf(limits));
+  });
+  connect(sheets_, &Sheets::toggled, zones, &Zones::follow);
+  zones->fillMenu(*chart);
   pointer_->fillMenu(*chart);
   chart->addSeparator();
   weather_->fillMenu(*chart);

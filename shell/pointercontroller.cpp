@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "advice/comfortwords.h"
 #include "model/pointreport.h"
 #include "model/table.h"
 #include "text/numberformat.h"
@@ -162,13 +163,18 @@ void PointerController::setShape() {
   Q_EMIT shaped(shape);
 }
 
-/// The mark's name, that it misses something, and the pressure where it is not the current one.
+/// The mark's name, that it misses something, the pressure where it is not the current one, and how people vote there.
 QString PointerController::titleOf(const CrossHair& crossHair, double atm) const {
   QStringList parts;
   if (crossHair.mark) parts.append(QString::fromStdString(captionOf(entryOf(*crossHair.mark))));
   if (crossHair.mark && !dragging_ && missesAny(entryOf(*crossHair.mark))) parts.append(QStringLiteral("(missed)"));
   if (!samePressure(atm, chart_.document().atm())) {
     parts.append(QStringLiteral("at %1 In Hg").arg(QString::fromStdString(atMostDecimals(atm, 4))));
+  }
+  const ChartCoordinates& place = crossHair.reading.place;
+  if (crossHair.reading.state) {
+    const std::string comfort = comfortText(chart_.document().zoneLayer, place.db, place.w, atm);
+    if (!comfort.empty()) parts.append(QString::fromStdString(comfort));
   }
   return parts.join(QLatin1Char(' '));
 }

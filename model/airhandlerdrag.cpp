@@ -87,7 +87,9 @@ public:
     }
     TypedLine line = *typed(step);
     for (const Parameter parameter : parameters) {
-      const double value = outcomeOf(parameter, system_.steps[step].kind, result, solved_.site);
+      const double value = parameter == Parameter::dt
+                               ? riseOf(step, result)
+                               : outcomeOf(parameter, system_.steps[step].kind, result, solved_.site);
       if (auto written = write(line, parameter, value); !written) {
         return written.error().within(line.name);
       } else {
@@ -100,6 +102,13 @@ public:
 private:
   std::size_t lineNumber(std::size_t step) const {
     return static_cast<std::size_t>(solved_.written.steps[step].line) - 1;
+  }
+
+  /// The change of temperature as its parameter counts it: of a cooler positive as a fall.
+  double riseOf(std::size_t step, const StepResult& result) const {
+    const Stream& entering = solved_.solution.streams[system_.sources[system_.steps[step].firstSource]];
+    const double rise = result.leaving.state.db - entering.state.db;
+    return rowOf(system_.steps[step].kind).removesHeat ? -rise : rise;
   }
 
   Error notMovable(std::size_t step) const {

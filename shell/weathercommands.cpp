@@ -29,13 +29,16 @@ WeatherCommands::WeatherCommands(QWidget& window, QWidget& graph, ChartControlle
 }
 
 void WeatherCommands::fillMenu(QMenu& chart) {
-  chart.addAction(QStringLiteral("&Weather..."), this, &WeatherCommands::choose)
-      ->setObjectName(QStringLiteral("weather"));
+  QAction* action = chart.addAction(QStringLiteral("Weat&her..."), this, &WeatherCommands::choose);
+  action->setObjectName(QStringLiteral("weather"));
 }
 
 void WeatherCommands::choose() {
   const Entry* chart = lastChart(chart_.document());
-  if (chart == nullptr) return Q_EMIT refused(QStringLiteral("Draw a chart first: the weather is shown on it."));
+  if (chart == nullptr) {
+    Q_EMIT refused(QStringLiteral("Draw a chart first: the weather is shown on it."));
+    return;
+  }
   const ChartLimits& limits = chart->setting.limits;
   WeatherWindow window(&window_, chart_.document().weather, chart->setting.pressure.atm, rangeOf(limits));
   if (window.exec() == QDialog::Accepted) {

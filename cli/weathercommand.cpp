@@ -110,8 +110,8 @@ void printReport(const WeatherFile& file, const WeatherCommandOptions& options) 
 
 /// Bad usage for an option that would have no effect.
 void checkOptions(const CLI::App& command, bool picture) {
-  constexpr std::array ofAll = {"file",     "action", "--output", "--columns",   "--units", "--months",
-                                "--of-day", "--inhg", "--psi",    "--elevation", "--limits"};
+  constexpr std::array ofAll = {"file",     "action", "--output", "--columns",   "--units",  "--months",
+                                "--of-day", "--inhg", "--psi",    "--elevation", "--limits", "--zone"};
   constexpr std::array ofReports = {"--format", "--width", "--by", "--base", "--where", "--pressure-of-hour"};
   const auto has = [](const auto& names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();

@@ -61,6 +61,18 @@ void rows(benchmark::State& state, const char* columns) {
   state.SetItemsProcessed(state.iterations() * count);
 }
 
+/// From keys to a solved design (goal: 0.5 ms).
+void singleZone(benchmark::State& state) {
+  const std::vector<std::string> keys = {"room.db=78",    "room.rh=50",    "room.total=120000", "room.shr=0.7",
+                                         "outdoor.db=95", "outdoor.rh=55", "supply.db=58",      "fan.inwg=3",
+                                         "fan.eff=0.7",   "return.dt=1.5", "outdoor.acfm=1000"};
+  for (auto _ : state) {
+    Designer designer(readKeys(*readymadeNamed("single-zone"), keys).keys, Site{});
+    if (!designer.design().errors.empty()) state.SkipWithError("no solution");
+  }
+}
+
+BENCHMARK(singleZone)->Unit(benchmark::kMicrosecond);
 BENCHMARK(read)->Unit(benchmark::kMicrosecond);
 BENCHMARK(readAndCompile)->Unit(benchmark::kMicrosecond);
 BENCHMARK(readCompileAndSolve)->Unit(benchmark::kMicrosecond);

@@ -9,6 +9,7 @@
 #include "cli/command.h"
 #include "cli/processrun.h"
 #include "process/readymade.h"
+#include "text/words.h"
 
 namespace moistair {
 
@@ -118,6 +119,10 @@ void runOnce(const DesignOptions& options) {
   SolvedSystem solved =
       solvedSystem(design.state.text, std::move(design.state.system), {.atm = pressure.atm}, std::move(answer));
   solved.remarks = std::move(design.remarks);
+  // A table has no place for a remark.
+  if (options.run.format == Format::csv) {
+    for (const std::string& remark : solved.remarks) say(remark);
+  }
   writeReport(solved, pressure, options.run);
 }
 
@@ -189,8 +194,15 @@ void addSystem(CLI::App& design, const ReadymadeRow& system) {
 void addDesignCommand(CLI::App& app) {
   CLI::App* command = app.add_subcommand("design", "Find the equipment that a room needs, by ready-made systems");
   for (const ReadymadeRow& system : readymadeRows()) addSystem(*command, system);
+  command->allow_extras();  // a name that no system has, which the parser would take for one argument too many
   command->callback([command] {
-    if (command->get_subcommands().empty()) writeResult(systemsHelp());
+    if (!command->get_subcommands().empty()) return;
+    const std::vector<std::string> words = command->remaining();
+    if (words.empty()) return writeResult(systemsHelp());
+    ClosestWord closest(words.front());
+    for (const ReadymadeRow& system : readymadeRows()) closest.offer(system.name);
+    throw badUsage("no ready-made system is named " + inQuotes(words.front()) + closest.question() +
+                   " (moistair-cli design lists them)");
   });
 }
 

@@ -30,6 +30,11 @@ constexpr ParameterSet flowParameters = setOf(Parameter::acfm, Parameter::scfm, 
 constexpr ParameterSet perHour = flowParameters | setOf(Parameter::total, Parameter::sensible, Parameter::latent,
                                                         Parameter::btuh, Parameter::water, Parameter::bhp);
 
+/// A difference that the kind refuses below 0.
+bool isRise(StepKind kind, Parameter parameter) {
+  return parameter == Parameter::dt && (kind == StepKind::heat || kind == StepKind::cool || kind == StepKind::fan);
+}
+
 std::string counted(std::size_t count, const char* noun) {
   return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
 }
@@ -124,7 +129,7 @@ private:
            .parameter = parameter,
            .asShare = asShare,
            .shown = true,
-           .low = row.low,
+           .low = isRise(system.steps[step].kind, parameter) ? 0 : row.low,
            .high = row.high,
            .name = nameOfStep(step) + '.' + nameOf(parameter)},
           flowOf(OpenFlow::Origin::unknownParameter, i));

@@ -171,6 +171,11 @@ void addReasons(Design& design, const ReadymadeKeys& keys, const Site& site) {
               " lb/h of supply air that the gains need; give less outdoor air, or supply air nearer to the room");
     }
   }
+  if (reasons.empty() && keys.given("room", stateKeys) != bitOf(Parameter::db) && !keys.hasAny("coil") &&
+      std::string_view(keys.system().name) == "single-zone") {
+    design.errors.push_back(
+        {ErrorCode::noResult, "", "with coil.rh, such as coil.rh=95, reheat is solved for as well"});
+  }
   design.errors.insert(design.errors.begin(), reasons.begin(), reasons.end());
 }
 

@@ -27,6 +27,8 @@ public:
     if (recovers_ && !outdoor_)
       return Error{ErrorCode::noResult, "outdoor", "give two properties of the outdoor air, such as db and rh"};
     if (sizedFlow() && request_.sized == nullptr) return Error{ErrorCode::unsupported, "", "nothing was sized"};
+    if (request_.partLoad && held_ == Held::temperature)
+      return Error{ErrorCode::unsupported, "", "at part load only the temperature is held"};
     if (bypasses_ && !returns_)
       return Error{ErrorCode::noResult, "outdoor.share", "of 1 leaves no room air to bypass the coil"};
     if (const Outcome outcome = checkCoil(); !outcome) return outcome.error();
@@ -192,7 +194,7 @@ private:
     if (off && !request_.hours) return;
     if (off) return lines_.onward(name, "heat", heaterOff);
     const bool fixed = !given.empty();
-    lines_.onward(name, "heat", joined(fixed ? given : lines_.open("reheat", db), idle));
+    lines_.onward(name, "heat", joined(fixed ? given : lines_.open("reheat", dt), idle));
   }
 
   bool washes() const {
@@ -214,7 +216,7 @@ private:
     const bool open = washes() && keys_.given("washer", setOf(eff, db, rh)) != 0 &&
                       std::popcount(keys_.given("room", stateKeys)) == 2;
     if (!open) return;
-    if (asked()) return lines_.onward("PH", "heat", joined(lines_.open("preheat", db), idle));
+    if (asked()) return lines_.onward("PH", "heat", joined(lines_.open("preheat", dt), idle));
     lines_.onward("PH", "heat", heaterOff);
   }
 

@@ -164,7 +164,7 @@ private:
     if (last || !fixed) lines_.unknown("the flow of " + zone);
     const std::string heater = "heat-" + zone;
     if (minimum) {
-      lines_.onward(heater, "heat", joined(lines_.open(heater, db), request_.hours ? "idle=pass" : ""));
+      lines_.onward(heater, "heat", joined(lines_.open(heater, dt), request_.hours ? "idle=pass" : ""));
     } else if (request_.hours) {
       lines_.onward(heater, "heat", heaterOff);
     }

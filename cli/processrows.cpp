@@ -268,7 +268,8 @@ std::string appendRow(std::string& out, RowCells& cells, const ProcessPlan& plan
       appendField(out, wordsOf(*way, plan.designer->keys()));
       return {};
     }
-    if (!next && !firstReason.empty()) return firstReason + "; " + wordsOf(*way, plan.designer->keys()) + ": " + reason;
+    if (!next && !firstReason.empty() && reason != firstReason)
+      return firstReason + "; " + wordsOf(*way, plan.designer->keys()) + ": " + reason;
     if (firstReason.empty()) firstReason = std::move(reason);
     way = next;
   }

@@ -83,7 +83,7 @@ GoalAnswer solveGoals(const GoalProblem& problem, const Site& site);
 /// How much is tried before a system counts as one without a solution.
 enum class Effort : std::uint8_t {
   full,   ///< all starts
-  quick,  ///< two starts, each given up early: where something else is tried then
+  quick,  ///< one start, given up early: where something else is tried then
 };
 
 /// Solves from the values of `near`, and puts the solution there; from other starts if that fails. The error is the

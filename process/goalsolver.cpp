@@ -18,7 +18,7 @@ namespace {
 constexpr double nearEnough = 1e-9;  // of the quantity
 constexpr double longRange = 1e4;    // bounds further apart than this are none
 constexpr int mostStarts = 60;
-constexpr int quickStarts = 2;
+constexpr int quickStarts = 1;
 
 /// A variable for the solver: bounds are mapped away, and one unit is a step of a usual size.
 double inner(const Variable& variable, double value, double scale) {

@@ -16,6 +16,7 @@ import sys
 COMMANDS = [
     "{0} --format text", "{0} --format text --elevation 5000", "{0} --format json", "{0} --format csv --inhg 28.05",
 ]
+ROOM = "room.db=75 room.rh=50 room.sensible=60000 outdoor.db=95 outdoor.wb=75 outdoor.acfm=500"
 OTHERS = {
     "mistakes": ["mistakes.steps", "moremistakes.steps", "names.steps", "nowhere.steps", ""],
     "backward": [
@@ -31,6 +32,14 @@ OTHERS = {
         "airhandler.steps --rows typo.csv", "airhandler.steps --rows third.csv",
         "--step OA:air~rh=50 --step HC:heat~OA~db=90 --rows temps.csv",
     ],
+    "design": [
+        "design", "design single-zome room.db=75", "design bypass room.dp=? room.rh=55x supply.ab=3",
+        f"design single-zone {ROOM} supply.db=55 coil.rh=92 room.latent=3000", f"design single-zone {ROOM} supply.db=80 room.latent=9000",
+        f"design single-zone {ROOM} supply.db=55 coil.rh=92 room.latent=9000 --format json --elevation 5000",
+        f"design single-zone {ROOM} supply.db=55 coil.rh=92 room.latent=9000 --print",
+        f"design single-zone {ROOM} supply.db=55 room.latent=9000 --rows design.csv --columns RM.db,RM.rh,CC.total,OA.acfm",
+        f"design recovery {ROOM} supply.db=55 room.latent=9000 recovery.sens=0.7 --rows design.csv --columns RM.db,CC.total --print",
+    ],
     "steps": [
         "--step OA:air~db=20,rh=80,acfm=1000 --step HC:heat~OA~db=10 --step F:fan~HC~dt=1",
         "--step OA:aer", "- --step HC:heat~EF~db=90 --format csv",
@@ -42,7 +51,8 @@ def printed(tool, folder, line):
     """What a command prints on both outputs, and its exit code."""
     arguments = [word.replace("~", " ") for word in line.split()]
     given = (folder / "airhandler.steps").read_bytes() if "-" in arguments else b""
-    done = subprocess.run([tool, "process", *arguments], cwd=folder, input=given, capture_output=True, timeout=120)
+    command = [] if arguments[:1] == ["design"] else ["process"]
+    done = subprocess.run([tool, *command, *arguments], cwd=folder, input=given, capture_output=True, timeout=120)
     output = done.stdout.decode()
     if "--format json" in line or "--full" in line:
         output = re.sub(r"-?\d+\.\d+(e[+-]\d+)?", lambda number: f"{float(number[0]):.12g}", output)

@@ -184,13 +184,15 @@ struct CurvePlot {
   double y(double share) const { return bottom - (bottom - top) * share; }
 };
 
+constexpr double halfLine = double{lineHeight} / 2;
+
 void drawAxes(RecordingCanvas& canvas, const CurvePlot& plot) {
   constexpr Color faded{198, 204, 212};
   for (int tenth = 0; tenth <= 10; ++tenth) {
     const double y = plot.y(tenth / 10.0), x = plot.left + (plot.right - plot.left) * tenth / 10;
     canvas.line(plot.left, y, plot.right, y, faded);
     canvas.line(x, plot.top, x, plot.bottom, faded);
-    canvas.moveTo(plot.left - 700, y - lineHeight / 2);
+    canvas.moveTo(plot.left - 700, y - halfLine);
     canvas.print(std::to_string(10 * tenth) + "%");
     canvas.moveTo(x - 150, plot.bottom + 80);
     canvas.print(atMostDecimals(plot.hours * tenth / 10, 0));
@@ -225,7 +227,7 @@ Drawing HourLoads::plot() const {
     }
     canvas.line(plot.x(hours), plot.y(share), plot.x(hours), plot.y(0), color);
     const double y = plot.top + 250 * static_cast<double>(i) + 100;
-    canvas.line(plot.right - 4200, y + lineHeight / 2, plot.right - 3800, y + lineHeight / 2, color);
+    canvas.line(plot.right - 4200, y + halfLine, plot.right - 3800, y + halfLine, color);
     canvas.moveTo(plot.right - 3700, y);
     canvas.print(load.name + (load.cooling ? " cooling, peak " : " heating, peak ") +
                  fixedDecimals(load.peak / unitOf(load.cooling), 1) + (load.cooling ? " tons" : " MBH"));

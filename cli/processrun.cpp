@@ -109,8 +109,8 @@ void writeText(const std::string& text, const std::string& path) {
 void writePlot(const HourLoads& loads, const std::string& path) {
   const Painter painter = painterOfName(path);
   if (painter.format == nullptr) throw badUsage(path + ": the ending must be .svg .pdf .png or .bmp");
-  const std::string bytes =
-      painter.contents(*painter.format, loads.plot(), {HourLoads::plotWidth, HourLoads::plotHeight}, 1);
+  std::string bytes;
+  painter.contents(*painter.format, loads.plot(), {HourLoads::plotWidth, HourLoads::plotHeight}, 1, bytes);
   if (bytes.empty()) throw failure("there is not enough memory for the picture");
   writeText(bytes, path);
 }

@@ -68,7 +68,7 @@ std::vector<SheetPoint> outlineOf(const SheetPlot& plot, const WeatherCell& cell
   constexpr int samples = 8;
   for (int i = samples; i >= 0; --i) {
     const double db = left + (right - left) * i / samples;
-    outline.push_back(plot.at(db, std::clamp(highestRatio(plot, db), low, high)));
+    outline.push_back(plot.at(db, std::clamp(topRatio(plot, db), low, high)));
   }
   return outline;
 }

@@ -56,7 +56,10 @@ WeatherWindow::WeatherWindow(QWidget* parent, const std::optional<WeatherLayer>&
   setObjectName(QStringLiteral("weatherwindow"));
   setWindowTitle(QStringLiteral("Weather"));
   makeControls();
-  if (!begin) return say(QStringLiteral("Open a weather file (EPW, TMY3, DDY) or a trend log."));
+  if (!begin) {
+    say(QStringLiteral("Open a weather file (EPW, TMY3, DDY) or a trend log."));
+    return;
+  }
   path_ = begin->file;
   show_->setCurrentIndex(static_cast<int>(begin->show));
   counts_->setChecked(begin->counts);

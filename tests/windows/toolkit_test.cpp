@@ -4,6 +4,7 @@
 #include "paint/exports.h"
 #include "support.h"
 #include "toolkit/elidedlabel.h"
+#include "toolkit/savedialog.h"
 #include "toolkit/valuebox.h"
 
 namespace moistair::windowtest {

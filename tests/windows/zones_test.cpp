@@ -50,7 +50,7 @@ TEST(ZonesInTheWindow, DialogGivesBackWhatItWasGivenAndWhatWasChanged) {
   const Envelope store{"Store", "Cool store", {{PropertyKind::db, 35, 50}}, {}};
   const ZoneLayer begin{{ComfortZone{{.radiant = 70}}, AdaptiveZone{65, 90}, store}, false};
   ZonesDialog dialog(nullptr, begin, {});
-  dialog.show();
+  static_cast<QWidget&>(dialog).show();
   EXPECT_EQ(dialog.zoneLayer(), begin);
   auto& list = *dialog.findChild<QListWidget*>();
   list.setCurrentRow(1);

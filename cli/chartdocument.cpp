@@ -132,7 +132,9 @@ void addChartDocument(CLI::App& command, ChartDocumentOptions& options) {
       "--from", options.from, "a .moistair file to begin with in place of a new chart; - for standard input");
   options.fromOption->type_name("FILE");
   options.typeOption = addType(command, options.type);
-  addLimits(command, options.limits, "what the chart shows; 0,120,0,0.030 if not given");
+  addLimits(command, options.limits,
+            options.limits.sheet ? "what the chart shows, in whole degrees and thousandths; 0,120,0,0.030 if not given"
+                                 : "what the chart shows; 0,120,0,0.030 if not given");
   for (const EntryOption& entry : entryOptions) {
     CLI::Option* option = command.add_option(
         entry.option, [](const CLI::results_t&) { return true; }, entry.description);

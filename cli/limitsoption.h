@@ -21,13 +21,14 @@ inline constexpr int defaultHeight = 768;
 struct LimitsOption {
   std::string text;
   CLI::Option* option = nullptr;
+  bool sheet = false;  ///< whether they are those of a sheet, which has more
 };
 
 /// Adds --limits.
 void addLimits(CLI::App& command, LimitsOption& option, const std::string& description);
 
 /// The four limits; all that there is, from 0 to 120 and from 0 to 0.030, if none were given. Bad usage for limits that
-/// no chart can be drawn with.
+/// no chart can be drawn with, or no sheet.
 ChartLimits limitsOf(const LimitsOption& option);
 
 /// Range finders that keep to a plot, as in the main window. They know nothing else and may be called from any thread.

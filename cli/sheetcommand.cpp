@@ -113,6 +113,7 @@ void addLook(CLI::App& command, SheetCommandOptions& options) {
         name, [&part] { part = false; }, description);
   };
   without("--no-protractor", sheet.protractor, "leave the protractor of sensible heat ratios out");
+  without("--no-reference", sheet.reference, "leave the mark of the state that the protractor holds for out");
   without("--no-table", sheet.table, "leave the table of states out");
   without("--no-title-block", sheet.titleBlock, "leave the title block out");
 }
@@ -175,6 +176,7 @@ void addSheetCommand(CLI::App& app) {
                    "the file; .pdf .svg .png .bmp, or .csv for the tables of an air handler")
       ->required()
       ->type_name("FILE");
+  options->document.limits.sheet = true;
   addChartDocument(*command, options->document);
   addSheetLook(*command, *options);
   command->callback([options, command] { runSheet(*command, *options, contentOf); });

@@ -64,7 +64,10 @@ QByteArray sheetSvg(const SheetDrawing& sheet, std::string_view title) {
   double top = 0;
   for (const SheetPage& page : sheet.pages) {
     svg.begin({.lineJoin = "round", .family = canvasFamily, .top = top});
-    for (const SheetOperation& operation : page.operations) std::visit(SheetWriter{svg}, operation);
+    for (const SheetOperation& operation : page.operations) {
+      std::visit([&](const auto& drawn) { svg.part(nameOf(drawn.part)); }, operation);
+      std::visit(SheetWriter{svg}, operation);
+    }
     top += sheet.height;
   }
   return QByteArray::fromStdString(svg.finished());

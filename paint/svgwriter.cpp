@@ -39,7 +39,7 @@ SvgWriter::SvgWriter(double width, double height, const QString& title, const Co
 void SvgWriter::begin(const Group& group) {
   closeGroup();
   out_ += "<g fill=\"none\" stroke-linecap=\"square\"" + attribute("stroke-linejoin", group.lineJoin) +
-          " xml:space=\"preserve\"" + attribute("font-family", group.family);
+          " xml:space=\"preserve\"" + attribute("font-family", group.family + ", Verdana, sans-serif");
   if (group.size) out_ += attribute("font-size", *group.size);
   if (group.top) out_ += attribute("transform", "translate(0 " + numberOf(*group.top) + ")");
   out_ += ">\n";
@@ -117,8 +117,22 @@ void SvgWriter::closePath() {
   end_.reset();
 }
 
-void SvgWriter::closeGroup() {
+void SvgWriter::part(const std::string& name) {
+  if (part_ == name) return;
+  closePart();
+  const int count = ++counts_[name];
+  out_ += "<g" + attribute("id", count == 1 ? name : name + "-" + std::to_string(count)) + ">\n";
+  part_ = name;
+}
+
+void SvgWriter::closePart() {
   closePath();
+  if (!part_.empty()) out_ += "</g>\n";
+  part_.clear();
+}
+
+void SvgWriter::closeGroup() {
+  closePart();
   if (grouped_) out_ += "</g>\n";
   grouped_ = false;
 }

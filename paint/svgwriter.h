@@ -7,6 +7,7 @@
 
 #include <QPointF>
 #include <QString>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,6 +48,10 @@ public:
   };
   void begin(const Group& group);
 
+  /// What follows in the group belongs to a part of it, by whose name others find it: "wet-bulb". A part that comes
+  /// again has a number behind its name.
+  void part(const std::string& name);
+
   /// A straight line, which goes on from the one before if that has its end where this begins.
   void line(const SvgStroke& stroke, QPointF from, QPointF to);
   void polyline(const SvgStroke& stroke, const std::vector<SheetPoint>& points);
@@ -61,12 +66,15 @@ private:
   void openPath(const SvgStroke& stroke);
   void closePath();
   void closeGroup();
+  void closePart();
   void points(const std::vector<SheetPoint>& points);
 
   std::string out_;
   std::optional<SvgStroke> path_;  ///< of the open path, if one is open
   std::optional<QPointF> end_;     ///< of the last line in it
   bool grouped_ = false;
+  std::string part_;                   ///< that is open, if one is
+  std::map<std::string, int> counts_;  ///< of the parts so far, by name
 };
 
 }  // namespace moistair

@@ -117,6 +117,46 @@ std::vector<SheetPoint> enthalpyRule(const SheetWork& work) {
   return rule;
 }
 
+namespace {
+
+struct RuleSteps {
+  double fine, main;
+};
+
+RuleSteps stepsOf(const SheetWork& work, const std::vector<SheetPoint>& rule) {
+  const double span = enthalpyAt(work.plot, rule.back()) - enthalpyAt(work.plot, rule.front());
+  const double perUnit = breadthOf(work.plot, rule) / span / work.em();
+  return {stepFrom({0.1, 0.2, 0.5, 1, 5}, 0.4 / perUnit), stepFrom({0.5, 1, 2, 5, 10}, 2.6 / perUnit)};
+}
+
+/// Ticks and numbers of a rule along which the enthalpy rises.
+/// @param side 1 for those beyond saturation, -1 for those below the chart
+void drawTicks(SheetWork& work, const std::vector<SheetPoint>& rule, const RuleSteps& steps, double side) {
+  const SheetPlot& plot = work.plot;
+  const double em = work.em();
+  const Stroke& stroke = work.theme.scale;
+  for (const double h : multiples(enthalpyAt(plot, rule.front()), enthalpyAt(plot, rule.back()), steps.fine)) {
+    const auto at = onRule(plot, rule, h);
+    if (!at) continue;
+    const SheetPoint outward = outwardAt(plot, at->at) * side;
+    const bool numbered = isMultiple(h, steps.main);
+    const double size = (numbered ? 0.75 : 0.35) * std::max(1.0, flat / at->steepness) * em;
+    work.canvas.polyline({at->at, at->at + outward * size}, stroke.width, stroke.color);
+    if (!numbered) continue;
+    const std::string text = typeset(h, decimalsOf(steps.main));
+    Label label{importance::scale + (isMultiple(h, 10) ? 40 : 10), {}, false};
+    const bool isFlat = at->steepness < flat;
+    const SheetPoint end = at->at + outward * size;
+    for (const double away : {0.25, 0.6, 1.0, 1.5}) {
+      const SheetPoint aside = isFlat ? at->aside * side : outward;
+      label.places.push_back({textNextTo(work.canvas, end, aside, away * em, text, work.theme.text(em)), away});
+    }
+    work.board.add(std::move(label));
+  }
+}
+
+}  // namespace
+
 bool isClearOf(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap) {
   for (std::size_t i = 1; i < rule.size(); ++i) {
     if (crosses(boxOf({-1e5, -1e5}, corner + SheetPoint{gap, gap}), rule[i - 1], rule[i])) return false;
@@ -135,27 +175,7 @@ void drawEnthalpyScale(SheetWork& work, const std::vector<SheetPoint>& rule) {
   const double low = enthalpyAt(plot, rule.front());
   const double high = enthalpyAt(plot, rule.back());
   if (!(high > low)) return;
-  const double perUnit = breadthOf(plot, rule) / (high - low);
-  const double fine = stepFrom({0.1, 0.2, 0.5, 1, 5}, 0.4 * em / perUnit);
-  const double main = stepFrom({0.5, 1, 2, 5, 10}, 2.6 * em / perUnit);
-  for (const double h : multiples(low, high, fine)) {
-    const auto at = onRule(plot, rule, h);
-    if (!at) continue;
-    const SheetPoint outward = outwardAt(plot, at->at);
-    const bool numbered = isMultiple(h, main);
-    const double size = (numbered ? 0.75 : 0.35) * std::max(1.0, flat / at->steepness) * em;
-    work.canvas.polyline({at->at, at->at + outward * size}, stroke.width, stroke.color);
-    if (!numbered) continue;
-    const std::string text = typeset(h, decimalsOf(main));
-    Label label{importance::scale + (isMultiple(h, 10) ? 40 : 10), {}, false};
-    const bool isFlat = at->steepness < flat;
-    const SheetPoint end = at->at + outward * size;
-    for (const double away : {0.25, 0.6, 1.0, 1.5}) {
-      label.places.push_back(
-          {textNextTo(work.canvas, end, isFlat ? at->aside : outward, away * em, text, work.theme.text(em)), away, {}});
-    }
-    work.board.add(std::move(label));
-  }
+  drawTicks(work, rule, stepsOf(work, rule), 1);
   const TextStyle style = work.theme.text(0.9 * em);
   const std::vector<SheetPoint> ticked = tickedPart(plot, rule);
   Label words{importance::caption, {}, false};
@@ -180,6 +200,38 @@ void drawEnthalpyScale(SheetWork& work, const std::vector<SheetPoint>& rule) {
     }
   }
   work.board.add(std::move(saturation));
+}
+
+void drawEnthalpySecondHalf(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint corner) {
+  const SheetPlot& plot = work.plot;
+  const double em = work.em();
+  if (rule.size() < 2 || !(enthalpyAt(plot, rule.back()) > enthalpyAt(plot, rule.front()))) return;
+  const double low = enthalpyAt(plot, rule.front());
+  const double high = enthalpyAt(plot, rule.back());
+  const double top = plot.at(0, work.boundary.highHr).y;
+  const auto within = [&](SheetPoint place) {
+    return enthalpyAt(plot, place) >= low && enthalpyAt(plot, place) <= high;
+  };
+  SheetPoint from{plot.at(std::max(plot.limits.lowDb, work.boundary.lowDb), 0).x, corner.y};
+  SheetPoint to{corner.x, top};
+  if (!within(corner)) return;  // both halves would not meet
+  if (!within(from)) from = lastWith(within, corner, from, halvings);
+  if (!within(to)) to = lastWith(within, corner, to, halvings);
+  const std::vector<SheetPoint> second = {from, corner, to};
+  work.canvas.begin(SheetPart::scales);
+  work.canvas.polyline(second, work.theme.scale.width, work.theme.scale.color);
+  work.board.wall(second);
+  drawTicks(work, second, stepsOf(work, rule), -1);
+  Label words{importance::caption, {}, false};
+  const TextStyle style = work.theme.text(0.85 * em);
+  const double beyond = corner.x + 1.4 * em + work.canvas.widthOf("50", work.theme.text(em));
+  double cost = 0;
+  for (const char* text : {"Enthalpy, Btu per lb of dry air", "Enthalpy, Btu/lb", "Btu/lb"}) {
+    words.places.push_back(
+        {centered(work.canvas, {beyond + 0.42 * em, (top + plot.bottom) / 2}, text, style, -90), cost});
+    cost += 1;
+  }
+  work.board.add(std::move(words));
 }
 
 }  // namespace moistair

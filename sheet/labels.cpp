@@ -298,6 +298,7 @@ std::optional<LabelBoard::Candidate> LabelBoard::candidate(const SheetCanvas& ca
     const SheetPoint to = place.leader.back();
     const Box leader{(from + to) * 0.5, unit(to - from), distance(from, to) / 2, hairline};
     if (walls_.any(leader) || fixed_.any(leader, label.mark)) return std::nullopt;
+    if (fixed_.any(grown(box, 4 * gap_), label.mark)) return std::nullopt;  // it would seem to name another mark
     candidate.boxes[candidate.count++] = grown(leader, gap_ / 2);
     candidate.cost += crossing * clear_.weightIn(leader, enough);
   }

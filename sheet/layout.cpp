@@ -1,9 +1,11 @@
 #include "sheet/layout.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <utility>
 
+#include "engine/saturation.h"
 #include "sheet/curves.h"
 #include "sheet/parts.h"
 #include "sheet/systempages.h"
@@ -16,9 +18,8 @@ namespace {
 constexpr double blockGap = 1;           // em: between the parts of a page
 constexpr double mostTable = 0.3;        // of the page under the chart; what is more goes on to the next
 constexpr double leastChartHeight = 36;  // em
-constexpr double leastProtractor = 13;   // em
-constexpr double mostProtractor = 25;
-constexpr double wordsMargin = 3;  // em: what the words under the smallest are wider than it
+constexpr double leastProtractor = 22;   // em
+constexpr double mostProtractor = 28;
 constexpr double cornerGap = 2.9;  // em: the numbers of the enthalpy scale
 
 /// A font gives the same width for the same text every time, and is slow.
@@ -58,12 +59,25 @@ std::size_t rowsThatFit(const SheetOptions& options, double height) {
   return rows;
 }
 
+/// The limits, but no higher than saturation and the states reach, so that a cold chart fills its page.
+ChartLimits reached(const SheetContent& content) {
+  constexpr double step = 0.0005;
+  ChartLimits limits = content.limits;
+  double highest = saturationRatio(limits.highDb, content.pressure.atm);
+  for (const SheetState& state : content.states) {
+    if (limits.contain(state.db(), state.w())) highest = std::max(highest, state.w());
+  }
+  const double end = std::ceil(highest / step) * step;
+  if (end < limits.highHr && end > limits.lowHr) limits.highHr = end;
+  return limits;
+}
+
 /// The plot within its part of a page: what the scales leave of it.
 SheetPlot plotWithin(const Box& area, const SheetWork& work) {
   const double em = work.em();
   const auto corners = area.corners();
   SheetPlot plot;
-  plot.limits = work.content.limits;
+  plot.limits = reached(work.content);
   plot.atm = work.content.pressure.atm;
   plot.left = corners[0].x + 4.6 * em;
   plot.right = std::max(plot.left + 1, corners[1].x - rightRoom(work.canvas, work.options, plot.limits));
@@ -76,10 +90,9 @@ SheetPlot plotWithin(const Box& area, const SheetWork& work) {
 bool protractorInCorner(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint place) {
   const double em = work.em();
   for (double width = mostProtractor * em; width >= leastProtractor * em; width -= em) {
-    const double aside = std::max(0.0, (leastProtractor + 2 * wordsMargin) * em - width) / 2;
-    const SheetPoint end = place + SheetPoint{width + 2 * aside, protractorHeight(width, em)};
+    const SheetPoint end = place + SheetPoint{width, protractorHeight(width, em)};
     if (end.y > work.plot.bottom || !isClearOf(rule, end, cornerGap * em)) continue;
-    drawProtractor(work, place + SheetPoint{aside, 0}, width);
+    drawProtractor(work, place, width);
     return true;
   }
   return false;
@@ -136,16 +149,17 @@ private:
       drawHeading(work, corner);
       fixedText(work, centered(canvas_, area.center, "There is no air within these limits.", work.theme.text(em)));
     } else {
-      makeRoomForHeading(work, corner);
+      const bool protractor = makeRoomForHeading(work, corner);
       drawZones(work);
       drawWeather(work, area.corners()[2].y);
       drawGrid(work);
       drawFamilies(work);
-      drawEnthalpyScale(work, enthalpyRule(work));
+      const std::vector<SheetPoint> rule = enthalpyRule(work);
+      drawEnthalpyScale(work, rule);
       drawFrame(work);
       drawBottomScale(work);
-      drawRightScales(work);
-      if (options_.protractor) drawReference(work);
+      drawEnthalpySecondHalf(work, rule, drawRightScales(work));
+      if (protractor && options_.reference) drawReference(work);
       drawContent(work);
     }
     fixTable(board, corners[2].y - table, corners[2].y);
@@ -155,22 +169,25 @@ private:
     endPage();
   }
 
-  /// Heading and protractor are in the corner above saturation; what is too large for it goes above the chart.
-  void makeRoomForHeading(SheetWork& work, SheetPoint corner) {
+  /// Heading and protractor are in the corner above saturation; what is too large for it goes above the chart. Whether
+  /// there is a protractor.
+  bool makeRoomForHeading(SheetWork& work, SheetPoint corner) {
     const double em = work.em();
     const double heading = headingHeight(work);
     const SheetPoint below = corner + SheetPoint{0, heading + 1.2 * em};
     drawHeading(work, corner);
     const SheetPoint headingend = corner + SheetPoint{headingWidth(work), heading};
     if (!isClearOf(enthalpyRule(work), headingend, cornerGap * em)) lower(work, heading + blockGap * em);
-    if (!options_.protractor || protractorInCorner(work, enthalpyRule(work), below)) return;
+    if (!options_.protractor) return false;
+    if (protractorInCorner(work, enthalpyRule(work), below)) return true;
     const double width = leastProtractor * em;
     const double height = protractorHeight(width, em);
-    const SheetPoint place{parts_.inner.corners()[1].x - width - wordsMargin * em, corner.y};
-    const bool roomy = work.plot.bottom - corner.y > 3 * height && place.x > headingend.x + wordsMargin * em;
-    if (!roomy) return;
+    const SheetPoint place{parts_.inner.corners()[1].x - width, corner.y};
+    const bool roomy = work.plot.bottom - corner.y > 3 * height && place.x > headingend.x + em;
+    if (!roomy) return false;
     lower(work, std::max(0.0, corner.y + height + 3.2 * em - work.plot.top));
     drawProtractor(work, place, width);
+    return true;
   }
 
   /// Makes the plot less high at its top.
@@ -218,6 +235,13 @@ private:
 }  // namespace
 
 SheetDrawing layoutSheet(const SheetContent& content, const SheetOptions& options, const ExtentFunction& extent) {
+  if (options.limits) {
+    SheetContent limited = content;
+    limited.limits = *options.limits;
+    SheetOptions rest = options;
+    rest.limits.reset();
+    return layoutSheet(limited, rest, extent);
+  }
   SheetOptions complete = options;
   if (!(complete.letterSize > 0)) complete.letterSize = lettersFor(complete.page);
   complete.letterSize = std::min(complete.letterSize, mostLettersFor(complete.page));

@@ -48,10 +48,23 @@ std::string sizeInWords() {
          " pixels, such as 1200x800, or in inches, such as 11x8.5in";
 }
 
+bool areSheetLimits(const ChartLimits& limits) {
+  const auto isWhole = [](double number) { return std::abs(number - std::round(number)) < 1e-9; };
+  const auto& [lowDb, highDb, lowHr, highHr] = limits;
+  return isWhole(lowDb) && isWhole(highDb) && isWhole(1000 * lowHr) && isWhole(1000 * highHr) && lowDb < highDb &&
+         lowHr < highHr && widestLimits.contain(lowDb, lowHr) && widestLimits.contain(highDb, highHr);
+}
+
 double lettersFor(const PageSize& page) {
   constexpr double smallest = 6;
   constexpr double largest = 12;
   return std::clamp(std::sqrt(page.width * page.height) / 93, smallest, largest);
+}
+
+double smallestFor(double letterSize) {
+  constexpr double legible = 5.5 * pixelsPerInch / 72;
+  constexpr double part = 0.7375;  // which is that of 7.5 points
+  return std::min(legible, part * letterSize);
 }
 
 double mostLettersFor(const PageSize& page) {

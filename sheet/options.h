@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "chart/chartframe.h"
+
 namespace moistair {
 
 /// A page's sides [pixels of 1/96 inch].
@@ -53,6 +55,7 @@ inline constexpr std::array<const char*, 3> colorNames = {"color", "gray", "dark
 enum class PointLabels { names, numbers };
 
 struct SheetOptions {
+  std::optional<ChartLimits> limits{};  ///< in place of the chart's own
   PageSize page{pixelsPerInch * 11, pixelsPerInch * 8.5};
   double margin = 30;  ///< left empty [pixels]
   SheetColors colors = SheetColors::color;
@@ -61,6 +64,7 @@ struct SheetOptions {
   PointLabels labels = PointLabels::names;
   bool enthalpyLines = false;
   bool protractor = true;
+  bool reference = true;  ///< the mark of the state that the protractor holds for
   bool titleBlock = true;
   bool table = true;  ///< of the states on the chart
   bool notes = true;  ///< on the states that have a mark, under the table or in its place
@@ -68,12 +72,21 @@ struct SheetOptions {
   std::string program;  ///< its name and version
 };
 
+/// The furthest that limits of one's own may be: whole degrees and thousandths of lb/lb.
+inline constexpr ChartLimits widestLimits{-40, 200, 0, 0.1};
+
+/// Whether limits can be those of a sheet: whole degrees and thousandths within the widest, each pair rising.
+bool areSheetLimits(const ChartLimits& limits);
+
 /// Letters that can be read and still leave room for a chart [pixels].
 inline constexpr double leastLetters = 5;
 inline constexpr double mostLetters = 40;
 
 /// The size of letters that suits a page: 7.5 points on a sheet of paper.
 double lettersFor(const PageSize& page);
+
+/// The smallest that any text of a sheet is shrunk to: 5.5 points, or in proportion to its letters on a small page.
+double smallestFor(double letterSize);
 
 /// The largest letters that leave room for a chart on a page [pixels].
 double mostLettersFor(const PageSize& page);

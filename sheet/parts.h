@@ -46,7 +46,8 @@ void drawCross(SheetWork& work, const SheetState& state);
 void labelPinned(SheetWork& work, const SheetState& state, bool above);
 
 void drawBottomScale(SheetWork& work);  ///< dry bulb
-void drawRightScales(SheetWork& work);  ///< humidity ratio, grains, vapor pressure and dew point
+/// Humidity ratio, grains, vapor pressure and dew point. Returns the corner beyond these and the bottom scale.
+SheetPoint drawRightScales(SheetWork& work);
 
 /// The room that the scales take next to the plot [pixels].
 double bottomRoom(double em);
@@ -55,6 +56,9 @@ double rightRoom(const SheetCanvas& canvas, const SheetOptions& options, const C
 /// The line of the enthalpy scale: along the left and upper edges of the plot, and at a distance along saturation.
 std::vector<SheetPoint> enthalpyRule(const SheetWork& work);
 void drawEnthalpyScale(SheetWork& work, const std::vector<SheetPoint>& rule);
+/// The second half of that scale, below and to the right of all others: a straightedge laid from an enthalpy on one
+/// half to the same one on the other runs along the line of that enthalpy.
+void drawEnthalpySecondHalf(SheetWork& work, const std::vector<SheetPoint>& rule, SheetPoint corner);
 /// Whether all above and left of a place is clear of a line by a gap.
 bool isClearOf(const std::vector<SheetPoint>& rule, SheetPoint corner, double gap);
 

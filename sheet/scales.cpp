@@ -17,8 +17,11 @@ constexpr double fineTick = 0.3;  // em
 constexpr double middleTick = 0.5;
 constexpr double mainTick = 0.75;
 constexpr double numberGap = 0.25;
-constexpr double titleGap = 0.55;
+constexpr double titleGap = 0.4;   // to the numbers that it belongs to
+constexpr double scaleGap = 0.85;  // to the next scale
 constexpr double titleSize = 0.85;
+constexpr double bottomScale = mainTick + numberGap + 1 + titleGap + 1 + titleGap;
+constexpr double secondHalf = mainTick + numberGap + 1 + 0.3;  // of the enthalpy scale, below the dry bulbs
 
 /// One of the scales on the right: the number at a humidity ratio.
 struct RightScale {
@@ -38,18 +41,21 @@ Steps stepsOf(std::initializer_list<double> steps, double perValue, double em, d
   return {stepFrom(steps, 0.42 * em / perValue), stepFrom(steps, numbers * em / perValue)};
 }
 
-/// Dew points lie ever closer in humidity ratio the colder they are: within five or ten degrees all have the step that
-/// suits the coldest.
+/// Dew points lie ever closer in humidity ratio the colder they are: within ten degrees all have the step that suits
+/// the coldest, so that the numbers thin out from ones to twos, fives and tens.
 RightScale dewPointScale(const SheetWork& work) {
   RightScale scale{"Dew point, °F", "°F", {}, {}, 0, {}};
   scale.ratio = [atm = work.plot.atm](double dewPoint) { return ratioOf(pressureOfDewPoint(dewPoint), atm); };
-  const auto suits = [&](double dewPoint, double step, double within, double em) {
-    const double coldest = std::floor((dewPoint - 0.5) / within) * within;
+  const auto suits = [&](double step, double dewPoint, double em) {
+    const double coldest = std::floor((dewPoint - 0.5) / 10) * 10;
     const double pixels = (scale.ratio(coldest + step) - scale.ratio(coldest)) * work.plot.perW();
-    return isMultiple(dewPoint, step) && pixels >= em * work.em();
+    return pixels >= em * work.em();
   };
   const auto hasStep = [&](double dewPoint, double em) {
-    return suits(dewPoint, 1, 5, em) || suits(dewPoint, 5, 10, em) || suits(dewPoint, 10, 10, 0.65 * em);
+    for (const double step : {1.0, 2.0, 5.0}) {
+      if (suits(step, dewPoint, em)) return isMultiple(dewPoint, step);
+    }
+    return isMultiple(dewPoint, 10) && suits(10, dewPoint, 0.65 * em);
   };
   for (double dewPoint = -40; dewPoint <= 200; ++dewPoint) {
     const double w = scale.ratio(dewPoint);
@@ -95,7 +101,7 @@ double numberWidth(const SheetCanvas& canvas, const RightScale& scale, double em
 
 /// From a scale's rule to the next.
 double columnWidth(double numbers, double em) {
-  return (mainTick + numberGap + titleGap + titleSize + titleGap) * em + numbers;
+  return (mainTick + numberGap + titleGap + titleSize + scaleGap) * em + numbers;
 }
 
 void tick(SheetWork& work, SheetPoint at, SheetPoint outward, double size) {
@@ -141,19 +147,19 @@ void drawRightScale(SheetWork& work, const RightScale& scale, double x, double n
 
 }  // namespace
 
-double bottomRoom(double em) { return (mainTick + numberGap + 1 + titleGap + 1 + titleGap) * em; }
+double bottomRoom(double em) { return bottomScale * em + secondHalf * em; }
 
 /// Before there is a plot the numbers are not known; these are as wide as they get.
 double rightRoom(const SheetCanvas& canvas, const SheetOptions& options, const ChartLimits&) {
   const double em = options.letterSize;
   double room = 0;
-  for (const char* widest : {"0.0200", "200", "0.90", "90"}) {
+  for (const char* widest : {"0.0200", "200", "0.90", "90", "50"}) {
     room += columnWidth(canvas.widthOf(widest, {em, false, {}}), em);
   }
-  return room;
+  return room - scaleGap * em;
 }
 
-void drawRightScales(SheetWork& work) {
+SheetPoint drawRightScales(SheetWork& work) {
   work.canvas.begin(SheetPart::scales);
   double x = work.plot.right;
   for (const RightScale& scale : rightScales(work)) {
@@ -161,6 +167,7 @@ void drawRightScales(SheetWork& work) {
     drawRightScale(work, scale, x, numbers);
     x += columnWidth(numbers, work.em());
   }
+  return {x, work.plot.bottom + bottomScale * work.em()};
 }
 
 void drawBottomScale(SheetWork& work) {

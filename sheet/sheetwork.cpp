@@ -43,23 +43,49 @@ bool withinPlot(const SheetWork& work, const LabelPlace& place) {
          std::all_of(place.leader.begin(), place.leader.end(), within);
 }
 
+namespace {
+
+/// A text of some width with its middle at a place of a line, or to the left of it.
+SheetTextOperation textOn(const SheetCanvas& canvas, const std::vector<SheetPoint>& line, const std::string& text,
+                          const TextStyle& style, double middle, double width, double aside) {
+  const SheetPoint from = pointOnLine(line, middle - width / 2).at;
+  const SheetPoint to = pointOnLine(line, middle + width / 2).at;
+  const SheetPoint along = unit(to - from);
+  const SheetPoint left{along.y, -along.x};
+  const SheetPoint on = ((from + to) * 0.5 + pointOnLine(line, middle).at) * 0.5;
+  return centered(canvas, on + left * aside, text, style, readingAngle(along));
+}
+
+constexpr double leastLine = 1.3;  // of a text's width, for a line that carries it
+
+}  // namespace
+
 std::vector<LabelPlace> placesAlong(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
                                     const std::string& text, const TextStyle& style, double preferred, double aside) {
   constexpr int count = 24;
   std::vector<LabelPlace> places;
   const double width = canvas.widthOf(text, style);
   const double whole = lengthOf(line);
-  if (line.size() < 2 || whole < width * 1.3) return places;
+  if (line.size() < 2 || whole < width * leastLine) return places;
   for (int i = 0; i <= count; ++i) {
     const double part = static_cast<double>(i) / count;
     const double middle = width * 0.6 + (whole - width * 1.2) * part;
-    const SheetPoint from = pointOnLine(line, middle - width / 2).at;
-    const SheetPoint to = pointOnLine(line, middle + width / 2).at;
-    const SheetPoint along = unit(to - from);
-    const SheetPoint left{along.y, -along.x};
-    const SheetPoint on = ((from + to) * 0.5 + pointOnLine(line, middle).at) * 0.5;
-    places.push_back(
-        {centered(canvas, on + left * aside, text, style, readingAngle(along)), 2 * std::abs(part - preferred), {}});
+    places.push_back({textOn(canvas, line, text, style, middle, width, aside), 2 * std::abs(part - preferred), {}});
+  }
+  return places;
+}
+
+std::vector<LabelPlace> placesAround(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
+                                     const std::string& text, const TextStyle& style, double place) {
+  constexpr int count = 24;
+  std::vector<LabelPlace> places;
+  const double width = canvas.widthOf(text, style);
+  const double whole = lengthOf(line);
+  if (line.size() < 2 || whole < width * leastLine) return places;
+  for (int i = -count; i <= count; ++i) {
+    const double middle = place + i * 0.6 * style.size;
+    if (middle < 0.6 * width || middle > whole - 0.6 * width) continue;
+    places.push_back({textOn(canvas, line, text, style, middle, width, 0), 0.08 * std::abs(i), {}});
   }
   return places;
 }
@@ -83,11 +109,11 @@ std::string fitted(const SheetCanvas& canvas, const std::string& text, const Tex
 }
 
 FittedText shrunk(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width,
-                  double least) {
+                  double smallest) {
   constexpr double slack = 1e-6;  // what is shrunk to its room is not to be cut off for the sake of rounding
   const double whole = measured(canvas, text, style);
   TextStyle small = style;
-  if (whole > width) small.size *= std::max(least, width / whole);
+  if (whole > width) small.size = std::max(std::min(smallest, style.size), style.size * width / whole);
   return {fitted(canvas, text, small, width * (1 + slack)), small};
 }
 

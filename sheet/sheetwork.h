@@ -56,19 +56,22 @@ std::vector<LabelPlace> placesAlong(const SheetCanvas& canvas, const std::vector
                                     const std::string& text, const TextStyle& style, double preferred,
                                     double aside = 0);
 
+/// The same about a place of the line, by its length from the begin [pixels], the nearest costing least.
+std::vector<LabelPlace> placesAround(const SheetCanvas& canvas, const std::vector<SheetPoint>& line,
+                                     const std::string& text, const TextStyle& style, double place);
+
 /// A text as wide as its room at most: what is cut off ends in an ellipsis.
 std::string fitted(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width);
 
 /// The width of a text, and more than any page has for one that is too long to be measured.
 double measured(const SheetCanvas& canvas, const std::string& text, const TextStyle& style);
 
-/// A text in letters so small, down to a part of their size, that it is no wider than its room; what is too wide even
-/// so is cut off.
+/// A text in letters so small, down to a size, that it is no wider than its room; what is too wide even so is cut off.
 struct FittedText {
   std::string text;
   TextStyle style;
 };
 FittedText shrunk(const SheetCanvas& canvas, const std::string& text, const TextStyle& style, double width,
-                  double least = 0.7);
+                  double smallest);
 
 }  // namespace moistair

@@ -41,7 +41,7 @@ struct TableLook {
   TableLook(const Theme& theme, double letters)
       : em(letters),
         head(theme.bold(0.85 * em)),
-        unit(theme.small(0.8 * em)),
+        unit(theme.small(std::max(0.8 * em, smallestFor(letters)))),
         number(theme.bold(em)),
         cell(theme.text(em)),
         gap(cellGap * em) {}
@@ -96,12 +96,11 @@ TableLook lookOf(const SheetCanvas& canvas, const SheetContent& content, const S
 /// The notes on states with a mark, each a row that is as wide as the table.
 void drawNotes(SheetCanvas& canvas, const SheetContent& content, const SheetOptions& options, const TableLook& look,
                const Box& area, std::size_t first, std::size_t rows, double top) {
-  constexpr double least = 0.5;  // of their letters, before anything is cut off
   const double left = area.corners()[0].x + look.gap;
   for (std::size_t i = 0; i < rows; ++i) {
     const double y = top + options.letterSize * (rowHeight * static_cast<double>(i) + 1.15);
-    const auto [text, style] =
-        shrunk(canvas, content.notes[first + i], look.cell, 2 * (area.halfLength - look.gap), least);
+    const auto [text, style] = shrunk(canvas, content.notes[first + i], look.cell, 2 * (area.halfLength - look.gap),
+                                      smallestFor(options.letterSize));
     canvas.text({left, y}, text, style);
   }
 }
@@ -140,7 +139,8 @@ void drawTable(SheetCanvas& canvas, const SheetContent& content, const SheetOpti
     const double y = top + 1.15 * em;
     if (i > 0) canvas.polyline({{corner.x, top}, {right, top}}, theme.grid.width, theme.grid.color);
     canvas.text({nameX - gap, y}, numberIn(state), look.number, Anchor::end);
-    const auto [name, style] = shrunk(canvas, nameIn(content, state), look.cell, look.names - 2 * gap);
+    const auto [name, style] =
+        shrunk(canvas, nameIn(content, state), look.cell, look.names - 2 * gap, smallestFor(options.letterSize));
     canvas.text({nameX + gap, y}, name, style);
     x = nameX + look.names;
     for (std::size_t property = 0; property < columnOrder.size(); ++property) {

@@ -87,7 +87,7 @@ private:
   void text(SheetCanvas& canvas, double left, double y, std::size_t column, const std::string& words,
             const TextStyle& style) const {
     const bool number = table_.columns[column].decimals >= 0;
-    const auto [text, shown] = shrunk(canvas, words, style, widths_[column] - 0.6 * em_);
+    const auto [text, shown] = shrunk(canvas, words, style, widths_[column] - 0.6 * em_, 0.7 * style.size);
     canvas.text({number ? left + widths_[column] - 0.4 * em_ : left + 0.4 * em_, y}, text, shown,
                 number ? Anchor::end : Anchor::start);
   }
@@ -143,7 +143,7 @@ public:
     y_ -= 0.8 * em;  // notes are close to what they are on
     put((noteHeight - 0.2) * em, [note, style, width, em](SheetCanvas& canvas, SheetPoint corner) {
       canvas.begin(SheetPart::table);
-      const auto [text, shown] = shrunk(canvas, note, style, width, 0.5);
+      const auto [text, shown] = shrunk(canvas, note, style, width, 0.5 * style.size);
       canvas.text({corner.x, corner.y + 1.1 * em}, text, shown);
     });
   }
@@ -223,7 +223,7 @@ double drawDiagram(SheetCanvas& canvas, const SystemDiagram& diagram, const Shee
     canvas.polyline(rim, 0.15 * scale, stroke.color);
     const double room = (block.width - 0.8) * scale;
     const auto put = [&](double y, const std::string& words, const TextStyle& style) {
-      const auto [text, shown] = shrunk(canvas, words, style, room);
+      const auto [text, shown] = shrunk(canvas, words, style, room, 0.7 * style.size);
       canvas.text(at(block.left + block.width / 2, block.top + y), text, shown, Anchor::middle);
     };
     put(1.4, block.name, theme.bold(scale));
@@ -236,7 +236,7 @@ double drawDiagram(SheetCanvas& canvas, const SystemDiagram& diagram, const Shee
     for (std::size_t i = 0; i < joint.lines.size(); ++i) {
       const double row = static_cast<double>(i);
       const double y = joint.below ? 1.15 + 1.1 * row : 1.1 * (row - lines + 1) - 0.4;
-      const auto [text, shown] = shrunk(canvas, joint.lines[i], theme.text(0.9 * scale), 7 * scale);
+      const auto [text, shown] = shrunk(canvas, joint.lines[i], theme.text(0.9 * scale), 7 * scale, 0.63 * scale);
       canvas.text(at(joint.at.x, joint.at.y + y), text, shown);
     }
   }

@@ -98,6 +98,11 @@ Color Theme::textOf(LineKind kind) const {
   return volumeText;
 }
 
+Color Theme::lighter(Color color) const {
+  const auto mean = [](int one, int other) { return static_cast<std::uint8_t>((one + other) / 2); };
+  return {mean(color.red, paper.red), mean(color.green, paper.green), mean(color.blue, paper.blue)};
+}
+
 const Theme& themeOf(SheetColors colors) {
   switch (colors) {
     case SheetColors::color: return color;

@@ -30,6 +30,7 @@ struct Theme {
 
   const Stroke& of(LineKind kind) const;
   Color textOf(LineKind kind) const;
+  Color lighter(Color color) const;  ///< half way to the ground
   TextStyle text(double size) const { return {size, false, ink}; }
   TextStyle bold(double size) const { return {size, true, ink}; }
   TextStyle small(double size) const { return {size, false, faded}; }

@@ -13,7 +13,7 @@ namespace {
 constexpr double headingSize = 1.9;  // em
 constexpr double rowHeight = 2.6;
 constexpr double cellGap = 0.5;
-constexpr double captionSize = 0.68;
+constexpr double captionSize = 0.74;
 
 /// A cell of the title block: a small caption above what it says.
 struct BlockCell {
@@ -73,7 +73,7 @@ void drawRow(SheetCanvas& canvas, const BlockLook& look, const BlockRow& cells, 
     const double room = widths[i] - 2 * look.gap();
     const SheetPoint corner{x + look.gap(), top};
     canvas.text(corner + SheetPoint{0, (0.25 + captionSize) * em}, cells[i].caption, look.caption());
-    const auto [text, style] = shrunk(canvas, cells[i].text, look.of(cells[i]), room);
+    const auto [text, style] = shrunk(canvas, cells[i].text, look.of(cells[i]), room, smallestFor(options.letterSize));
     canvas.text(corner + SheetPoint{0, (rowHeight - 0.6) * em}, text, style);
     x += widths[i];
     if (i + 1 < blockColumns)
@@ -81,28 +81,71 @@ void drawRow(SheetCanvas& canvas, const BlockLook& look, const BlockRow& cells, 
   }
 }
 
-std::vector<std::string> headingLines(const SheetContent& content) {
-  std::vector<std::string> lines = {"Atmospheric pressure " + pressureText(content.pressure),
-                                    limitsText(content.limits)};
-  if (content.omitted == 1) lines.emplace_back("1 entry of the previous chart is not on this one");
-  if (content.omitted > 1)
-    lines.push_back(std::to_string(content.omitted) + " entries of the previous chart are not on this one");
-  const std::vector<std::string> zones = zoneLegend(content);
-  lines.insert(lines.end(), zones.begin(), zones.end());
+constexpr double leastHeading = 9 * pixelsPerInch / 72;
+constexpr double widestHeading = 0.4;  // of the page
+constexpr std::size_t mostHeadingLines = 4;
+
+/// The words of a text on as many lines as they take; what is longer than these is cut off.
+std::vector<std::string> wrapped(const SheetCanvas& canvas, const std::string& text, const TextStyle& style,
+                                 double width) {
+  std::vector<std::string> lines;
+  std::string rest = text;
+  while (!rest.empty() && lines.size() + 1 < mostHeadingLines && measured(canvas, rest, style) > width) {
+    std::size_t end = std::string::npos;
+    for (std::size_t blank = rest.find(' '); blank < 200; blank = rest.find(' ', blank + 1)) {
+      if (canvas.widthOf(rest.substr(0, blank), style) > width) break;
+      end = blank;
+    }
+    if (end == std::string::npos || end == 0) break;
+    lines.push_back(rest.substr(0, end));
+    rest.erase(0, end + 1);
+  }
+  if (!rest.empty()) lines.push_back(fitted(canvas, rest, style, width));
   return lines;
 }
 
-const char* const headingText = "PSYCHROMETRIC CHART";
+/// The user's title in large letters, then what the title block does not say.
+struct Heading {
+  TextStyle style;
+  std::vector<std::string> title, lines;
+
+  Heading(const SheetWork& work) : style(work.theme.bold(std::max(leastHeading, headingSize * work.em()))) {
+    const std::string what = "Psychrometric chart";
+    const bool titled = !work.options.title.empty() && work.options.title != what;
+    const double least = work.canvas.widthOf(what, style) * 1.1;
+    const double room = work.options.page.width - 2 * work.options.margin;
+    title = wrapped(work.canvas, titled ? work.options.title : what, style,
+                    std::min(room, std::max(least, widestHeading * work.options.page.width)));
+    if (titled) lines.push_back(what);
+    if (!work.options.titleBlock) {
+      lines.push_back("Atmospheric pressure " + pressureText(work.content.pressure));
+      lines.push_back(limitsText(work.content.limits));
+    }
+    const std::size_t omitted = work.content.omitted;
+    if (omitted > 0) {
+      lines.push_back((omitted == 1 ? "1 entry" : std::to_string(omitted) + " entries") + " of the previous chart " +
+                      (omitted == 1 ? "is" : "are") + " not on this one");
+    }
+    const std::vector<std::string> zones = zoneLegend(work.content);
+    lines.insert(lines.end(), zones.begin(), zones.end());
+  }
+
+  double lineHeight() const { return 1.2 * style.size; }
+};
 
 }  // namespace
 
 double headingHeight(const SheetWork& work) {
-  return (headingSize + static_cast<double>(headingLines(work.content).size()) * 1.45) * work.em();
+  const Heading heading(work);
+  return static_cast<double>(heading.title.size()) * heading.lineHeight() +
+         static_cast<double>(heading.lines.size()) * 1.45 * work.em();
 }
 
 double headingWidth(const SheetWork& work) {
-  double width = work.canvas.widthOf(headingText, work.theme.bold(headingSize * work.em()));
-  for (const std::string& line : headingLines(work.content)) {
+  const Heading heading(work);
+  double width = 0;
+  for (const std::string& line : heading.title) width = std::max(width, work.canvas.widthOf(line, heading.style));
+  for (const std::string& line : heading.lines) {
     width = std::max(width, work.canvas.widthOf(line, work.theme.text(work.em())));
   }
   return width;
@@ -110,18 +153,18 @@ double headingWidth(const SheetWork& work) {
 
 void drawHeading(SheetWork& work, SheetPoint corner) {
   work.canvas.begin(SheetPart::heading);
-  const double em = work.em();
+  const Heading heading(work);
+  SheetPoint at = corner + SheetPoint{0, 0.8 * heading.style.size};
+  for (const std::string& line : heading.title) {
+    fixedText(work, {at, line, heading.style, Anchor::start, 0});
+    at.y += heading.lineHeight();
+  }
+  at.y += 1.35 * work.em() - 0.95 * heading.style.size;
   const double room = work.options.page.width - 2 * corner.x;
-  SheetPoint at = corner + SheetPoint{0, 0.8 * headingSize * em};
-  const auto line = [&](const std::string& text, const TextStyle& style) {
-    const FittedText fit = shrunk(work.canvas, text, style, room, 0.4);
+  for (const std::string& words : heading.lines) {
+    const FittedText fit = shrunk(work.canvas, words, work.theme.text(work.em()), room, 0.7 * work.em());
     fixedText(work, {at, fit.text, fit.style, Anchor::start, 0});
-  };
-  line(headingText, work.theme.bold(headingSize * em));
-  at.y += 0.2 * em;
-  for (const std::string& words : headingLines(work.content)) {
-    at.y += 1.45 * em;
-    line(words, work.theme.text(em));
+    at.y += 1.45 * work.em();
   }
 }
 

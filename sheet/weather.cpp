@@ -189,7 +189,7 @@ void drawLegend(SheetWork& work, const SheetWeather& weather, bool counted, doub
   const double left = work.plot.left, width = work.plot.right - work.plot.left;
   const std::string caption =
       weatherCaption(work.plot, weather) + (counted ? "" : "; cells too small for their counts");
-  const FittedText fitted = shrunk(work.canvas, caption, style, width);
+  const FittedText fitted = shrunk(work.canvas, caption, style, width, 0.7 * style.size);
   work.canvas.text({left, bottom - 1.5 * em}, fitted.text, fitted.style);
   const auto swatches = weatherSwatches(work.theme, weather.layer);
   const double step = std::min(5 * em, width / static_cast<double>(std::max<std::size_t>(1, swatches.size())));

@@ -6,6 +6,8 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
+#include <type_traits>
 #include <utility>
 
 namespace moistair {
@@ -85,6 +87,7 @@ SheetDialog::SheetDialog(QWidget* parent, const SheetContent& content, const She
   auto* form = new QFormLayout;
   left->addLayout(form);
   makeTexts(*form);
+  makeLimits(*form);
   makeLook(*form);
   for (const auto& [input, name] :
        {std::pair<QWidget*, const char*>{page_, "page"}, {size_, "size"}, {title_, "title"}}) {
@@ -150,6 +153,7 @@ void SheetDialog::makeLook(QFormLayout& form) {
   };
   enthalpyLines_ = mark(QStringLiteral("E&nthalpy lines"));
   protractor_ = mark(QStringLiteral("P&rotractor of sensible heat ratio"));
+  reference_ = mark(QStringLiteral("Re&ference mark at 78 °F and 50 %"));
   table_ = mark(QStringLiteral("&Table of states"));
   titleBlock_ = mark(QStringLiteral("Title &block"));
 }
@@ -167,6 +171,46 @@ void SheetDialog::makeTexts(QFormLayout& form) {
   date_ = line(QStringLiteral("&Date"));
 }
 
+/// Those of the chart, or a pair of boxes for the dry bulbs and one for the humidity ratios.
+void SheetDialog::makeLimits(QFormLayout& form) {
+  chartLimits_ = new QCheckBox(QStringLiteral("Li&mits of the chart"));
+  form.addRow(chartLimits_);
+  connect(chartLimits_, &QCheckBox::toggled, this, &SheetDialog::follow);
+  const auto pair = [&](const QString& caption, auto& boxes, const char* const names[2]) {
+    auto* row = new QHBoxLayout;
+    for (const std::size_t end : {std::size_t{0}, std::size_t{1}}) {
+      auto* box = new std::remove_pointer_t<std::decay_t<decltype(boxes[end])>>;
+      boxes[end] = box;
+      box->setAccessibleName(QLatin1String(names[end]));
+      if (end == 1) row->addWidget(new QLabel(QStringLiteral("to")));
+      row->addWidget(box, 1);
+      connect(box, &std::remove_pointer_t<decltype(box)>::valueChanged, this, &SheetDialog::follow);
+    }
+    auto* label = new QLabel(caption);
+    label->setBuddy(boxes[0]);
+    form.addRow(label, row);
+  };
+  constexpr const char* dryBulbs[2] = {"Lowest dry bulb", "Highest dry bulb"};
+  constexpr const char* ratios[2] = {"Lowest humidity ratio", "Highest humidity ratio"};
+  pair(QStringLiteral("Dry b&ulb, °F"), dryBulbs_, dryBulbs);
+  pair(QStringLiteral("&Humidity ratio"), ratios_, ratios);
+  for (QSpinBox* box : dryBulbs_) {
+    box->setRange(static_cast<int>(widestLimits.lowDb), static_cast<int>(widestLimits.highDb));
+  }
+  for (QDoubleSpinBox* box : ratios_) {
+    constexpr int decimals = 3;
+    box->setDecimals(decimals);
+    box->setSingleStep(0.001);
+    box->setRange(widestLimits.lowHr, widestLimits.highHr);
+  }
+}
+
+ChartLimits SheetDialog::limitsRead() const {
+  const auto ratio = [](const QDoubleSpinBox* box) { return std::round(1000 * box->value()) / 1000; };
+  return {static_cast<double>(dryBulbs_[0]->value()), static_cast<double>(dryBulbs_[1]->value()), ratio(ratios_[0]),
+          ratio(ratios_[1])};
+}
+
 void SheetDialog::show(const SheetOptions& options) {
   const std::vector<QSignalBlocker> silent = [this] {
     std::vector<QSignalBlocker> blockers;
@@ -182,6 +226,13 @@ void SheetDialog::show(const SheetOptions& options) {
   choose(*labels_, options.labels);
   enthalpyLines_->setChecked(options.enthalpyLines);
   protractor_->setChecked(options.protractor);
+  reference_->setChecked(options.reference);
+  chartLimits_->setChecked(!options.limits);
+  const ChartLimits limits = options.limits.value_or(content_.limits);
+  dryBulbs_[0]->setValue(static_cast<int>(limits.lowDb));
+  dryBulbs_[1]->setValue(static_cast<int>(limits.highDb));
+  ratios_[0]->setValue(limits.lowHr);
+  ratios_[1]->setValue(limits.highHr);
   table_->setChecked(options.table);
   titleBlock_->setChecked(options.titleBlock);
   title_->setText(qText(options.title));
@@ -206,6 +257,9 @@ std::optional<SheetOptions> SheetDialog::read() const {
   options.labels = chosen<PointLabels>(*labels_);
   options.enthalpyLines = enthalpyLines_->isChecked();
   options.protractor = protractor_->isChecked();
+  options.reference = reference_->isChecked();
+  options.limits.reset();
+  if (!chartLimits_->isChecked()) options.limits = limitsRead();
   options.table = table_->isChecked();
   options.titleBlock = titleBlock_->isChecked();
   options.title = textOf(*title_);
@@ -219,9 +273,14 @@ void SheetDialog::follow() {
   const bool other = page_->currentIndex() == static_cast<int>(namedPages.size());
   size_->setEnabled(other);
   orientation_->setEnabled(!other);
-  const auto read = this->read();
+  for (QWidget* box : std::initializer_list<QWidget*>{dryBulbs_[0], dryBulbs_[1], ratios_[0], ratios_[1]}) {
+    box->setEnabled(!chartLimits_->isChecked());
+  }
+  const bool rising = chartLimits_->isChecked() || areSheetLimits(limitsRead());
+  const auto read = rising ? this->read() : std::nullopt;
   accept_->setEnabled(read.has_value());
-  fault_->setText(read ? QString() : QStringLiteral("A size is %1.").arg(QString::fromStdString(sizeInWords())));
+  const QString size = QStringLiteral("A size is %1.").arg(QString::fromStdString(sizeInWords()));
+  fault_->setText(read ? QString() : rising ? size : QStringLiteral("The limits must rise."));
   if (!read) return;
   options_ = *read;
   SheetDrawing sheet = layoutSheet(content_, options_, extents_);

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <array>
 #include <functional>
 #include <optional>
 
@@ -54,8 +55,10 @@ public:
 private:
   void makeLook(QFormLayout& form);
   void makeTexts(QFormLayout& form);
+  void makeLimits(QFormLayout& form);
   void show(const SheetOptions& options);
   std::optional<SheetOptions> read() const;
+  ChartLimits limitsRead() const;
   void follow();
 
   const SheetContent& content_;
@@ -70,6 +73,10 @@ private:
   QComboBox* labels_ = nullptr;
   QCheckBox* enthalpyLines_ = nullptr;
   QCheckBox* protractor_ = nullptr;
+  QCheckBox* reference_ = nullptr;
+  QCheckBox* chartLimits_ = nullptr;
+  std::array<QSpinBox*, 2> dryBulbs_{};
+  std::array<QDoubleSpinBox*, 2> ratios_{};
   QCheckBox* table_ = nullptr;
   QCheckBox* titleBlock_ = nullptr;
   QLineEdit* title_ = nullptr;

@@ -16,7 +16,7 @@ SVG = "{http://www.w3.org/2000/svg}"
 def svgtexts(data):
     root = ElementTree.fromstring(data)
     height = None
-    for page, group in enumerate(root.iter(SVG + "g"), 1):
+    for page, group in enumerate(root.findall(SVG + "g"), 1):
         moved = re.match(r"translate\(0 (\S+)\)", group.get("transform", ""))
         height = float(moved[1]) if moved else 0
         if page > 1 and height == 0:

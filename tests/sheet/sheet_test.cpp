@@ -2,6 +2,7 @@
 // document on them.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <ctime>
 #include <map>
 
@@ -14,6 +15,7 @@
 #include "sheet/kinds.h"
 #include "sheet/layout.h"
 #include "sheet/theme.h"
+#include "text/value.h"
 
 namespace {
 
@@ -102,6 +104,90 @@ TEST(Sheet, NothingCoversALineOrAMarkAndNoLeadersCross) {
   for (const Kind& kind : kinds()) {
     const SheetDrawing drawing = layoutSheet(contentOf(kind), optionsOf(kind), extentOf);
     EXPECT_EQ(coveredOn(drawing, extentOf), "") << kind.name;
+  }
+}
+
+double luminance(const Color& color) {
+  const auto linear = [](int part) {
+    const double value = part / 255.0;
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
+}
+
+bool holds(const std::vector<SheetPoint>& outline, SheetPoint at) {
+  bool inside = false;
+  for (std::size_t i = 0, j = outline.size() - 1; i < outline.size(); j = i++) {
+    const SheetPoint a = outline[i], b = outline[j];
+    if ((a.y > at.y) != (b.y > at.y) && at.x < (b.x - a.x) * (at.y - a.y) / (b.y - a.y) + a.x) inside = !inside;
+  }
+  return inside;
+}
+
+/// The colors by the relative luminance of WCAG 2.1.
+TEST(Sheet, EveryTextIsLargeAndDarkEnoughToBeRead) {
+  for (const Kind& kind : kinds()) {
+    const SheetDrawing drawing = layoutSheet(contentOf(kind), optionsOf(kind), extentOf);
+    const bool paper = kind.page.width * kind.page.height >= letter.width * letter.height * 0.99;
+    for (const SheetPage& page : drawing.pages) {
+      std::vector<const AreaOperation*> areas;
+      for (const SheetOperation& operation : page.operations) {
+        if (const auto* area = std::get_if<AreaOperation>(&operation)) areas.push_back(area);
+        const auto* text = std::get_if<SheetTextOperation>(&operation);
+        if (text == nullptr) continue;
+        Color ground = drawing.paper;
+        for (const AreaOperation* area : areas) {
+          if (holds(area->outline, placeOf(*text).center)) ground = area->color;
+        }
+        const double one = luminance(ground) + 0.05, other = luminance(text->style.color) + 0.05;
+        EXPECT_GE(std::max(one, other) / std::min(one, other), 4.5) << kind.name << ": " << text->text;
+        EXPECT_GE(text->style.size * 72 / 96, paper ? 5.499 : 0) << kind.name << ": " << text->text;
+      }
+    }
+  }
+}
+
+TEST(Sheet, WetBulbsAreNotAmongTheEnthalpies) {
+  for (const Kind& kind : kinds()) {
+    const SheetDrawing drawing = layoutSheet(contentOf(kind), optionsOf(kind), extentOf);
+    for (const auto* text : textsOf(drawing.pages.front())) {
+      if (text->part != SheetPart::wetBulb || text->angle != 0) continue;
+      EXPECT_GT(placeOf(*text).center.x - placeOf(*text).halfLength, drawing.plot.left) << kind.name << text->text;
+    }
+  }
+}
+
+TEST(Sheet, ItsDensityGrowsWithThePaperAndAColdChartFillsIt) {
+  const auto count = [](const SheetDrawing& drawing, SheetPart part, bool upright) {
+    std::size_t lines = 0;
+    for (const SheetOperation& operation : drawing.pages.front().operations) {
+      const auto* line = std::get_if<PolylineOperation>(&operation);
+      if (line == nullptr || line->part != part) continue;
+      lines += !upright || line->points.front().x == line->points.back().x ? 1U : 0U;
+    }
+    return lines;
+  };
+  const SheetDrawing small = laidOut(documentOf(sheets[0], 0), letter), large = laidOut(documentOf(sheets[0], 0), a3);
+  EXPECT_GT(count(large, SheetPart::grid, true), 115U) << "every degree";
+  EXPECT_GT(count(large, SheetPart::wetBulb, false), 80U) << "every degree";
+  EXPECT_LT(count(small, SheetPart::grid, true), 70U);
+  SheetOptions options = looking(letter);
+  options.limits = ChartLimits{32, 60, 0, 0.028};
+  const SheetDrawing cold = layoutSheet(contentOf(documentOf(sheets[0], 0)), options, extentOf);
+  EXPECT_EQ(cold.plot.limits, (ChartLimits{32, 60, 0, 0.0115}));
+}
+
+TEST(Sheet, LimitsOfItsOwnAreWholeDegreesAndThousandthsThatRise) {
+  EXPECT_TRUE(areSheetLimits({32, 120, 0, 0.028}));
+  EXPECT_TRUE(areSheetLimits(widestLimits));
+  for (const ChartLimits& limits : {ChartLimits{32.5, 120, 0, 0.028},
+                                    {32, 120, 0, 0.0285},
+                                    {60, 60, 0, 0.01},
+                                    {0, 60, 0.02, 0.01},
+                                    {-41, 60, 0, 0.01},
+                                    {0, 60, 0, 0.101},
+                                    {0, noValue, 0, 0.01}}) {
+    EXPECT_FALSE(areSheetLimits(limits)) << limitsText(limits);
   }
 }
 

@@ -197,7 +197,7 @@ void drawLegend(SheetWork& work, const SheetWeather& weather, bool counted, doub
     const double x = left + step * static_cast<double>(i);
     const auto corners = boxOf({x, bottom - 0.95 * em}, {x + 0.9 * em, bottom - 0.15 * em}).corners();
     work.canvas.area({corners.begin(), corners.end()}, swatches[i].color);
-    const FittedText text = shrunk(work.canvas, swatches[i].text, style, step - 1.3 * em);
+    const FittedText text = shrunk(work.canvas, swatches[i].text, style, step - 1.3 * em, 0.7 * style.size);
     work.canvas.text({x + 1.15 * em, bottom - 0.25 * em}, text.text, text.style);
   }
   work.board.fix(boxOf({left, bottom - legendHeight * em}, {work.plot.right, bottom}));

@@ -336,7 +336,8 @@ std::vector<std::string> addedStep(std::vector<std::string> lines, std::size_t a
   const std::size_t at = std::min(after == std::string::npos ? lines.size() : after + 1, lines.size());
   const auto free = availableStreams(lines, lines.size());
   const auto before = at > 0 ? typedLine(lines[at - 1]) : std::nullopt;
-  const auto wanted = static_cast<std::size_t>(rowOf(kind).leastSources);
+  // A mixing box of one stream is possible, and not what anybody adds one for.
+  const auto wanted = static_cast<std::size_t>(kind == StepKind::mix ? 2 : rowOf(kind).leastSources);
   const auto isFree = [&](const std::string& stream) {
     return std::find(free.begin(), free.end(), stream) != free.end();
   };

@@ -23,8 +23,8 @@ inline constexpr const char* documentEnding = ".moistair";
 inline constexpr std::size_t largestdocument = std::size_t{64} << 20;
 
 /// The latest format. Beyond the first, the second has read-outs, the third exact states, entries of the previous chart
-/// and a title block, the fourth names of a mixture's streams, air handlers, weather and zones. A document is written in
-/// the first that can hold it, so that earlier versions of the program read what they know; all are read.
+/// and a title block, the fourth names of a mixture's streams, air handlers, weather and zones. A document is written
+/// in the first that can hold it, so that earlier versions of the program read what they know; all are read.
 inline constexpr int documentFormat = 4;
 
 std::string fileText(const Document& document);

@@ -144,7 +144,8 @@ void ChartController::carryOver() {
   if (!limits) return;
   const Setting setting{*limits, {document().pressure.entry, document().atm()}};
   Q_EMIT waiting(true);
-  CarriedOver found = moistair::carryOver(document().previous, setting, window(), airHandlerPlace(document()).has_value());
+  CarriedOver found =
+      moistair::carryOver(document().previous, setting, window(), airHandlerPlace(document()).has_value());
   Q_EMIT waiting(false);
   const QString leftOut = leftOutText(found.leftOut);
   const bool all = found.leftOut.empty();

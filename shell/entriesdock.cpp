@@ -1,11 +1,13 @@
 #include "shell/entriesdock.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <utility>
 
 #include "shell/filewriting.h"
 #include "shell/sheets.h"
 #include "toolkit/messages.h"
+#include "toolkit/remembered.h"
 #include "toolkit/savedialog.h"
 
 namespace moistair {
@@ -35,31 +37,68 @@ EntriesDock::EntriesDock(QMainWindow& window, GraphView& graph, ChartController&
           });
   connect(panel_, &EntriesPanel::typed, &chart, &ChartController::typeOver);
   connect(panel_, &EntriesPanel::pointChosen, &chart, &ChartController::markStream);
-  connect(panel_, &EntriesPanel::leaves, &chart, &ChartController::done);
+  connect(panel_, &EntriesPanel::leaves, this, &EntriesDock::goBack);
+  connect(panel_, &EntriesPanel::arranged, this,
+          [this] { remember(memory::tableColumns, panel_->columnArrangement()); });
+  connect(panel_, &QDockWidget::dockLocationChanged, this, &EntriesDock::rememberPlace);
+  connect(panel_, &QDockWidget::topLevelChanged, this, &EntriesDock::rememberPlace);
 }
 
 void EntriesDock::fillViewMenu(QMenu& view) {
-  window_.addDockWidget(Qt::RightDockWidgetArea, panel_);
+  window_.addDockWidget(Qt::BottomDockWidgetArea, panel_);
   panel_->hide();
   QAction* toggle = panel_->toggleViewAction();
   toggle->setText(QStringLiteral("&Points and lines"));
-  toggle->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
   view.addAction(toggle);
   connect(toggle, &QAction::toggled, this, &EntriesDock::place);
+  view.addAction(QStringLiteral("To the &table and back"), this, &EntriesDock::goThereOrBack)
+      ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+  panel_->arrangeColumns(remembered(memory::tableColumns).toStringList());
 }
 
-/// At first the table is next to the chart where the window is wide enough for both, and else over the part of the
-/// chart where no air is; from then on where the user has put it. It has its place before it shows: docked first, it
-/// would widen the window.
+void EntriesDock::goThereOrBack() {
+  if (panel_->isAncestorOf(QApplication::focusWidget())) return goBack();
+  if (panel_->isHidden()) panel_->toggleViewAction()->trigger();
+  panel_->activateWindow();
+  panel_->setFocus();
+}
+
+/// A table that floats is a window of its own.
+void EntriesDock::goBack() {
+  window_.activateWindow();
+  Q_EMIT chart_.done();
+}
+
+void EntriesDock::reset() {
+  placed_ = false;
+  panel_->hide();
+  panel_->arrangeColumns({});
+  window_.addDockWidget(Qt::BottomDockWidgetArea, panel_);
+}
+
+/// Only where the user has put it: its first place depends on the screen.
+void EntriesDock::rememberPlace() {
+  if (placed_ && panel_->isVisible()) remember(memory::docks, window_.saveState());
+}
+
+/// At its first showing; from then on it is where the user has put it.
 void EntriesDock::place() {
-  if (std::exchange(placed_, true)) return;
+  if (placed_) return;
   panel_->show(chart_.document());
-  constexpr QSize overChart(480, 260);
-  const bool room = window_.width() >= window_.centralWidget()->minimumWidth() + overChart.width();
+  if (!window_.restoreState(remembered(memory::docks).toByteArray())) placeFirst();
+  placed_ = true;
+}
+
+/// Below the chart where the window is high enough for both, and else over the part of the chart where no air is. It
+/// has its place before it shows: docked first, it would make the window larger.
+void EntriesDock::placeFirst() {
+  const int height = panel_->usefulHeight();
+  const bool room = window_.centralWidget()->height() - window_.centralWidget()->minimumHeight() >= height;
   panel_->setFloating(!room);
   if (room) {
-    window_.resizeDocks({panel_}, {std::min(panel_->usefulHeight(), window_.height() / 3)}, Qt::Vertical);
+    window_.resizeDocks({panel_}, {height}, Qt::Vertical);
   } else {
+    constexpr QSize overChart(480, 260);
     constexpr QPoint margin(90, 40);
     panel_->setGeometry(QRect(graph_.mapToGlobal(QPoint(0, 0)) + margin, overChart));
   }

@@ -21,15 +21,22 @@ class EntriesDock final : public QObject {
 public:
   EntriesDock(QMainWindow& window, GraphView& graph, ChartController& chart, Sheets& sheets, const SessionLog& log);
 
-  /// "Points and lines".
+  /// "Points and lines", and the way there and back.
   void fillViewMenu(QMenu& view);
+
+  /// Hidden, with its first place and columns.
+  void reset();
 
 Q_SIGNALS:
   /// The table was written, or why not.
   void written(const QString& path, const Outcome& outcome);
 
 private:
+  void goThereOrBack();
+  void goBack();
   void place();
+  void placeFirst();
+  void rememberPlace();
   void highlight(const std::vector<std::size_t>& entries);
   void writeCsv(const std::vector<TableRow>& all, const std::vector<TableRow>& chosen);
 

@@ -20,6 +20,7 @@
 #include "shell/weathercommands.h"
 #include "shell/zones.h"
 #include "toolkit/messages.h"
+#include "windows/about.h"
 
 namespace moistair {
 
@@ -164,18 +165,22 @@ void MainWindow::makeMenus() {
   QMenu* view = menuBar()->addMenu(QStringLiteral("&View"));
   entries_->fillViewMenu(*view);
   sheets_->fillViewMenu(*view);
+  view->addSeparator();
+  view->addAction(QStringLiteral("&Reset"), this, &MainWindow::resetView)
+      ->setToolTip(QStringLiteral("Table, sheets and folder as before the first session"));
   QMenu* chart = menuBar()->addMenu(QStringLiteral("Cha&rt"));
   fillChartMenu(*chart, *strip_);
   auto* zones = new Zones(*this, *graph_, *chart_, [this](const ChartLimits& limits) {
     return sheets_->isShown() ? std::nullopt : std::optional(plotOf(limits));
   });
   connect(sheets_, &Sheets::toggled, zones, &Zones::follow);
-  zones->fillMenu(*chart);
   pointer_->fillMenu(*chart);
   chart->addSeparator();
+  zones->fillMenu(*chart);
   weather_->fillMenu(*chart);
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Help"));
   help->addAction(QStringLiteral("&Help"), this, &MainWindow::showHelp)->setShortcut(Qt::Key_F1);
+  help->addAction(QStringLiteral("&About Moistair"), this, [this] { showAbout(this); });
 }
 
 void MainWindow::connectStrip() {

@@ -83,6 +83,7 @@ private:
   void openLog(const QString& content, const QString& title);
   void listSessions(QMenu& menu);
   void openMixing();
+  void resetView();
   void showHelp();
   void quitProgram();
 

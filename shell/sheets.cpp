@@ -15,6 +15,7 @@
 #include "shell/paper.h"
 #include "text/utf8.h"
 #include "toolkit/messages.h"
+#include "toolkit/remembered.h"
 #include "windows/sheetdialog.h"
 #include "windows/titleblockdialog.h"
 
@@ -56,8 +57,10 @@ void Sheets::fillViewMenu(QMenu& view) {
   toggle_->setCheckable(true);
   connect(toggle_, &QAction::toggled, this, [this] {
     show();
+    remember(memory::view, toggle_->isChecked());
     Q_EMIT toggled();
   });
+  toggle_->setChecked(remembered(memory::view).toBool());
 }
 
 /// Without a chart there is none to be seen as a sheet either.

@@ -31,6 +31,9 @@ public:
   /// "As a sheet".
   void fillViewMenu(QMenu& view);
 
+  /// The drawing is shown in place of a sheet.
+  void reset() { toggle_->setChecked(false); }
+
   /// Highlights entries of the document on the sheet.
   void highlight(const std::vector<std::size_t>& entries) { view_->highlight(entries); }
 

@@ -7,9 +7,12 @@
 #include <QWindow>
 
 #include "engine/pressureunits.h"
+#include "shell/entriesdock.h"
 #include "shell/mainwindow.h"
+#include "shell/sheets.h"
 #include "shell/startup.h"
 #include "toolkit/messages.h"
+#include "toolkit/remembered.h"
 #include "windows/logwindow.h"
 #include "windows/pressurewindow.h"
 #include "windows/reportwindow.h"
@@ -182,6 +185,14 @@ void MainWindow::openMixing() {
     leaveDialog();
   });
   openDialog(window);
+}
+
+/// What was remembered is forgotten, and what can be seen of it is as at the first start.
+void MainWindow::resetView() {
+  forgetAll();
+  entries_->reset();
+  sheets_->reset();
+  focusGraph();
 }
 
 void MainWindow::showHelp() {

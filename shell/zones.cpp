@@ -19,10 +19,7 @@ Zones::Zones(QWidget& window, QWidget& graph, ChartController& chart, Plot plot)
   connect(&chart_, &ChartController::laidOut, this, &Zones::follow);
 }
 
-void Zones::fillMenu(QMenu& menu) {
-  menu.addAction(QStringLiteral("C&omfort and envelopes..."), this, &Zones::choose);
-  menu.addSeparator();
-}
+void Zones::fillMenu(QMenu& menu) { menu.addAction(QStringLiteral("C&omfort and envelopes..."), this, &Zones::choose); }
 
 void Zones::follow() {
   const Document& document = chart_.document();

@@ -1,6 +1,7 @@
 // Documents in the window: their files, and what becomes of unsaved work.
 #include <QClipboard>
 #include <QDropEvent>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -277,6 +278,30 @@ TEST(Table, TypesOverAGivenValueAndRefusesWhatCannotBe) {
   EXPECT_EQ(program.cell(2, 4), "62.5") << "above saturation";
   EXPECT_TRUE(text(program.window, "voice").starts_with("The point as per input parameters"))
       << text(program.window, "voice");
+}
+
+TEST(Table, IsGoneToAndLeftByItsKeyAndRemembersItsColumns) {
+  WithTable program;
+  QAction& there = action(program.window, "To the &table and back");
+  const auto isInTable = [&](bool there) {
+    return QTest::qWaitFor([&] { return program.table().hasFocus() == there; }, 2000);
+  };
+  there.trigger();
+  EXPECT_TRUE(isInTable(true));
+  there.trigger();
+  EXPECT_TRUE(isInTable(false));
+  EXPECT_TRUE(program.table().isVisible());
+  there.trigger();
+  EXPECT_TRUE(isInTable(true));
+  QTest::keyClick(&program.table(), Qt::Key_Escape);
+  EXPECT_TRUE(isInTable(false));
+  program.table().horizontalHeader()->moveSection(4, 2);
+  Program next(Program::onChart);
+  action(next.window, "&Points and lines").trigger();
+  EXPECT_EQ(next.window.findChild<QTableView*>()->horizontalHeader()->visualIndex(4), 2);
+  action(next.window, "&Reset").trigger();
+  action(next.window, "&Points and lines").trigger();
+  EXPECT_EQ(next.window.findChild<QTableView*>()->horizontalHeader()->visualIndex(4), 4);
 }
 
 TEST(Table, LiftsOutDeletesAndCopiesWhatIsSelected) {

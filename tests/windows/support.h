@@ -20,8 +20,8 @@
 #include <vector>
 
 #include "shell/mainwindow.h"
-#include "toolkit/remembered.h"
 #include "toolkit/listbox.h"
+#include "toolkit/remembered.h"
 
 namespace moistair::windowtest {
 

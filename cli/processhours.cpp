@@ -87,15 +87,20 @@ void HourLoads::add(std::string_view rows) {
   CsvRecord record;
   std::vector<std::string_view> fields;
   std::vector<Row> added;
+  std::size_t failed = 0;
   while (takeRecord(rows, record)) {
     fields.clear();
     eachField(record.raw, ',', [&](std::string_view field) { fields.push_back(field); });
-    if (fields.size() <= status_ || fields[status_] != "ok") continue;
+    if (fields.size() <= status_ || fields[status_] != "ok") {
+      ++failed;
+      continue;
+    }
     Row row{std::string(fields[0]), strictNumber(fields[1]), {}};
     for (const std::size_t column : columns_) row.values.push_back(strictNumber(fields[column]));
     added.push_back(std::move(row));
   }
   const std::lock_guard lock(mutex_);
+  failed_ += failed;
   rows_.insert(rows_.end(), std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
 }
 
@@ -135,7 +140,7 @@ std::string HourLoads::text(Format format) const {
   double hours = 0;
   for (const Row& row : rows_) hours += row.hours;
   if (format == Format::json) {
-    Json json{{"hours", jsonNumber(hours)}, {"loads", Json::array()}};
+    Json json{{"hours", jsonNumber(hours)}, {"failed", failed_}, {"loads", Json::array()}};
     for (const Duration& load : all) {
       Json one{{"process", load.name},          {"kind", load.cooling ? "cooling" : "heating"},
                {"peak", jsonNumber(load.peak)}, {"time", load.when},
@@ -150,7 +155,10 @@ std::string HourLoads::text(Format format) const {
     }
     return jsonText(json) + '\n';
   }
-  std::string out = "Hours " + atMostDecimals(hours, 1) + "\n\n";
+  std::string out = "Hours " + atMostDecimals(hours, 1);
+  if (failed_ > 0)
+    out += "; not counted: " + std::to_string(failed_) + (failed_ == 1 ? " row" : " rows") + " without a solution";
+  out += "\n\n";
   out += "Process           peak                at           sum             hours      water, lb\n";
   for (const Duration& load : all) {
     std::string name = load.name;

@@ -63,6 +63,7 @@ private:
   std::vector<std::size_t> columns_;
   std::size_t status_ = 0;  ///< its column
   std::vector<Row> rows_;
+  std::size_t failed_ = 0;  ///< rows without a solution
   std::mutex mutex_;
 };
 

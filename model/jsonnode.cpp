@@ -179,11 +179,16 @@ std::vector<JsonNode::Member> JsonNode::members() const {
 
 std::vector<JsonNode> JsonNode::elements(const char* name) const {
   if (!json_.is_array()) fail("must be a list in brackets");
+  // A list in a list keeps its number: "cells" becomes "cell 3", and what is in that "cell 3, number 1".
   const std::size_t comma = place_.rfind(", ");
-  const std::string place = (comma == std::string::npos ? "" : place_.substr(0, comma + 2)) + name + ' ';
+  const std::string around = comma == std::string::npos ? "" : place_.substr(0, comma + 2);
+  const std::string place = (isElement_ ? place_ + ", " : around) + name + ' ';
   std::vector<JsonNode> elements;
   elements.reserve(json_.size());
-  for (const Json& element : json_) elements.emplace_back(element, place + std::to_string(elements.size() + 1));
+  for (const Json& element : json_) {
+    elements.emplace_back(element, place + std::to_string(elements.size() + 1));
+    elements.back().isElement_ = true;
+  }
   return elements;
 }
 

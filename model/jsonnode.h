@@ -65,6 +65,7 @@ private:
 
   const Json& json_;
   std::string place_;
+  bool isElement_ = false;  ///< of a list
 };
 
 struct JsonNode::Member {

@@ -160,10 +160,10 @@ TEST(DocumentFile, KeepsALayerOfWeather) {
   ASSERT_TRUE(read) << read.error().text();
   EXPECT_EQ(read->document.weather, document.weather);
   EXPECT_EQ(fileText(read->document), text);
-  const Damage damages[] = {{"half a cell", "[-3,4,2.5]", "[-3,4]", "weather, cells"},
-                            {"a cell far away", "[-3,4,2.5]", "[-3e9,4,2.5]", "weather, cell"},
+  const Damage damages[] = {{"half a cell", "[-3,4,2.5]", "[-3,4]", "weather, cell 1: "},
+                            {"a cell far away", "[-3,4,2.5]", "[-3e9,4,2.5]", "weather, cell 1, number 1: "},
                             {"no way to show it", "\"show\":\"hours\"", "\"show\":\"hour\"", "weather, show"},
-                            {"a wrong size", "\"cellsize\":[2,", "\"cellsize\":[0,", "weather, "}};
+                            {"a wrong size", "\"cellsize\":[2,", "\"cellsize\":[0,", "weather, side 1: "}};
   for (const Damage& damage : damages) {
     const auto damaged = readDocument(replaced(text, damage.old, damage.with));
     ASSERT_FALSE(damaged) << damage.name;

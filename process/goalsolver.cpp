@@ -128,7 +128,7 @@ private:
   int startsForMore() const {
     const auto unknowns = std::count_if(problem_.variables.begin(), problem_.variables.end(),
                                         [](const Variable& variable) { return variable.free; });
-    return unknowns < 3 ? 5 : 14;
+    return unknowns < 3 ? 5 : 8;
   }
 
   void put(std::span<const double> point) {

@@ -95,7 +95,8 @@ public:
     }
     int last = effort_ == Effort::full ? mostStarts : quickStarts;
     for (int start = 0; start < last; ++start) {
-      auto solution = from(starts_.values(start));
+      // Further solutions are taken where the search comes upon them; only the first is worth every effort.
+      auto solution = from(starts_.values(start), effort_ == Effort::full && answer.found.empty());
       if (!solution || isKnown(answer, *solution)) continue;
       if (answer.found.empty()) last = effort_ == Effort::full ? start + 1 + startsForMore() : 0;
       answer.found.push_back(std::move(*solution));
@@ -104,11 +105,11 @@ public:
     return answer;
   }
 
-  std::optional<GoalSolution> from(const std::vector<double>& values) {
+  std::optional<GoalSolution> from(const std::vector<double>& values, bool thorough) {
     std::vector<double> start(values.size());
     for (std::size_t i = 0; i < values.size(); ++i) start[i] = inner(problem_.variables[i], values[i], scales_[i]);
     const RootSearch search = findRoot([this](auto point, auto residuals) { return evaluate(point, residuals); }, start,
-                                       nearEnough / 10, effort_ == Effort::full);
+                                       nearEnough / 10, thorough);
     if (search.point.empty()) return std::nullopt;
     if (search.norm < bestNorm_) {
       bestNorm_ = search.norm;
@@ -127,7 +128,7 @@ private:
   int startsForMore() const {
     const auto unknowns = std::count_if(problem_.variables.begin(), problem_.variables.end(),
                                         [](const Variable& variable) { return variable.free; });
-    return unknowns < 3 ? 5 : 14;
+    return unknowns < 3 ? 5 : 8;
   }
 
   void put(std::span<const double> point) {
@@ -300,7 +301,7 @@ GoalAnswer solveGoals(const GoalProblem& problem, const Site& site) { return Sol
 Outcome solveNear(const GoalProblem& problem, const Site& site, GoalSolution& near, Effort effort) {
   Solver solver(problem, site, effort);
   if (near.values.size() == problem.variables.size() && !near.values.empty()) {
-    if (auto solution = solver.from(near.values)) {
+    if (auto solution = solver.from(near.values, effort == Effort::full)) {
       near = std::move(*solution);
       return {};
     }

@@ -122,6 +122,15 @@ struct WetBulbSteps {
   double lines, numbers;
 };
 
+/// How far the lines of two wet bulbs 1 deg F apart are from each other at the begin of the saturation curve [pixels],
+/// where they are nearest; on a page that is high for its width they run almost along it.
+double betweenWetBulbs(const SheetPlot& plot, double wb) {
+  const SheetPoint at = plot.at(wb, saturationRatio(wb, plot.atm));
+  const SheetPoint next = plot.at(wb + 1, saturationRatio(wb + 1, plot.atm));
+  const SheetPoint along = plot.at(wb + 1, psychro_w(wb + 1, wb, plot.atm));
+  return std::abs(cross(unit(along - at), next - at));
+}
+
 /// As wide as the wet bulbs are apart on the saturation curve, or at the left edge without one.
 WetBulbSteps wetBulbSteps(const SheetWork& work) {
   const SheetPlot& plot = work.plot;
@@ -132,8 +141,13 @@ WetBulbSteps wetBulbSteps(const SheetWork& work) {
   const double upright = (ratio(wb + 1) - ratio(wb)) * plot.perW();
   const bool curved = span > 0 && lengthOf(curve) > 8 * work.em();
   const double perDegree = (curved ? lengthOf(curve) / span : upright) / work.em();
-  constexpr double between = 0.95, betweenNumbers = 3;  // em
-  const double lines = stepFrom({0.1, 0.5, 1, 5, 10, 20}, between / perDegree);
+  constexpr double between = 0.95, betweenAcross = 0.4, betweenNumbers = 3;  // em
+  double least = between / perDegree;
+  if (curved) {
+    const double across = betweenWetBulbs(plot, work.boundary.lowDb) / work.em();
+    least = std::max(least, betweenAcross / across);
+  }
+  const double lines = stepFrom({0.1, 0.5, 1, 5, 10, 20}, least);
   return {lines, std::max(lines, stepFrom({0.5, 1, 5, 10, 20}, betweenNumbers / perDegree))};
 }
 

@@ -146,8 +146,8 @@ private:
     work.boundary = boundaryOf(work.plot);
     const SheetPoint corner = corners[0];
     if (work.boundary.empty) {
-      drawHeading(work, corner);
       fixedText(work, centered(canvas_, area.center, "There is no air within these limits.", work.theme.text(em)));
+      if (corner.y + headingHeight(work) < area.center.y - em) drawHeading(work, corner);  // the title block has it too
     } else {
       const bool protractor = makeRoomForHeading(work, corner);
       drawZones(work);

@@ -82,15 +82,15 @@ void drawRow(SheetCanvas& canvas, const BlockLook& look, const BlockRow& cells, 
 }
 
 constexpr double leastHeading = 9 * pixelsPerInch / 72;
-constexpr double widestHeading = 0.4;  // of the page
-constexpr std::size_t mostHeadingLines = 4;
+constexpr double widestHeading = 0.4;   // of the page
+constexpr double highestHeading = 0.2;  // of the page, for the title
 
-/// The words of a text on as many lines as they take; what is longer than these is cut off.
+/// The words of a text on as many lines as they take; one that is longer than the most lines is cut off on its first.
 std::vector<std::string> wrapped(const SheetCanvas& canvas, const std::string& text, const TextStyle& style,
-                                 double width) {
+                                 double width, double most) {
   std::vector<std::string> lines;
   std::string rest = text;
-  while (!rest.empty() && lines.size() + 1 < mostHeadingLines && measured(canvas, rest, style) > width) {
+  while (!rest.empty() && static_cast<double>(lines.size() + 2) <= most && measured(canvas, rest, style) > width) {
     std::size_t end = std::string::npos;
     for (std::size_t blank = rest.find(' '); blank < 200; blank = rest.find(' ', blank + 1)) {
       if (canvas.widthOf(rest.substr(0, blank), style) > width) break;
@@ -100,7 +100,8 @@ std::vector<std::string> wrapped(const SheetCanvas& canvas, const std::string& t
     lines.push_back(rest.substr(0, end));
     rest.erase(0, end + 1);
   }
-  if (!rest.empty()) lines.push_back(fitted(canvas, rest, style, width));
+  if (measured(canvas, rest, style) > width) return {fitted(canvas, text, style, width)};  // the title block has it too
+  if (!rest.empty()) lines.push_back(rest);
   return lines;
 }
 
@@ -115,7 +116,8 @@ struct Heading {
     const double least = work.canvas.widthOf(what, style) * 1.1;
     const double room = work.options.page.width - 2 * work.options.margin;
     title = wrapped(work.canvas, titled ? work.options.title : what, style,
-                    std::min(room, std::max(least, widestHeading * work.options.page.width)));
+                    std::min(room, std::max(least, widestHeading * work.options.page.width)),
+                    highestHeading * work.options.page.height / lineHeight());
     if (titled) lines.push_back(what);
     if (!work.options.titleBlock) {
       lines.push_back("Atmospheric pressure " + pressureText(work.content.pressure));

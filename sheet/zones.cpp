@@ -66,6 +66,28 @@ bool surrounds(const std::vector<SheetPoint>& outline, SheetPoint place) {
   return inside;
 }
 
+/// Places next to the outline of a piece that is too small or too full for its label, with a line from the outline.
+void addPlacesOutside(const SheetWork& work, const Piece& piece, const TextStyle& style, Label& label) {
+  constexpr double outside = 6;  // what speaks against it
+  constexpr int places = 48;
+  std::vector<SheetPoint> outline = piece.outline;
+  outline.push_back(outline.front());
+  const double whole = lengthOf(outline);
+  if (!(whole > 0)) return;
+  for (int i = 0; i < places; ++i) {
+    const auto [at, along] = pointOnLine(outline, whole * i / places);
+    SheetPoint outward{along.y, -along.x};
+    if (surrounds(piece.outline, at + outward)) outward = outward * -1;
+    for (const double away : {1.0, 2.5, 4.5}) {
+      LabelPlace place{
+          textNextTo(work.canvas, at, outward, away * work.em(), labelOf(work.content.zones[piece.zone]), style),
+          outside + away,
+          {at, at + outward * (away * work.em() - 0.2 * work.em())}};
+      if (withinPlot(work, place)) label.places.push_back(std::move(place));
+    }
+  }
+}
+
 /// Places within a piece, those near its upper edge first; turned where it is too narrow.
 Label pieceLabel(const SheetWork& work, const Piece& piece) {
   constexpr int across = 9;
@@ -91,6 +113,7 @@ Label pieceLabel(const SheetWork& work, const Piece& piece) {
       }
     }
   }
+  addPlacesOutside(work, piece, style, label);
   return label;
 }
 

@@ -478,7 +478,7 @@ class Chart(ToolTest):
 class Sheet(ToolTest):
     CONTENT = ["--elevation", "5000", "--title", 'Rooms "é" <&>', "--date", "today", "--rh", "55",
                "--point", "db=75,wb=62.5,id=Office <é>", "--mix", "db=75,wb=62.5,flow=1000;db=95,wb=75,flow=500"]
-    WORDS = ["PSYCHROMETRIC CHART", 'Rooms "é" <&>', "Office <é>", "Dew point, °F", "Grains of moisture per lb of dry air",
+    WORDS = ["Psychrometric chart", 'Rooms "é" <&>', "Office <é>", "Dew point, °F", "Grains of moisture per lb of dry air",
              "1 of 1", "today", "24.896 in Hg (12.228 psi), 5000 ft", "0 to 120 °F, 0.000 to 0.030 lb/lb"]
     SLANTED = ["55 % RH", "10 % relative humidity", "Enthalpy, Btu per lb of dry air"]  # cut up by pdftotext
 

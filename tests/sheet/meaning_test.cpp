@@ -74,7 +74,8 @@ struct Page {
   /// How many pixels a property that depends on the place is off the value that a text says it has there.
   double off(SheetPoint at, double value, const std::function<double(double db, double w)>& property) const {
     const auto there = [&](double x, double y) { return property(plot.db(at.x + x), plot.w(at.y + y)); };
-    return std::abs(there(0, 0) - value) / std::hypot(there(1, 0) - there(0, 0), there(0, 1) - there(0, 0));
+    const double aside = at.y + 1 < plot.bottom ? 1 : -1;  // below the chart of dry air there is none
+    return std::abs(there(0, 0) - value) / std::hypot(there(1, 0) - there(0, 0), there(0, aside) - there(0, 0));
   }
 
   SheetDrawing drawing;

@@ -51,7 +51,8 @@ WeatherReport reportOf(const WeatherFile& file, const WeatherCommandOptions& opt
     const StatePredicate holds = predicateOf(report.where);
     std::erase_if(report.hours, [&](const WeatherHour& hour) { return !holds(hour.state); });
   }
-  if (!options.sheet.zones.empty()) {
+  report.inZones = !options.sheet.zones.empty();
+  if (report.inZones) {
     const ZonePredicate inside = insideOf(options.sheet.zones);
     std::erase_if(report.hours,
                   [&](const WeatherHour& hour) { return !inside(hour.state.db, hour.state.w, hour.atm); });
@@ -105,7 +106,7 @@ void printReport(const WeatherFile& file, const WeatherCommandOptions& options) 
   Output output(options.sheet.output);
   output.write(text);
   output.close();
-  sayCounts(report, oddities, report.where.empty() && options.sheet.zones.empty());
+  sayCounts(report, oddities, report.where.empty() && !report.inZones);
 }
 
 /// Bad usage for an option that would have no effect.

@@ -85,6 +85,7 @@ void appendBinTable(std::string& out, const WeatherReport& report, int month) {
 std::string whereWords(const WeatherReport& report) {
   std::string words;
   for (const Condition& condition : report.where) words += (words.empty() ? "" : ", ") + wordsOf(condition);
+  if (report.inZones) words += words.empty() ? "air in the zones" : ", in the zones";
   return words;
 }
 
@@ -94,7 +95,7 @@ void appendSums(std::string& out, const WeatherReport& report) {
   const DegreeHours sums = degreeHours(report.hours, report.base);
   const double hours = totalHours(report.hours);
   out += "Hours" + cell(hours, 1, 12);
-  if (!report.where.empty()) {
+  if (!report.where.empty() || report.inZones) {
     out += " with " + whereWords(report) + ", " + fixedDecimals(quotient(100 * hours, report.allHours), 1) + "% of " +
            fixedDecimals(report.allHours, 1);
   }

@@ -18,12 +18,13 @@ struct WeatherReport {
   bool byMonth = false, byShift = false;
   double base = 65;  ///< of degree-hours [deg F]
   std::vector<Condition> where;
-  double allHours = 0;  ///< before the conditions
+  bool inZones = false;  ///< hours outside the zones asked for do not count
+  double allHours = 0;   ///< before the conditions
 };
 
 std::string binsText(const WeatherReport& report, Format format);
 std::string designText(const WeatherReport& report, Format format);
-/// @param rows of a table as text: the sums alone
+/// As text the sums alone.
 std::string hoursText(const WeatherReport& report, Format format);
 
 }  // namespace moistair

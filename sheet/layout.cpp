@@ -150,8 +150,9 @@ private:
       if (corner.y + headingHeight(work) < area.center.y - em) drawHeading(work, corner);  // the title block has it too
     } else {
       const bool protractor = makeRoomForHeading(work, corner);
-      drawZones(work);
+      drawZoneAreas(work);
       drawWeather(work, area.corners()[2].y);
+      drawZoneEdges(work);
       drawGrid(work);
       drawFamilies(work);
       const std::vector<SheetPoint> rule = enthalpyRule(work);

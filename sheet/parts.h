@@ -13,11 +13,12 @@
 
 namespace moistair {
 
-void drawZones(SheetWork& work);     ///< comfort and envelopes, under everything else
-void drawGrid(SheetWork& work);      ///< dry bulb and humidity ratio, below saturation
-void drawFamilies(SheetWork& work);  ///< relative humidity, wet bulb, specific volume and, if asked for, enthalpy
-void drawFrame(SheetWork& work);     ///< the saturation curve and the edges of the plot
-void drawContent(SheetWork& work);   ///< what the engineer has put on the chart
+void drawZoneAreas(SheetWork& work);  ///< comfort and envelopes, under everything else
+void drawZoneEdges(SheetWork& work);  ///< their edges and labels, over the weather
+void drawGrid(SheetWork& work);       ///< dry bulb and humidity ratio, below saturation
+void drawFamilies(SheetWork& work);   ///< relative humidity, wet bulb, specific volume and, if asked for, enthalpy
+void drawFrame(SheetWork& work);      ///< the saturation curve and the edges of the plot
+void drawContent(SheetWork& work);    ///< what the engineer has put on the chart
 
 /// What a label may say, and how little one wants it to.
 struct Wording {

@@ -52,6 +52,8 @@ std::vector<Piece> piecesOf(const SheetWork& work) {
       pieces.push_back(std::move(piece));
     }
   }
+  std::stable_sort(pieces.begin(), pieces.end(),
+                   [](const Piece& one, const Piece& two) { return one.area > two.area; });
   return pieces;
 }
 
@@ -119,15 +121,16 @@ Label pieceLabel(const SheetWork& work, const Piece& piece) {
 
 }  // namespace
 
-void drawZones(SheetWork& work) {
+void drawZoneAreas(SheetWork& work) {
   work.canvas.begin(SheetPart::zones);
-  std::vector<Piece> pieces = piecesOf(work);
-  std::stable_sort(pieces.begin(), pieces.end(),
-                   [](const Piece& one, const Piece& two) { return one.area > two.area; });
-  for (const Piece& piece : pieces) {
+  for (const Piece& piece : piecesOf(work)) {
     work.canvas.area(piece.outline, mixed(colorOf(work, piece.zone), work.theme.paper));
   }
-  for (Piece& piece : pieces) {
+}
+
+void drawZoneEdges(SheetWork& work) {
+  if (work.content.weather) work.canvas.begin(SheetPart::zones);
+  for (Piece& piece : piecesOf(work)) {
     Label label = pieceLabel(work, piece);
     piece.outline.push_back(piece.outline.front());
     work.canvas.polyline(piece.outline, outlineWidth, colorOf(work, piece.zone));

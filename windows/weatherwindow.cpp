@@ -66,6 +66,7 @@ WeatherWindow::WeatherWindow(QWidget* parent, const std::optional<WeatherLayer>&
   designPoints_->setChecked(begin->designPoints);
   firstMonth_->setCurrentIndex(firstMonthOf(begin->filter.months));
   lastMonth_->setCurrentIndex((firstMonthOf(begin->filter.months) + monthCount(begin->filter.months) + 11) % 12);
+  if (monthsChosen() != begin->filter.months) months_ = begin->filter.months;
   fromHour_->setValue(begin->filter.fromHour);
   toHour_->setValue(begin->filter.toHour);
   readFile();
@@ -126,14 +127,20 @@ void WeatherWindow::makeControls() {
   showButton_ = buttons->addButton(QStringLiteral("&Show on chart"), QDialogButtonBox::AcceptRole);
   auto* remove = buttons->addButton(QStringLiteral("&Remove from chart"), QDialogButtonBox::ResetRole);
   form->addRow(buttons);
+  showButton_->setObjectName(QStringLiteral("show chart"));
   showButton_->setDefault(true);
   showButton_->setEnabled(false);
   remove->setEnabled(layer_.has_value());
   connect(open, &QPushButton::clicked, this, &WeatherWindow::chooseFile);
   connect(columns_, &QLineEdit::editingFinished, this, &WeatherWindow::readFile);
   connect(units_, &QComboBox::activated, this, &WeatherWindow::readFile);
-  for (QComboBox* box : {show_, firstMonth_, lastMonth_})
-    connect(box, &QComboBox::activated, this, &WeatherWindow::count);
+  connect(show_, &QComboBox::activated, this, &WeatherWindow::count);
+  for (QComboBox* box : {firstMonth_, lastMonth_}) {
+    connect(box, &QComboBox::activated, this, [this] {
+      months_.reset();
+      count();
+    });
+  }
   for (QSpinBox* box : {fromHour_, toHour_}) connect(box, &QSpinBox::valueChanged, this, &WeatherWindow::count);
   connect(remove, &QPushButton::clicked, this, &WeatherWindow::removeLayer);
   connect(buttons, &QDialogButtonBox::accepted, this, &WeatherWindow::accept);
@@ -184,6 +191,15 @@ void WeatherWindow::readFile() {
   count();
 }
 
+std::uint16_t WeatherWindow::monthsChosen() const {
+  unsigned months = 0;
+  for (int month = firstMonth_->currentIndex();; month = (month + 1) % 12) {
+    months |= 1U << static_cast<unsigned>(month);
+    if (month == lastMonth_->currentIndex()) break;
+  }
+  return static_cast<std::uint16_t>(months);
+}
+
 WeatherLayer WeatherWindow::wanted() const {
   WeatherLayer layer;
   layer.file = path_;
@@ -192,12 +208,7 @@ WeatherLayer WeatherWindow::wanted() const {
   layer.designPoints = designPoints_->isChecked();
   layer.atm = atm_;
   layer.columns = columnsTyped();
-  unsigned months = 0;
-  for (int month = firstMonth_->currentIndex();; month = (month + 1) % 12) {
-    months |= 1U << static_cast<unsigned>(month);
-    if (month == lastMonth_->currentIndex()) break;
-  }
-  layer.filter.months = static_cast<std::uint16_t>(months);
+  layer.filter.months = months_.value_or(monthsChosen());
   layer.filter.fromHour = fromHour_->value();
   layer.filter.toHour = toHour_->value();
   return layer;
@@ -212,6 +223,7 @@ void WeatherWindow::count() {
   countUnseen(hours, range_, oddities);
   QStringList lines{QStringLiteral("%1 hours").arg(QString::fromStdString(atMostDecimals(totalHours(hours), 1)))};
   if (!file_->site.name.empty()) lines.front() += QStringLiteral(" of ") + QString::fromStdString(file_->site.name);
+  if (months_) lines << QStringLiteral("Only some months count, as before, until you choose others.");
   for (const DesignCondition& condition : file_->design) {
     if (condition.month > 0) continue;
     const StatePoint state = stateOf(condition, atm_);

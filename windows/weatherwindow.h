@@ -36,6 +36,7 @@ private:
   void count();
   void say(const QString& words);
   WeatherLayer wanted() const;
+  std::uint16_t monthsChosen() const;
   TableColumns columnsTyped() const;
   void accept() override;
   void removeLayer();
@@ -45,6 +46,8 @@ private:
   VisibleRange range_;
   std::string path_;
   std::optional<WeatherFile> file_;
+  std::optional<std::uint16_t>
+      months_;  ///< of the layer, with gaps that the boxes cannot show; until others are chosen
 
   QLabel* name_;
   QLineEdit* columns_;

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <bitset>
 
 #include "files/inputfile.h"
 #include "text/numberformat.h"
@@ -34,19 +35,16 @@ QWidget* row(Widgets*... widgets) {
   return box;
 }
 
-int firstMonthOf(std::uint16_t months) {
-  for (int month = 0; month < 12; ++month) {
-    const bool before = (months >> static_cast<unsigned>((month + 11) % 12) & 1U) != 0;
-    if ((months >> static_cast<unsigned>(month) & 1U) != 0 && !before) return month;
+using Months = std::bitset<12>;  // of a year, from January on
+
+int firstMonthOf(Months months) {
+  for (std::size_t month = 0; month < months.size(); ++month) {
+    if (months[month] && !months[(month + 11) % 12]) return static_cast<int>(month);
   }
   return 0;
 }
 
-int monthCount(std::uint16_t months) {
-  int count = 0;
-  for (unsigned month = 0; month < 12; ++month) count += static_cast<int>(months >> month & 1U);
-  return count;
-}
+int monthCount(Months months) { return static_cast<int>(months.count()); }
 
 }  // namespace
 

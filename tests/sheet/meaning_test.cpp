@@ -74,8 +74,11 @@ struct Page {
   /// How many pixels a property that depends on the place is off the value that a text says it has there.
   double off(SheetPoint at, double value, const std::function<double(double db, double w)>& property) const {
     const auto there = [&](double x, double y) { return property(plot.db(at.x + x), plot.w(at.y + y)); };
-    const double aside = at.y + 1 < plot.bottom ? 1 : -1;  // below the chart of dry air there is none
-    return std::abs(there(0, 0) - value) / std::hypot(there(1, 0) - there(0, 0), there(0, aside) - there(0, 0));
+    const auto slope = [&](double x, double y) {  // on one side there may be no air
+      const double one = there(x, y);
+      return std::abs((one == one ? one : there(-x, -y)) - there(0, 0));
+    };
+    return std::abs(there(0, 0) - value) / std::hypot(slope(1, 0), slope(0, 1));
   }
 
   SheetDrawing drawing;
@@ -307,8 +310,8 @@ TEST(SheetProtractor, HasTicksAlongTheProcessesOfTheirRatiosAndSlopes) {
 TEST(SheetLines, AreWhereTheEngineHasTheirValues) {
   const std::map<SheetPart, std::pair<double StatePoint::*, double>> families = {
       {SheetPart::relativeHumidity, {&StatePoint::rh, 10}},
-      {SheetPart::wetBulb, {&StatePoint::wb, 1}},
-      {SheetPart::specificVolume, {&StatePoint::v, 0.5}}};
+      {SheetPart::wetBulb, {&StatePoint::wb, 0.5}},
+      {SheetPart::specificVolume, {&StatePoint::v, 0.05}}};  // dense air has its lines closer
   std::map<SheetPart, int> seen;
   onEachPage([&](const Page& page, const SheetContent& content) {
     if (page.plot.limits.highDb - page.plot.limits.lowDb < 50) return;  // which has lines between these
